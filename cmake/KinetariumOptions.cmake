@@ -1,0 +1,37 @@
+# The flags that every target of this project shares.
+add_library(KinetariumOptions INTERFACE)
+
+target_include_directories(KinetariumOptions INTERFACE "${CMAKE_SOURCE_DIR}")
+
+target_compile_options(KinetariumOptions INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wdouble-promotion
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
+  -Werror
+  # A target with fused multiply-add would otherwise round once where another rounds twice, and the same seed would
+  # no longer give the same world on every machine.
+  -ffp-contract=off)
+
+if(KINETARIUM_SANITIZE)
+  target_compile_options(KinetariumOptions INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(KinetariumOptions INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(WIN32)
+  target_compile_definitions(KinetariumOptions INTERFACE
+    UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN
+    _WIN32_WINNT=0x0A00 WINVER=0x0A00 NTDDI_VERSION=0x0A000004)
+  # Spills of wide vector registers must not assume a stack alignment that the Windows ABI does not give.
+  target_compile_options(KinetariumOptions INTERFACE -Wa,-muse-unaligned-vector-move)
+  # One self-contained program: nothing but the system's own libraries is imported. High-entropy ASLR and DEP are on;
+  # without the time stamp of the link, two builds of one tree are the same file.
+  target_link_options(KinetariumOptions INTERFACE
+    -static -static-libgcc -static-libstdc++
+    -Wl,--dynamicbase -Wl,--nxcompat -Wl,--high-entropy-va -Wl,--no-insert-timestamp)
+endif()
+
+# kinetarium_library(NAME source...): a static library of this project.
+function(kinetarium_library NAME)
+  add_library(${NAME} STATIC ${ARGN})
+  target_link_libraries(${NAME} PUBLIC KinetariumOptions)
+endfunction()

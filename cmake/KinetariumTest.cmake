@@ -1,0 +1,23 @@
+# GoogleTest is compiled for each build from the distribution's sources, with the build's own flags.
+set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
+set(BUILD_GMOCK ON CACHE BOOL "" FORCE)
+add_subdirectory(/usr/src/googletest "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL)
+include(GoogleTest)
+
+# kinetarium_test(NAME [WINDOWED] SOURCES source... LIBRARIES library...)
+# A test program of one folder. WINDOWED programs open real windows, which share one desktop and its keyboard focus, so
+# their tests run one at a time.
+function(kinetarium_test NAME)
+  cmake_parse_arguments(PARSE_ARGV 1 TEST "WINDOWED" "TIMEOUT" "SOURCES;LIBRARIES")
+  if(NOT TEST_TIMEOUT)
+    set(TEST_TIMEOUT 60)
+  endif()
+  add_executable(${NAME} ${TEST_SOURCES})
+  target_link_libraries(${NAME} PRIVATE ${TEST_LIBRARIES} KinetariumOptions GTest::gmock GTest::gtest_main)
+  set(properties TIMEOUT ${TEST_TIMEOUT})
+  if(TEST_WINDOWED)
+    list(APPEND properties RESOURCE_LOCK desktop)
+  endif()
+  gtest_discover_tests(${NAME} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
+    TEST_PREFIX "${NAME}." PROPERTIES ${properties})
+endfunction()

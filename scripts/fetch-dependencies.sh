@@ -1,0 +1,70 @@
+#!/usr/bin/env bash
+# Fills build/deps/include with the header-only libraries of both builds:
+#   fmt           version 11, newer than Debian 12's: taken from a later Debian suite through an apt root of its own, with
+#                 the Debian keyring checking every file; nothing on the machine is upgraded or even looked at
+#   boost, CLI    links to the system's own headers, because the cross build must not see all of /usr/include
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+fmt_suites="${KINETARIUM_FMT_SUITES:-forky sid}"
+fmt_versions='11.*'
+deps="$PWD/build/deps"
+include="$deps/include"
+mkdir -p "$include"
+
+fail() {
+    echo "error: $*" >&2
+    exit 1
+}
+
+for name in boost CLI; do
+    [ -d "/usr/include/$name" ] || fail "/usr/include/$name is missing; run scripts/install-packages.sh first"
+    ln -sfn "/usr/include/$name" "$include/$name"
+done
+
+has_fmt_11() {
+    [ -f "$include/fmt/base.h" ] && grep -qE '^#define FMT_VERSION 11[0-9]{4}$' "$include/fmt/base.h"
+}
+
+# The mirror that this machine's own sources name.
+mirror() {
+    local found
+    found=$(cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list /etc/apt/sources.list.d/*.sources 2>/dev/null |
+        grep -vE '^[[:space:]]*#' | grep -oE '(https?|mirror[^:]*)://[^][:space:]]+/debian/?([[:space:]]|$)' | head -n 1 | tr -d '[:space:]')
+    [ -n "$found" ] || fail "no Debian mirror found in /etc/apt/sources.list and /etc/apt/sources.list.d"
+    echo "$found"
+}
+
+fetch_fmt_from() {
+    local suite=$1 root="$deps/apt-$1"
+    rm -rf "$root"
+    mkdir -p "$root/lists/partial" "$root/cache/archives/partial" "$root/parts" "$root/download"
+    : >"$root/status"
+    echo "deb [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] $(mirror) $suite main" >"$root/sources.list"
+    local options=(
+        -o Dir::Etc::sourcelist="$root/sources.list" -o Dir::Etc::sourceparts=/dev/null
+        -o Dir::Etc::preferences=/dev/null -o Dir::Etc::preferencesparts=/dev/null
+        -o Dir::State::lists="$root/lists" -o Dir::State::status="$root/status" -o Dir::Cache="$root/cache"
+        -o APT::Architecture=amd64 -o APT::Architectures=amd64 -o APT::Sandbox::User=root
+        -o Acquire::Languages=none -o Acquire::Retries=3)
+    (
+        cd "$root/download"
+        apt-get "${options[@]}" update -qq && apt-get "${options[@]}" download -qq "libfmt-dev=$fmt_versions"
+    ) || return 1
+    dpkg -x "$root"/download/libfmt-dev_*.deb "$root/unpacked" || return 1
+    rm -rf "$include/fmt"
+    cp -r "$root/unpacked/usr/include/fmt" "$include/fmt"
+    rm -rf "$root"
+    has_fmt_11
+}
+
+if ! has_fmt_11; then
+    for suite in $fmt_suites; do
+        echo "Fetching the headers of {fmt} 11 from Debian $suite"
+        if fetch_fmt_from "$suite"; then
+            break
+        fi
+        echo "  not available from $suite"
+    done
+    has_fmt_11 || fail "no Debian suite of '$fmt_suites' gave libfmt-dev $fmt_versions"
+fi
