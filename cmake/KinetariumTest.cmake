@@ -4,9 +4,9 @@ set(BUILD_GMOCK ON CACHE BOOL "" FORCE)
 add_subdirectory(/usr/src/googletest "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL)
 include(GoogleTest)
 
-# kinetarium_test(NAME [WINDOWED] SOURCES source... LIBRARIES library...)
-# A test program of one folder. WINDOWED programs open real windows, which share one desktop and its keyboard focus, so
-# their tests run one at a time.
+# kinetarium_test(NAME [WINDOWED] [TIMEOUT seconds] SOURCES source... LIBRARIES library...)
+# A test program of one folder. WINDOWED programs open real windows: they carry the program's own manifest and pictures,
+# and because they share one desktop and its keyboard focus, their tests run one at a time.
 function(kinetarium_test NAME)
   cmake_parse_arguments(PARSE_ARGV 1 TEST "WINDOWED" "TIMEOUT" "SOURCES;LIBRARIES")
   if(NOT TEST_TIMEOUT)
@@ -17,6 +17,7 @@ function(kinetarium_test NAME)
   set(properties TIMEOUT ${TEST_TIMEOUT})
   if(TEST_WINDOWED)
     list(APPEND properties RESOURCE_LOCK desktop)
+    kinetarium_resources(${NAME})
   endif()
   gtest_discover_tests(${NAME} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
     TEST_PREFIX "${NAME}." PROPERTIES ${properties})
