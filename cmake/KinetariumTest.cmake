@@ -4,6 +4,13 @@ set(BUILD_GMOCK ON CACHE BOOL "" FORCE)
 add_subdirectory(/usr/src/googletest "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL)
 include(GoogleTest)
 
+# Native and Windows tests can be run by one CTest: names begin with the world, labels count them.
+if(WIN32)
+  set(KINETARIUM_WORLD windows)
+else()
+  set(KINETARIUM_WORLD native)
+endif()
+
 # kinetarium_test(NAME [WINDOWED] [TIMEOUT seconds] SOURCES source... LIBRARIES library...)
 # A test program of one folder. WINDOWED programs open real windows: they carry the program's own manifest and pictures,
 # and because they share one desktop and its keyboard focus, their tests run one at a time.
@@ -14,11 +21,11 @@ function(kinetarium_test NAME)
   endif()
   add_executable(${NAME} ${TEST_SOURCES})
   target_link_libraries(${NAME} PRIVATE ${TEST_LIBRARIES} KinetariumOptions GTest::gmock GTest::gtest_main)
-  set(properties TIMEOUT ${TEST_TIMEOUT})
+  set(properties TIMEOUT ${TEST_TIMEOUT} LABELS ${KINETARIUM_WORLD})
   if(TEST_WINDOWED)
     list(APPEND properties RESOURCE_LOCK desktop)
     kinetarium_resources(${NAME})
   endif()
   gtest_discover_tests(${NAME} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
-    TEST_PREFIX "${NAME}." PROPERTIES ${properties})
+    TEST_PREFIX "${KINETARIUM_WORLD}.${NAME}." PROPERTIES ${properties})
 endfunction()

@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Fails if a C++ file is laid out differently from .clang-format. Versions of clang-format differ in details: 14 decides.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+formatter=$(command -v clang-format-14 || command -v clang-format)
+case "$("$formatter" --version)" in
+*"version 14."*) ;;
+*) echo "error: the layout is that of clang-format 14; found: $("$formatter" --version)" >&2 && exit 1 ;;
+esac
+
+# Outside of a checkout (an unpacked archive) every file counts.
+list_files() {
+    git -c safe.directory='*' ls-files -z -- '*.cpp' '*.h' 2>/dev/null ||
+        find . \( -path ./build -o -path ./out \) -prune -o \( -name '*.cpp' -o -name '*.h' \) -print0
+}
+
+list_files | xargs -0 "$formatter" --dry-run -Werror
+echo "Format: as .clang-format says"

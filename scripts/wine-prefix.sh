@@ -1,0 +1,73 @@
+#!/usr/bin/env bash
+# Makes a Wine prefix (a private "drive C" with its registry), once: wine-prefix.sh FOLDER [WIDTHxHEIGHT]
+#
+# With a size, every program of the prefix lives in a desktop of Wine's own: with its own window manager the order of
+# focus, activation and size messages is the same in every run, and windows have title bars on a bare virtual display.
+# Without a size, windows are windows of the display's own desktop. Called again with another size it changes over.
+set -euo pipefail
+
+[ $# -ge 1 ] && [ -n "$1" ] || { echo "usage: wine-prefix.sh FOLDER [WIDTHxHEIGHT]" >&2; exit 2; }
+mkdir -p "$1"
+prefix=$(cd "$1" && pwd)
+size=${2:-}
+marker="$prefix/kinetarium-prefix"
+# Goes up when the registry below changes, so that prefixes of earlier checkouts are brought up to date.
+layout=1
+wanted="layout $layout, desktop ${size:-none}"
+
+is_ready() {
+    [ -f "$marker" ] && [ "$(cat "$marker")" = "$wanted" ]
+}
+
+if is_ready; then
+    exit 0
+fi
+exec 9>"$prefix.lock"
+flock 9
+if is_ready; then
+    exit 0
+fi
+
+export WINEPREFIX="$prefix"
+export WINEARCH=win64
+export WINEDEBUG=-all
+export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
+log="$prefix.log"
+
+# A crash ends the program (a dialog would wait for ever); text is smoothed as on a Windows desktop.
+registry() {
+    printf 'REGEDIT4\r\n\r\n'
+    printf '[HKEY_CURRENT_USER\\Software\\Wine\\WineDbg]\r\n"ShowCrashDialog"=dword:00000000\r\n\r\n'
+    printf '[HKEY_CURRENT_USER\\Control Panel\\Desktop]\r\n"FontSmoothing"="2"\r\n'
+    printf '"FontSmoothingType"=dword:00000002\r\n"FontSmoothingGamma"=dword:00000578\r\n'
+    printf '"FontSmoothingOrientation"=dword:00000001\r\n\r\n'
+    if [ -n "$size" ]; then
+        printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer]\r\n"Desktop"="Kinetarium"\r\n\r\n'
+        printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer\\Desktops]\r\n"Kinetarium"="%s"\r\n' "$size"
+    else
+        printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer]\r\n"Desktop"=-\r\n'
+    fi
+}
+
+# The services of Wine must not hold on to this script's output, lock or display.
+quietly() {
+    "$@" </dev/null >>"$log" 2>&1 9>&-
+}
+
+finish() {
+    quietly wineserver -k || true
+    quietly wineserver -w || true
+}
+
+echo "Wine: making the prefix $prefix ($wanted)"
+unset DISPLAY WAYLAND_DISPLAY
+: >"$log"
+rm -f "$marker"
+trap finish EXIT
+quietly timeout 180 wine wineboot -u || { echo "error: Wine cannot make $prefix; see $log" >&2; exit 1; }
+registry >"$prefix/kinetarium.reg"
+quietly timeout 60 wine regedit "Z:$prefix/kinetarium.reg" ||
+    { echo "error: Wine cannot set up $prefix; see $log" >&2; exit 1; }
+finish
+trap - EXIT
+echo "$wanted" >"$marker"

@@ -1,0 +1,139 @@
+#!/usr/bin/env bash
+# Runs a command with a Wine and a display of its own, and ends both afterwards:
+#
+#   wine-session.sh [--prefix FOLDER] [--size WIDTHxHEIGHT] [--this-display] COMMAND [ARGUMENT...]
+#
+#   --prefix FOLDER    the Wine prefix, made if it is missing (build/windows-release/wine)
+#   --size WIDTHxHEIGHT  of the display and of Wine's desktop on it (1280x1024)
+#   --this-display     open windows on the display that DISPLAY names instead of a private one
+#
+# The exit code is that of the command. Whatever way this ends (the command's end, a signal, even SIGKILL) the display
+# and every program of the prefix are ended too, and nothing else is: they are known by process id and prefix.
+set -u
+
+cd "$(dirname "$0")/.." || exit 1
+prefix=build/windows-release/wine
+size=1280x1024
+private=yes
+
+fail() {
+    echo "wine-session: $*" >&2
+    exit 1
+}
+
+while [ $# -gt 0 ]; do
+    case "$1" in
+    --prefix) prefix=${2:?--prefix needs a folder} && shift 2 ;;
+    --size) size=${2:?--size needs WIDTHxHEIGHT} && shift 2 ;;
+    --this-display) private=no && shift ;;
+    --) shift && break ;;
+    -*) fail "unknown option $1" ;;
+    *) break ;;
+    esac
+done
+[ $# -ge 1 ] || fail "no command given"
+[ "$private" = yes ] || [ -n "${DISPLAY:-}" ] || fail "--this-display needs DISPLAY"
+
+mkdir -p "$prefix"
+prefix=$(cd "$prefix" && pwd)
+folder=$(mktemp -d) || exit 1
+display_pid=
+command_pid=
+guard_pid=
+
+# One session per prefix: ending one must not end the programs of another.
+exec 8>"$prefix.session"
+if ! flock -n 8; then
+    echo "Wine: waiting for another session of $prefix to end"
+    flock 8
+fi
+
+if [ "$private" = yes ]; then
+    scripts/wine-prefix.sh "$prefix" "$size" 8>&- || exit 1
+else
+    scripts/wine-prefix.sh "$prefix" 8>&- || exit 1
+fi
+
+export WINEPREFIX="$prefix" WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}"
+export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
+
+end_process() {
+    [ -n "$1" ] || return 0
+    kill "$1" 2>/dev/null
+    for _ in 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20; do
+        kill -0 "$1" 2>/dev/null || return 0
+        sleep 0.1
+    done
+    kill -KILL "$1" 2>/dev/null
+}
+
+end_session() {
+    [ -z "$command_pid" ] || kill -TERM -- "-$command_pid" 2>/dev/null
+    wineserver -k </dev/null >/dev/null 2>&1
+    wineserver -w </dev/null >/dev/null 2>&1
+    end_process "$display_pid"
+    rm -rf "$folder"
+}
+
+# $1 = exit code
+finish() {
+    trap '' INT TERM HUP
+    trap - EXIT
+    end_session
+    [ -z "$guard_pid" ] || end_process "$guard_pid"
+    exit "$1"
+}
+
+trap 'finish $?' EXIT
+trap 'finish 130' INT
+trap 'finish 143' TERM
+trap 'finish 129' HUP
+
+# The display chooses a free number itself and writes it down when it accepts connections.
+start_display() {
+    : >"$folder/display"
+    Xvfb -displayfd 5 -screen 0 "${size}x24" -nolisten tcp -noreset </dev/null \
+        5>"$folder/display" >"$folder/xvfb.log" 2>&1 8>&- &
+    display_pid=$!
+    for _ in $(seq 100); do
+        if [ -s "$folder/display" ]; then
+            DISPLAY=":$(cat "$folder/display")"
+            export DISPLAY
+            unset WAYLAND_DISPLAY XAUTHORITY
+            return 0
+        fi
+        kill -0 "$display_pid" 2>/dev/null || break
+        sleep 0.1
+    done
+    cat "$folder/xvfb.log" >&2
+    fail "the virtual display does not start"
+}
+
+[ "$private" = no ] || start_display
+
+# A server that stays makes a program's start 20 times quicker than one that ends with every program.
+wineserver -p </dev/null >/dev/null 2>&1 8>&-
+timeout 120 wine wineboot </dev/null >/dev/null 2>&1 8>&- || fail "Wine does not start in $prefix"
+
+# With job control the command is a process group of its own, which a signal can end as a whole.
+set -m
+"$@" </dev/null 8>&- &
+command_pid=$!
+set +m
+
+# A shell that is killed outright cannot tidy up: this one watches it and then does so.
+(
+    trap - EXIT
+    trap 'exit 0' INT TERM HUP
+    exec </dev/null >/dev/null 2>&1 8>&-
+    while kill -0 $$ 2>/dev/null; do
+        sleep 0.5
+    done
+    end_session
+) &
+guard_pid=$!
+
+wait "$command_pid"
+code=$?
+command_pid=
+finish "$code"

@@ -1,0 +1,57 @@
+#!/usr/bin/env bash
+# Everything that can be checked, with one command. See --help.
+set -euo pipefail
+cd "$(dirname "$0")"
+
+usage() {
+    cat <<'TEXT'
+usage: ./test.sh [--asan] [--help]
+
+Installs the packages that are missing (Debian 12, as root), fetches {fmt} 11, checks the layout of the source, builds
+the native and the Windows half and runs every test of both, the Windows ones under Wine on a display of their own.
+The last lines are CTest's summary; the exit code is 0 only if everything passed. A second call does only what changed.
+
+  --asan   instead: the native half with the address and undefined-behaviour sanitizers
+  --help   this text
+TEXT
+}
+
+asan=no
+for argument in "$@"; do
+    case "$argument" in
+    --asan) asan=yes ;;
+    --help | -h) usage && exit 0 ;;
+    *) usage >&2 && exit 2 ;;
+    esac
+done
+
+step() {
+    printf '\n== %s\n' "$*"
+}
+
+step "Packages"
+scripts/install-packages.sh
+step "Libraries that Debian 12 does not have"
+scripts/fetch-dependencies.sh
+step "Layout of the source"
+scripts/check-format.sh
+
+tests=(ctest --output-on-failure --no-tests=error --parallel "$(nproc)")
+
+if [ "$asan" = yes ]; then
+    step "Native build with sanitizers"
+    scripts/build.sh native-asan
+    step "Tests"
+    exec "${tests[@]}" --test-dir build/native-asan
+fi
+
+step "Native build"
+scripts/build.sh native-release
+step "Windows build"
+scripts/build.sh windows-release
+
+step "Tests, native and Windows"
+# One CTest over both trees, so that one summary counts everything.
+mkdir -p build/all
+printf 'subdirs("%s" "%s")\n' "$PWD/build/native-release" "$PWD/build/windows-release" >build/all/CTestTestfile.cmake
+exec scripts/wine-session.sh -- "${tests[@]}" --test-dir build/all
