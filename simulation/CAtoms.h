@@ -1,0 +1,54 @@
+#pragma once
+
+#include "simulation/CAtom.h"
+
+#include <cstdint>
+#include <memory>
+
+/// The speeds of all atoms at the end of an iteration, in world units per iteration.
+struct CVelocityStatistics
+{
+    float min{};
+    float max{};
+    float tot{};
+    float avg{};
+
+    bool operator==(const CVelocityStatistics&) const = default;
+};
+
+/// All atoms of a world in one array, with the velocity statistics of the last iteration. The array never grows or
+/// shrinks while a simulation runs.
+class CAtoms
+{
+public:
+    CAtoms() = default;
+    CAtoms(CAtoms&& other) noexcept;
+    CAtoms& operator=(CAtoms&& other) noexcept;
+    CAtoms(const CAtoms&) = delete;
+    CAtoms& operator=(const CAtoms&) = delete;
+    ~CAtoms() = default;
+
+    /// Frees the atoms there are and makes count new ones with every field zero. Throws std::length_error (count below
+    /// zero) or std::bad_alloc and then leaves an empty set: no atoms, statistics zero.
+    void Allocate(std::int32_t count);
+
+    CAtom* GetAtoms() { return m_pAtoms.get(); }
+    const CAtom* GetAtoms() const { return m_pAtoms.get(); }
+    std::int32_t GetCount() const { return m_iCount; }
+
+    /// index is 0..count - 1.
+    CAtom& operator[](std::int32_t index) { return m_pAtoms[static_cast<std::size_t>(index)]; }
+    const CAtom& operator[](std::int32_t index) const { return m_pAtoms[static_cast<std::size_t>(index)]; }
+
+    float GetMinVelocity() const { return m_Velocities.min; }
+    float GetMaxVelocity() const { return m_Velocities.max; }
+    float GetTotVelocity() const { return m_Velocities.tot; }
+    float GetAvgVelocity() const { return m_Velocities.avg; }
+    const CVelocityStatistics& GetVelocities() const { return m_Velocities; }
+    void SetVelocities(const CVelocityStatistics& velocities) { m_Velocities = velocities; }
+
+private:
+    std::unique_ptr<CAtom[]> m_pAtoms;
+    std::int32_t m_iCount = 0;
+    CVelocityStatistics m_Velocities;
+};

@@ -1,0 +1,105 @@
+#include "simulation/RunLoop.h"
+
+#include "classes/core/CDateTime.h"
+#include "classes/core/CWaitTimer.h"
+#include "classes/core/OutputDebugMessage.h"
+#include "diagnostics/Guard.h"
+#include "simulation/CAtoms.h"
+#include "simulation/FrameCap.h"
+#include "simulation/IFinishedEvent.h"
+#include "simulation/IFrameSink.h"
+#include "simulation/Iteration.h"
+#include "simulation/SimulationConstants.h"
+
+static_assert(std::atomic<bool>::is_always_lock_free && sizeof(std::atomic<bool>) == 1,
+              "the run flag is read in every pass and must never block");
+
+namespace
+{
+
+// Resets the event, and sets it however the scope is left.
+class CFinishedScope
+{
+public:
+    explicit CFinishedScope(IFinishedEvent& finished) : m_Finished(finished) { m_Finished.Reset(); }
+    ~CFinishedScope() { m_Finished.Set(); }
+    CFinishedScope(const CFinishedScope&) = delete;
+    CFinishedScope& operator=(const CFinishedScope&) = delete;
+
+private:
+    IFinishedEvent& m_Finished;
+};
+
+// Sums up passes and knows when a line is due.
+class CReporter
+{
+public:
+    CReporter(const CAtoms& atoms, IFrameSink& sink, std::wstring* pDebugLog)
+        : m_Atoms(atoms), m_Sink(sink), m_pDebugLog(pDebugLog)
+    {
+    }
+
+    void Add(std::uint32_t uCollisions, float passMs)
+    {
+        ++m_Statistics.totalIterations;
+        ++m_Statistics.iterationsSinceReport;
+        m_Statistics.collisionsSinceReport += uCollisions;
+        m_Statistics.timeSumMs += passMs;
+        if (CDateTime().DiffInMilliSeconds(m_ReportTime) > c_iReportPeriodMs)
+        {
+            Report();
+        }
+    }
+
+private:
+    void Report()
+    {
+        m_Statistics.velocities = m_Atoms.GetVelocities();
+        m_Statistics.atomCount = m_Atoms.GetCount();
+        m_sLine = FormatStatisticsLine(m_Statistics);
+        OutputDebugMessage(m_pDebugLog, L"%s\n", m_sLine);
+        m_Sink.ShowStatistics(m_sLine);
+        m_ReportTime.SetNow();
+        m_Statistics.iterationsSinceReport = 0;
+        m_Statistics.collisionsSinceReport = 0;
+        m_Statistics.timeSumMs = 0;
+    }
+
+    const CAtoms& m_Atoms;
+    IFrameSink& m_Sink;
+    std::wstring* m_pDebugLog;
+    CDateTime m_ReportTime;
+    CWString m_sLine;
+    CRunStatistics m_Statistics;
+};
+
+} // namespace
+
+void RunLoop(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRandom& random,
+             const std::atomic<bool>& running, IFinishedEvent& finished, IFrameSink& sink, std::wstring* pDebugLog)
+{
+    const auto runPasses = [&]
+    {
+        const CFinishedScope finishedScope(finished);
+        if (atoms.GetCount() <= 0)
+        {
+            return;
+        }
+        CReporter reporter(atoms, sink, pDebugLog);
+        CWaitTimer waitTimer;
+        while (running)
+        {
+            const CDateTime start;
+            const std::uint32_t uCollisions = AdvanceOneIteration(atoms, grid, world, random);
+            sink.DrawFrame();
+            if (!running)
+            {
+                break;
+            }
+            const float ms = static_cast<float>(CDateTime().DiffInMicroSeconds(start)) / c_fMicroSecondsPerMs;
+            waitTimer.WaitMicroSeconds(GetFrameCapWait(ms));
+            reporter.Add(uCollisions, ms);
+        }
+    };
+    Traced({pDebugLog, __TIMESTAMP__}, runPasses);
+}
