@@ -1,0 +1,134 @@
+#include "classes/core/CExceptionHandler.h"
+
+#include "classes/core/CWString.h"
+#include "classes/core/ExceptionText.h"
+#include "classes/core/OutputDebugMessage.h"
+#include "classes/core/SystemMessage.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <exception>
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+namespace
+{
+
+std::atomic<std::wstring*> g_pDebugLog{};
+std::atomic<bool> g_bShow{};
+std::atomic<std::terminate_handler> g_pPreviousTerminate{};
+
+void Report(const std::wstring& sWhat)
+{
+    const std::wstring sReport = L"Unhandled exception: " + sWhat;
+    WriteDebugText(g_pDebugLog.load(), sReport + L"\n");
+    if (g_bShow.load())
+        ShowSystemMessage(sReport);
+}
+
+/// Runs the report, whatever happens in it.
+template<class F>
+void ReportSafely(F&& describe) noexcept
+{
+    try
+    {
+        Report(describe());
+    }
+    catch (...)
+    {
+        // The process ends anyway; the handler that was there before us has the last word.
+        return;
+    }
+}
+
+void OnTerminate()
+{
+    ReportSafely([] { return DescribeCurrentException(); });
+    const std::terminate_handler pPrevious = g_pPreviousTerminate.load();
+    if (pPrevious != nullptr)
+        pPrevious();
+    std::abort();
+}
+
+} // namespace
+
+#ifdef _WIN32
+
+namespace
+{
+
+/// Faults with this code are C++ exceptions on their way: the runtime's own filter turns them into std::terminate.
+constexpr DWORD c_dwGccExceptionCode = 0x20474343;
+constexpr DWORD c_dwGccExceptionMask = 0x20FFFFFF;
+
+std::atomic<LPTOP_LEVEL_EXCEPTION_FILTER> g_pPreviousFilter{};
+
+LONG WINAPI OnFault(EXCEPTION_POINTERS* pPointers)
+{
+    const EXCEPTION_RECORD& record = *pPointers->ExceptionRecord;
+    if ((record.ExceptionCode & c_dwGccExceptionMask) != c_dwGccExceptionCode)
+        ReportSafely(
+            [&record]
+            {
+                CWString sText;
+                sText.Format(L"fault 0x%08x at address %p", static_cast<std::uint32_t>(record.ExceptionCode),
+                             static_cast<const void*>(record.ExceptionAddress));
+                return sText.Get();
+            });
+    const LPTOP_LEVEL_EXCEPTION_FILTER pPrevious = g_pPreviousFilter.load();
+    return pPrevious != nullptr ? pPrevious(pPointers) : EXCEPTION_CONTINUE_SEARCH;
+}
+
+/// Returns the filter that was in force.
+CExceptionHandler::FunctionPointer InstallFaultFilter()
+{
+    const LPTOP_LEVEL_EXCEPTION_FILTER pPrevious = SetUnhandledExceptionFilter(&OnFault);
+    if (pPrevious != &OnFault)
+        g_pPreviousFilter.store(pPrevious);
+    return reinterpret_cast<CExceptionHandler::FunctionPointer>(pPrevious);
+}
+
+void RestoreFaultFilter(CExceptionHandler::FunctionPointer pPrevious)
+{
+    SetUnhandledExceptionFilter(reinterpret_cast<LPTOP_LEVEL_EXCEPTION_FILTER>(pPrevious));
+}
+
+} // namespace
+
+#else
+
+namespace
+{
+
+// Faults are signals here, and the shell that started the program reports them well enough.
+CExceptionHandler::FunctionPointer InstallFaultFilter()
+{
+    return nullptr;
+}
+
+void RestoreFaultFilter(CExceptionHandler::FunctionPointer) {}
+
+} // namespace
+
+#endif
+
+CExceptionHandler::CExceptionHandler(std::wstring* pDebugLog, bool bShow)
+    : m_pPreviousLog(g_pDebugLog.exchange(pDebugLog)),
+      m_bPreviousShow(g_bShow.exchange(bShow)),
+      m_pPreviousTerminate(std::set_terminate(&OnTerminate)),
+      m_pPreviousFaultFilter(InstallFaultFilter())
+{
+    // With two of these objects the inner one must not call itself.
+    if (m_pPreviousTerminate != &OnTerminate)
+        g_pPreviousTerminate.store(m_pPreviousTerminate);
+}
+
+CExceptionHandler::~CExceptionHandler()
+{
+    RestoreFaultFilter(m_pPreviousFaultFilter);
+    std::set_terminate(m_pPreviousTerminate);
+    g_bShow.store(m_bPreviousShow);
+    g_pDebugLog.store(m_pPreviousLog);
+}

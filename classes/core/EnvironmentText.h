@@ -1,0 +1,7 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+/// The value of an environment variable, nothing when it is not set. The name is plain ASCII.
+std::optional<std::wstring> GetEnvironmentText(const char* sName);

@@ -1,0 +1,67 @@
+#include "classes/core/OutputDebugMessage.h"
+
+#include "classes/core/EnvironmentText.h"
+#include "classes/core/Utf8.h"
+
+#include <cstdio>
+#include <stdexcept>
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+namespace
+{
+
+bool IsStandardErrorWanted()
+{
+    return GetEnvironmentText("KINETARIUM_DEBUG_OUTPUT").has_value();
+}
+
+void WriteToDebugger([[maybe_unused]] std::wstring_view sText)
+{
+#ifdef _WIN32
+    OutputDebugStringW(std::wstring(sText).c_str());
+#endif
+}
+
+std::wstring FormatOrQuote(std::wstring_view sFormat, std::span<const CPrintfArgument> arguments)
+{
+    try
+    {
+        return FormatPrintf(sFormat, arguments);
+    }
+    catch (const std::runtime_error&)
+    {
+        return std::wstring(sFormat);
+    }
+}
+
+} // namespace
+
+std::mutex& DebugLog_GetMutex()
+{
+    // Never destroyed: the last resort of the process may still write while statics go.
+    static std::mutex& mutex = *new std::mutex;
+    return mutex;
+}
+
+void WriteDebugText(std::wstring* pDebugLog, std::wstring_view sText)
+{
+    if (pDebugLog != nullptr)
+    {
+        const std::lock_guard lock(DebugLog_GetMutex());
+        *pDebugLog += sText;
+    }
+    WriteToDebugger(sText);
+    if (IsStandardErrorWanted())
+    {
+        const std::string sNarrow = Utf8FromWide(sText);
+        std::fwrite(sNarrow.data(), 1, sNarrow.size(), stderr);
+    }
+}
+
+void WriteDebugMessage(std::wstring* pDebugLog, std::wstring_view sFormat, std::span<const CPrintfArgument> arguments)
+{
+    WriteDebugText(pDebugLog, FormatOrQuote(sFormat, arguments));
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "classes/core/PrintfFormat.h"
+
+#include <array>
+#include <mutex>
+#include <span>
+#include <string>
+#include <string_view>
+
+/// Guards every debug log of the process: several threads append, one prunes.
+std::mutex& DebugLog_GetMutex();
+
+/// Writes the text to the debug output (a debugger on Windows; on every system also the standard error stream when the
+/// environment variable KINETARIUM_DEBUG_OUTPUT is set) and appends it to the log when pDebugLog is not null.
+void WriteDebugText(std::wstring* pDebugLog, std::wstring_view sText);
+
+/// Formats, then writes as above. A format that does not fit its arguments is written as it stands: a diagnostic must
+/// not bring down what it diagnoses.
+void WriteDebugMessage(std::wstring* pDebugLog, std::wstring_view sFormat, std::span<const CPrintfArgument> arguments);
+
+/// Writes a printf-style message; for the format see FormatPrintf. pDebugLog may be null.
+template<class... A>
+void OutputDebugMessage(std::wstring* pDebugLog, const wchar_t* sFormat, const A&... args)
+{
+    const std::array<CPrintfArgument, sizeof...(A)> arguments{CPrintfArgument(args)...};
+    WriteDebugMessage(pDebugLog, sFormat, arguments);
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <variant>
+
+/// One argument of FormatPrintf: keeps the width and sign of integers, because "%x" prints the bits of that width.
+/// Texts are referred to, not copied.
+class CPrintfArgument
+{
+public:
+    using Value = std::variant<std::int32_t, std::uint32_t, std::int64_t, std::uint64_t, double, wchar_t,
+                               std::wstring_view, const void*>;
+
+    template<class T>
+    requires std::integral<T> CPrintfArgument(T value) : m_Value(FromIntegral(value)) {}
+
+    CPrintfArgument(float fValue) : m_Value(static_cast<double>(fValue)) {}
+    CPrintfArgument(double dValue) : m_Value(dValue) {}
+    CPrintfArgument(const wchar_t* sText) : m_Value(sText != nullptr ? std::wstring_view(sText) : L"(null)") {}
+    CPrintfArgument(const void* pAddress) : m_Value(pAddress) {}
+
+    /// Every class that is a wide text: std::wstring, std::wstring_view, CWString.
+    template<class T>
+    requires(std::convertible_to<const T&, std::wstring_view> && !std::convertible_to<const T&, const wchar_t*>)
+        CPrintfArgument(const T& text)
+        : m_Value(static_cast<std::wstring_view>(text))
+    {
+    }
+
+    const Value& Get() const { return m_Value; }
+
+private:
+    template<class T>
+    static Value FromIntegral(T value)
+    {
+        constexpr std::size_t uLongestOfInt = sizeof(std::int32_t);
+        if constexpr (std::same_as<T, wchar_t>)
+            return value;
+        else if constexpr (sizeof(T) > uLongestOfInt)
+            return static_cast<std::conditional_t<std::is_signed_v<T>, std::int64_t, std::uint64_t>>(value);
+        else
+            return static_cast<std::conditional_t<std::is_signed_v<T>, std::int32_t, std::uint32_t>>(value);
+    }
+
+    Value m_Value;
+};
+
+/// Formats as wide printf does where "%s" is wide, on every platform alike; "%I64u", "%I64i", "%I64d", "%I64x" (and
+/// "%I32...") are understood everywhere. Never looks at the locale. Throws an exception derived from
+/// std::runtime_error when the format is malformed or asks for an argument that is missing or of another kind.
+std::wstring FormatPrintf(std::wstring_view sFormat, std::span<const CPrintfArgument> arguments);

@@ -1,0 +1,41 @@
+#include "classes/core/SystemMessage.h"
+
+#include "classes/core/Utf8.h"
+
+#include <atomic>
+#include <cstdio>
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+namespace
+{
+
+std::atomic<SystemMessageFunction> g_pFunction{};
+
+void ShowToUser(const std::wstring& sText)
+{
+#ifdef _WIN32
+    MessageBoxW(nullptr, sText.c_str(), L"Kinetarium", MB_OK | MB_ICONERROR | MB_TASKMODAL | MB_SETFOREGROUND);
+#else
+    const std::string sNarrow = Utf8FromWide(sText + L"\n");
+    std::fwrite(sNarrow.data(), 1, sNarrow.size(), stderr);
+#endif
+}
+
+} // namespace
+
+void ShowSystemMessage(const std::wstring& sText)
+{
+    const SystemMessageFunction pFunction = g_pFunction.load();
+    if (pFunction != nullptr)
+        pFunction(sText);
+    else
+        ShowToUser(sText);
+}
+
+SystemMessageFunction SetSystemMessageFunction(SystemMessageFunction pFunction)
+{
+    return g_pFunction.exchange(pFunction);
+}

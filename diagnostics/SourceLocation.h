@@ -1,0 +1,42 @@
+#pragma once
+
+#include <source_location>
+
+#ifdef __cpp_lib_source_location
+
+/// Where in the source something is called: file, line, and the function's full signature.
+using CSourceLocation = std::source_location;
+
+#else
+
+#include <cstdint>
+
+/// The same three facts for compilers whose library has no std::source_location yet. The function is its bare name.
+class CSourceLocation
+{
+public:
+    static constexpr CSourceLocation current(const char* sFile = __builtin_FILE(),
+                                             std::uint_least32_t uLine = __builtin_LINE(),
+                                             const char* sFunction = __builtin_FUNCTION()) noexcept
+    {
+        return CSourceLocation(sFile, uLine, sFunction);
+    }
+
+    constexpr CSourceLocation() noexcept = default;
+
+    constexpr const char* file_name() const noexcept { return m_sFile; }
+    constexpr std::uint_least32_t line() const noexcept { return m_uLine; }
+    constexpr const char* function_name() const noexcept { return m_sFunction; }
+
+private:
+    constexpr CSourceLocation(const char* sFile, std::uint_least32_t uLine, const char* sFunction) noexcept
+        : m_sFile(sFile), m_sFunction(sFunction), m_uLine(uLine)
+    {
+    }
+
+    const char* m_sFile = "";
+    const char* m_sFunction = "";
+    std::uint_least32_t m_uLine = 0;
+};
+
+#endif
