@@ -1,0 +1,180 @@
+#include "view/WorldPlacement.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace
+{
+
+constexpr CSize<int> c_sizeView{700, 600};
+constexpr int c_iBar = 17; // pixels that a scroll bar takes from the client area in these tests
+constexpr int c_iMaxInt = std::numeric_limits<int>::max();
+constexpr int c_iMinInt = std::numeric_limits<int>::min();
+
+CScrollBarState MakeBar(int iMax, int iPage, int iPosition, int iTrackPosition = 0)
+{
+    return CScrollBarState{0, iMax, iPage, iPosition, iTrackPosition};
+}
+
+std::optional<int> Request(const CScrollBarState& bar, EnumScrollRequest eRequest)
+{
+    return GetScrolledPosition(bar, static_cast<unsigned>(eRequest));
+}
+
+} // namespace
+
+TEST(ScrollBarsShown, OnlyWhereTheWorldIsLargerThanTheView)
+{
+    EXPECT_EQ((CScrollBarsShown{false, false}), GetScrollBarsShown({699, 599}, c_sizeView));
+    EXPECT_EQ((CScrollBarsShown{false, false}), GetScrollBarsShown({700, 600}, c_sizeView));
+    EXPECT_EQ((CScrollBarsShown{false, true}), GetScrollBarsShown({701, 600}, c_sizeView));
+    EXPECT_EQ((CScrollBarsShown{true, false}), GetScrollBarsShown({700, 601}, c_sizeView));
+    EXPECT_EQ((CScrollBarsShown{true, true}), GetScrollBarsShown({701, 601}, c_sizeView));
+}
+
+TEST(PlaceWorld, ASmallerWorldIsCentredInBothDirections)
+{
+    const CRect rc = PlaceWorld_Scrolled({500, 401}, {c_sizeView, c_sizeView, 33, 44});
+    EXPECT_EQ((CRect{100, 99, 600, 500}), rc);
+}
+
+TEST(PlaceWorld, AWorldOfExactlyTheViewsSizeFillsIt)
+{
+    EXPECT_EQ((CRect{0, 0, 700, 600}), PlaceWorld_Scrolled(c_sizeView, {c_sizeView, c_sizeView, 33, 44}));
+}
+
+TEST(PlaceWorld, AWiderWorldScrollsSidewaysAndIsCentredInTheHeightThatTheBarLeaves)
+{
+    const CScrolledView view{c_sizeView, {700, 600 - c_iBar}, 250, 44};
+    EXPECT_EQ((CRect{-250, 91, 750, 491}), PlaceWorld_Scrolled({1000, 400}, view));
+}
+
+TEST(PlaceWorld, AHigherWorldScrollsVerticallyAndIsCentredInTheWidthThatTheBarLeaves)
+{
+    const CScrolledView view{c_sizeView, {700 - c_iBar, 600}, 33, 300};
+    EXPECT_EQ((CRect{91, -300, 591, 700}), PlaceWorld_Scrolled({500, 1000}, view));
+}
+
+TEST(PlaceWorld, ALargerWorldScrollsInBothDirections)
+{
+    const CScrolledView view{c_sizeView, {700 - c_iBar, 600 - c_iBar}, 9000, 8000};
+    EXPECT_EQ((CRect{-9000, -8000, 999, 1999}), PlaceWorld_Scrolled({9999, 9999}, view));
+}
+
+// The bars are decided by the area before they appear, the place by the area that they leave.
+TEST(PlaceWorld, AWorldThatOnlyTheOtherBarMakesTooWideIsCentredAndHangsOver)
+{
+    const CScrolledView view{c_sizeView, {700 - c_iBar, 600}, 33, 0};
+    const CRect rc = PlaceWorld_Scrolled({690, 1000}, view);
+    EXPECT_EQ(-3, rc.left); // (683 - 690) / 2, towards zero
+    EXPECT_EQ(687, rc.right);
+}
+
+TEST(PlaceWorld, WithoutScrollingTheWorldIsAlwaysCentredEvenWhenItIsLarger)
+{
+    EXPECT_EQ((CRect{100, 100, 600, 500}), PlaceWorld_Centred({500, 400}, c_sizeView));
+    EXPECT_EQ((CRect{-150, -200, 850, 800}), PlaceWorld_Centred({1000, 1000}, c_sizeView));
+}
+
+TEST(PlaceWorld, HalvesAreTruncatedTowardsZeroOnBothSides)
+{
+    EXPECT_EQ(0, PlaceWorld_Centred({699, 600}, c_sizeView).left);
+    EXPECT_EQ(0, PlaceWorld_Centred({701, 600}, c_sizeView).left);
+    EXPECT_EQ(-1, PlaceWorld_Centred({703, 600}, c_sizeView).left);
+}
+
+TEST(FitScrollBar, TheRangeIsTheWorldAndThePageTheView)
+{
+    EXPECT_EQ(MakeBar(999, 600, 123), FitScrollBar(MakeBar(5, 6, 123), 1000, 600));
+}
+
+TEST(FitScrollBar, APositionBehindTheNewEndMovesToIt)
+{
+    // The last position shows the world's last row in the view's last one: 1000 - 600.
+    EXPECT_EQ(400, FitScrollBar(MakeBar(1999, 600, 1400), 1000, 600).iPosition);
+    EXPECT_EQ(400, FitScrollBar(MakeBar(1999, 600, 400), 1000, 600).iPosition);
+    EXPECT_EQ(399, FitScrollBar(MakeBar(1999, 600, 399), 1000, 600).iPosition);
+}
+
+TEST(FitScrollBar, ShrinkingTheViewKeepsThePosition)
+{
+    EXPECT_EQ(400, FitScrollBar(MakeBar(999, 600, 400), 1000, 100).iPosition);
+}
+
+TEST(FitScrollBar, AnEmptyWorldOrViewKeepsTheRangeValid)
+{
+    EXPECT_EQ(MakeBar(0, 600, 0), FitScrollBar(MakeBar(10, 1, 7), 0, 600));
+    EXPECT_EQ(MakeBar(0, 600, 0), FitScrollBar(MakeBar(10, 1, 7), -5, 600));
+    EXPECT_EQ(999, FitScrollBar(MakeBar(5000, 1, 2000), 1000, 0).iPosition); // a page of nothing counts as one row
+}
+
+TEST(FitScrollBar, TheDraggedPositionIsLeftAlone)
+{
+    EXPECT_EQ(77, FitScrollBar(MakeBar(10, 1, 7, 77), 1000, 600).iTrackPosition);
+}
+
+TEST(ScrollRequest, ALineIsTenPixels)
+{
+    EXPECT_EQ(110, Request(MakeBar(999, 600, 100), EnumScrollRequest::LineDown));
+    EXPECT_EQ(90, Request(MakeBar(999, 600, 100), EnumScrollRequest::LineUp));
+}
+
+TEST(ScrollRequest, APageIsTheView)
+{
+    EXPECT_EQ(700, Request(MakeBar(1999, 600, 100), EnumScrollRequest::PageDown));
+    EXPECT_EQ(300, Request(MakeBar(1999, 600, 900), EnumScrollRequest::PageUp));
+}
+
+TEST(ScrollRequest, StepsStopAtTheMinimumAndAtTheMaximum)
+{
+    EXPECT_EQ(0, Request(MakeBar(999, 600, 5), EnumScrollRequest::LineUp));
+    EXPECT_EQ(0, Request(MakeBar(999, 600, 5), EnumScrollRequest::PageUp));
+    EXPECT_EQ(999, Request(MakeBar(999, 600, 995), EnumScrollRequest::LineDown));
+    EXPECT_EQ(999, Request(MakeBar(999, 600, 995), EnumScrollRequest::PageDown));
+}
+
+TEST(ScrollRequest, TheEndsAreTheMinimumAndTheMaximumItself)
+{
+    EXPECT_EQ(0, Request(MakeBar(999, 600, 5), EnumScrollRequest::Top));
+    EXPECT_EQ(999, Request(MakeBar(999, 600, 5), EnumScrollRequest::Bottom));
+}
+
+TEST(ScrollRequest, OnlyDraggingFollowsTheThumb)
+{
+    EXPECT_EQ(321, Request(MakeBar(999, 600, 5, 321), EnumScrollRequest::ThumbTrack));
+    EXPECT_EQ(std::nullopt, Request(MakeBar(999, 600, 5, 321), EnumScrollRequest::ThumbPosition));
+    EXPECT_EQ(std::nullopt, Request(MakeBar(999, 600, 5, 321), EnumScrollRequest::EndScroll));
+}
+
+TEST(ScrollRequest, AnUnknownRequestLeavesThePosition)
+{
+    EXPECT_EQ(5, GetScrolledPosition(MakeBar(999, 600, 5, 321), 9U));
+    EXPECT_EQ(5, GetScrolledPosition(MakeBar(999, 600, 5, 321), 0xFFFFU));
+}
+
+TEST(ScrollRequest, PositionsAtTheEndOfTheRangeOfAnIntegerDoNotOverflow)
+{
+    EXPECT_EQ(c_iMaxInt, Request({0, c_iMaxInt, c_iMaxInt, c_iMaxInt, 0}, EnumScrollRequest::PageDown));
+    EXPECT_EQ(c_iMinInt, Request({c_iMinInt, 0, c_iMaxInt, c_iMinInt, 0}, EnumScrollRequest::PageUp));
+}
+
+TEST(Wheel, ANotchAwayFromTheUserMovesSixtyPixelsUp)
+{
+    EXPECT_EQ(40, GetWheelPosition(100, 120));
+    EXPECT_EQ(160, GetWheelPosition(100, -120));
+}
+
+TEST(Wheel, HalvesAreTruncatedTowardsZero)
+{
+    EXPECT_EQ(99, GetWheelPosition(100, 3));
+    EXPECT_EQ(101, GetWheelPosition(100, -3));
+    EXPECT_EQ(100, GetWheelPosition(100, 1));
+    EXPECT_EQ(100, GetWheelPosition(100, -1));
+}
+
+TEST(Wheel, TheLargestTurnIsHarmless)
+{
+    EXPECT_EQ(-16283, GetWheelPosition(100, 32767));
+    EXPECT_EQ(16484, GetWheelPosition(100, -32768));
+}

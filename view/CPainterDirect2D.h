@@ -1,0 +1,57 @@
+#pragma once
+
+#include "classes/windows/Handles.h"
+#include "view/ColourRules.h"
+#include "view/CreateDirect2DFactory.h"
+#include "view/IPainter.h"
+
+#include <windows.h>
+
+#include <d2d1.h>
+
+#include <array>
+#include <string>
+
+// Draws straight to a render target on the window. Factory and target are made by the first Prepare that gets that far
+// and live on; the brushes are made anew by each.
+class CPainterDirect2D final : public IPainter
+{
+public:
+    explicit CPainterDirect2D(CreateDirect2DFactoryFunction pCreateFactory);
+    CPainterDirect2D(const CPainterDirect2D&) = delete;
+    CPainterDirect2D& operator=(const CPainterDirect2D&) = delete;
+    ~CPainterDirect2D() override;
+
+    // Makes what is missing for drawing to \p hWnd, and one brush per class. Each failure writes one line with the
+    // result code to \p pDebugLog (null: none).
+    // \return true when all three brushes were made.
+    bool Prepare(HWND hWnd, const CColourSettings& settings, std::wstring* pDebugLog);
+
+    bool HasRenderTarget() const { return static_cast<bool>(m_pRenderTarget); }
+
+    // True after the system has taken the device away from the target (a driver update, a remote session): nothing
+    // more appears on it, and only the next Prepare makes a new one.
+    bool IsRenderTargetLost() const { return m_bTargetLost; }
+
+    // Pixels of the target, if there is one.
+    void Resize(const SIZE& size);
+
+    // A backdrop that cannot be drawn drops the target.
+    void PaintFrame(const CFrame& frame) override;
+
+    // Brushes first, then the target, then the factory.
+    void Release();
+
+private:
+    bool EnsureFactory(std::wstring* pDebugLog);
+    bool EnsureRenderTarget(HWND hWnd, std::wstring* pDebugLog);
+    bool CreateBrushes(const CColourSettings& settings, std::wstring* pDebugLog);
+    void DrawAtoms(const CAtomScene& scene);
+    void DropRenderTarget(const CFrame& frame);
+
+    CreateDirect2DFactoryFunction m_pCreateFactory;
+    bool m_bTargetLost = false;
+    CComPtr<ID2D1Factory> m_pFactory;
+    CComPtr<ID2D1HwndRenderTarget> m_pRenderTarget;
+    std::array<CComPtr<ID2D1SolidColorBrush>, c_uColourClassCount> m_pBrushes;
+};

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "view/IPainter.h"
+
+// Composes the frame off-screen in a memory bitmap and copies it to the window in one piece, so that the window never
+// shows half a frame. Draws atoms in Speed mode only.
+class CPainterGdi final : public IPainter
+{
+public:
+    void PaintFrame(const CFrame& frame) override;
+};
+
+// Draws the visible atoms of \p scene, coloured by speed, with the stock DC pen and brush of \p hDc. Sets their colour
+// only where the class changes from one drawn atom to the next: among atoms of one class that saves two calls of three.
+void DrawAtoms_Gdi(HDC hDc, const CAtomScene& scene);

@@ -1,0 +1,112 @@
+#pragma once
+
+#include "classes/core/CSize.h"
+#include "classes/core/CWString.h"
+#include "classes/windows/CPicture.h"
+#include "classes/windows/CWndCommon.h"
+#include "classes/windows/MessageTable.h"
+#include "simulation/CAtoms.h"
+#include "simulation/EnumAtomColourMode.h"
+#include "view/ColourRules.h"
+#include "view/CPainterDirect2D.h"
+#include "view/CPainterGdi.h"
+#include "view/CreateDirect2DFactory.h"
+#include "view/WorldPlacement.h"
+
+#include <windows.h>
+
+#include <array>
+#include <cstddef>
+#include <optional>
+
+// The child window that shows the world: centred where it fits, scrolled where it is larger.
+//
+// Everything here runs on the thread that owns the window. The simulation asks for a frame by sending WM_ERASEBKGND
+// and waits until it is drawn: that is what lets the view read the atoms without a lock. WM_USER + 1 destroys the
+// window on behalf of another thread or window.
+class CWndWorldView final : public CWndCommon
+{
+public:
+    static constexpr UINT c_uDestroyMessage = WM_USER + 1;
+
+    // Makes the window at once if the parent has a backdrop, and nothing otherwise. The atoms must outlive the view.
+    // \p pCreateFactory is where Direct2D is taken from.
+    CWndWorldView(const CWndCommon* pParent, const CSize<int>& sizeWorld, const CAtoms& atoms,
+                  CreateDirect2DFactoryFunction pCreateFactory = CreateDirect2DFactory);
+    CWndWorldView(const CWndWorldView&) = delete;
+    CWndWorldView& operator=(const CWndWorldView&) = delete;
+
+    // Places the world in a view of cx x cy pixels; -1 for either: in the present client area.
+    void SetControlPositions(int cx, int cy) override;
+    ~CWndWorldView() override;
+    HWND GetWindowHandle() const override;
+
+    // Takes over size, colours and factor texts for the next run, prepares Direct2D and draws a frame.
+    // \return false when the factors make no sense (then nothing is drawn) or Direct2D failed (then frames are drawn
+    //         without it, and the next call tries again).
+    bool InitializeSettings(CSize<int>& sizeWorld, bool bNoScrolling, EnumAtomColourMode eMode, unsigned long cr1,
+                            CWString& sFactor1, unsigned long cr2, CWString& sFactor2, unsigned long cr3,
+                            CWString& sFactor3);
+
+    // Colours the world and draws a frame.
+    void SetWorldBackgroundColour(unsigned long cr);
+
+    // Draws one frame.
+    void OnEraseBackground();
+
+    // Width and height of the world in pixels, one per world unit.
+    const CSize<int>& GetWorldSize() const { return m_sizeWorld; }
+
+    static LRESULT CALLBACK WndProcWrapper(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
+
+private:
+    static constexpr std::size_t c_uMessageCount = 12;
+
+    bool InitializeWindow();
+    void RegisterViewClass() const;
+    HWND CreateViewWindow() const;
+    LRESULT WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
+
+    static const std::array<CMessageEntry<CWndWorldView>, c_uMessageCount>& GetMessageTable();
+    std::optional<LRESULT> HandleDestroy(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> HandleSize(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> HandleEraseBackground(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> HandleSetCursor(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> HandleNotify(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> HandleKeyUp(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> HandleHorizontalScroll(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> HandleVerticalScroll(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> HandleLeftButtonUp(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> HandleRightButtonUp(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> HandleMouseWheel(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> HandleDestroyRequest(WPARAM wParam, LPARAM lParam);
+    HWND GetParentHandle() const;
+    LRESULT ForwardClick(UINT uMessage, WPARAM wParam, LPARAM lParam) const;
+
+    void OnScroll(int iBar, unsigned uRequest);
+    void OnMouseWheel(short iDelta);
+    void ShowScrollBars(const CScrollBarsShown& shown);
+    int FitBar(int iBar, int iWorldLength, int iClientLength);
+    CRect PlaceWorld_NoScrolling(const CSize<int>& sizeClient);
+    CRect PlaceWorld_Scrolling(const CSize<int>& sizeClient);
+    CSize<int> GetClientSize() const;
+    void RedrawWorld();
+
+    void CheckLayout();
+    void CreateWorldPicture();
+    bool PrepareDirect2D();
+    CFrame MakeFrame() const;
+    IPainter& ChoosePainter();
+
+    bool m_bNoScrolling = false;
+    const CAtoms* m_pAtoms = nullptr;
+    CColourSettings m_pAtomColourSettings{};
+    COLORREF m_crWorldBackground = 0;
+    CPicture m_picWorld;
+    RECT m_rcWindow{};             // window size at the last layout check, left top corner at (0, 0)
+    CSize<int> m_sizeParentClient; // parent's client area at the last layout check
+    CSize<int> m_sizeWorld;
+    EnumAtomColourMode m_eColourMode = EnumAtomColourMode::Speed;
+    CPainterGdi m_painterGdi;
+    CPainterDirect2D m_painterDirect2D; // last: it goes first, before the pictures that it has drawn
+};

@@ -1,0 +1,163 @@
+#include "view/CWndWorldView.h"
+
+#include "diagnostics/Guard.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+namespace
+{
+
+// The controls of this program notify with the number of the mouse message that they have seen.
+constexpr std::array<UINT, 6> c_forwardedNotifications{WM_LBUTTONDOWN,
+                                                       WM_LBUTTONUP,
+                                                       WM_RBUTTONDOWN,
+                                                       WM_RBUTTONUP,
+                                                       static_cast<UINT>(NM_RCLICK),
+                                                       static_cast<UINT>(NM_DBLCLK)};
+
+constexpr LRESULT c_iHandled = 0;
+constexpr LRESULT c_iErased = 1;    // nothing is left for the system to erase
+constexpr LRESULT c_iCursorSet = 1; // the system must not set another one
+
+POINT GetPoint(LPARAM lParam)
+{
+    // Signed: a captured mouse may be left of the window or above it.
+    return POINT{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+}
+
+} // namespace
+
+LRESULT CALLBACK CWndWorldView::WndProcWrapper(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    auto* const pView = reinterpret_cast<CWndWorldView*>(GetWindowLongPtrW(hWnd, GWLP_USERDATA));
+    if (pView == nullptr || pView->m_bDestroyed)
+    {
+        return DefWindowProcW(hWnd, uMessage, wParam, lParam);
+    }
+    return Guarded({pView->m_pDebugLog, __TIMESTAMP__}, LRESULT{0},
+                   [&] { return pView->WndProc(hWnd, uMessage, wParam, lParam); });
+}
+
+LRESULT CWndWorldView::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    return Guarded({m_pDebugLog, __TIMESTAMP__}, LRESULT{0},
+                   [&] { return DispatchMessage_Table(*this, GetMessageTable(), hWnd, uMessage, wParam, lParam); });
+}
+
+const std::array<CMessageEntry<CWndWorldView>, CWndWorldView::c_uMessageCount>& CWndWorldView::GetMessageTable()
+{
+    using View = CWndWorldView;
+    static constexpr std::array<CMessageEntry<View>, c_uMessageCount> c_table{{
+        {WM_ERASEBKGND, &View::HandleEraseBackground},
+        {WM_SETCURSOR, &View::HandleSetCursor},
+        {WM_SIZE, &View::HandleSize},
+        {WM_HSCROLL, &View::HandleHorizontalScroll},
+        {WM_VSCROLL, &View::HandleVerticalScroll},
+        {WM_MOUSEWHEEL, &View::HandleMouseWheel},
+        {WM_LBUTTONUP, &View::HandleLeftButtonUp},
+        {WM_RBUTTONUP, &View::HandleRightButtonUp},
+        {WM_KEYUP, &View::HandleKeyUp},
+        {WM_NOTIFY, &View::HandleNotify},
+        {WM_DESTROY, &View::HandleDestroy},
+        {c_uDestroyMessage, &View::HandleDestroyRequest},
+    }};
+    return c_table;
+}
+
+std::optional<LRESULT> CWndWorldView::HandleDestroy(WPARAM, LPARAM)
+{
+    m_bWindowReady = false;
+    m_bDestroyed = true;
+    return c_iHandled;
+}
+
+std::optional<LRESULT> CWndWorldView::HandleSize(WPARAM, LPARAM)
+{
+    RedrawWorld();
+    return c_iHandled;
+}
+
+std::optional<LRESULT> CWndWorldView::HandleEraseBackground(WPARAM, LPARAM)
+{
+    if (m_bWindowReady)
+    {
+        OnEraseBackground();
+    }
+    return c_iErased;
+}
+
+std::optional<LRESULT> CWndWorldView::HandleSetCursor(WPARAM, LPARAM)
+{
+    if (!m_bOwnCursor)
+    {
+        return std::nullopt;
+    }
+    SetCursor(m_hOwnCursor);
+    return c_iCursorSet;
+}
+
+std::optional<LRESULT> CWndWorldView::HandleNotify(WPARAM wParam, LPARAM lParam)
+{
+    const auto* const pHeader = reinterpret_cast<const NMHDR*>(lParam);
+    if (pHeader == nullptr || std::find(c_forwardedNotifications.begin(), c_forwardedNotifications.end(),
+                                        pHeader->code) == c_forwardedNotifications.end())
+    {
+        return std::nullopt;
+    }
+    return SendMessage_Show(GetParentHandle(), WM_NOTIFY, wParam, lParam);
+}
+
+std::optional<LRESULT> CWndWorldView::HandleKeyUp(WPARAM wParam, LPARAM lParam)
+{
+    return SendMessageW(GetParentHandle(), WM_KEYUP, wParam, lParam);
+}
+
+std::optional<LRESULT> CWndWorldView::HandleHorizontalScroll(WPARAM wParam, LPARAM)
+{
+    OnScroll(SB_HORZ, LOWORD(wParam));
+    return c_iHandled;
+}
+
+std::optional<LRESULT> CWndWorldView::HandleVerticalScroll(WPARAM wParam, LPARAM)
+{
+    OnScroll(SB_VERT, LOWORD(wParam));
+    return c_iHandled;
+}
+
+std::optional<LRESULT> CWndWorldView::HandleLeftButtonUp(WPARAM wParam, LPARAM lParam)
+{
+    SetFocus(m_hWnd);
+    return ForwardClick(WM_LBUTTONUP, wParam, lParam);
+}
+
+std::optional<LRESULT> CWndWorldView::HandleRightButtonUp(WPARAM wParam, LPARAM lParam)
+{
+    return ForwardClick(WM_RBUTTONUP, wParam, lParam);
+}
+
+std::optional<LRESULT> CWndWorldView::HandleMouseWheel(WPARAM wParam, LPARAM)
+{
+    OnMouseWheel(static_cast<short>(HIWORD(wParam)));
+    return c_iHandled;
+}
+
+std::optional<LRESULT> CWndWorldView::HandleDestroyRequest(WPARAM, LPARAM)
+{
+    DestroyWindow(m_hWnd);
+    return c_iHandled;
+}
+
+HWND CWndWorldView::GetParentHandle() const
+{
+    return m_pParent != nullptr ? m_pParent->GetWindowHandle() : nullptr;
+}
+
+// The parent sees the click in its own client coordinates.
+LRESULT CWndWorldView::ForwardClick(UINT uMessage, WPARAM wParam, LPARAM lParam) const
+{
+    POINT pt = GetPoint(lParam);
+    MapWindowPoints(m_hWnd, GetParentHandle(), &pt, 1);
+    return SendMessageW(GetParentHandle(), uMessage, wParam, MAKELPARAM(pt.x, pt.y));
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "classes/windows/CPicture.h"
+#include "view/AtomScene.h"
+
+#include <windows.h>
+
+// What one frame of the view shows, from back to front: backdrop, world, atoms.
+struct CFrame
+{
+    HWND hWnd{};
+    SIZE sizeWindow{};           // the whole window, scroll bars included
+    const CPicture* pBackdrop{}; // null = none
+    EnumPicDrawMode eBackdropMode{EnumPicDrawMode::Tiled};
+    const CPicture* pWorld{};
+    CAtomScene scene;
+};
+
+// One way to bring a frame to the window. Painting reports nothing: a frame that fails shows nothing new.
+class IPainter
+{
+public:
+    virtual ~IPainter() = default;
+    virtual void PaintFrame(const CFrame& frame) = 0;
+
+protected:
+    IPainter() = default;
+    IPainter(const IPainter&) = default;
+    IPainter& operator=(const IPainter&) = default;
+};

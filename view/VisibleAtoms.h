@@ -1,0 +1,93 @@
+#pragma once
+
+#include "classes/core/CPoint.h"
+#include "classes/core/CRect.h"
+#include "simulation/CAtom.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+
+// Pixels around an atom's exact circle that its drawing may still touch: one for anti-aliasing or for the rounding of
+// the enclosing rectangle, and one more for the rounding of single-precision sums. With less, atoms at the border of
+// the view lose their outermost pixels; more only hands a few invisible atoms to the painter.
+constexpr float c_fDrawingMarginPixels = 2.0F;
+
+// The part of the view in which drawing an atom can change a pixel.
+//
+// An atom is in it when |left + x - cx| <= w + r and |top + y - cy| <= h + r, where (cx, cy) is the middle of the
+// visible rectangle and w, h are half its sides plus the drawing margin. The sum left + x is formed in single
+// precision, exactly as the painters form it, so that both see the same place. A position that is not finite is
+// never in it: the painters may convert every coordinate that they are handed to an integer.
+class CVisibleArea
+{
+public:
+    // \param rcVisible visible pixels, in view coordinates; nothing is visible in an empty one.
+    // \param ptWorld   left top corner of the world, in view coordinates.
+    CVisibleArea(const CRect& rcVisible, const CPoint<int>& ptWorld)
+        : m_fLeft(static_cast<float>(ptWorld.x)),
+          m_fTop(static_cast<float>(ptWorld.y)),
+          m_fCentreX(Middle(rcVisible.left, rcVisible.right)),
+          m_fCentreY(Middle(rcVisible.top, rcVisible.bottom)),
+          m_fHalfWidth(Half(rcVisible.left, rcVisible.right)),
+          m_fHalfHeight(Half(rcVisible.top, rcVisible.bottom))
+    {
+    }
+
+    // Without a branch: among atoms in no order, a mispredicted one would cost more than all the rest.
+    bool Shows(const CAtom& atom) const
+    {
+        const float fRadius = static_cast<float>(atom.radius);
+        const bool bColumn = std::fabs((m_fLeft + atom.x) - m_fCentreX) <= m_fHalfWidth + fRadius;
+        const bool bRow = std::fabs((m_fTop + atom.y) - m_fCentreY) <= m_fHalfHeight + fRadius;
+        return static_cast<bool>(static_cast<unsigned>(bColumn) & static_cast<unsigned>(bRow));
+    }
+
+private:
+    static float Middle(int iLow, int iHigh) { return (static_cast<float>(iLow) + static_cast<float>(iHigh)) / 2.0F; }
+
+    static float Half(int iLow, int iHigh)
+    {
+        if (iHigh <= iLow)
+        {
+            return -std::numeric_limits<float>::infinity();
+        }
+        return (static_cast<float>(iHigh) - static_cast<float>(iLow)) / 2.0F + c_fDrawingMarginPixels;
+    }
+
+    float m_fLeft;
+    float m_fTop;
+    float m_fCentreX;
+    float m_fCentreY;
+    float m_fHalfWidth;
+    float m_fHalfHeight;
+};
+
+// Calls \p draw(atom) for the visible ones among the atoms [first, last) of \p pAtoms, in array order.
+//
+// Goes block by block: first the places of the visible atoms are gathered without a branch, then these are drawn.
+template<class Draw>
+void ForEachVisibleAtom(const CAtom* pAtoms, std::int32_t first, std::int32_t last, const CVisibleArea area,
+                        Draw&& draw)
+{
+    constexpr std::int32_t c_iBlockLength = 512; // 2 kB of places: they stay in the first-level cache
+    std::array<std::int32_t, static_cast<std::size_t>(c_iBlockLength)> visible;
+    for (std::int32_t begin = first; begin < last;)
+    {
+        const std::int32_t end = last - begin > c_iBlockLength ? begin + c_iBlockLength : last;
+        std::size_t uVisible = 0;
+        for (std::int32_t i = begin; i < end; ++i)
+        {
+            visible[uVisible] = i;
+            uVisible += area.Shows(pAtoms[i]) ? 1U : 0U;
+        }
+        for (std::size_t u = 0; u < uVisible; ++u)
+        {
+            draw(pAtoms[visible[u]]);
+        }
+        begin = end;
+    }
+}
