@@ -20,6 +20,8 @@ function(kinetarium_test NAME)
     set(TEST_TIMEOUT 60)
   endif()
   add_executable(${NAME} ${TEST_SOURCES})
+  # Apart from the programs: a test of the application leaves a settings file beside itself.
+  set_target_properties(${NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests-bin")
   target_link_libraries(${NAME} PRIVATE ${TEST_LIBRARIES} KinetariumOptions GTest::gmock GTest::gtest_main)
   set(properties TIMEOUT ${TEST_TIMEOUT} LABELS ${KINETARIUM_WORLD})
   if(TEST_WINDOWED)

@@ -1,0 +1,162 @@
+#pragma once
+
+#include "app/CStopGate.h"
+#include "app/LayoutRules.h"
+#include "classes/core/CPoint.h"
+#include "classes/core/CRandom.h"
+#include "classes/core/CSize.h"
+#include "classes/core/CWString.h"
+#include "classes/windows/CDataCtrlGroup.h"
+#include "classes/windows/CTextCtrl.h"
+#include "classes/windows/CWndButton.h"
+#include "classes/windows/CWndCommon.h"
+#include "classes/windows/MessageTable.h"
+#include "simulation/CAtoms.h"
+#include "simulation/CCollisionGrid.h"
+#include "simulation/EnumAtomColourMode.h"
+#include "view/CWndWorldView.h"
+
+#include <array>
+#include <atomic>
+#include <memory>
+#include <optional>
+#include <string>
+#include <thread>
+
+/// The application: its main window, its settings and the simulation it runs.
+///
+/// The constructor is the whole run of the program; it returns when the window is gone. Everything here happens on the
+/// thread that constructs the object, except RunSimulation, which is the body of the worker.
+///
+/// The methods live in several source files, one concern each: CKinetarium.cpp (lifetime), CKinetarium_Window.cpp
+/// (building the window), CKinetarium_Messages.cpp (what each message does), CKinetarium_Simulation.cpp (start, run,
+/// stop), CKinetarium_Settings.cpp (the settings file), CKinetarium_Layout.cpp (where things stand, background),
+/// CKinetarium_FullScreen.cpp, CKinetarium_Colours.cpp.
+class CKinetarium : public CWndCommon
+{
+public:
+    /// Runs the program. Without a debug log (null) nothing is logged and everything else is the same.
+    CKinetarium(std::wstring* pDebugLog, HINSTANCE hInstance);
+    ~CKinetarium() override;
+
+    CKinetarium(const CKinetarium&) = delete;
+    CKinetarium& operator=(const CKinetarium&) = delete;
+
+    /// Lays out the client area; -1 for either length means the present client size.
+    void SetControlPositions(int cx, int cy) override;
+
+    /// Shows what the control under the pointer is for, in the status bar and as a tooltip.
+    void UpdateStatusBar(HWND hControl, const POINT& point) override;
+
+    static LRESULT CALLBACK WndProcWrapper(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
+
+private:
+    /// Nothing means: let the system's default handle the message.
+    using CMessageResult = std::optional<LRESULT>;
+
+    friend class CKinetariumProbe; // the tests' view of a running application
+
+    // What StartSimulation has read from the panel and found good, on its way to atoms and view.
+    struct CStartParameters
+    {
+        int totalAtoms = 0;
+        EnumAtomColourMode colourMode = EnumAtomColourMode::Fixed;
+        std::array<CWString, 3> factors;
+        std::array<COLORREF, 3> colours{};
+    };
+
+    // Lifetime and window
+    void Run(HINSTANCE hInstance);
+    bool InitializeWindow();
+    bool InitializeWindow_Create();
+    bool InitializeWindow_StatusBar();
+    void InitializeWindow_Panel();
+    void InitializeWindow_VersionText();
+    bool InitializeWindow_StartButton();
+    void InitializeWindow_TabOrder();
+    void InitializeWindow_Timers();
+    static CWString MakeIniPath();
+
+    // Messages
+    LRESULT WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
+    CMessageResult On_Destroy(WPARAM, LPARAM);
+    CMessageResult On_Size(WPARAM, LPARAM);
+    CMessageResult On_Close(WPARAM, LPARAM);
+    CMessageResult On_EndSession(WPARAM, LPARAM);
+    CMessageResult On_EraseBackground(WPARAM, LPARAM);
+    CMessageResult On_SetCursor(WPARAM, LPARAM);
+    CMessageResult On_GetMinMaxInfo(WPARAM, LPARAM);
+    CMessageResult On_Notify(WPARAM, LPARAM);
+    CMessageResult On_KeyUp(WPARAM, LPARAM);
+    CMessageResult On_Command(WPARAM, LPARAM);
+    CMessageResult On_SysCommand(WPARAM, LPARAM);
+    CMessageResult On_Timer(WPARAM, LPARAM);
+    CMessageResult On_LeftButtonUp(WPARAM, LPARAM);
+    CMessageResult On_RightButtonUp(WPARAM, LPARAM);
+    CMessageResult On_DeferredToggle(WPARAM, LPARAM);
+    bool On_ButtonClick(HWND hButton);
+    void On_ColourModeChosen();
+    void SaveWindowRectangle();
+    void PruneDebugLog(unsigned uKeep);
+
+    // Simulation
+    void StartSimulation(const CPoint<int>* pStart);
+    std::optional<CStartParameters> StartSimulation_ReadParameters();
+    EnumAtomColourMode StartSimulation_ReadColourMode();
+    bool StartSimulation_CheckFactors(const CStartParameters& parameters);
+    void StartSimulation_SetWorldSize();
+    void StartSimulation_WriteBack(const CStartParameters& parameters);
+    void StartSimulation_Begin(CStartParameters& parameters);
+    void RunSimulation();
+    void StopSimulation();
+    void StopSimulation_WaitForWorker();
+    void StopSimulation_PostDeferredRequests();
+
+    // Settings file
+    void Settings_Load();
+    void Settings_Load_Colours(EnumAtomColourMode eMode);
+    void Settings_Save();
+    int Settings_ReadInteger(const wchar_t* sKey, int iDefault) const;
+    CWString Settings_ReadText(const wchar_t* sKey, const wchar_t* sDefault) const;
+    void Settings_Write(const wchar_t* sKey, const CWString& sValue) const;
+
+    // Layout, full screen, background
+    void LayOut_Windowed(HDWP& hPositions, const CSize<int>& client);
+    void ToggleFullscreen();
+    void ToggleFullscreen_Leave();
+    bool ToggleFullscreen_Enter();
+    bool FitWindowOnMonitor(RECT* pRect);
+    void OnEraseBackground();
+    void PaintBackground(const RECT& rcClient);
+
+    // Colours and panel access
+    bool SetColour(short iControl);
+    COLORREF GetButtonColour(const wchar_t* sKey);
+    void SetButtonColour(const wchar_t* sKey, COLORREF crColour);
+    CWString GetText(const wchar_t* sKey) const { return m_StringResource.Get(sKey, true); }
+
+    bool m_bFullscreen = false;
+    std::atomic<bool> m_bSimulationRunning = false;
+    CAtoms m_Atoms;
+    std::unique_ptr<CDataCtrlGroup> m_pDataCtrlGroup;
+    CRandom m_Random;
+    CCollisionGrid m_CollisionGrid;
+    CSize<int> m_WorldSize;
+    CTextCtrl m_VersionText;
+    CWndButton m_StartButton;
+    std::unique_ptr<CWndWorldView> m_pWorldView;
+    CWString m_sIniPath;
+    HANDLE m_hSimulationDone = nullptr;
+    std::atomic<bool> m_bWorkerFinished = true;
+    std::unique_ptr<std::thread> m_pSimulationThread;
+    unsigned char m_MinRadius = 3;
+    unsigned char m_MaxRadius = 5;
+
+    bool m_bStarting = false;
+    CStopGate m_StopGate;
+    WINDOWPLACEMENT m_WindowPlacement{};
+    RECT m_rcLastClient{};
+};
+
+static_assert(sizeof(std::atomic<bool>) == 1 && std::atomic<bool>::is_always_lock_free,
+              "the worker polls the run flag in every pass: it must be a plain byte to read");

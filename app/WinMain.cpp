@@ -1,0 +1,23 @@
+#include "app/CKinetarium.h"
+#include "classes/core/CCpuCapabilities.h"
+#include "classes/core/CExceptionHandler.h"
+#include "diagnostics/Guard.h"
+
+#include <windows.h>
+
+namespace
+{
+// Looked at once, before anything runs that could depend on it.
+const CCpuCapabilities s_CpuCapabilities;
+} // namespace
+
+int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int)
+{
+    Guarded({nullptr, __TIMESTAMP__},
+            [&]
+            {
+                const CExceptionHandler exceptionHandler(nullptr, false);
+                const CKinetarium application(nullptr, hInstance);
+            });
+    return 0;
+}

@@ -1,0 +1,269 @@
+#include "tests/windows/CRunningApplication.h"
+
+#include "app/CKinetarium.h"
+#include "app/SettingsRules.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+constexpr const wchar_t* c_sInvokerClass = L"KinetariumTestInvoker";
+constexpr UINT c_uInvoke = WM_APP;
+constexpr std::chrono::milliseconds c_Pause{5};
+constexpr DWORD c_dwPatience = 20000; // ms
+
+struct CInvocation
+{
+    const std::function<void(CKinetarium&)>* body;
+    HWND hMain;
+};
+
+BOOL CALLBACK FindMainWindow(HWND hWnd, LPARAM lParam)
+{
+    wchar_t sClass[32] = L"";
+    GetClassNameW(hWnd, sClass, static_cast<int>(std::size(sClass)));
+    if (std::wstring_view(sClass) != L"CKinetarium")
+        return TRUE;
+    *reinterpret_cast<HWND*>(lParam) = hWnd;
+    return FALSE;
+}
+} // namespace
+
+bool CKinetariumProbe::HasWorker(const CKinetarium& application)
+{
+    return application.m_pSimulationThread != nullptr;
+}
+bool CKinetariumProbe::IsStopping(const CKinetarium& application)
+{
+    return application.m_StopGate.IsStopping();
+}
+bool CKinetariumProbe::IsFullScreen(const CKinetarium& application)
+{
+    return application.m_bFullscreen;
+}
+int CKinetariumProbe::GetAtomCount(const CKinetarium& application)
+{
+    return application.m_Atoms.GetCount();
+}
+CSize<int> CKinetariumProbe::GetWorldSize(const CKinetarium& application)
+{
+    return application.m_WorldSize;
+}
+CWString CKinetariumProbe::GetIniPath(const CKinetarium& application)
+{
+    return application.m_sIniPath;
+}
+CWString CKinetariumProbe::GetText(const CKinetarium& application, const wchar_t* sKey)
+{
+    return application.GetText(sKey);
+}
+HWND CKinetariumProbe::GetView(const CKinetarium& application)
+{
+    return application.m_pWorldView->GetWindowHandle();
+}
+HWND CKinetariumProbe::GetPanel(const CKinetarium& application)
+{
+    return application.m_pDataCtrlGroup->GetWindowHandle();
+}
+HWND CKinetariumProbe::GetStartButton(const CKinetarium& application)
+{
+    return application.m_StartButton.GetWindowHandle();
+}
+HWND CKinetariumProbe::GetStatusBar(const CKinetarium& application)
+{
+    return application.m_hStatusBar;
+}
+HWND CKinetariumProbe::GetControl(const CKinetarium& application, const wchar_t* sKey)
+{
+    return application.m_pDataCtrlGroup->GetCtrlHandle(application.GetText(sKey), 0);
+}
+COLORREF CKinetariumProbe::GetColour(CKinetarium& application, const wchar_t* sKey)
+{
+    return application.GetButtonColour(sKey);
+}
+void CKinetariumProbe::SetColour(CKinetarium& application, const wchar_t* sKey, COLORREF crColour)
+{
+    application.SetButtonColour(sKey, crColour);
+}
+void CKinetariumProbe::Start(CKinetarium& application)
+{
+    application.StartSimulation(nullptr);
+}
+void CKinetariumProbe::Stop(CKinetarium& application)
+{
+    application.StopSimulation();
+}
+void CKinetariumProbe::Describe(CKinetarium& application, HWND hControl, const POINT& point)
+{
+    application.UpdateStatusBar(hControl, point);
+}
+
+std::wstring GetText(HWND hWnd)
+{
+    std::wstring sText(static_cast<std::size_t>(GetWindowTextLengthW(hWnd)) + 1, L'\0');
+    sText.resize(
+        static_cast<std::size_t>(SendMessageW(hWnd, WM_GETTEXT, sText.size(), reinterpret_cast<LPARAM>(sText.data()))));
+    return sText;
+}
+
+CRunningApplication::CRunningApplication(bool bKeepSettings, std::wstring* pDebugLog)
+{
+    if (!bKeepSettings)
+        DeleteFileW(GetSettingsPath().c_str());
+    m_hEnded = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    const HANDLE hReady = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    m_Thread = std::thread([=, this] { ThreadBody(pDebugLog, hReady); });
+    WaitForSingleObject(hReady, c_dwPatience);
+    CloseHandle(hReady);
+
+    // The window shows itself at the end of its making.
+    Poll(
+        [&]
+        {
+            EnumThreadWindows(m_dwThreadId, FindMainWindow, reinterpret_cast<LPARAM>(&m_hMain));
+            return m_hMain != nullptr && IsWindowVisible(m_hMain);
+        });
+    WaitUntil([](CKinetarium&) { return true; });
+}
+
+CRunningApplication::~CRunningApplication()
+{
+    EXPECT_TRUE(Close()) << "the application did not end";
+    CloseHandle(m_hEnded);
+}
+
+void CRunningApplication::ThreadBody(std::wstring* pDebugLog, HANDLE hReady)
+{
+    m_dwThreadId = GetCurrentThreadId();
+    WNDCLASSW invokerClass{};
+    invokerClass.lpfnWndProc = InvokerProc;
+    invokerClass.lpszClassName = c_sInvokerClass;
+    RegisterClassW(&invokerClass);
+    m_hInvoker = CreateWindowW(c_sInvokerClass, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    SetEvent(hReady);
+    {
+        const CKinetarium application(pDebugLog, GetModuleHandleW(nullptr));
+    }
+    DestroyWindow(m_hInvoker);
+    SetEvent(m_hEnded);
+}
+
+LRESULT CALLBACK CRunningApplication::InvokerProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    if (uMessage != c_uInvoke)
+        return DefWindowProcW(hWnd, uMessage, wParam, lParam);
+    const auto* pInvocation = reinterpret_cast<const CInvocation*>(lParam);
+    auto* pApplication = reinterpret_cast<CKinetarium*>(GetWindowLongPtrW(pInvocation->hMain, GWLP_USERDATA));
+    if (pApplication != nullptr)
+        (*pInvocation->body)(*pApplication);
+    return 0;
+}
+
+void CRunningApplication::Do(const std::function<void(CKinetarium&)>& body) const
+{
+    const CInvocation invocation{&body, m_hMain};
+    SendMessageW(m_hInvoker, c_uInvoke, 0, reinterpret_cast<LPARAM>(&invocation));
+}
+
+bool CRunningApplication::Poll(const std::function<bool()>& condition)
+{
+    const auto deadline = std::chrono::steady_clock::now() + c_Patience;
+    while (!condition())
+    {
+        if (std::chrono::steady_clock::now() > deadline)
+            return false;
+        std::this_thread::sleep_for(c_Pause);
+    }
+    return true;
+}
+
+bool CRunningApplication::WaitUntil(const std::function<bool(CKinetarium&)>& condition) const
+{
+    return Poll(
+        [&]
+        {
+            bool bHolds = false;
+            Do([&](CKinetarium& application) { bHolds = condition(application); });
+            return bHolds;
+        });
+}
+
+bool CRunningApplication::WaitForWorker(bool bExpected) const
+{
+    return WaitUntil(
+        [&](CKinetarium& application) {
+            return CKinetariumProbe::HasWorker(application) == bExpected && !CKinetariumProbe::IsStopping(application);
+        });
+}
+
+HWND CRunningApplication::FindControl(const wchar_t* sKey) const
+{
+    HWND hControl = nullptr;
+    Do([&](CKinetarium& application) { hControl = CKinetariumProbe::GetControl(application, sKey); });
+    return hControl;
+}
+
+std::wstring CRunningApplication::GetControlText(const wchar_t* sKey) const
+{
+    return GetText(FindControl(sKey));
+}
+
+void CRunningApplication::SetControlText(const wchar_t* sKey, const wchar_t* sText) const
+{
+    SendMessageW(FindControl(sKey), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(sText));
+}
+
+std::wstring CRunningApplication::GetButtonText() const
+{
+    HWND hButton = nullptr;
+    Do([&](CKinetarium& application) { hButton = CKinetariumProbe::GetStartButton(application); });
+    return GetText(hButton);
+}
+
+void CRunningApplication::PressButton() const
+{
+    HWND hButton = nullptr;
+    Do([&](CKinetarium& application) { hButton = CKinetariumProbe::GetStartButton(application); });
+    PostMessageW(hButton, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+    PostMessageW(hButton, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+}
+
+void CRunningApplication::ClickWorld(int x, int y) const
+{
+    PostMessageW(m_hMain, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+}
+
+bool CRunningApplication::Close()
+{
+    if (!m_Thread.joinable())
+        return true;
+    PostMessageW(m_hMain, WM_CLOSE, 0, 0);
+    if (WaitForSingleObject(m_hEnded, c_dwPatience) != WAIT_OBJECT_0)
+    {
+        m_Thread.detach();
+        return false;
+    }
+    m_Thread.join();
+    return true;
+}
+
+std::wstring CRunningApplication::GetSettingsPath()
+{
+    wchar_t sPath[MAX_PATH] = L"";
+    GetModuleFileNameW(nullptr, sPath, MAX_PATH);
+    std::wstring sFolder(sPath);
+    return sFolder.substr(0, sFolder.rfind(L'\\') + 1) + SettingsFile::c_sFileName;
+}
+
+std::wstring CRunningApplication::ReadSetting(const wchar_t* sKey)
+{
+    wchar_t sValue[64] = L"";
+    GetPrivateProfileStringW(SettingsFile::c_sSection, sKey, L"<missing>", sValue,
+                             static_cast<DWORD>(std::size(sValue)), GetSettingsPath().c_str());
+    return sValue;
+}
+
+void CRunningApplication::WriteSetting(const wchar_t* sKey, const wchar_t* sValue)
+{
+    WritePrivateProfileStringW(SettingsFile::c_sSection, sKey, sValue, GetSettingsPath().c_str());
+}

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "classes/core/CSize.h"
+#include "classes/core/CWString.h"
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <thread>
+#include <windows.h>
+
+class CKinetarium;
+
+/// The tests' view of a running application's inside. Call it on the application's own thread
+/// (CRunningApplication::Do).
+class CKinetariumProbe
+{
+public:
+    static bool HasWorker(const CKinetarium& application);
+    static bool IsStopping(const CKinetarium& application);
+    static bool IsFullScreen(const CKinetarium& application);
+    static int GetAtomCount(const CKinetarium& application);
+    static CSize<int> GetWorldSize(const CKinetarium& application);
+    static CWString GetIniPath(const CKinetarium& application);
+    static CWString GetText(const CKinetarium& application, const wchar_t* sKey);
+    static HWND GetView(const CKinetarium& application);
+    static HWND GetPanel(const CKinetarium& application);
+    static HWND GetStartButton(const CKinetarium& application);
+    static HWND GetStatusBar(const CKinetarium& application);
+    static HWND GetControl(const CKinetarium& application, const wchar_t* sKey);
+    static COLORREF GetColour(CKinetarium& application, const wchar_t* sKey);
+    static void SetColour(CKinetarium& application, const wchar_t* sKey, COLORREF crColour);
+    static void Start(CKinetarium& application);
+    static void Stop(CKinetarium& application);
+    static void Describe(CKinetarium& application, HWND hControl, const POINT& point);
+};
+
+/// Runs the whole application on a thread of its own, as its entry point would, and closes it at the end.
+///
+/// Everything that the tests read is fetched on the application's thread, between two of its messages.
+class CRunningApplication
+{
+public:
+    static constexpr std::chrono::seconds c_Patience{20}; ///< far beyond what any of this takes, even under load
+
+    /// Deletes the settings file first unless bKeepSettings. The log may be null.
+    explicit CRunningApplication(bool bKeepSettings = false, std::wstring* pDebugLog = nullptr);
+    ~CRunningApplication();
+    CRunningApplication(const CRunningApplication&) = delete;
+    CRunningApplication& operator=(const CRunningApplication&) = delete;
+
+    HWND GetMain() const { return m_hMain; }
+    bool IsRunning() const { return IsWindow(m_hMain) != FALSE; }
+
+    /// Runs the body on the application's thread and returns when it is done. Ignored once the window is gone.
+    void Do(const std::function<void(CKinetarium&)>& body) const;
+
+    /// Polls the condition on the application's thread until it holds; false when it never did.
+    bool WaitUntil(const std::function<bool(CKinetarium&)>& condition) const;
+
+    /// As WaitUntil, on the caller's thread.
+    static bool Poll(const std::function<bool()>& condition);
+
+    bool WaitForWorker(bool bExpected) const;
+    HWND FindControl(const wchar_t* sKey) const;
+    std::wstring GetControlText(const wchar_t* sKey) const;
+    void SetControlText(const wchar_t* sKey, const wchar_t* sText) const;
+    std::wstring GetButtonText() const;
+
+    /// Presses the Start/Stop button as its click would.
+    void PressButton() const;
+
+    /// Clicks into the world, at a point of the main window's client area.
+    void ClickWorld(int x, int y) const;
+
+    /// Closes as the title bar's button does and waits for the end of the run; false when it did not end.
+    bool Close();
+
+    static std::wstring GetSettingsPath();
+    static std::wstring ReadSetting(const wchar_t* sKey);
+    static void WriteSetting(const wchar_t* sKey, const wchar_t* sValue);
+
+private:
+    static LRESULT CALLBACK InvokerProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
+    void ThreadBody(std::wstring* pDebugLog, HANDLE hReady);
+
+    HWND m_hInvoker = nullptr;
+    HWND m_hMain = nullptr;
+    HANDLE m_hEnded = nullptr;
+    DWORD m_dwThreadId = 0;
+    std::thread m_Thread;
+};
+
+/// The text of any window of this process.
+std::wstring GetText(HWND hWnd);

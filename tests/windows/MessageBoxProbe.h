@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <windows.h>
+
+/// A message as the user sees it. The handle is null when none appeared.
+struct CShownMessage
+{
+    HWND hWnd = nullptr;
+    HWND hButton = nullptr;
+    std::wstring sTitle;
+    std::wstring sText;
+    std::wstring sButton;
+};
+
+/// Waits until the owner has a message box with a button, and reads it.
+CShownMessage WaitForMessageBox(HWND hOwner);
+
+/// The visible popup of the owner, or null at once.
+HWND FindPopup(HWND hOwner);
+
+/// Presses the message's button and waits until the message is gone; false when it stayed.
+bool CloseMessageBox(const CShownMessage& message);
