@@ -11,8 +11,8 @@ mkdir -p "$1"
 prefix=$(cd "$1" && pwd)
 size=${2:-}
 marker="$prefix/kinetarium-prefix"
-# Goes up when the registry below changes, so that prefixes of earlier checkouts are brought up to date.
-layout=1
+# Goes up when something below changes, so that prefixes of earlier checkouts are brought up to date.
+layout=2
 wanted="layout $layout, desktop ${size:-none}"
 
 is_ready() {
@@ -49,6 +49,16 @@ registry() {
     fi
 }
 
+# Debian keeps Wine's fonts where its Wine does not look. They are found in the folder of Windows' own: Tahoma, which
+# labels and the status bar are written in, and Marlett, whose letters are the signs on a title bar's buttons.
+link_fonts() {
+    local folder="$prefix/drive_c/windows/Fonts" font
+    mkdir -p "$folder"
+    for font in /usr/share/wine/fonts/*.ttf; do
+        ln -sf "$font" "$folder/"
+    done
+}
+
 # The services of Wine must not hold on to this script's output, lock or display.
 quietly() {
     "$@" </dev/null >>"$log" 2>&1 9>&-
@@ -65,6 +75,7 @@ unset DISPLAY WAYLAND_DISPLAY
 rm -f "$marker"
 trap finish EXIT
 quietly timeout 180 wine wineboot -u || { echo "error: Wine cannot make $prefix; see $log" >&2; exit 1; }
+link_fonts
 registry >"$prefix/kinetarium.reg"
 quietly timeout 60 wine regedit "Z:$prefix/kinetarium.reg" ||
     { echo "error: Wine cannot set up $prefix; see $log" >&2; exit 1; }

@@ -1,0 +1,79 @@
+#!/usr/bin/env bash
+# Builds Kinetarium and starts it. See --help.
+set -euo pipefail
+called_from=$PWD
+cd "$(dirname "$0")"
+
+usage() {
+    cat <<'TEXT'
+usage: ./run.sh [--seconds N] [--screenshot FILE] [--help]
+
+Installs the packages that are missing (Debian 12, as root), fetches {fmt} 11, builds Kinetarium.exe and starts it
+under Wine.
+
+With a display it opens the window and returns when that is closed. Without one, or with one of the options below, it
+gives a demonstration on a virtual display of its own: presses Start as a user would, prints at least two of the
+statistics lines, saves a picture of the window, presses Stop and closes the window. The exit code is 0 only if all of
+that went well. Nothing that was started is left running.
+
+  --seconds N        let the demonstration run for at least N seconds
+  --screenshot FILE  where the picture goes (out/kinetarium.png)
+  --help             this text
+TEXT
+}
+
+fail() {
+    echo "error: $*" >&2
+    exit 1
+}
+
+seconds=0
+picture=out/kinetarium.png
+demonstration=no
+[ -n "${DISPLAY:-}" ] || demonstration=yes
+while [ $# -gt 0 ]; do
+    case "$1" in
+    --seconds)
+        [[ "${2:-}" =~ ^[0-9]{1,5}$ ]] || fail "--seconds needs a whole number below 100000"
+        seconds=$((10#$2)) && demonstration=yes && shift 2
+        ;;
+    --screenshot)
+        [ -n "${2:-}" ] || fail "--screenshot needs a file"
+        picture=$(cd "$called_from" && realpath -m "$2") && demonstration=yes && shift 2
+        ;;
+    --help | -h) usage && exit 0 ;;
+    *) usage >&2 && exit 2 ;;
+    esac
+done
+
+step() {
+    printf '\n== %s\n' "$*"
+}
+
+step "Packages"
+scripts/install-packages.sh
+step "Libraries that Debian 12 does not have"
+scripts/fetch-dependencies.sh
+step "Windows build"
+scripts/build.sh windows-release -- Kinetarium kinetarium-driver
+bin=build/windows-release/bin
+
+if [ "$demonstration" = no ]; then
+    step "Kinetarium, until its window is closed"
+    code=0
+    scripts/wine-session.sh --this-display --prefix build/windows-release/wine-window -- \
+        wine "$bin/Kinetarium.exe" || code=$?
+    [ "$code" -eq 0 ] || fail "Kinetarium.exe ended with exit code $code"
+    exit 0
+fi
+
+step "Demonstration on a virtual display"
+mkdir -p "$(dirname "$picture")"
+rm -f "$picture"
+# The driver gives up by itself when something takes too long; this ends it if that should fail.
+code=0
+scripts/wine-session.sh -- timeout --kill-after=10 "$((seconds + 300))" \
+    wine "$bin/kinetarium-driver.exe" "$bin/Kinetarium.exe" --seconds "$seconds" --screenshot "$picture" || code=$?
+[ "$code" -eq 0 ] || fail "the demonstration ended with exit code $code"
+[ -s "$picture" ] || fail "there is no picture at $picture"
+echo "Done: the picture is $picture"

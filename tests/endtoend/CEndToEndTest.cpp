@@ -1,0 +1,12 @@
+#include "tests/endtoend/CEndToEndTest.h"
+
+#include <windows.h>
+
+#include <array>
+
+std::filesystem::path BuiltProgram()
+{
+    std::array<wchar_t, MAX_PATH> path{};
+    GetModuleFileNameW(nullptr, path.data(), MAX_PATH);
+    return std::filesystem::path(path.data()).parent_path() / "Kinetarium.exe";
+}

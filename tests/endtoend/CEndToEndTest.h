@@ -1,0 +1,31 @@
+#pragma once
+
+#include "tests/endtoend/CDrivenProgram.h"
+#include "tests/endtoend/CKinetariumUser.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+
+/// The program that was built beside the test program.
+std::filesystem::path BuiltProgram();
+
+/// A fresh copy of the program with the default settings, running, and someone who uses it.
+class CEndToEndTest : public testing::Test
+{
+protected:
+    CEndToEndTest() : m_copy(BuiltProgram()), m_program(m_copy.GetPath()), m_user(m_program) {}
+
+    /// Closes the window and expects a clean end.
+    void ExpectCleanClose() const
+    {
+        constexpr auto c_patience = std::chrono::milliseconds(20000);
+        m_user.Close();
+        EXPECT_EQ(m_program.WaitForExit(c_patience), 0U);
+    }
+
+    CProgramCopy m_copy;
+    CDrivenProgram m_program;
+    CKinetariumUser m_user;
+};

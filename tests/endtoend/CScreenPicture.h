@@ -1,0 +1,27 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <vector>
+
+/// A copy of a part of the screen.
+class CScreenPicture
+{
+public:
+    /// Copies a rectangle given in screen coordinates, cut to the screen. Throws std::runtime_error if nothing is left.
+    explicit CScreenPicture(RECT rcPart);
+
+    int GetWidth() const { return m_iWidth; }
+    int GetHeight() const { return m_iHeight; }
+    /// The colour of a pixel, counted from the upper left corner.
+    COLORREF GetPixel(int iX, int iY) const;
+    /// Throws std::runtime_error if the file cannot be written.
+    void SavePng(const std::filesystem::path& file) const;
+
+private:
+    int m_iWidth = 0;
+    int m_iHeight = 0;
+    std::vector<std::uint32_t> m_aPixels; // 0x00RRGGBB, rows from top to bottom
+};

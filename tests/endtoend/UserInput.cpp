@@ -1,0 +1,103 @@
+#include "tests/endtoend/UserInput.h"
+
+#include "tests/endtoend/WaitUntil.h"
+
+#include <initializer_list>
+#include <stdexcept>
+#include <vector>
+
+namespace
+{
+constexpr auto c_patience = std::chrono::milliseconds(5000);
+constexpr UINT c_uAnswerMilliseconds = 2000; // a program that is busy for longer counts as not answering
+constexpr LONG c_iAbsoluteRange = 65535;     // the far edge of the screen in the units of absolute mouse input
+
+void Send(std::vector<INPUT> inputs)
+{
+    const auto uCount = static_cast<UINT>(inputs.size());
+    if (SendInput(uCount, inputs.data(), sizeof(INPUT)) != uCount)
+    {
+        throw std::runtime_error("the system does not accept input");
+    }
+}
+
+void SendMouse(std::initializer_list<DWORD> flags)
+{
+    std::vector<INPUT> inputs;
+    for (const DWORD uFlags : flags)
+    {
+        INPUT input{};
+        input.type = INPUT_MOUSE;
+        input.mi.dwFlags = uFlags;
+        inputs.push_back(input);
+    }
+    Send(inputs);
+}
+
+// Rounded up, so that the system's division, which rounds down, gives the pixel again.
+LONG ToAbsolute(LONG iPixel, int iScreenMetric)
+{
+    const LONG iLast = GetSystemMetrics(iScreenMetric) - 1;
+    return (iPixel * c_iAbsoluteRange + iLast - 1) / iLast;
+}
+} // namespace
+
+void MoveMouse(POINT point)
+{
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+    input.mi.dx = ToAbsolute(point.x, SM_CXSCREEN);
+    input.mi.dy = ToAbsolute(point.y, SM_CYSCREEN);
+    Send({input});
+    WaitUntil("the mouse to arrive", c_patience,
+              [&]
+              {
+                  POINT now{};
+                  return GetCursorPos(&now) != FALSE && labs(now.x - point.x) <= 1 && labs(now.y - point.y) <= 1;
+              });
+}
+
+void ClickLeft()
+{
+    SendMouse({MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP});
+}
+
+void ClickRight()
+{
+    SendMouse({MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP});
+}
+
+void PressKey(WORD uKey)
+{
+    INPUT down{};
+    down.type = INPUT_KEYBOARD;
+    down.ki.wVk = uKey;
+    INPUT up = down;
+    up.ki.dwFlags = KEYEVENTF_KEYUP;
+    Send({down, up});
+}
+
+void BringToFront(HWND hWindow)
+{
+    if (GetForegroundWindow() == hWindow)
+    {
+        return;
+    }
+    SetForegroundWindow(hWindow);
+    WaitUntil("the window to come to the front", c_patience, [&] { return GetForegroundWindow() == hWindow; });
+}
+
+std::wstring ReadText(HWND hWindow)
+{
+    constexpr std::size_t c_uLongest = 1024;
+    std::wstring sText(c_uLongest, L'\0');
+    DWORD_PTR uLength = 0;
+    if (SendMessageTimeoutW(hWindow, WM_GETTEXT, sText.size(), reinterpret_cast<LPARAM>(sText.data()), SMTO_ABORTIFHUNG,
+                            c_uAnswerMilliseconds, &uLength) == 0)
+    {
+        return {};
+    }
+    sText.resize(uLength);
+    return sText;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <windows.h>
+
+#include <chrono>
+#include <string>
+
+// What a person at the machine does, as input of the whole desktop: the system decides which window gets it.
+
+/// Moves the mouse to a point of the screen. Throws std::runtime_error if it does not get there.
+void MoveMouse(POINT point);
+
+/// Presses and releases the left button where the mouse is now.
+void ClickLeft();
+
+/// Presses and releases the right button where the mouse is now.
+void ClickRight();
+
+/// Presses and releases a key, given by its virtual-key code.
+void PressKey(WORD uKey);
+
+/// Brings a window to the front, as a click on its title would.
+void BringToFront(HWND hWindow);
+
+/// The text of a window of another program; empty if it does not answer in time.
+std::wstring ReadText(HWND hWindow);

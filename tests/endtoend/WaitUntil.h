@@ -1,0 +1,28 @@
+#pragma once
+
+#include <windows.h>
+
+#include <chrono>
+#include <stdexcept>
+#include <string>
+
+/// Asks `condition` every few milliseconds until it gives something true, and returns that. Throws std::runtime_error
+/// that names `sWhat` when the time is over.
+template<class F>
+auto WaitUntil(const std::string& sWhat, std::chrono::milliseconds patience, F&& condition)
+{
+    constexpr DWORD c_uPollMilliseconds = 10;
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    for (;;)
+    {
+        if (auto result = condition())
+        {
+            return result;
+        }
+        if (std::chrono::steady_clock::now() >= deadline)
+        {
+            throw std::runtime_error("waited " + std::to_string(patience.count()) + " ms in vain for " + sWhat);
+        }
+        Sleep(c_uPollMilliseconds);
+    }
+}
