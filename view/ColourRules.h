@@ -51,15 +51,13 @@ constexpr CSpeedLimits GetSpeedLimits(float fAverageSpeed, const CColourSettings
 }
 
 // Class (0..2) of an atom in Speed mode. The slow class wins where the limits overlap; a speed that is not a number
-// is class 1.
+// is class 1. Without a branch: the classes of neighbours in the array are in no order.
 constexpr int ClassOfSpeed(float fSpeed, const CSpeedLimits& limits)
 {
     const double dSpeed = static_cast<double>(fSpeed);
-    if (dSpeed <= limits.dSlow)
-    {
-        return 0;
-    }
-    return dSpeed >= limits.dFast ? 2 : 1;
+    const int iNotSlow = static_cast<int>(!(dSpeed <= limits.dSlow));
+    const int iFast = static_cast<int>(dSpeed >= limits.dFast);
+    return iNotSlow + (iNotSlow & iFast);
 }
 
 // Class of one atom in Speed mode: \p fSpeed compared with multiples of \p fAverageSpeed.

@@ -16,22 +16,20 @@
 // the view lose their outermost pixels; more only hands a few invisible atoms to the painter.
 constexpr float c_fDrawingMarginPixels = 2.0F;
 
-// The part of the view in which drawing an atom can change a pixel.
+// The part of the world in which drawing an atom can change a pixel of the view.
 //
-// An atom is in it when |left + x - cx| <= w + r and |top + y - cy| <= h + r, where (cx, cy) is the middle of the
-// visible rectangle and w, h are half its sides plus the drawing margin. The sum left + x is formed in single
-// precision, exactly as the painters form it, so that both see the same place. A position that is not finite is
-// never in it: the painters may convert every coordinate that they are handed to an integer.
+// An atom is in it when |x - cx| <= w + r and |y - cy| <= h + r, where (cx, cy) is the middle of the visible rectangle
+// in world coordinates and w, h are half its sides plus the drawing margin. For worlds of up to a million pixels the
+// single-precision sums, here and in the painters, are wrong by less than a quarter of a pixel, which the margin
+// covers. A position that is not finite is never in it: the painters are only handed what has a place.
 class CVisibleArea
 {
 public:
     // \param rcVisible visible pixels, in view coordinates; nothing is visible in an empty one.
     // \param ptWorld   left top corner of the world, in view coordinates.
     CVisibleArea(const CRect& rcVisible, const CPoint<int>& ptWorld)
-        : m_fLeft(static_cast<float>(ptWorld.x)),
-          m_fTop(static_cast<float>(ptWorld.y)),
-          m_fCentreX(Middle(rcVisible.left, rcVisible.right)),
-          m_fCentreY(Middle(rcVisible.top, rcVisible.bottom)),
+        : m_fCentreX(Middle(rcVisible.left, rcVisible.right, ptWorld.x)),
+          m_fCentreY(Middle(rcVisible.top, rcVisible.bottom, ptWorld.y)),
           m_fHalfWidth(Half(rcVisible.left, rcVisible.right)),
           m_fHalfHeight(Half(rcVisible.top, rcVisible.bottom))
     {
@@ -41,13 +39,16 @@ public:
     bool Shows(const CAtom& atom) const
     {
         const float fRadius = static_cast<float>(atom.radius);
-        const bool bColumn = std::fabs((m_fLeft + atom.x) - m_fCentreX) <= m_fHalfWidth + fRadius;
-        const bool bRow = std::fabs((m_fTop + atom.y) - m_fCentreY) <= m_fHalfHeight + fRadius;
+        const bool bColumn = std::fabs(atom.x - m_fCentreX) <= m_fHalfWidth + fRadius;
+        const bool bRow = std::fabs(atom.y - m_fCentreY) <= m_fHalfHeight + fRadius;
         return static_cast<bool>(static_cast<unsigned>(bColumn) & static_cast<unsigned>(bRow));
     }
 
 private:
-    static float Middle(int iLow, int iHigh) { return (static_cast<float>(iLow) + static_cast<float>(iHigh)) / 2.0F; }
+    static float Middle(int iLow, int iHigh, int iOrigin)
+    {
+        return (static_cast<float>(iLow) + static_cast<float>(iHigh)) / 2.0F - static_cast<float>(iOrigin);
+    }
 
     static float Half(int iLow, int iHigh)
     {
@@ -58,8 +59,6 @@ private:
         return (static_cast<float>(iHigh) - static_cast<float>(iLow)) / 2.0F + c_fDrawingMarginPixels;
     }
 
-    float m_fLeft;
-    float m_fTop;
     float m_fCentreX;
     float m_fCentreY;
     float m_fHalfWidth;

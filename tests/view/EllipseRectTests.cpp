@@ -1,9 +1,14 @@
 #include "view/EllipseRect.h"
 
+#include "classes/core/Dbl.h"
+
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <limits>
+#include <random>
 
 namespace
 {
@@ -42,10 +47,39 @@ TEST(EllipseRect, SumsAreFormedInSinglePrecision)
     EXPECT_EQ(9999, GetEllipseRect(atomBelow, {9999, 0}).left); // the sum has become 9999.5 as well
 }
 
-TEST(EllipseRect, CornersOutsideAnIntegersRangeStopAtItsEnds)
+// An atom that is torn between two writes may lie anywhere while it is drawn.
+TEST(EllipseRect, APositionOutsideEveryWorldGivesARectangleOutsideEveryView)
 {
+    constexpr int c_iEnd = 1 << 30;
     const CRect rc = GetEllipseRect(MakeAtom(1e30F, -1e30F, 3), {0, 0});
-    EXPECT_EQ(std::numeric_limits<int>::max(), rc.left);
-    EXPECT_EQ(std::numeric_limits<int>::min(), rc.top);
-    EXPECT_EQ((CRect{0, 2, 0, 8}), GetEllipseRect(MakeAtom(std::nanf(""), 5.0F, 3), {0, 0}));
+    EXPECT_EQ((CRect{c_iEnd, -c_iEnd, c_iEnd, -c_iEnd}), rc);
+    EXPECT_EQ(-c_iEnd, GetEllipseRect(MakeAtom(std::nanf(""), 5.0F, 3), {0, 0}).left);
+    EXPECT_EQ(c_iEnd, GetEllipseRect(MakeAtom(std::numeric_limits<float>::infinity(), 5.0F, 3), {0, 0}).right);
+}
+
+// The quick form against the general one, over every exponent that a float has.
+TEST(RoundToPixel, EqualsRoundingHalfAwayFromZero)
+{
+    std::mt19937 random(3);
+    constexpr int c_iNumbers = 1'000'000;
+    constexpr float c_fEnd = 2147483648.0F;
+    for (int i = 0; i < c_iNumbers; ++i)
+    {
+        const float fPosition = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
+        if (std::fabs(fPosition) < c_fEnd)
+        {
+            ASSERT_EQ(static_cast<int>(Dbl_Round(static_cast<double>(fPosition), 0)), RoundToPixel(fPosition))
+                << fPosition;
+        }
+    }
+    constexpr int c_iHalves = 20'000;
+    for (int i = -c_iHalves; i <= c_iHalves; ++i)
+    {
+        const float fHalf = static_cast<float>(i) / 2.0F;
+        for (const float fPosition : {fHalf, std::nextafter(fHalf, -c_fEnd), std::nextafter(fHalf, c_fEnd)})
+        {
+            ASSERT_EQ(static_cast<int>(Dbl_Round(static_cast<double>(fPosition), 0)), RoundToPixel(fPosition))
+                << fPosition;
+        }
+    }
 }
