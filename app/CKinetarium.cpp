@@ -38,29 +38,25 @@ void CKinetarium::Run(HINSTANCE hInstance)
 
 CKinetarium::~CKinetarium()
 {
-    Traced({m_pDebugLog, __TIMESTAMP__},
-           [&]
-           {
-               StopSimulation();
-               if (m_hSimulationDone != nullptr)
-               {
-                   CloseHandle(m_hSimulationDone);
-                   m_hSimulationDone = nullptr;
-               }
-               m_pWorldView.reset();
-               m_pDataCtrlGroup.reset();
-           });
+    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
+        StopSimulation();
+        if (m_hSimulationDone != nullptr)
+        {
+            CloseHandle(m_hSimulationDone);
+            m_hSimulationDone = nullptr;
+        }
+        m_pWorldView.reset();
+        m_pDataCtrlGroup.reset();
+    });
 }
 
 LRESULT CALLBACK CKinetarium::WndProcWrapper(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
-    return Guarded({nullptr, __TIMESTAMP__}, LRESULT{0},
-                   [&]
-                   {
-                       // Messages that arrive while the window is being created find no object yet.
-                       auto* pThis = reinterpret_cast<CKinetarium*>(GetWindowLongPtrW(hWnd, GWLP_USERDATA));
-                       if (pThis == nullptr)
-                           return DefWindowProcW(hWnd, uMessage, wParam, lParam);
-                       return pThis->WndProc(hWnd, uMessage, wParam, lParam);
-                   });
+    return Guarded({nullptr, __TIMESTAMP__}, LRESULT{0}, [&] {
+        // Messages that arrive while the window is being created find no object yet.
+        auto* pThis = reinterpret_cast<CKinetarium*>(GetWindowLongPtrW(hWnd, GWLP_USERDATA));
+        if (pThis == nullptr)
+            return DefWindowProcW(hWnd, uMessage, wParam, lParam);
+        return pThis->WndProc(hWnd, uMessage, wParam, lParam);
+    });
 }

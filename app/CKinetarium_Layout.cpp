@@ -38,29 +38,27 @@ void DeferPosition(HDWP& hPositions, HWND hWnd, const CRect& rectangle)
 
 void CKinetarium::SetControlPositions(int cx, int cy)
 {
-    Traced({m_pDebugLog, __TIMESTAMP__},
-           [&]
-           {
-               if (!m_bInitialised || s_bLayoutInProgress)
-                   return;
-               const CLayoutScope inProgress;
+    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
+        if (!m_bInitialised || s_bLayoutInProgress)
+            return;
+        const CLayoutScope inProgress;
 
-               CSize<int> client{cx, cy};
-               if (cx == -1 || cy == -1)
-               {
-                   RECT rcClient{};
-                   GetClientRect(m_hWnd, &rcClient);
-                   client = {rcClient.right, rcClient.bottom};
-               }
+        CSize<int> client{cx, cy};
+        if (cx == -1 || cy == -1)
+        {
+            RECT rcClient{};
+            GetClientRect(m_hWnd, &rcClient);
+            client = {rcClient.right, rcClient.bottom};
+        }
 
-               HDWP hPositions = BeginDeferWindowPos(c_iDeferredPositions);
-               if (m_bFullscreen)
-                   DeferPosition(hPositions, m_pWorldView->GetWindowHandle(), ComputeFullScreenView(client));
-               else
-                   LayOut_Windowed(hPositions, client);
-               if (hPositions != nullptr)
-                   EndDeferWindowPos(hPositions);
-           });
+        HDWP hPositions = BeginDeferWindowPos(c_iDeferredPositions);
+        if (m_bFullscreen)
+            DeferPosition(hPositions, m_pWorldView->GetWindowHandle(), ComputeFullScreenView(client));
+        else
+            LayOut_Windowed(hPositions, client);
+        if (hPositions != nullptr)
+            EndDeferWindowPos(hPositions);
+    });
 }
 
 void CKinetarium::LayOut_Windowed(HDWP& hPositions, const CSize<int>& client)
@@ -81,56 +79,51 @@ void CKinetarium::LayOut_Windowed(HDWP& hPositions, const CSize<int>& client)
 
 bool CKinetarium::FitWindowOnMonitor(RECT* pRect)
 {
-    return Traced(
-        {m_pDebugLog, __TIMESTAMP__}, false,
-        [&]
-        {
-            if (pRect == nullptr)
-                return false;
-            const auto& keys = SettingsFile::c_sWindowKeys;
-            const CRect saved{Settings_ReadInteger(keys[0], 0), Settings_ReadInteger(keys[1], 0),
-                              Settings_ReadInteger(keys[2], 0), Settings_ReadInteger(keys[3], 0)};
+    return Traced({m_pDebugLog, __TIMESTAMP__}, false, [&] {
+        if (pRect == nullptr)
+            return false;
+        const auto& keys = SettingsFile::c_sWindowKeys;
+        const CRect saved{Settings_ReadInteger(keys[0], 0), Settings_ReadInteger(keys[1], 0),
+                          Settings_ReadInteger(keys[2], 0), Settings_ReadInteger(keys[3], 0)};
 
-            CDisplayMonitors displays;
-            std::vector<CMonitorArea> monitors;
-            displays.GetDisplayMonitors(m_pDebugLog);
-            for (const CDisplayMonitor& display : displays.GetList())
-                monitors.push_back({ToRect(display.rc), display.bMain});
+        CDisplayMonitors displays;
+        std::vector<CMonitorArea> monitors;
+        displays.GetDisplayMonitors(m_pDebugLog);
+        for (const CDisplayMonitor& display : displays.GetList())
+            monitors.push_back({ToRect(display.rc), display.bMain});
 
-            const CMonitorFit fit =
-                FitRectangleOnMonitors(saved, monitors, {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)});
-            OutputDebugMessage(m_pDebugLog, L"Best fitting monitor = %u\n", static_cast<unsigned>(fit.bestMonitor));
-            if (fit.switchedToMain)
-                OutputDebugMessage(
-                    m_pDebugLog,
-                    L"The application window doesn't fit on the monitor. Switching to main display monitor %u.\n",
-                    static_cast<unsigned>(fit.chosenMonitor));
-            OutputDebugMessage(m_pDebugLog, L"Monitor %u  = (%i,%i) - (%i,%i)\nApp window = (%i,%i) - (%i,%i)\n",
-                               static_cast<unsigned>(fit.chosenMonitor), fit.monitor.left, fit.monitor.top,
-                               fit.monitor.right, fit.monitor.bottom, fit.window.left, fit.window.top, fit.window.right,
-                               fit.window.bottom);
-            *pRect = ToRECT(fit.window);
-            return true;
-        });
+        const CMonitorFit fit =
+            FitRectangleOnMonitors(saved, monitors, {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)});
+        OutputDebugMessage(m_pDebugLog, L"Best fitting monitor = %u\n", static_cast<unsigned>(fit.bestMonitor));
+        if (fit.switchedToMain)
+            OutputDebugMessage(
+                m_pDebugLog,
+                L"The application window doesn't fit on the monitor. Switching to main display monitor %u.\n",
+                static_cast<unsigned>(fit.chosenMonitor));
+        OutputDebugMessage(m_pDebugLog, L"Monitor %u  = (%i,%i) - (%i,%i)\nApp window = (%i,%i) - (%i,%i)\n",
+                           static_cast<unsigned>(fit.chosenMonitor), fit.monitor.left, fit.monitor.top,
+                           fit.monitor.right, fit.monitor.bottom, fit.window.left, fit.window.top, fit.window.right,
+                           fit.window.bottom);
+        *pRect = ToRECT(fit.window);
+        return true;
+    });
 }
 
 void CKinetarium::OnEraseBackground()
 {
-    Traced({m_pDebugLog, __TIMESTAMP__},
-           [&]
-           {
-               RECT rcClient{};
-               if (!m_bInitialised || !GetClientRect(m_hWnd, &rcClient))
-                   return;
-               if (GetRectWidth(rcClient) != GetRectWidth(m_rcLastClient) ||
-                   GetRectHeight(rcClient) != GetRectHeight(m_rcLastClient))
-               {
-                   SetControlPositions(rcClient.right, rcClient.bottom);
-                   m_rcLastClient = rcClient;
-                   GetBackdrop()->SetDrawingRect(&rcClient);
-               }
-               PaintBackground(rcClient);
-           });
+    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
+        RECT rcClient{};
+        if (!m_bInitialised || !GetClientRect(m_hWnd, &rcClient))
+            return;
+        if (GetRectWidth(rcClient) != GetRectWidth(m_rcLastClient) ||
+            GetRectHeight(rcClient) != GetRectHeight(m_rcLastClient))
+        {
+            SetControlPositions(rcClient.right, rcClient.bottom);
+            m_rcLastClient = rcClient;
+            GetBackdrop()->SetDrawingRect(&rcClient);
+        }
+        PaintBackground(rcClient);
+    });
 }
 
 // The frame is composed off-screen and copied in one piece, so that no half-drawn background ever shows. Child windows

@@ -44,9 +44,9 @@ LRESULT CKinetarium::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lPa
         {WM_RBUTTONUP, &CKinetarium::On_RightButtonUp},
         {c_uDeferredToggle, &CKinetarium::On_DeferredToggle},
     };
-    return Guarded({m_pDebugLog, __TIMESTAMP__}, LRESULT{0},
-                   [&]
-                   { return DispatchMessage_Table<CKinetarium>(*this, c_Messages, hWnd, uMessage, wParam, lParam); });
+    return Guarded({m_pDebugLog, __TIMESTAMP__}, LRESULT{0}, [&] {
+        return DispatchMessage_Table<CKinetarium>(*this, c_Messages, hWnd, uMessage, wParam, lParam);
+    });
 }
 
 std::optional<LRESULT> CKinetarium::On_Destroy(WPARAM, LPARAM)
@@ -223,12 +223,10 @@ std::optional<LRESULT> CKinetarium::On_Timer(WPARAM wParam, LPARAM)
 
 void CKinetarium::PruneDebugLog(unsigned uKeep)
 {
-    Traced({m_pDebugLog, __TIMESTAMP__},
-           [&]
-           {
-               if (m_pDebugLog != nullptr)
-                   ::PruneDebugLog(*m_pDebugLog, uKeep);
-           });
+    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
+        if (m_pDebugLog != nullptr)
+            ::PruneDebugLog(*m_pDebugLog, uKeep);
+    });
 }
 
 std::optional<LRESULT> CKinetarium::On_LeftButtonUp(WPARAM, LPARAM lParam)

@@ -31,30 +31,28 @@ private:
 
 void CKinetarium::StartSimulation(const CPoint<int>* pStart)
 {
-    Traced({m_pDebugLog, __TIMESTAMP__},
-           [&]
-           {
-               // A start that arrives while a message box of another start is open, or after the window was closed by a
-               // message that a stop has dispatched, has nothing to start.
-               if (m_pSimulationThread != nullptr || m_bStarting || !m_bInitialised)
-                   return;
-               const CFlagScope starting(m_bStarting);
+    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
+        // A start that arrives while a message box of another start is open, or after the window was closed by a
+        // message that a stop has dispatched, has nothing to start.
+        if (m_pSimulationThread != nullptr || m_bStarting || !m_bInitialised)
+            return;
+        const CFlagScope starting(m_bStarting);
 
-               std::optional<CStartParameters> parameters = StartSimulation_ReadParameters();
-               if (!parameters)
-                   return;
-               StartSimulation_SetWorldSize();
-               StartSimulation_WriteBack(*parameters);
-               Settings_Save();
+        std::optional<CStartParameters> parameters = StartSimulation_ReadParameters();
+        if (!parameters)
+            return;
+        StartSimulation_SetWorldSize();
+        StartSimulation_WriteBack(*parameters);
+        Settings_Save();
 
-               m_pWorldView->SetWorldBackgroundColour(GetButtonColour(L"Background_colour"));
-               for (std::size_t i = 0; i < c_sColourKeys.size(); ++i)
-                   parameters->colours[i] = GetButtonColour(c_sColourKeys[i]);
+        m_pWorldView->SetWorldBackgroundColour(GetButtonColour(L"Background_colour"));
+        for (std::size_t i = 0; i < c_sColourKeys.size(); ++i)
+            parameters->colours[i] = GetButtonColour(c_sColourKeys[i]);
 
-               Populate(m_Atoms, m_CollisionGrid, m_WorldSize, parameters->totalAtoms, m_MinRadius, m_MaxRadius, pStart,
-                        m_Random);
-               StartSimulation_Begin(*parameters);
-           });
+        Populate(m_Atoms, m_CollisionGrid, m_WorldSize, parameters->totalAtoms, m_MinRadius, m_MaxRadius, pStart,
+                 m_Random);
+        StartSimulation_Begin(*parameters);
+    });
 }
 
 std::optional<CKinetarium::CStartParameters> CKinetarium::StartSimulation_ReadParameters()
@@ -140,35 +138,30 @@ void CKinetarium::StartSimulation_Begin(CStartParameters& parameters)
 void CKinetarium::RunSimulation()
 {
     CWorkerFinishedEvent finished(m_hSimulationDone, m_bWorkerFinished);
-    Traced({m_pDebugLog, __TIMESTAMP__},
-           [&]
-           {
-               CWindowFrameSink sink(m_pWorldView->GetWindowHandle(), m_hStatusBar);
-               RunLoop(m_Atoms, m_CollisionGrid, m_WorldSize, m_Random, m_bSimulationRunning, finished, sink,
-                       m_pDebugLog);
-           });
+    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
+        CWindowFrameSink sink(m_pWorldView->GetWindowHandle(), m_hStatusBar);
+        RunLoop(m_Atoms, m_CollisionGrid, m_WorldSize, m_Random, m_bSimulationRunning, finished, sink, m_pDebugLog);
+    });
 }
 
 void CKinetarium::StopSimulation()
 {
-    Traced({m_pDebugLog, __TIMESTAMP__},
-           [&]
-           {
-               if (m_pSimulationThread == nullptr || m_StopGate.IsStopping())
-                   return;
-               {
-                   const CStopGate::CStopping stopping(m_StopGate);
-                   // A second click must not arrive meanwhile.
-                   EnableWindow(m_StartButton.GetWindowHandle(), FALSE);
-                   m_bSimulationRunning = false;
-                   StopSimulation_WaitForWorker();
-                   m_pSimulationThread->join();
-                   m_pSimulationThread.reset();
-                   m_StartButton.SetText(GetText(L"Start"));
-                   EnableWindow(m_StartButton.GetWindowHandle(), TRUE);
-               }
-               StopSimulation_PostDeferredRequests();
-           });
+    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
+        if (m_pSimulationThread == nullptr || m_StopGate.IsStopping())
+            return;
+        {
+            const CStopGate::CStopping stopping(m_StopGate);
+            // A second click must not arrive meanwhile.
+            EnableWindow(m_StartButton.GetWindowHandle(), FALSE);
+            m_bSimulationRunning = false;
+            StopSimulation_WaitForWorker();
+            m_pSimulationThread->join();
+            m_pSimulationThread.reset();
+            m_StartButton.SetText(GetText(L"Start"));
+            EnableWindow(m_StartButton.GetWindowHandle(), TRUE);
+        }
+        StopSimulation_PostDeferredRequests();
+    });
 }
 
 // The worker may be blocked in a message to this thread's windows: it can only reach its end if they are dispatched.

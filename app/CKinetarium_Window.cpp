@@ -36,42 +36,40 @@ constexpr DWORD c_dwPathLimit = 32768; // the longest path that the system knows
 
 bool CKinetarium::InitializeWindow()
 {
-    return Traced({m_pDebugLog, __TIMESTAMP__}, false,
-                  [&]
-                  {
-                      if (!CWndCommon::Initialize(c_sWindowClass, m_pDebugLog, HKEY_LOCAL_MACHINE, nullptr, m_hInstance,
-                                                  TranslateStrings_Kinetarium, c_byLanguageEnglish, c_uIconResource, 0,
-                                                  0, c_iBackdropResource, c_iBackdropResource, EnumPicDrawMode::Tiled))
-                          return false;
-                      m_bInitialised = false;
-                      m_bBusy = true;
-                      SetCursor(m_hCursorWait);
+    return Traced({m_pDebugLog, __TIMESTAMP__}, false, [&] {
+        if (!CWndCommon::Initialize(c_sWindowClass, m_pDebugLog, HKEY_LOCAL_MACHINE, nullptr, m_hInstance,
+                                    TranslateStrings_Kinetarium, c_byLanguageEnglish, c_uIconResource, 0, 0,
+                                    c_iBackdropResource, c_iBackdropResource, EnumPicDrawMode::Tiled))
+            return false;
+        m_bInitialised = false;
+        m_bBusy = true;
+        SetCursor(m_hCursorWait);
 
-                      if (!InitializeWindow_Create() || !InitializeWindow_StatusBar())
-                          return false;
-                      m_pToolTip = std::make_unique<CWndToolTip>(0u, nullptr, HKEY_LOCAL_MACHINE);
-                      InitializeWindow_Panel();
-                      Settings_Load();
-                      InitializeWindow_VersionText();
-                      if (!InitializeWindow_StartButton())
-                          return false;
+        if (!InitializeWindow_Create() || !InitializeWindow_StatusBar())
+            return false;
+        m_pToolTip = std::make_unique<CWndToolTip>(0u, nullptr, HKEY_LOCAL_MACHINE);
+        InitializeWindow_Panel();
+        Settings_Load();
+        InitializeWindow_VersionText();
+        if (!InitializeWindow_StartButton())
+            return false;
 
-                      m_pWorldView = std::make_unique<CWndWorldView>(this, m_WorldSize, m_Atoms);
-                      m_pWorldView->SetWorldBackgroundColour(
-                          m_pDataCtrlGroup->GetValue_Uint32(GetText(L"Background_colour").c_str()));
-                      m_hSimulationDone = CreateEventW(nullptr, TRUE, TRUE, nullptr);
-                      InitializeWindow_TabOrder();
+        m_pWorldView = std::make_unique<CWndWorldView>(this, m_WorldSize, m_Atoms);
+        m_pWorldView->SetWorldBackgroundColour(
+            m_pDataCtrlGroup->GetValue_Uint32(GetText(L"Background_colour").c_str()));
+        m_hSimulationDone = CreateEventW(nullptr, TRUE, TRUE, nullptr);
+        InitializeWindow_TabOrder();
 
-                      m_bInitialised = true;
-                      ShowWindow(m_hWnd, SW_SHOWNORMAL);
-                      SetForegroundWindow(m_hWnd);
-                      InitializeWindow_Timers();
+        m_bInitialised = true;
+        ShowWindow(m_hWnd, SW_SHOWNORMAL);
+        SetForegroundWindow(m_hWnd);
+        InitializeWindow_Timers();
 
-                      m_bBusy = false;
-                      SetCursor(m_hCursorNormal);
-                      EnableWindow(m_hWnd, TRUE);
-                      return true;
-                  });
+        m_bBusy = false;
+        SetCursor(m_hCursorNormal);
+        EnableWindow(m_hWnd, TRUE);
+        return true;
+    });
 }
 
 CWString CKinetarium::MakeIniPath()

@@ -13,11 +13,9 @@ const CCpuCapabilities s_CpuCapabilities;
 
 int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int)
 {
-    Guarded({nullptr, __TIMESTAMP__},
-            [&]
-            {
-                const CExceptionHandler exceptionHandler(nullptr, false);
-                const CKinetarium application(nullptr, hInstance);
-            });
+    Guarded({nullptr, __TIMESTAMP__}, [&] {
+        const CExceptionHandler exceptionHandler(nullptr, false);
+        const CKinetarium application(nullptr, hInstance);
+    });
     return 0;
 }

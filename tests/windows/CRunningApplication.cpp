@@ -117,12 +117,10 @@ CRunningApplication::CRunningApplication(bool bKeepSettings, std::wstring* pDebu
     CloseHandle(hReady);
 
     // The window shows itself at the end of its making.
-    Poll(
-        [&]
-        {
-            EnumThreadWindows(m_dwThreadId, FindMainWindow, reinterpret_cast<LPARAM>(&m_hMain));
-            return m_hMain != nullptr && IsWindowVisible(m_hMain);
-        });
+    Poll([&] {
+        EnumThreadWindows(m_dwThreadId, FindMainWindow, reinterpret_cast<LPARAM>(&m_hMain));
+        return m_hMain != nullptr && IsWindowVisible(m_hMain);
+    });
     WaitUntil([](CKinetarium&) { return true; });
 }
 
@@ -179,21 +177,18 @@ bool CRunningApplication::Poll(const std::function<bool()>& condition)
 
 bool CRunningApplication::WaitUntil(const std::function<bool(CKinetarium&)>& condition) const
 {
-    return Poll(
-        [&]
-        {
-            bool bHolds = false;
-            Do([&](CKinetarium& application) { bHolds = condition(application); });
-            return bHolds;
-        });
+    return Poll([&] {
+        bool bHolds = false;
+        Do([&](CKinetarium& application) { bHolds = condition(application); });
+        return bHolds;
+    });
 }
 
 bool CRunningApplication::WaitForWorker(bool bExpected) const
 {
-    return WaitUntil(
-        [&](CKinetarium& application) {
-            return CKinetariumProbe::HasWorker(application) == bExpected && !CKinetariumProbe::IsStopping(application);
-        });
+    return WaitUntil([&](CKinetarium& application) {
+        return CKinetariumProbe::HasWorker(application) == bExpected && !CKinetariumProbe::IsStopping(application);
+    });
 }
 
 HWND CRunningApplication::FindControl(const wchar_t* sKey) const

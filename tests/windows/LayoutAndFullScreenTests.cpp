@@ -27,12 +27,10 @@ struct CParts
 CParts GetParts(const CRunningApplication& application)
 {
     CParts parts;
-    application.Do(
-        [&](CKinetarium& inside)
-        {
-            parts = {CKinetariumProbe::GetView(inside), CKinetariumProbe::GetPanel(inside),
-                     CKinetariumProbe::GetStartButton(inside), CKinetariumProbe::GetStatusBar(inside)};
-        });
+    application.Do([&](CKinetarium& inside) {
+        parts = {CKinetariumProbe::GetView(inside), CKinetariumProbe::GetPanel(inside),
+                 CKinetariumProbe::GetStartButton(inside), CKinetariumProbe::GetStatusBar(inside)};
+    });
     return parts;
 }
 
@@ -52,8 +50,7 @@ TEST(LayoutInTheWindow, EveryPartStandsWhereTheRulesPutIt)
         ComputeWindowedLayout({rcClient.right, rcClient.bottom}, {512, 512},
                               {0, GetSystemMetrics(SM_CXVSCROLL), GetSystemMetrics(SM_CYHSCROLL)});
 
-    const auto expectAt = [&](HWND hChild, const CRect& rectangle)
-    {
+    const auto expectAt = [&](HWND hChild, const CRect& rectangle) {
         const RECT rc = GetRectInMain(application, hChild);
         EXPECT_EQ((CRect{rc.left, rc.top, rc.right, rc.bottom}), rectangle);
     };

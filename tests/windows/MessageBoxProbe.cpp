@@ -55,17 +55,15 @@ HWND FindPopup(HWND hOwner)
 CShownMessage WaitForMessageBox(HWND hOwner)
 {
     CShownMessage message;
-    CRunningApplication::Poll(
-        [&]
-        {
-            message = {};
-            message.hWnd = FindPopup(hOwner);
-            if (message.hWnd == nullptr)
-                return false;
-            message.sTitle = GetText(message.hWnd);
-            EnumChildWindows(message.hWnd, ReadPart, reinterpret_cast<LPARAM>(&message));
-            return message.hButton != nullptr && IsWindowVisible(message.hButton);
-        });
+    CRunningApplication::Poll([&] {
+        message = {};
+        message.hWnd = FindPopup(hOwner);
+        if (message.hWnd == nullptr)
+            return false;
+        message.sTitle = GetText(message.hWnd);
+        EnumChildWindows(message.hWnd, ReadPart, reinterpret_cast<LPARAM>(&message));
+        return message.hButton != nullptr && IsWindowVisible(message.hButton);
+    });
     return message;
 }
 

@@ -51,13 +51,11 @@ RECT GetViewRect(const CRunningApplication& application)
 std::wstring GetStatusPart(const CRunningApplication& application, int iPart)
 {
     std::wstring sText(256, L'\0');
-    application.Do(
-        [&](CKinetarium& inside)
-        {
-            const LRESULT iLength = SendMessageW(CKinetariumProbe::GetStatusBar(inside), SB_GETTEXTW,
-                                                 static_cast<WPARAM>(iPart), reinterpret_cast<LPARAM>(sText.data()));
-            sText.resize(LOWORD(iLength));
-        });
+    application.Do([&](CKinetarium& inside) {
+        const LRESULT iLength = SendMessageW(CKinetariumProbe::GetStatusBar(inside), SB_GETTEXTW,
+                                             static_cast<WPARAM>(iPart), reinterpret_cast<LPARAM>(sText.data()));
+        sText.resize(LOWORD(iLength));
+    });
     return sText;
 }
 
@@ -69,12 +67,10 @@ void SetSquareWorld(const CRunningApplication& application)
     SetSmallWorld(application);
     application.SetControlText(L"Width", L"200");
     application.SetControlText(L"Height", L"200");
-    application.Do(
-        [](CKinetarium& inside)
-        {
-            CKinetariumProbe::Start(inside);
-            CKinetariumProbe::Stop(inside);
-        });
+    application.Do([](CKinetarium& inside) {
+        CKinetariumProbe::Start(inside);
+        CKinetariumProbe::Stop(inside);
+    });
 }
 } // namespace
 
@@ -207,34 +203,30 @@ TEST(MainWindow, ALogAtThreeQuartersOfItsCapacityIsNotPrunedButOneBeyondIs)
     std::wstring sLog;
     sLog.reserve(4000);
     const CRunningApplication application(false, &sLog);
-    application.Do(
-        [&](CKinetarium&)
-        {
-            const std::size_t limit = sLog.capacity() * 3 / 4;
-            sLog.assign(limit, L'a');
-            SendMessageW(application.GetMain(), WM_TIMER, 2, 0);
-            EXPECT_EQ(sLog.size(), limit);
+    application.Do([&](CKinetarium&) {
+        const std::size_t limit = sLog.capacity() * 3 / 4;
+        sLog.assign(limit, L'a');
+        SendMessageW(application.GetMain(), WM_TIMER, 2, 0);
+        EXPECT_EQ(sLog.size(), limit);
 
-            sLog += L'z';
-            SendMessageW(application.GetMain(), WM_TIMER, 2, 0);
-            EXPECT_EQ(sLog.size(), sLog.capacity() / 2);
-            EXPECT_EQ(sLog.back(), L'z');
-        });
+        sLog += L'z';
+        SendMessageW(application.GetMain(), WM_TIMER, 2, 0);
+        EXPECT_EQ(sLog.size(), sLog.capacity() / 2);
+        EXPECT_EQ(sLog.back(), L'z');
+    });
 }
 
 TEST(MainWindow, MessagesBeforeItHasAnObjectGetTheDefault)
 {
     const CRunningApplication application;
     HWND hLoose = nullptr;
-    application.Do(
-        [&](CKinetarium&)
-        {
-            hLoose = CreateWindowExW(0, L"CKinetarium", L"loose", WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr,
-                                     GetModuleHandleW(nullptr), nullptr);
-            EXPECT_NE(hLoose, nullptr);
-            EXPECT_EQ(GetText(hLoose), L"loose");
-            DestroyWindow(hLoose);
-        });
+    application.Do([&](CKinetarium&) {
+        hLoose = CreateWindowExW(0, L"CKinetarium", L"loose", WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr,
+                                 GetModuleHandleW(nullptr), nullptr);
+        EXPECT_NE(hLoose, nullptr);
+        EXPECT_EQ(GetText(hLoose), L"loose");
+        DestroyWindow(hLoose);
+    });
     EXPECT_TRUE(application.IsRunning());
 }
 

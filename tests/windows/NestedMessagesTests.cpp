@@ -20,12 +20,10 @@ void StartSmallWorld(const CRunningApplication& application)
 // the worker happens to be between two frames; then the next pump does. Either way the outcome must be the same.
 void StopWith(const CRunningApplication& application, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
-    application.Do(
-        [&](CKinetarium& inside)
-        {
-            PostMessageW(application.GetMain(), uMessage, wParam, lParam);
-            CKinetariumProbe::Stop(inside);
-        });
+    application.Do([&](CKinetarium& inside) {
+        PostMessageW(application.GetMain(), uMessage, wParam, lParam);
+        CKinetariumProbe::Stop(inside);
+    });
 }
 
 constexpr int c_iRounds = 10;
@@ -59,13 +57,13 @@ TEST(NestedMessages, FullScreenDuringAStopTakesEffectAfterIt)
     const CRunningApplication application;
     StartSmallWorld(application);
     StopWith(application, WM_KEYUP, VK_F11, c_iKeyReleased);
-    EXPECT_TRUE(application.WaitUntil(
-        [](CKinetarium& inside)
-        { return CKinetariumProbe::IsFullScreen(inside) && CKinetariumProbe::HasWorker(inside); }));
+    EXPECT_TRUE(application.WaitUntil([](CKinetarium& inside) {
+        return CKinetariumProbe::IsFullScreen(inside) && CKinetariumProbe::HasWorker(inside);
+    }));
     StopWith(application, WM_RBUTTONUP, 0, MAKELPARAM(1, 1));
-    EXPECT_TRUE(application.WaitUntil(
-        [](CKinetarium& inside)
-        { return !CKinetariumProbe::IsFullScreen(inside) && CKinetariumProbe::HasWorker(inside); }));
+    EXPECT_TRUE(application.WaitUntil([](CKinetarium& inside) {
+        return !CKinetariumProbe::IsFullScreen(inside) && CKinetariumProbe::HasWorker(inside);
+    }));
 }
 
 TEST(NestedMessages, TheEndOfTheSessionDuringAStopSavesTheSettings)
@@ -82,12 +80,10 @@ TEST(NestedMessages, AQuitDuringAStopEndsTheRun)
 {
     CRunningApplication application;
     StartSmallWorld(application);
-    application.Do(
-        [](CKinetarium& inside)
-        {
-            PostQuitMessage(0);
-            CKinetariumProbe::Stop(inside);
-        });
+    application.Do([](CKinetarium& inside) {
+        PostQuitMessage(0);
+        CKinetariumProbe::Stop(inside);
+    });
     EXPECT_TRUE(application.Close());
 }
 

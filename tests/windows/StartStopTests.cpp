@@ -52,13 +52,11 @@ TEST(StartStop, TheStatisticsLineReachesTheStatusBar)
 TEST(StartStop, StoppingWithoutASimulationDoesNotEvenDisableTheButton)
 {
     CRunningApplication application;
-    application.Do(
-        [](CKinetarium& inside)
-        {
-            CKinetariumProbe::Stop(inside);
-            EXPECT_TRUE(IsWindowEnabled(CKinetariumProbe::GetStartButton(inside)));
-            EXPECT_FALSE(CKinetariumProbe::HasWorker(inside));
-        });
+    application.Do([](CKinetarium& inside) {
+        CKinetariumProbe::Stop(inside);
+        EXPECT_TRUE(IsWindowEnabled(CKinetariumProbe::GetStartButton(inside)));
+        EXPECT_FALSE(CKinetariumProbe::HasWorker(inside));
+    });
     EXPECT_EQ(application.GetButtonText(), L"Start");
 }
 
@@ -66,15 +64,13 @@ TEST(StartStop, AStopReturnsOnlyWhenTheWorkerHasEnded)
 {
     CRunningApplication application;
     SetSmallWorld(application);
-    application.Do(
-        [](CKinetarium& inside)
-        {
-            CKinetariumProbe::Start(inside);
-            EXPECT_TRUE(CKinetariumProbe::HasWorker(inside));
-            CKinetariumProbe::Stop(inside);
-            EXPECT_FALSE(CKinetariumProbe::HasWorker(inside));
-            EXPECT_TRUE(IsWindowEnabled(CKinetariumProbe::GetStartButton(inside)));
-        });
+    application.Do([](CKinetarium& inside) {
+        CKinetariumProbe::Start(inside);
+        EXPECT_TRUE(CKinetariumProbe::HasWorker(inside));
+        CKinetariumProbe::Stop(inside);
+        EXPECT_FALSE(CKinetariumProbe::HasWorker(inside));
+        EXPECT_TRUE(IsWindowEnabled(CKinetariumProbe::GetStartButton(inside)));
+    });
 }
 
 TEST(StartStop, AStartWhileAWorkerExistsChangesNothing)
@@ -83,12 +79,10 @@ TEST(StartStop, AStartWhileAWorkerExistsChangesNothing)
     SetSmallWorld(application);
     application.Do([](CKinetarium& inside) { CKinetariumProbe::Start(inside); });
     application.SetControlText(L"Tot_atoms", L"77");
-    application.Do(
-        [](CKinetarium& inside)
-        {
-            CKinetariumProbe::Start(inside);
-            EXPECT_EQ(CKinetariumProbe::GetAtomCount(inside), 8);
-        });
+    application.Do([](CKinetarium& inside) {
+        CKinetariumProbe::Start(inside);
+        EXPECT_EQ(CKinetariumProbe::GetAtomCount(inside), 8);
+    });
 }
 
 TEST(StartStop, AClickInTheWorldStartsDirectlyWhenIdle)
@@ -109,9 +103,9 @@ TEST(StartStop, AClickInTheWorldRestartsARunningSimulation)
 
     application.SetControlText(L"Tot_atoms", L"9");
     application.ClickWorld(c_iClickX, c_iClickY);
-    EXPECT_TRUE(application.WaitUntil(
-        [](CKinetarium& inside)
-        { return CKinetariumProbe::HasWorker(inside) && CKinetariumProbe::GetAtomCount(inside) == 9; }));
+    EXPECT_TRUE(application.WaitUntil([](CKinetarium& inside) {
+        return CKinetariumProbe::HasWorker(inside) && CKinetariumProbe::GetAtomCount(inside) == 9;
+    }));
 }
 
 TEST(StartStop, AClickOutsideTheWorldDoesNothing)

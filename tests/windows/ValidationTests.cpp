@@ -60,23 +60,19 @@ void ExpectIdle(const CRunningApplication& application)
 {
     EXPECT_TRUE(application.WaitForWorker(false));
     EXPECT_EQ(application.GetButtonText(), L"Start");
-    application.Do(
-        [](CKinetarium& inside)
-        {
-            EXPECT_TRUE(IsWindowEnabled(CKinetariumProbe::GetStartButton(inside)));
-            EXPECT_FALSE(CKinetariumProbe::HasWorker(inside));
-        });
+    application.Do([](CKinetarium& inside) {
+        EXPECT_TRUE(IsWindowEnabled(CKinetariumProbe::GetStartButton(inside)));
+        EXPECT_FALSE(CKinetariumProbe::HasWorker(inside));
+    });
 }
 
 void StartAndStop(const CRunningApplication& application)
 {
-    application.Do(
-        [](CKinetarium& inside)
-        {
-            CKinetariumProbe::Start(inside);
-            EXPECT_TRUE(CKinetariumProbe::HasWorker(inside));
-            CKinetariumProbe::Stop(inside);
-        });
+    application.Do([](CKinetarium& inside) {
+        CKinetariumProbe::Start(inside);
+        EXPECT_TRUE(CKinetariumProbe::HasWorker(inside));
+        CKinetariumProbe::Stop(inside);
+    });
 }
 } // namespace
 
