@@ -72,8 +72,9 @@ std::uint32_t CGridGeometry::Locate(float x, float y, float radius) const
     const bool bHasEast = column + 1 <= columns - 1;
     const bool bHasSouth = row + 1 <= rows - 1;
     const bool bHasWest = column - 1 >= 0;
-    const auto reachesCorner = [=](float cornerX, float cornerY)
-    { return radius * radius >= Square(cornerX - x) + Square(cornerY - y); };
+    const auto reachesCorner = [=](float cornerX, float cornerY) {
+        return radius * radius >= Square(cornerX - x) + Square(cornerY - y);
+    };
     return uPlace | Bit(EnumNeighbour::North, bHasNorth && bNorth) |
            Bit(EnumNeighbour::NorthEast, bHasNorth && bHasEast && reachesCorner(right, top)) |
            Bit(EnumNeighbour::East, bHasEast && bEast) |

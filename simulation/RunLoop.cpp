@@ -78,8 +78,7 @@ private:
 void RunLoop(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRandom& random,
              const std::atomic<bool>& running, IFinishedEvent& finished, IFrameSink& sink, std::wstring* pDebugLog)
 {
-    const auto runPasses = [&]
-    {
+    const auto runPasses = [&] {
         const CFinishedScope finishedScope(finished);
         if (atoms.GetCount() <= 0)
         {

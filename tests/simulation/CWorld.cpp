@@ -1,0 +1,64 @@
+#include "tests/simulation/CWorld.h"
+
+#include <bit>
+#include <cmath>
+
+namespace
+{
+
+bool IsSameFloat(float a, float b)
+{
+    return std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b);
+}
+
+bool IsSameAtom(const CAtom& a, const CAtom& b)
+{
+    return IsSameFloat(a.x, b.x) && IsSameFloat(a.y, b.y) && IsSameFloat(a.speed, b.speed) && IsSameFloat(a.vx, b.vx) &&
+           IsSameFloat(a.vy, b.vy) && a.radius == b.radius && a.reserved == b.reserved;
+}
+
+} // namespace
+
+CAtom MakeAtom(float x, float y, float vx, float vy, std::uint8_t radius)
+{
+    CAtom atom;
+    atom.x = x;
+    atom.y = y;
+    atom.vx = vx;
+    atom.vy = vy;
+    atom.speed = std::sqrt(vx * vx + vy * vy);
+    atom.radius = radius;
+    return atom;
+}
+
+CReferenceWorld MakeReference(const CScene& scene)
+{
+    CReferenceWorld reference(scene.world, scene.seed);
+    reference.Populate(scene.atoms, scene.minRadius, scene.maxRadius, scene.start);
+    return reference;
+}
+
+testing::AssertionResult IsSameWorld(const CWorld& world, const CReferenceWorld& reference)
+{
+    const std::span<const CAtom> atoms = world.GetAtoms();
+    const std::vector<CAtom>& expected = reference.GetAtoms();
+    if (atoms.size() != expected.size())
+    {
+        return testing::AssertionFailure() << atoms.size() << " atoms instead of " << expected.size();
+    }
+    for (std::size_t i = 0; i < expected.size(); ++i)
+    {
+        if (!IsSameAtom(atoms[i], expected[i]))
+        {
+            return testing::AssertionFailure() << "atom " << i << " is at " << atoms[i].x << ", " << atoms[i].y
+                                               << " instead of " << expected[i].x << ", " << expected[i].y;
+        }
+    }
+    const CVelocityStatistics& velocities = world.atoms.GetVelocities();
+    if (!IsSameFloat(velocities.min, reference.GetMin()) || !IsSameFloat(velocities.max, reference.GetMax()) ||
+        !IsSameFloat(velocities.tot, reference.GetTot()) || !IsSameFloat(velocities.avg, reference.GetAvg()))
+    {
+        return testing::AssertionFailure() << "the velocity statistics differ";
+    }
+    return testing::AssertionSuccess();
+}

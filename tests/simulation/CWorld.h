@@ -1,0 +1,56 @@
+#pragma once
+
+#include "classes/core/CRandom.h"
+#include "simulation/CAtoms.h"
+#include "simulation/CCollisionGrid.h"
+#include "simulation/Iteration.h"
+#include "simulation/Population.h"
+#include "tests/reference/CReferenceWorld.h"
+#include "tests/reference/Scenes.h"
+#include "tests/reference/WorldHash.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <span>
+#include <vector>
+
+/// The program's own form of a world, with everything that an iteration needs.
+struct CWorld
+{
+    explicit CWorld(const CSize<int>& worldSize, std::uint64_t uSeed = 1) : size(worldSize), random(uSeed)
+    {
+        grid.Resize(size);
+    }
+
+    explicit CWorld(const CScene& scene) : CWorld(scene.world, scene.seed)
+    {
+        Populate(atoms, grid, size, scene.atoms, scene.minRadius, scene.maxRadius,
+                 scene.start ? &*scene.start : nullptr, random);
+    }
+
+    /// Puts exactly these atoms into the world.
+    void SetAtoms(const std::vector<CAtom>& newAtoms)
+    {
+        atoms.Allocate(static_cast<std::int32_t>(newAtoms.size()));
+        std::copy(newAtoms.begin(), newAtoms.end(), atoms.GetAtoms());
+    }
+
+    std::uint32_t Advance() { return AdvanceOneIteration(atoms, grid, size, random); }
+
+    std::span<const CAtom> GetAtoms() const { return {atoms.GetAtoms(), static_cast<std::size_t>(atoms.GetCount())}; }
+
+    CSize<int> size;
+    CRandom random;
+    CAtoms atoms;
+    CCollisionGrid grid;
+};
+
+/// An atom whose speed field matches its velocity.
+CAtom MakeAtom(float x, float y, float vx, float vy, std::uint8_t radius);
+
+/// The same scene in the plain form.
+CReferenceWorld MakeReference(const CScene& scene);
+
+/// Whether all fields of all atoms and the velocity statistics are the same bits.
+testing::AssertionResult IsSameWorld(const CWorld& world, const CReferenceWorld& reference);

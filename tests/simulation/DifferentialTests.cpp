@@ -1,0 +1,111 @@
+#include "tests/simulation/CWorld.h"
+
+#include <algorithm>
+#include <random>
+#include <string>
+
+namespace
+{
+
+constexpr int c_iRandomScenes = 300;
+constexpr int c_iMostAtoms = 20'000;
+constexpr double c_dPairTestsPerScene = 3e6; // bounds the plain form to some milliseconds per scene
+
+// A number from low to high whose logarithm is evenly spread, so that small worlds come up as often as large ones.
+int DrawSpread(std::mt19937& draw, int low, int high)
+{
+    std::uniform_real_distribution<double> power(std::log(low), std::log(high + 1.0));
+    return std::clamp(static_cast<int>(std::exp(power(draw))), low, high);
+}
+
+// Everything a scene can be: any size, any radii, filled or empty, all from one point or scattered.
+CScene DrawScene(std::mt19937& draw)
+{
+    CScene scene = {"random", {DrawSpread(draw, 10, 9999), DrawSpread(draw, 10, 9999)}, 1, 1, 1, draw(), {}};
+    if (draw() % 4 == 0)
+    {
+        scene.world.cx = scene.world.cy = 9999;
+    }
+    const int firstRadius = DrawSpread(draw, 1, 32);
+    const int secondRadius = DrawSpread(draw, 1, 32);
+    scene.minRadius = static_cast<std::uint8_t>(std::min(firstRadius, secondRadius));
+    scene.maxRadius = static_cast<std::uint8_t>(std::max(firstRadius, secondRadius));
+    scene.atoms = DrawSpread(draw, 1, c_iMostAtoms);
+    if (draw() % 4 == 0)
+    {
+        scene.start = CPoint<int>{DrawSpread(draw, 1, 9999), DrawSpread(draw, 1, 9999)};
+    }
+    return scene;
+}
+
+// So many iterations that a crowded scene does not take longer than an empty one.
+int GetIterations(const CScene& scene)
+{
+    const double cells = std::max(1, (scene.world.cx / 100) * (scene.world.cy / 100));
+    const double perCell = scene.start ? scene.atoms : std::min(scene.atoms, 1000) / std::min<double>(cells, 1000) + 1;
+    const double tested = std::min(perCell, 1000.0);
+    const double pairTests = scene.atoms * tested / 2 + 1;
+    return std::clamp(static_cast<int>(c_dPairTestsPerScene / pairTests), 1, 40);
+}
+
+void CompareScene(const CScene& scene, int iterations)
+{
+    SCOPED_TRACE(std::to_string(scene.atoms) + " atoms of " + std::to_string(scene.minRadius) + " to " +
+                 std::to_string(scene.maxRadius) + " in " + std::to_string(scene.world.cx) + " x " +
+                 std::to_string(scene.world.cy) + ", seed " + std::to_string(scene.seed) +
+                 (scene.start ? ", from one point" : ""));
+    CWorld world(scene);
+    CReferenceWorld reference = MakeReference(scene);
+    for (int iteration = 0; iteration < iterations; ++iteration)
+    {
+        ASSERT_EQ(world.Advance(), reference.Advance()) << "collisions of iteration " << iteration;
+    }
+    ASSERT_TRUE(IsSameWorld(world, reference));
+    ASSERT_EQ(world.random.GetRandomNumber_Float(0, 1), reference.GetRandom().GetRandomNumber_Float(0, 1));
+}
+
+TEST(Differential, RandomWorldsGoOnBitForBitAsInThePlainForm)
+{
+    std::mt19937 draw(2026); // NOLINT(cert-msc51-cpp): a fixed seed makes a failure repeatable
+    for (int i = 0; i < c_iRandomScenes; ++i)
+    {
+        const CScene scene = DrawScene(draw);
+        CompareScene(scene, GetIterations(scene));
+        if (HasFatalFailure())
+        {
+            return;
+        }
+    }
+}
+
+TEST(Differential, TheDefaultSceneGoesOnAsInThePlainForm)
+{
+    CompareScene(c_SceneDefault, 2000);
+}
+
+TEST(Differential, AFilledSceneGoesOnAsInThePlainForm)
+{
+    CompareScene(c_SceneFilled, 40);
+}
+
+TEST(Differential, ADenseSceneGoesOnAsInThePlainForm)
+{
+    CompareScene(c_SceneDense, 10);
+}
+
+TEST(Differential, ASparseSceneGoesOnAsInThePlainForm)
+{
+    CompareScene(c_SceneSparse, 10);
+}
+
+TEST(Differential, ABurstFromOnePointGoesOnAsInThePlainForm)
+{
+    CompareScene(c_SceneBurst, 60);
+}
+
+TEST(Differential, TheLargestSceneGoesOnAsInThePlainForm)
+{
+    CompareScene(c_SceneLargest, 2);
+}
+
+} // namespace

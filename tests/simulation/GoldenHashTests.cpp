@@ -1,0 +1,42 @@
+#include "tests/simulation/CWorld.h"
+
+namespace
+{
+
+struct CGolden
+{
+    CScene scene;
+    int iterations;
+    std::uint64_t hash;
+};
+
+// What these scenes were when they were first computed. They change only if the rules of the world change, never with
+// the compiler, the system or the speed of the machine: each build runs this test.
+void PrintTo(const CGolden& golden, std::ostream* pStream)
+{
+    *pStream << golden.scene.name;
+}
+
+class GoldenHash : public testing::TestWithParam<CGolden>
+{
+};
+
+TEST_P(GoldenHash, AFixedSceneHasTheSameHashOnEveryMachine)
+{
+    const CGolden& golden = GetParam();
+    CWorld world(golden.scene);
+    for (int iteration = 0; iteration < golden.iterations; ++iteration)
+    {
+        world.Advance();
+    }
+    EXPECT_EQ(HashAtoms(world.GetAtoms()), golden.hash) << std::hex << HashAtoms(world.GetAtoms());
+}
+
+INSTANTIATE_TEST_SUITE_P(Scenes, GoldenHash,
+                         testing::Values(CGolden{c_SceneDefault, 1000, 0x4FCB13273CE0D4DFU},
+                                         CGolden{c_SceneFilled, 50, 0x9108E8D5C9BBDF08U},
+                                         CGolden{c_SceneDense, 10, 0x9CDCBD98B432D00CU},
+                                         CGolden{c_SceneBurst, 100, 0xE553C322ED37630DU},
+                                         CGolden{c_SceneSparse, 10, 0xEC1015E295E2544BU}));
+
+} // namespace
