@@ -75,17 +75,8 @@ CProfile::~CProfile()
 {
     if (m_pEntry != nullptr)
         Record(*m_pEntry, (Clock::now() - m_Start).count());
-    if (!m_bLog)
-        return;
-    try
-    {
+    if (m_bLog)
         OutputDebugMessage(m_pDebugLog, L"Leave %s\n", m_sLogText);
-    }
-    catch (...)
-    {
-        // Without memory for the line there is nothing left to say, and a destructor must not throw.
-        return;
-    }
 }
 
 std::vector<CProfileRow> CProfile::GetTable()

@@ -12,17 +12,14 @@ std::optional<std::wstring> GetEnvironmentText(const char* sName)
 {
 #ifdef _WIN32
     const std::wstring sWideName = WideFromUtf8(sName);
-    std::wstring sValue;
-    // The first call tells the length with its final zero; another thread may change the value between two calls.
-    DWORD dwNeeded = GetEnvironmentVariableW(sWideName.c_str(), nullptr, 0);
-    while (dwNeeded > sValue.size())
-    {
-        sValue.resize(dwNeeded);
-        dwNeeded = GetEnvironmentVariableW(sWideName.c_str(), sValue.data(), static_cast<DWORD>(sValue.size()));
-    }
-    if (dwNeeded == 0 && (sValue.empty() || GetLastError() == ERROR_ENVVAR_NOT_FOUND))
+    // The length of the value with its final zero, so never 0 for a variable that is set.
+    const DWORD dwSize = GetEnvironmentVariableW(sWideName.c_str(), nullptr, 0);
+    if (dwSize == 0)
         return std::nullopt;
-    sValue.resize(dwNeeded);
+    std::wstring sValue(dwSize, L'\0');
+    const DWORD dwLength = GetEnvironmentVariableW(sWideName.c_str(), sValue.data(), dwSize);
+    // Longer only if another thread has just changed it: then what was asked for is gone.
+    sValue.resize(dwLength < dwSize ? dwLength : 0);
     return sValue;
 #else
     // Nothing in this program changes the environment, which is what makes reading it unsafe among threads.

@@ -13,9 +13,12 @@
 namespace
 {
 
-bool IsStandardErrorWanted()
+void AppendToLog(std::wstring* pDebugLog, std::wstring_view sText)
 {
-    return GetEnvironmentText("KINETARIUM_DEBUG_OUTPUT").has_value();
+    if (pDebugLog == nullptr)
+        return;
+    const std::lock_guard lock(DebugLog_GetMutex());
+    *pDebugLog += sText;
 }
 
 void WriteToDebugger([[maybe_unused]] std::wstring_view sText)
@@ -23,6 +26,29 @@ void WriteToDebugger([[maybe_unused]] std::wstring_view sText)
 #ifdef _WIN32
     OutputDebugStringW(std::wstring(sText).c_str());
 #endif
+}
+
+void WriteToStandardError(std::wstring_view sText)
+{
+    if (!GetEnvironmentText("KINETARIUM_DEBUG_OUTPUT").has_value())
+        return;
+    const std::string sNarrow = Utf8FromWide(sText);
+    std::fwrite(sNarrow.data(), 1, sNarrow.size(), stderr);
+    std::fflush(stderr);
+}
+
+/// Each way out is tried, whatever became of the others.
+template<class F>
+void Try(F&& write) noexcept
+{
+    try
+    {
+        write();
+    }
+    catch (...)
+    {
+        return;
+    }
 }
 
 std::wstring FormatOrQuote(std::wstring_view sFormat, std::span<const CPrintfArgument> arguments)
@@ -46,22 +72,15 @@ std::mutex& DebugLog_GetMutex()
     return mutex;
 }
 
-void WriteDebugText(std::wstring* pDebugLog, std::wstring_view sText)
+void WriteDebugText(std::wstring* pDebugLog, std::wstring_view sText) noexcept
 {
-    if (pDebugLog != nullptr)
-    {
-        const std::lock_guard lock(DebugLog_GetMutex());
-        *pDebugLog += sText;
-    }
-    WriteToDebugger(sText);
-    if (IsStandardErrorWanted())
-    {
-        const std::string sNarrow = Utf8FromWide(sText);
-        std::fwrite(sNarrow.data(), 1, sNarrow.size(), stderr);
-    }
+    Try([&] { AppendToLog(pDebugLog, sText); });
+    Try([&] { WriteToDebugger(sText); });
+    Try([&] { WriteToStandardError(sText); });
 }
 
-void WriteDebugMessage(std::wstring* pDebugLog, std::wstring_view sFormat, std::span<const CPrintfArgument> arguments)
+void WriteDebugMessage(std::wstring* pDebugLog, std::wstring_view sFormat,
+                       std::span<const CPrintfArgument> arguments) noexcept
 {
-    WriteDebugText(pDebugLog, FormatOrQuote(sFormat, arguments));
+    Try([&] { WriteDebugText(pDebugLog, FormatOrQuote(sFormat, arguments)); });
 }

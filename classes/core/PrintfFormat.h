@@ -24,6 +24,9 @@ public:
     CPrintfArgument(const wchar_t* sText) : m_Value(sText != nullptr ? std::wstring_view(sText) : L"(null)") {}
     CPrintfArgument(const void* pAddress) : m_Value(pAddress) {}
 
+    /// Narrow text has no encoding that "%s" could assume: see Utf8.h. (It would print as an address.)
+    CPrintfArgument(const char* sText) = delete;
+
     /// Every class that is a wide text: std::wstring, std::wstring_view, CWString.
     template<class T>
     requires(std::convertible_to<const T&, std::wstring_view> && !std::convertible_to<const T&, const wchar_t*>)

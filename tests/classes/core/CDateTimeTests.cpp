@@ -1,0 +1,55 @@
+#include "classes/core/CDateTime.h"
+
+#include <chrono>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace
+{
+
+TEST(DateTime, AMomentIsNoTimeAwayFromItself)
+{
+    const CDateTime moment;
+    EXPECT_EQ(moment.DiffInMicroSeconds(moment), 0);
+    EXPECT_EQ(moment.DiffInMilliSeconds(moment), 0);
+}
+
+TEST(DateTime, ALaterMomentDiffersByWhatHasPassedAndAnEarlierOneByMinusThat)
+{
+    const CDateTime earlier;
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    const CDateTime later;
+    EXPECT_GE(later.DiffInMicroSeconds(earlier), 5000);
+    EXPECT_GE(later.DiffInMilliSeconds(earlier), 5);
+    EXPECT_EQ(earlier.DiffInMicroSeconds(later), -later.DiffInMicroSeconds(earlier));
+}
+
+TEST(DateTime, MilliSecondsAreWholeThousandsOfMicroSeconds)
+{
+    const CDateTime earlier;
+    std::this_thread::sleep_for(std::chrono::microseconds(2500));
+    const CDateTime later;
+    EXPECT_EQ(later.DiffInMilliSeconds(earlier), later.DiffInMicroSeconds(earlier) / 1000);
+}
+
+TEST(DateTime, SetNowMovesTheMomentForward)
+{
+    CDateTime moment;
+    const CDateTime before = moment;
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    moment.SetNow();
+    EXPECT_GE(moment.DiffInMicroSeconds(before), 2000);
+}
+
+TEST(DateTime, TheClockNeverRunsBackwards)
+{
+    CDateTime last;
+    for (int i = 0; i < 100'000; ++i)
+    {
+        const CDateTime now;
+        ASSERT_GE(now.DiffInMicroSeconds(last), 0);
+        last = now;
+    }
+}
+
+} // namespace

@@ -1,0 +1,143 @@
+#include "classes/core/CExceptionHandler.h"
+
+#include "classes/core/SystemMessage.h"
+#include "tests/classes/core/CEnvironmentChange.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+namespace
+{
+
+// Each of these ends a process of its own, whose standard error stream is what the test looks at.
+
+constexpr const char* c_sSwitch = "KINETARIUM_DEBUG_OUTPUT";
+
+[[noreturn]] void Throw()
+{
+    throw std::runtime_error("nobody catches this");
+}
+
+/// Lets an exception meet no handler at all.
+[[noreturn]] void ThrowThroughNoexcept() noexcept
+{
+    Throw();
+}
+
+[[noreturn]] void EndOrderly()
+{
+    std::fputs("the handler that was there before\n", stderr);
+    std::fflush(stderr);
+    std::_Exit(3);
+}
+
+void DieUnderHandler()
+{
+    const CEnvironmentChange change(c_sSwitch, "1");
+    std::set_terminate(&EndOrderly);
+    const CExceptionHandler handler(nullptr, false);
+    ThrowThroughNoexcept();
+}
+
+void DieUnderTwoHandlers()
+{
+    const CEnvironmentChange change(c_sSwitch, "1");
+    std::set_terminate(&EndOrderly);
+    const CExceptionHandler outer(nullptr, false);
+    const CExceptionHandler inner(nullptr, false);
+    ThrowThroughNoexcept();
+}
+
+void DieAfterHandler()
+{
+    const CEnvironmentChange change(c_sSwitch, "1");
+    std::set_terminate(&EndOrderly);
+    {
+        const CExceptionHandler handler(nullptr, false);
+    }
+    ThrowThroughNoexcept();
+}
+
+void DieWithTheLogShown()
+{
+    std::set_terminate(&EndOrderly);
+    static std::wstring sLog;
+    SetSystemMessageFunction([](const std::wstring& sText) {
+        const bool bWhole = sText == L"Unhandled exception: std::runtime_error \"nobody catches this\"";
+        std::fputs(bWhole && sLog == sText + L"\n" ? "shown and logged\n" : "something else\n", stderr);
+        std::fflush(stderr);
+    });
+    const CExceptionHandler handler(&sLog, true);
+    ThrowThroughNoexcept();
+}
+
+void DieWhileReporting()
+{
+    std::set_terminate(&EndOrderly);
+    SetSystemMessageFunction([](const std::wstring&) { throw std::bad_alloc(); });
+    const CExceptionHandler handler(nullptr, true);
+    ThrowThroughNoexcept();
+}
+
+TEST(ExceptionHandlerDeathTest, AnExceptionThatNobodyCatchesIsNamed)
+{
+    EXPECT_DEATH(DieUnderHandler(), "Unhandled exception: std::runtime_error \"nobody catches this\"");
+}
+
+TEST(ExceptionHandlerDeathTest, TheHandlerThatWasThereBeforeHasTheLastWord)
+{
+    EXPECT_EXIT(DieUnderHandler(), testing::ExitedWithCode(3), "the handler that was there before");
+}
+
+TEST(ExceptionHandlerDeathTest, TwoHandlersInEachOtherReportAndEnd)
+{
+    EXPECT_EXIT(DieUnderTwoHandlers(), testing::ExitedWithCode(3), "nobody catches this");
+}
+
+TEST(ExceptionHandlerDeathTest, ADestroyedHandlerGivesThePreviousOneBack)
+{
+    EXPECT_EXIT(DieAfterHandler(), testing::ExitedWithCode(3), "^the handler that was there before");
+}
+
+TEST(ExceptionHandlerDeathTest, TheReportGoesToTheLogAndIsShownWhenAsked)
+{
+    EXPECT_EXIT(DieWithTheLogShown(), testing::ExitedWithCode(3), "shown and logged");
+}
+
+TEST(ExceptionHandlerDeathTest, AFailureInTheReportStillEndsOrderly)
+{
+    EXPECT_EXIT(DieWhileReporting(), testing::ExitedWithCode(3), "the handler that was there before");
+}
+
+#ifdef _WIN32
+
+void DieOfAFault()
+{
+    const CEnvironmentChange change(c_sSwitch, "1");
+    const CExceptionHandler handler(nullptr, false);
+    volatile int* pNowhere = nullptr;
+    *pNowhere = 1;
+}
+
+TEST(ExceptionHandlerDeathTest, AFaultIsNamedByItsCode)
+{
+    EXPECT_DEATH(DieOfAFault(), "Unhandled exception: fault 0xc0000005 at address 0x");
+}
+
+#endif
+
+TEST(ExceptionHandler, AloneItChangesNothingForExceptionsThatAreCaught)
+{
+    const std::terminate_handler pBefore = std::get_terminate();
+    {
+        const CExceptionHandler handler(nullptr, false);
+        EXPECT_NE(std::get_terminate(), pBefore);
+        EXPECT_THROW(throw std::runtime_error("caught"), std::runtime_error);
+    }
+    EXPECT_EQ(std::get_terminate(), pBefore);
+}
+
+} // namespace

@@ -1,0 +1,161 @@
+#include "classes/core/CProfile.h"
+
+#include <algorithm>
+#include <chrono>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace
+{
+
+class Profile : public testing::Test
+{
+protected:
+    Profile() { CProfile::Reset(); }
+    ~Profile() override { CProfile::Reset(); }
+
+    /// The recorded row of that text, an empty one when there is none.
+    static CProfileRow Find(const std::string& sText)
+    {
+        for (const CProfileRow& row : CProfile::GetTable())
+        {
+            if (row.sText == sText)
+                return row;
+        }
+        return {};
+    }
+};
+
+TEST_F(Profile, CallsAreCountedByText)
+{
+    for (int i = 0; i < 3; ++i)
+        const CProfile scope("first", nullptr, true, false);
+    const CProfile once("second", nullptr, true, false);
+    EXPECT_EQ(Find("first").uCalls, 3U);
+    EXPECT_EQ(Find("second").uCalls, 0U) << "a scope that is still open has not been called yet";
+}
+
+TEST_F(Profile, TimesAreSummedAndTheLongestKept)
+{
+    for (const int iMilliSeconds : {1, 6, 2})
+    {
+        const CProfile scope("waits", nullptr, true, false);
+        std::this_thread::sleep_for(std::chrono::milliseconds(iMilliSeconds));
+    }
+    const CProfileRow row = Find("waits");
+    EXPECT_EQ(row.uCalls, 3U);
+    EXPECT_GE(row.llTotalMicroSeconds, 9000);
+    EXPECT_GE(row.llLongestMicroSeconds, 6000);
+    EXPECT_LE(row.llLongestMicroSeconds, row.llTotalMicroSeconds);
+}
+
+TEST_F(Profile, AScopeThatIsNotToRecordLeavesNoRow)
+{
+    {
+        const CProfile scope("silent", nullptr, false, false);
+    }
+    EXPECT_TRUE(CProfile::GetTable().empty());
+}
+
+TEST_F(Profile, ScopesOfManyThreadsLoseNoCall)
+{
+    constexpr int iThreads = 4;
+    constexpr int iCalls = 5000;
+    {
+        std::vector<std::jthread> threads;
+        for (int iThread = 0; iThread < iThreads; ++iThread)
+            threads.emplace_back([iThread] {
+                for (int i = 0; i < iCalls; ++i)
+                {
+                    const CProfile shared("shared", nullptr, true, false);
+                    const CProfile own("own " + std::to_string(iThread) + " " + std::to_string(i % 10), nullptr, true,
+                                       false);
+                }
+            });
+    }
+    EXPECT_EQ(Find("shared").uCalls, static_cast<std::uint64_t>(iThreads) * iCalls);
+    EXPECT_EQ(Find("own 3 9").uCalls, static_cast<std::uint64_t>(iCalls) / 10);
+    EXPECT_EQ(CProfile::GetTable().size(), 1U + iThreads * 10U);
+}
+
+TEST_F(Profile, ResetStartsAllSumsAtZeroAndOpenScopesGoOn)
+{
+    {
+        const CProfile scope("before", nullptr, true, false);
+    }
+    {
+        const CProfile open("open", nullptr, true, false);
+        CProfile::Reset();
+        EXPECT_TRUE(CProfile::GetTable().empty());
+    }
+    EXPECT_EQ(Find("open").uCalls, 1U);
+    EXPECT_EQ(Find("before").uCalls, 0U);
+}
+
+TEST_F(Profile, TheTableBeginsWithTheLargestTotal)
+{
+    {
+        const CProfile brief("brief", nullptr, true, false);
+    }
+    {
+        const CProfile lengthy("lengthy", nullptr, true, false);
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    const std::vector<CProfileRow> table = CProfile::GetTable();
+    ASSERT_EQ(table.size(), 2U);
+    EXPECT_EQ(table.front().sText, "lengthy");
+}
+
+TEST_F(Profile, TheTableAsTextHasAHeadingAndALinePerScope)
+{
+    {
+        const CProfile scope("void CThing::Work() - Line 7 - File thing.cpp", nullptr, true, false);
+    }
+    const std::string sTable = CProfile::FormatTable();
+    EXPECT_EQ(std::count(sTable.begin(), sTable.end(), '\n'), 2);
+    EXPECT_THAT(sTable, testing::StartsWith("       calls       total ms   longest ms  scope\n           1 "));
+    EXPECT_THAT(sTable, testing::EndsWith("  void CThing::Work() - Line 7 - File thing.cpp\n"));
+}
+
+TEST_F(Profile, EntryAndExitAreLoggedWhenAsked)
+{
+    std::wstring sLog;
+    {
+        const CProfile scope("void F\xC3\xBC()", &sLog, false, true);
+        EXPECT_EQ(sLog, L"Enter void F\u00FC()\n");
+    }
+    EXPECT_EQ(sLog, L"Enter void F\u00FC()\nLeave void F\u00FC()\n");
+}
+
+TEST_F(Profile, WithoutALogLoggingAndRecordingStillWork)
+{
+    {
+        const CProfile scope("nowhere", nullptr, true, true);
+    }
+    EXPECT_EQ(Find("nowhere").uCalls, 1U);
+}
+
+TEST_F(Profile, ALogIsLeftAloneUnlessAsked)
+{
+    std::wstring sLog;
+    {
+        const CProfile scope("quiet", &sLog, true, false);
+    }
+    EXPECT_TRUE(sLog.empty());
+}
+
+TEST_F(Profile, AScopeClosesWhenAnExceptionLeavesIt)
+{
+    try
+    {
+        const CProfile scope("throws", nullptr, true, false);
+        throw 1;
+    }
+    catch (int)
+    {
+        EXPECT_EQ(Find("throws").uCalls, 1U);
+    }
+}
+
+} // namespace
