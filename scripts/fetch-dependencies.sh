@@ -2,7 +2,8 @@
 # Fills build/deps/include with the header-only libraries of both builds:
 #   fmt           version 11, newer than Debian 12's: taken from a later Debian suite through an apt root of its own, with
 #                 the Debian keyring checking every file; nothing on the machine is upgraded or even looked at
-#   boost, CLI    links to the system's own headers, because the cross build must not see all of /usr/include
+#   boost, CLI, stb
+#                 links to the system's own headers, because the cross build must not see all of /usr/include
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -17,7 +18,7 @@ fail() {
     exit 1
 }
 
-for name in boost CLI; do
+for name in boost CLI stb; do
     [ -d "/usr/include/$name" ] || fail "/usr/include/$name is missing; run scripts/install-packages.sh first"
     ln -sfn "/usr/include/$name" "$include/$name"
 done
