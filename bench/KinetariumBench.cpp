@@ -1,0 +1,60 @@
+#include "bench/FrameCapRun.h"
+#include "bench/Ratios.h"
+
+#ifdef KINETARIUM_HAS_BENCHMARK
+#include <benchmark/benchmark.h>
+#endif
+
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+namespace
+{
+
+constexpr int c_iExitUsage = 2;
+constexpr double c_dDefaultFrameCapSeconds = 5;
+
+int PrintUsage()
+{
+    std::puts("kinetarium-bench --ratios               plain form against the program's own, five scenes;\n"
+              "                                        fails if one bit of the results differs\n"
+              "kinetarium-bench --frame-cap [SECONDS]  iterations per second of the run loop without drawing");
+#ifdef KINETARIUM_HAS_BENCHMARK
+    std::puts("kinetarium-bench [--benchmark_...]      every stage by itself (see --help of Google Benchmark)");
+#endif
+    return c_iExitUsage;
+}
+
+int RunStages([[maybe_unused]] int argc, [[maybe_unused]] char** argv)
+{
+#ifdef KINETARIUM_HAS_BENCHMARK
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+    {
+        return PrintUsage();
+    }
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return EXIT_SUCCESS;
+#else
+    return PrintUsage();
+#endif
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const std::string_view sOption = argc > 1 ? argv[1] : "";
+    if (sOption == "--ratios" && argc == 2)
+    {
+        return PrintRatios() ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+    if (sOption == "--frame-cap")
+    {
+        const double seconds = argc > 2 ? std::strtod(argv[2], nullptr) : c_dDefaultFrameCapSeconds;
+        return seconds > 0 ? PrintFrameCap(seconds) : PrintUsage();
+    }
+    return RunStages(argc, argv);
+}
