@@ -72,7 +72,7 @@ mkdir -p "$(dirname "$picture")"
 rm -f "$picture"
 # The driver gives up by itself when something takes too long; this ends it if that should fail.
 code=0
-scripts/wine-session.sh -- timeout --kill-after=10 "$((seconds + 300))" \
+scripts/wine-session.sh -- timeout --foreground --kill-after=10 "$((seconds + 300))" \
     wine "$bin/kinetarium-driver.exe" "$bin/Kinetarium.exe" --seconds "$seconds" --screenshot "$picture" || code=$?
 [ "$code" -eq 0 ] || fail "the demonstration ended with exit code $code"
 [ -s "$picture" ] || fail "there is no picture at $picture"

@@ -74,10 +74,10 @@ unset DISPLAY WAYLAND_DISPLAY
 : >"$log"
 rm -f "$marker"
 trap finish EXIT
-quietly timeout 180 wine wineboot -u || { echo "error: Wine cannot make $prefix; see $log" >&2; exit 1; }
+quietly timeout --foreground 180 wine wineboot -u || { echo "error: Wine cannot make $prefix; see $log" >&2; exit 1; }
 link_fonts
 registry >"$prefix/kinetarium.reg"
-quietly timeout 60 wine regedit "Z:$prefix/kinetarium.reg" ||
+quietly timeout --foreground 60 wine regedit "Z:$prefix/kinetarium.reg" ||
     { echo "error: Wine cannot set up $prefix; see $log" >&2; exit 1; }
 finish
 trap - EXIT

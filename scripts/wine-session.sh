@@ -48,12 +48,6 @@ if ! flock -n 8; then
     flock 8
 fi
 
-if [ "$private" = yes ]; then
-    scripts/wine-prefix.sh "$prefix" "$size" 8>&- || exit 1
-else
-    scripts/wine-prefix.sh "$prefix" 8>&- || exit 1
-fi
-
 export WINEPREFIX="$prefix" WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}"
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 
@@ -69,8 +63,9 @@ end_process() {
 
 end_session() {
     [ -z "$command_pid" ] || kill -TERM -- "-$command_pid" 2>/dev/null
-    wineserver -k </dev/null >/dev/null 2>&1
-    wineserver -w </dev/null >/dev/null 2>&1
+    end_process "$command_pid"
+    wineserver -k </dev/null >/dev/null 2>&1 8>&-
+    wineserver -w </dev/null >/dev/null 2>&1 8>&-
     end_process "$display_pid"
     rm -rf "$folder"
 }
@@ -89,12 +84,49 @@ trap 'finish 130' INT
 trap 'finish 143' TERM
 trap 'finish 129' HUP
 
+# A shell that is killed outright cannot tidy up: this one watches it and then does so. It is no member of the shell's
+# process group, which may be killed as a whole, and keeps the session's lock until all is tidy.
+start_guard() {
+    set -m
+    (
+        set +m
+        trap - EXIT
+        trap 'exit 0' INT TERM HUP
+        exec </dev/null >/dev/null 2>&1
+        while kill -0 $$ 2>/dev/null; do
+            sleep 0.2 8>&-
+        done
+        [ ! -s "$folder/command" ] || command_pid=$(cat "$folder/command")
+        [ ! -s "$folder/display-pid" ] || display_pid=$(cat "$folder/display-pid")
+        end_session
+    ) &
+    guard_pid=$!
+    set +m
+}
+
+# Runs a command as a process group of its own, which a signal can end as a whole, and waits for it; in the background,
+# because a shell that waits in the foreground heeds no signal.
+run() {
+    local code
+    set -m
+    "$@" </dev/null 8>&- &
+    command_pid=$!
+    set +m
+    echo "$command_pid" >"$folder/command"
+    wait "$command_pid"
+    code=$?
+    command_pid=
+    : >"$folder/command"
+    return "$code"
+}
+
 # The display chooses a free number itself and writes it down when it accepts connections.
 start_display() {
     : >"$folder/display"
     Xvfb -displayfd 5 -screen 0 "${size}x24" -nolisten tcp -noreset </dev/null \
         5>"$folder/display" >"$folder/xvfb.log" 2>&1 8>&- &
     display_pid=$!
+    echo "$display_pid" >"$folder/display-pid"
     for _ in $(seq 100); do
         if [ -s "$folder/display" ]; then
             DISPLAY=":$(cat "$folder/display")"
@@ -109,31 +141,17 @@ start_display() {
     fail "the virtual display does not start"
 }
 
-[ "$private" = no ] || start_display
+start_guard
+if [ "$private" = yes ]; then
+    run scripts/wine-prefix.sh "$prefix" "$size" || fail "no Wine prefix"
+    start_display
+else
+    run scripts/wine-prefix.sh "$prefix" || fail "no Wine prefix"
+fi
 
 # A server that stays makes a program's start 20 times quicker than one that ends with every program.
 wineserver -p </dev/null >/dev/null 2>&1 8>&-
-timeout 120 wine wineboot </dev/null >/dev/null 2>&1 8>&- || fail "Wine does not start in $prefix"
+run timeout --foreground 120 wine wineboot >/dev/null 2>&1 || fail "Wine does not start in $prefix"
 
-# With job control the command is a process group of its own, which a signal can end as a whole.
-set -m
-"$@" </dev/null 8>&- &
-command_pid=$!
-set +m
-
-# A shell that is killed outright cannot tidy up: this one watches it and then does so.
-(
-    trap - EXIT
-    trap 'exit 0' INT TERM HUP
-    exec </dev/null >/dev/null 2>&1 8>&-
-    while kill -0 $$ 2>/dev/null; do
-        sleep 0.5
-    done
-    end_session
-) &
-guard_pid=$!
-
-wait "$command_pid"
-code=$?
-command_pid=
-finish "$code"
+run "$@"
+finish $?
