@@ -1,0 +1,176 @@
+#include "headless/CExperiment.h"
+
+#include "headless/COutputFile.h"
+#include "headless/CProgressBar.h"
+#include "headless/CStreamSink.h"
+#include "headless/CWorldImage.h"
+#include "headless/HeadlessError.h"
+#include "headless/OverlapStatistics.h"
+#include "headless/PngFile.h"
+#include "headless/StateFile.h"
+#include "headless/StateHash.h"
+#include "headless/StatsFile.h"
+#include "simulation/Iteration.h"
+#include "simulation/Population.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace
+{
+
+CRandom MakeRandom(const COptions& options)
+{
+    return options.seed ? CRandom(*options.seed) : CRandom();
+}
+
+std::string DescribeStart(const COptions& options)
+{
+    if (options.loadState)
+    {
+        return *options.loadState;
+    }
+    return options.startAt ? std::to_string(options.startAt->x) + "," + std::to_string(options.startAt->y) : "random";
+}
+
+} // namespace
+
+CExperiment::CExperiment(const COptions& options, const CConsole& console)
+    : m_Options(options), m_Console(console), m_Settings(ResolveSettings(options)), m_Random(MakeRandom(options))
+{
+    // Before hours of computing and not after them.
+    for (const std::optional<std::string>& sPath : {options.saveState, options.stats, options.picture})
+    {
+        if (sPath && *sPath != c_sStandardOutput)
+        {
+            COutputFile::Check(*sPath);
+        }
+    }
+}
+
+void CExperiment::Run()
+{
+    Start();
+    Iterate();
+    SaveResults();
+    CompleteResults();
+    std::ostream& summary = IsStandardOutputTaken() ? m_Console.err : m_Console.out;
+    summary << FormatSummary(m_Settings, m_Results) << std::flush;
+    if (!summary)
+    {
+        throw CHeadlessError("the summary cannot be written");
+    }
+}
+
+void CExperiment::Start()
+{
+    if (m_Options.loadState)
+    {
+        LoadStateFile(*m_Options.loadState, m_Atoms);
+        m_Grid.Resize(m_Settings.world);
+    }
+    else
+    {
+        const CPoint<int>* const pStart = m_Options.startAt ? &*m_Options.startAt : nullptr;
+        Populate(m_Atoms, m_Grid, m_Settings.world, m_Settings.atoms, m_Settings.minRadius, m_Settings.maxRadius,
+                 pStart, m_Random);
+    }
+    m_Results.seed = m_Random.GetSeed();
+    m_Results.start = DescribeStart(m_Options);
+    m_Results.startSpeedSum = SumSpeeds(m_Atoms);
+}
+
+void CExperiment::Iterate()
+{
+    const std::unique_ptr<IByteSink> stats = m_Options.stats ? OpenOutput(*m_Options.stats) : nullptr;
+    if (stats)
+    {
+        WriteStatsHeader(*stats);
+    }
+    {
+        const bool bShown = m_Console.bErrIsTerminal && !m_Options.quiet;
+        CProgressBar progress(bShown ? &m_Console.err : nullptr, m_Options.iterations);
+        for (std::uint64_t uIteration = 1; uIteration <= m_Options.iterations; ++uIteration)
+        {
+            AdvanceOnce(uIteration, stats.get());
+            progress.Update(uIteration);
+        }
+    }
+    if (stats)
+    {
+        stats->Commit();
+    }
+}
+
+void CExperiment::AdvanceOnce(std::uint64_t uIteration, IByteSink* pStats)
+{
+    if (m_Console.pInterrupted != nullptr && *m_Console.pInterrupted)
+    {
+        throw CHeadlessError("interrupted after " + std::to_string(m_Results.iterations) + " of " +
+                             std::to_string(m_Options.iterations) + " iterations");
+    }
+    const auto start = std::chrono::steady_clock::now();
+    const std::uint32_t uCollisions = AdvanceOneIteration(m_Atoms, m_Grid, m_Settings.world, m_Random);
+    const std::chrono::nanoseconds duration = std::chrono::steady_clock::now() - start;
+    m_Results.durations.Add(static_cast<std::uint64_t>(duration.count()));
+    m_Results.collisions += uCollisions;
+    m_Results.iterations = uIteration;
+    if (pStats != nullptr)
+    {
+        WriteStatsRow(*pStats, uIteration, uCollisions, m_Atoms.GetVelocities());
+    }
+    if (m_Options.pictureEvery && uIteration % *m_Options.pictureEvery == 0)
+    {
+        DrawPicture(GetNumberedName(*m_Options.picture, uIteration, m_Options.iterations));
+    }
+}
+
+void CExperiment::SaveResults()
+{
+    if (m_Options.saveState)
+    {
+        const std::unique_ptr<IByteSink> file = OpenOutput(*m_Options.saveState);
+        SaveState(m_Atoms, *file);
+        file->Commit();
+    }
+    if (m_Options.picture)
+    {
+        DrawPicture(*m_Options.picture);
+    }
+}
+
+void CExperiment::DrawPicture(const std::string& sPath) const
+{
+    COutputFile file(sPath);
+    WritePng(DrawWorld(m_Atoms, m_Settings), file);
+    file.Commit();
+}
+
+void CExperiment::CompleteResults()
+{
+    m_Results.atoms = m_Atoms.GetCount();
+    const auto [pSmallest, pLargest] =
+        std::minmax_element(m_Atoms.GetAtoms(), m_Atoms.GetAtoms() + m_Atoms.GetCount(),
+                            [](const CAtom& a, const CAtom& b) { return a.radius < b.radius; });
+    m_Results.smallestRadius = pSmallest->radius;
+    m_Results.largestRadius = pLargest->radius;
+    m_Results.velocities = m_Atoms.GetVelocities();
+    m_Results.endSpeedSum = SumSpeeds(m_Atoms);
+    m_Results.overlaps = ComputeOverlapStatistics(m_Atoms, m_Settings.world);
+    m_Results.atomsOutside = CountAtomsOutside(m_Atoms, m_Settings.world);
+    m_Results.hash = ComputeStateHash(m_Atoms);
+}
+
+std::unique_ptr<IByteSink> CExperiment::OpenOutput(const std::string& sPath) const
+{
+    if (sPath == c_sStandardOutput)
+    {
+        return std::make_unique<CStreamSink>(m_Console.out);
+    }
+    return std::make_unique<COutputFile>(sPath);
+}
+
+bool CExperiment::IsStandardOutputTaken() const
+{
+    return m_Options.saveState == c_sStandardOutput || m_Options.stats == c_sStandardOutput;
+}

@@ -1,0 +1,160 @@
+#include "headless/COptions.h"
+
+#include "headless/HeadlessError.h"
+#include "headless/OptionValues.h"
+#include "simulation/SimulationConstants.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <functional>
+#include <limits>
+#include <type_traits>
+#include <utility>
+
+namespace
+{
+
+constexpr std::uint64_t c_uMostIterations = 1'000'000'000'000; // years of the smallest world
+constexpr std::uint64_t c_uLargestSeed = std::numeric_limits<std::uint64_t>::max();
+
+// Adds an option whose text is read by one of the functions of OptionValues.h, which is told the option's name.
+template<class T, class Parse>
+void AddOption(CLI::App& app, const std::string& sName, T& target, Parse parse, const char* sType,
+               const char* sDescription)
+{
+    const std::function<void(const std::string&)> store = [&target, parse, sName](const std::string& sText) {
+        target = parse(sName, sText);
+    };
+    app.add_option_function<std::string>(sName, store, sDescription)->type_name(sType);
+}
+
+template<class T>
+void AddNumber(CLI::App& app, const std::string& sName, T& target, std::uint64_t uLow, std::uint64_t uHigh,
+               const char* sDescription)
+{
+    const auto parse = [uLow, uHigh](const std::string& sOption, const std::string& sText) {
+        using CNumber = typename std::conditional_t<std::is_same_v<T, std::optional<int>>, int, std::uint64_t>;
+        return static_cast<CNumber>(ParseNumberOption(sOption, sText, uLow, uHigh));
+    };
+    AddOption(app, sName, target, parse, "N", sDescription);
+}
+
+void AddFile(CLI::App& app, const std::string& sName, std::optional<std::string>& target, const char* sDescription)
+{
+    const auto parse = [](const std::string& sOption, const std::string& sText) {
+        if (sText.empty())
+        {
+            throw CUsageError(sOption + ": the file name is empty");
+        }
+        return sText;
+    };
+    AddOption(app, sName, target, parse, "FILE", sDescription);
+}
+
+void AddWorldOptions(CLI::App& app, COptions& options)
+{
+    AddNumber(app, "--width", options.width, c_iMinWorldLength, c_iMaxWorldLength, "World width, 10..9999 (512)");
+    AddNumber(app, "--height", options.height, c_iMinWorldLength, c_iMaxWorldLength, "World height, 10..9999 (512)");
+    AddNumber(app, "--atoms", options.atoms, c_iMinTotalAtoms, c_iMaxTotalAtoms, "Number of atoms, 1..1000000 (256)");
+    CLI::Option* const pMinRadius =
+        AddNumber(app, "--min-radius", options.minRadius, c_uMinRadius, c_uMaxRadius, "Smallest radius, 1..32 (3)");
+    CLI::Option* const pMaxRadius =
+        AddNumber(app, "--max-radius", options.maxRadius, c_uMinRadius, c_uMaxRadius, "Largest radius, 1..32 (5)");
+    AddNumber(app, "--seed", options.seed, 0, c_uLargestSeed, "Seed of the random numbers (drawn from the system)");
+    AddOption(app, "--start-at", options.startAt, ParsePointOption, "X,Y", "Point where every atom starts");
+    AddNumber(app, "--iterations", options.iterations, 0, c_uMostIterations, "Number of iterations (1000)");
+    AddFile(app, "--load-state", options.loadState,
+            "Take the atoms from a CSV file; not with --atoms, the radii or --start-at");
+    AddFile(app, "--settings", options.settings,
+            "Take world, atoms, radii and colours from a Kinetarium.ini; options given beside it win");
+}
+
+void AddOutputOptions(CLI::App& app, COptions& options)
+{
+    AddFile(app, "--save-state", options.saveState,
+            "Write the atoms after the last iteration as CSV; - is standard output");
+    AddFile(app, "--stats", options.stats, "Write one row of CSV for each iteration; - is standard output");
+    AddFile(app, "--picture", options.picture, "Write a PNG of the world after the last iteration");
+    AddNumber(app, "--picture-every", options.pictureEvery, 1, c_uMostIterations,
+              "With --picture: one after every N iterations too, numbered before the extension");
+    AddOption(app, "--colour-mode", options.colourMode, ParseModeOption, "speed|fixed",
+              "What an atom's colour depends on (speed)");
+    AddOption(app, "--colours", options.colours, ParseColoursOption, "RRGGBB,RRGGBB,RRGGBB",
+              "The colours of the three classes");
+    AddOption(app, "--factors", options.factors, ParseFactorsOption, "A,B,C",
+              "Speed: multiples of the average speed (0.75,,1.25). Fixed: atoms or percentages (25%,50%,)");
+    AddOption(app, "--background", options.background, ParseColourOption, "RRGGBB", "The colour of the world");
+    app.add_flag("--quiet", options.quiet, "No progress bar");
+}
+
+// A loaded state brings its own atoms: what would have made others must not be ignored in silence.
+void CheckCombinations(const COptions& options)
+{
+    const std::pair<bool, const char*> population[] = {{options.atoms.has_value(), "--atoms"},
+                                                       {options.minRadius.has_value(), "--min-radius"},
+                                                       {options.maxRadius.has_value(), "--max-radius"},
+                                                       {options.startAt.has_value(), "--start-at"}};
+    for (const auto& [bGiven, sName] : population)
+    {
+        if (options.loadState && bGiven)
+        {
+            throw CUsageError(std::string(sName) + ": is not allowed with --load-state, whose file brings the atoms");
+        }
+    }
+    if (options.pictureEvery && !options.picture)
+    {
+        throw CUsageError("--picture-every: needs --picture, which names the files");
+    }
+}
+
+// Two outputs in one file would destroy each other.
+void CheckOutputs(const COptions& options)
+{
+    if (options.picture == c_sStandardOutput)
+    {
+        throw CUsageError("--picture: standard output is not allowed; allowed is the name of a file");
+    }
+    const std::vector<std::optional<std::string>> outputs = {options.saveState, options.stats, options.picture};
+    for (const std::optional<std::string>& output : outputs)
+    {
+        if (output && std::count(outputs.begin(), outputs.end(), output) > 1)
+        {
+            throw CUsageError("--save-state, --stats and --picture must not be written to the same place (" + *output +
+                              ")");
+        }
+    }
+}
+
+} // namespace
+
+CParsedOptions ParseOptions(const std::vector<std::string>& arguments)
+{
+    CLI::App app("Runs the simulation of Kinetarium without a window, repeatable to the bit", "kinetarium-headless");
+    CParsedOptions parsed;
+    AddWorldOptions(app, parsed.options);
+    AddOutputOptions(app, parsed.options);
+    app.set_version_flag("--version", std::string("kinetarium-headless ") + KINETARIUM_VERSION);
+    try
+    {
+        // The library takes them from the end.
+        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    }
+    catch (const CLI::CallForHelp&)
+    {
+        parsed.answer = app.help();
+        return parsed;
+    }
+    catch (const CLI::CallForVersion& version)
+    {
+        parsed.answer = std::string(version.what()) + '\n';
+        return parsed;
+    }
+    catch (const CLI::ParseError& error)
+    {
+        throw CUsageError(error.what());
+    }
+    CheckCombinations(parsed.options);
+    CheckOutputs(parsed.options);
+    return parsed;
+}

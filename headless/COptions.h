@@ -1,0 +1,55 @@
+#pragma once
+
+#include "classes/core/CColour.h"
+#include "classes/core/CPoint.h"
+#include "simulation/EnumAtomColourMode.h"
+#include "view/ColourRules.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+constexpr std::uint64_t c_uDefaultIterations = 1000;
+
+/// The colours of the three classes.
+using CClassColours = std::array<ColourRef, c_uColourClassCount>;
+
+/// The command line. What is empty was not given. Paths are UTF-8.
+struct COptions
+{
+    std::optional<int> width;
+    std::optional<int> height;
+    std::optional<int> atoms;
+    std::optional<int> minRadius;
+    std::optional<int> maxRadius;
+    std::optional<std::uint64_t> seed;
+    std::optional<CPoint<int>> startAt;
+    std::uint64_t iterations = c_uDefaultIterations;
+    std::optional<std::string> loadState;
+    std::optional<std::string> saveState; // "-" is standard output
+    std::optional<std::string> stats;     // "-" is standard output
+    std::optional<std::string> picture;
+    std::optional<std::uint64_t> pictureEvery;
+    std::optional<EnumAtomColourMode> colourMode;
+    std::optional<CClassColours> colours;
+    std::optional<CFactorTexts> factors;
+    std::optional<ColourRef> background;
+    std::optional<std::string> settings;
+    bool quiet = false;
+};
+
+/// The name that stands for standard output.
+constexpr const char* c_sStandardOutput = "-";
+
+/// The command line that was given, or the text that answers it: the help or the version.
+struct CParsedOptions
+{
+    COptions options;
+    std::optional<std::string> answer;
+};
+
+/// Reads the arguments (UTF-8, without the program's name). Every value is checked against what the option allows, as
+/// far as the option alone can tell. Throws CUsageError.
+CParsedOptions ParseOptions(const std::vector<std::string>& arguments);

@@ -1,0 +1,192 @@
+#include "headless/COutputFile.h"
+
+#include "headless/HeadlessError.h"
+#include "headless/SystemFile.h"
+
+#include <cerrno>
+#include <random>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+// Large enough that the time is spent in the disk and not in calls, small beside everything else.
+constexpr std::size_t c_uBufferBytes = 64 * 1024;
+
+// Names of temporary files are drawn; this many collisions in a row mean that something else is wrong.
+constexpr int c_iMaxNameAttempts = 100;
+
+constexpr fs::perms c_AnyoneMayWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+
+[[noreturn]] void FailToWrite(const std::string& sPath, const std::string& sReason)
+{
+    throw CHeadlessError(sPath + ": cannot be written: " + sReason);
+}
+
+// A link is followed, so that what it names is replaced and not the link.
+fs::path FollowLink(const fs::path& path)
+{
+    std::error_code error;
+    const fs::path target = fs::is_symlink(path, error) ? fs::canonical(path, error) : path;
+    return error ? path : target;
+}
+
+bool IsDevice(const fs::path& path)
+{
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    return fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
+}
+
+fs::path GetFolder(const fs::path& path)
+{
+    return path.has_parent_path() ? path.parent_path() : fs::path(".");
+}
+
+} // namespace
+
+COutputFile::COutputFile(const std::string& sPath)
+    : m_sPath(sPath), m_Target(FollowLink(PathFromUtf8(sPath))), m_iFile(c_iNoFile)
+{
+    Check(sPath);
+    m_sBuffer.reserve(c_uBufferBytes);
+    if (!IsDevice(m_Target))
+    {
+        CreateTemporary();
+        return;
+    }
+    int error = 0;
+    m_iFile = SystemFile_Open(m_Target, error);
+    if (m_iFile == c_iNoFile)
+    {
+        Fail(GetErrorText(error));
+    }
+}
+
+COutputFile::~COutputFile()
+{
+    Discard();
+}
+
+void COutputFile::Check(const std::string& sPath)
+{
+    const fs::path path = FollowLink(PathFromUtf8(sPath));
+    std::error_code error;
+    if (sPath.empty())
+    {
+        throw CHeadlessError("an empty file name cannot be written");
+    }
+    if (!fs::is_directory(GetFolder(path), error))
+    {
+        FailToWrite(sPath, "its folder does not exist");
+    }
+    const fs::file_status status = fs::status(path, error);
+    if (fs::is_directory(status))
+    {
+        FailToWrite(sPath, "it is a folder");
+    }
+    // Replacing only needs the folder's permission, so a file that asks to be left alone is asked for its own.
+    if (fs::is_regular_file(status) && (status.permissions() & c_AnyoneMayWrite) == fs::perms::none)
+    {
+        FailToWrite(sPath, "it is read-only");
+    }
+}
+
+void COutputFile::CreateTemporary()
+{
+    std::random_device random;
+    int error = EEXIST;
+    for (int attempt = 0; attempt < c_iMaxNameAttempts && error == EEXIST; ++attempt)
+    {
+        m_Temporary = m_Target;
+        m_Temporary += '.';
+        m_Temporary += std::to_string(random());
+        m_Temporary += ".tmp";
+        m_iFile = SystemFile_Create(m_Temporary, error);
+    }
+    if (m_iFile == c_iNoFile)
+    {
+        m_Temporary.clear();
+        Fail(GetErrorText(error));
+    }
+}
+
+void COutputFile::Write(std::string_view sBytes)
+{
+    if (m_sBuffer.size() + sBytes.size() > c_uBufferBytes)
+    {
+        WriteThrough(m_sBuffer);
+        m_sBuffer.clear();
+    }
+    if (sBytes.size() > c_uBufferBytes)
+    {
+        WriteThrough(sBytes);
+        return;
+    }
+    m_sBuffer += sBytes;
+}
+
+void COutputFile::WriteThrough(std::string_view sBytes)
+{
+    const int error = SystemFile_Write(m_iFile, sBytes.data(), sBytes.size());
+    if (error != 0)
+    {
+        Fail(GetErrorText(error));
+    }
+}
+
+void COutputFile::Commit()
+{
+    WriteThrough(m_sBuffer);
+    const int flushError = SystemFile_Flush(m_iFile);
+    const int closeError = SystemFile_Close(m_iFile);
+    m_iFile = c_iNoFile;
+    if (flushError != 0 || closeError != 0)
+    {
+        Fail(GetErrorText(flushError != 0 ? flushError : closeError));
+    }
+    if (!m_Temporary.empty())
+    {
+        ReplaceOldFile();
+    }
+}
+
+void COutputFile::ReplaceOldFile()
+{
+    std::error_code error;
+    const fs::file_status old = fs::status(m_Target, error);
+    if (fs::exists(old))
+    {
+        // Whoever could read and write the old one can read and write the new one. Where that cannot be had, the
+        // file is still right.
+        fs::permissions(m_Temporary, old.permissions(), error);
+    }
+    fs::rename(m_Temporary, m_Target, error);
+    if (error)
+    {
+        Fail(error.message());
+    }
+    m_Temporary.clear();
+}
+
+void COutputFile::Discard() noexcept
+{
+    if (m_iFile != c_iNoFile)
+    {
+        SystemFile_Close(m_iFile);
+        m_iFile = c_iNoFile;
+    }
+    if (!m_Temporary.empty())
+    {
+        std::error_code ignored;
+        fs::remove(m_Temporary, ignored);
+        m_Temporary.clear();
+    }
+}
+
+void COutputFile::Fail(const std::string& sReason) const
+{
+    FailToWrite(m_sPath, sReason);
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "headless/IByteSink.h"
+
+#include <ostream>
+
+/// Standard output as a file: what is written is written at once.
+class CStreamSink : public IByteSink
+{
+public:
+    explicit CStreamSink(std::ostream& stream) : m_Stream(stream) {}
+
+    void Write(std::string_view sBytes) override;
+    void Commit() override;
+
+private:
+    void CheckStream() const;
+
+    std::ostream& m_Stream;
+};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <stdexcept>
+
+/// The program's exit codes.
+constexpr int c_iExitSuccess = 0;
+constexpr int c_iExitFailure = 1; // a file, the memory, an interruption
+constexpr int c_iExitUsage = 2;   // the command line
+
+/// Something that ends the program with a message for the user, who is told what is wrong where and what is allowed.
+class CHeadlessError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+    virtual int GetExitCode() const { return c_iExitFailure; }
+};
+
+/// The same, caused by the command line.
+class CUsageError : public CHeadlessError
+{
+public:
+    using CHeadlessError::CHeadlessError;
+    int GetExitCode() const override { return c_iExitUsage; }
+};

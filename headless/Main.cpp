@@ -1,0 +1,50 @@
+#include "classes/core/Utf8.h"
+#include "headless/HeadlessMain.h"
+#include "headless/SystemFile.h"
+
+#include <atomic>
+#include <csignal>
+#include <iostream>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+std::atomic<bool> g_bInterrupted = false;
+static_assert(std::atomic<bool>::is_always_lock_free, "set by a signal handler");
+
+void Interrupt(int)
+{
+    g_bInterrupted = true;
+}
+
+int RunMain(const std::vector<std::string>& arguments)
+{
+    // An interrupted run ends in order, so that no temporary file stays behind.
+    std::signal(SIGINT, &Interrupt);
+    std::signal(SIGTERM, &Interrupt);
+    SetStandardOutputBinary();
+    std::ios::sync_with_stdio(false);
+    return HeadlessMain(arguments, CConsole{std::cout, std::cerr, IsStandardErrorTerminal(), &g_bInterrupted});
+}
+
+} // namespace
+
+#ifdef _WIN32
+// The system's code page could not hold every file name.
+extern "C" int wmain(int count, wchar_t** pArguments)
+{
+    std::vector<std::string> arguments;
+    for (int index = 1; index < count; ++index)
+    {
+        arguments.push_back(Utf8FromWide(pArguments[index]));
+    }
+    return RunMain(arguments);
+}
+#else
+int main(int count, char** pArguments)
+{
+    return RunMain({pArguments + 1, pArguments + count});
+}
+#endif

@@ -1,0 +1,67 @@
+#include "headless/PngFile.h"
+
+#include "headless/CWorldImage.h"
+#include "headless/HeadlessError.h"
+#include "headless/IByteSink.h"
+
+#include <exception>
+
+// Only what writes into memory; names of files stay the system's business.
+#define STB_IMAGE_WRITE_IMPLEMENTATION
+#define STB_IMAGE_WRITE_STATIC
+#define STBI_WRITE_NO_STDIO
+#include <stb/stb_image_write.h>
+
+namespace
+{
+
+constexpr int c_iChannels = 3;
+
+struct CSinkContext
+{
+    IByteSink& sink;
+    std::exception_ptr error;
+};
+
+// The library cannot be left by an exception without losing its memory.
+void WriteToSink(void* pContext, void* pData, int size) noexcept
+{
+    auto* const pSink = static_cast<CSinkContext*>(pContext);
+    try
+    {
+        pSink->sink.Write({static_cast<const char*>(pData), static_cast<std::size_t>(size)});
+    }
+    catch (...)
+    {
+        pSink->error = std::current_exception();
+    }
+}
+
+} // namespace
+
+void WritePng(const CWorldImage& image, IByteSink& sink)
+{
+    CSinkContext context{sink, nullptr};
+    const CSize<int>& size = image.GetSize();
+    const int written = stbi_write_png_to_func(&WriteToSink, &context, size.cx, size.cy, c_iChannels,
+                                               image.GetPixels().data(), size.cx * c_iChannels);
+    if (context.error)
+    {
+        std::rethrow_exception(context.error);
+    }
+    if (written == 0)
+    {
+        throw CHeadlessError("the picture cannot be made: there is not enough memory");
+    }
+}
+
+std::string GetNumberedName(const std::string& sPath, std::uint64_t uIteration, std::uint64_t uIterations)
+{
+    const std::string sLast = std::to_string(uIterations);
+    std::string sNumber = std::to_string(uIteration);
+    sNumber.insert(0, sLast.size() > sNumber.size() ? sLast.size() - sNumber.size() : 0, '0');
+    const std::size_t uName = sPath.find_last_of("/\\") + 1; // 0 where there is no folder
+    const std::size_t uDot = sPath.rfind('.');
+    const std::size_t uInsert = uDot == std::string::npos || uDot <= uName ? sPath.size() : uDot;
+    return sPath.substr(0, uInsert) + '-' + sNumber + sPath.substr(uInsert);
+}

@@ -1,0 +1,137 @@
+#include "headless/SystemFile.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace
+{
+
+// The largest piece handed to the system at once: Windows counts in 32 bits.
+constexpr std::size_t c_uMaxPieceBytes = 1U << 30U;
+
+#ifdef _WIN32
+
+int OpenFile(const std::filesystem::path& path, int flags)
+{
+    return _wopen(path.c_str(), flags | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
+}
+
+int WritePiece(int file, const char* pBytes, std::size_t uCount)
+{
+    return _write(file, pBytes, static_cast<unsigned>(uCount));
+}
+
+#else
+
+// Read and write for everybody; the user's mask takes away what it must.
+constexpr mode_t c_NewFileMode = 0666;
+
+int OpenFile(const std::filesystem::path& path, int flags)
+{
+    return open(path.c_str(), flags | O_CLOEXEC, c_NewFileMode);
+}
+
+ssize_t WritePiece(int file, const char* pBytes, std::size_t uCount)
+{
+    return write(file, pBytes, uCount);
+}
+
+#endif
+
+int Open(const std::filesystem::path& path, int flags, int& error)
+{
+    const int file = OpenFile(path, flags);
+    error = file == c_iNoFile ? errno : 0;
+    return file;
+}
+
+} // namespace
+
+std::filesystem::path PathFromUtf8(const std::string& sPath)
+{
+    return std::filesystem::path(std::u8string(sPath.begin(), sPath.end()));
+}
+
+int SystemFile_Create(const std::filesystem::path& path, int& error)
+{
+    return Open(path, O_WRONLY | O_CREAT | O_EXCL, error);
+}
+
+int SystemFile_Open(const std::filesystem::path& path, int& error)
+{
+    return Open(path, O_WRONLY, error);
+}
+
+int SystemFile_Write(int file, const char* pBytes, std::size_t uCount)
+{
+    while (uCount > 0)
+    {
+        const auto written = WritePiece(file, pBytes, std::min(uCount, c_uMaxPieceBytes));
+        if (written > 0)
+        {
+            pBytes += written;
+            uCount -= static_cast<std::size_t>(written);
+        }
+        else if (written == 0)
+        {
+            return ENOSPC;
+        }
+        else if (errno != EINTR)
+        {
+            return errno;
+        }
+    }
+    return 0;
+}
+
+int SystemFile_Flush(int file)
+{
+#ifdef _WIN32
+    const int result = _commit(file);
+#else
+    const int result = fsync(file);
+#endif
+    // What cannot be flushed (a pipe, a device) says so with one of these.
+    const bool bNothingToFlush = result != 0 && (errno == EINVAL || errno == ENOTSUP || errno == EBADF);
+    return result == 0 || bNothingToFlush ? 0 : errno;
+}
+
+int SystemFile_Close(int file)
+{
+#ifdef _WIN32
+    return _close(file) == 0 ? 0 : errno;
+#else
+    return close(file) == 0 ? 0 : errno;
+#endif
+}
+
+bool IsStandardErrorTerminal()
+{
+#ifdef _WIN32
+    return _isatty(_fileno(stderr)) != 0;
+#else
+    return isatty(STDERR_FILENO) != 0;
+#endif
+}
+
+void SetStandardOutputBinary()
+{
+#ifdef _WIN32
+    _setmode(_fileno(stdout), _O_BINARY);
+#endif
+}
+
+std::string GetErrorText(int error)
+{
+    return std::generic_category().message(error);
+}
