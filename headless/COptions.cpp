@@ -2,6 +2,7 @@
 
 #include "headless/HeadlessError.h"
 #include "headless/OptionValues.h"
+#include "headless/SystemFile.h"
 #include "simulation/SimulationConstants.h"
 
 #include <CLI/CLI.hpp>
@@ -57,10 +58,8 @@ void AddWorldOptions(CLI::App& app, COptions& options)
     AddNumber(app, "--width", options.width, c_iMinWorldLength, c_iMaxWorldLength, "World width, 10..9999 (512)");
     AddNumber(app, "--height", options.height, c_iMinWorldLength, c_iMaxWorldLength, "World height, 10..9999 (512)");
     AddNumber(app, "--atoms", options.atoms, c_iMinTotalAtoms, c_iMaxTotalAtoms, "Number of atoms, 1..1000000 (256)");
-    CLI::Option* const pMinRadius =
-        AddNumber(app, "--min-radius", options.minRadius, c_uMinRadius, c_uMaxRadius, "Smallest radius, 1..32 (3)");
-    CLI::Option* const pMaxRadius =
-        AddNumber(app, "--max-radius", options.maxRadius, c_uMinRadius, c_uMaxRadius, "Largest radius, 1..32 (5)");
+    AddNumber(app, "--min-radius", options.minRadius, c_uMinRadius, c_uMaxRadius, "Smallest radius, 1..32 (3)");
+    AddNumber(app, "--max-radius", options.maxRadius, c_uMinRadius, c_uMaxRadius, "Largest radius, 1..32 (5)");
     AddNumber(app, "--seed", options.seed, 0, c_uLargestSeed, "Seed of the random numbers (drawn from the system)");
     AddOption(app, "--start-at", options.startAt, ParsePointOption, "X,Y", "Point where every atom starts");
     AddNumber(app, "--iterations", options.iterations, 0, c_uMostIterations, "Number of iterations (1000)");
@@ -118,7 +117,10 @@ void CheckOutputs(const COptions& options)
     const std::vector<std::optional<std::string>> outputs = {options.saveState, options.stats, options.picture};
     for (const std::optional<std::string>& output : outputs)
     {
-        if (output && std::count(outputs.begin(), outputs.end(), output) > 1)
+        const auto isSame = [&output](const std::optional<std::string>& other) {
+            return other && PathFromUtf8(*other).lexically_normal() == PathFromUtf8(*output).lexically_normal();
+        };
+        if (output && std::count_if(outputs.begin(), outputs.end(), isSame) > 1)
         {
             throw CUsageError("--save-state, --stats and --picture must not be written to the same place (" + *output +
                               ")");
