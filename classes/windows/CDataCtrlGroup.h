@@ -10,26 +10,12 @@
 #include "classes/core/CWString.h"
 #include "classes/windows/CPicture.h"
 #include "classes/windows/CWndCommon.h"
+#include "classes/windows/EnumDataCtrlType.h"
+#include "classes/windows/IPanelHost.h"
+#include "classes/windows/PanelLayout.h"
 
 class CDataCtrl;
 class CWndButton;
-
-// What a row of the panel holds. The values are fixed: tables of controls name them by number.
-enum class EnumDataCtrlType : std::uint32_t
-{
-    ColourButton = 1,
-    DropDownList = 6,
-    Divider = 10,
-    NumberEntry = 12, // digits only
-    FactorEntry = 15, // any one line of text
-    Heading = 16
-};
-
-enum class EnumShowState : std::uint8_t
-{
-    InUse = 1,
-    Greyed = 2 // shown, but disabled and passed over by Tab
-};
 
 // A panel of labelled settings, one per row: labels on the left, controls on the right, aligned on one edge. It draws
 // the main window's backdrop behind itself without a seam. When it is lower than its rows it scrolls: by its bar, by
@@ -39,7 +25,7 @@ enum class EnumShowState : std::uint8_t
 // A colour button's click (WM_NOTIFY 0x202, hwndFrom is the button) and a list's notifications (WM_COMMAND) are handed
 // on to the main window, and so are F11 and Escape when they are released in a control, except for the Escape that
 // closes an open list. Every control has its label as accessible name.
-class CDataCtrlGroup : public CWndCommon
+class CDataCtrlGroup : public CWndCommon, private IPanelHost
 {
 public:
     // The panel's window is made at once, empty and of no size; GetWindowHandle() is null when that failed.
@@ -99,6 +85,14 @@ public:
     LRESULT WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
 
 private:
+    HWND Host_GetWindow() const override;
+    HINSTANCE Host_GetInstance() const override;
+    HFONT Host_GetFont(bool bBold) const override;
+    std::wstring* Host_GetDebugLog() const override;
+    void Host_DrawBehind(HDC hDc, HWND hChild) override;
+    void Host_RowFocused(short iIndex, bool bFocused) override;
+    bool Host_ScrollByWheel(short iDelta) override;
+
     std::optional<LRESULT> OnPaint(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnEraseBackground(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnPrintClient(WPARAM wParam, LPARAM lParam);
@@ -106,24 +100,24 @@ private:
     std::optional<LRESULT> OnMove(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnVScroll(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnMouseWheel(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnLButtonDown(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnNotify(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnCommand(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnKeyUp(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnControlColour(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnSetFont(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnGetFont(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnDestroy(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnNcDestroy(WPARAM wParam, LPARAM lParam);
 
     bool CreatePanelWindow(bool bFrame);
     CDataCtrl* GetCtrl(short iIndex) const;
-    const CDataCtrl* FindCtrl(const CWString& sLabel) const;
+    CDataCtrl* FindCtrl(const CWString& sLabel) const;
     void ScrollTo(int iPosition);
     int GetScrollPosition() const;
-    void LayOut();
-    void DrawPanel(HDC hDc, const RECT& rcPaint);
-    HWND GetMainWindow() const;
-
-    friend class CDataCtrl;
+    void UpdateScrollBar();
+    void PlaceRows();
+    CPanelLayout GetLayout() const;
+    void DrawPanel(HDC hDc);
 
     std::vector<std::unique_ptr<CDataCtrl>> m_ctrls;
     CBrushHandle m_EntryBrush;
@@ -131,6 +125,7 @@ private:
     CFontHandle m_FontBold;
     double m_dLabelShare;
     short m_iFirstId;
-    int m_iContentHeight = 0;
+    LRESULT m_iConfirmed = -1; // the list item that was last announced as chosen
+    int m_iWheelRest = 0;      // wheel movement that has not yet made a whole pixel
     bool m_bLayingOut = false;
 };

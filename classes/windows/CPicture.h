@@ -79,6 +79,7 @@ public:
     bool DrawByMode(HDC hDc, EnumPicDrawMode eMode) const;
 
 private:
+    void Adopt(std::shared_ptr<const CPictureBits> pBits);
     bool CanDraw(HDC hDc) const;
     void DrawScaled(HDC hDc, const RECT& rcTarget, bool bFrame) const;
 

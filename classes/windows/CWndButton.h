@@ -11,6 +11,10 @@
 
 // The notification code of a click, sent as WM_NOTIFY to the button's parent.
 constexpr UINT c_uButtonClicked = 0x202;
+// The notification code of a button that has been given the keyboard focus.
+constexpr UINT c_uButtonFocused = 0x210;
+
+constexpr const wchar_t* c_sButtonClass = L"CWndButton";
 
 // A rounded push button in one colour, drawn here in all its states: normal, under the pointer, pressed, disabled,
 // with the keyboard focus. Its text takes whichever of black and white stands out more from its colour.
@@ -68,7 +72,7 @@ private:
     std::optional<LRESULT> OnCancelMode(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnKeyDown(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnKeyUp(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnFocusChanged(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnSetFocus(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnKillFocus(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnEnable(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnSetText(WPARAM wParam, LPARAM lParam);
@@ -77,12 +81,12 @@ private:
     std::optional<LRESULT> OnGetDlgCode(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnGetObject(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnClickMessage(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnMouseWheel(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnDestroy(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnMove(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnNcDestroy(WPARAM wParam, LPARAM lParam);
 
     void Draw(HDC hDc, const RECT& rcClient);
     void DrawBehind(HDC hDc);
-    void DrawLabel(HDC hDc, const RECT& rcClient) const;
+    void DrawLabel(HDC hDc, const RECT& rcClient, COLORREF crText) const;
     void SetPressed(bool bPressed);
     void Invalidate() const;
 

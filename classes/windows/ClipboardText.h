@@ -1,0 +1,8 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+/// The text on the clipboard; empty when there is none or another program holds the clipboard.
+std::wstring ReadClipboardText(HWND hOwner);
