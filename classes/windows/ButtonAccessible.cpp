@@ -57,7 +57,7 @@ public:
         if (ppObject == nullptr)
             return E_POINTER;
         *ppObject = nullptr;
-        if (iid != IID_IUnknown && iid != IID_IDispatch && iid != IID_IAccessible)
+        if (iid != IID_IUnknown && iid != IID_IDispatch && iid != __uuidof(IAccessible))
             return E_NOINTERFACE;
         *ppObject = static_cast<IAccessible*>(this);
         AddRef();
@@ -219,10 +219,10 @@ HRESULT CButtonAccessible::accDoDefaultAction(VARIANT id)
 LRESULT ButtonAccessible_Answer(HWND hButton, WPARAM wParam)
 {
     CComPtr<IAccessible> pStandard;
-    const HRESULT hr = CreateStdAccessibleObject(hButton, OBJID_CLIENT, IID_IAccessible,
+    const HRESULT hr = CreateStdAccessibleObject(hButton, OBJID_CLIENT, __uuidof(IAccessible),
                                                  reinterpret_cast<void**>(pStandard.Receive()));
     if (FAILED(hr) || !pStandard)
         return 0;
     const CComPtr<IAccessible> pOwn(new CButtonAccessible(hButton, std::move(pStandard)));
-    return LresultFromObject(IID_IAccessible, wParam, pOwn.Get());
+    return LresultFromObject(__uuidof(IAccessible), wParam, pOwn.Get());
 }
