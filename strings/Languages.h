@@ -52,21 +52,21 @@ inline constexpr std::array<CLanguage, c_uLanguageCount> c_Languages{{
     {21, L"Turkish", EnumReadingDirection::LeftToRight, TranslateStrings_Kinetarium_Turkish},
 }};
 
-/// True when the language in row n has the index n + 1, and a filler.
+/// True when the languages are numbered from 1 without a gap, and named.
 constexpr bool Languages_AreSound()
 {
     std::size_t uExpected = 0;
     for (const CLanguage& language : c_Languages)
     {
         ++uExpected;
-        if (language.uIndex != uExpected || language.sName.empty() || language.pFill == nullptr)
+        if (language.uIndex != uExpected || language.sName.empty())
             return false;
     }
     return true;
 }
 
-static_assert(Languages_AreSound(), "the languages are numbered from 1 without a gap");
-static_assert(c_Languages[c_uLanguageEnglish - 1].pFill == &TranslateStrings_Kinetarium_English);
+static_assert(Languages_AreSound(), "an index is stored outside of the program and must never change");
+static_assert(c_Languages[c_uLanguageEnglish - 1].sName == L"English");
 
 /// The language of that index; English for every index that is none.
 constexpr const CLanguage& Languages_Find(unsigned char uIndex)

@@ -1,5 +1,6 @@
 #include "classes/core/Dbl.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -50,7 +51,9 @@ TEST(Dbl, HalvesRoundAwayFromZero)
     EXPECT_EQ(Dbl_Round(-2.5, 0), -3.0);
     EXPECT_EQ(Dbl_Round(2.4999999999999996, 0), 2.0);
     EXPECT_EQ(Dbl_Round(0.49999999999999994, 0), 0.0);
+    EXPECT_EQ(Dbl_Round(-0.49999999999999994, 0), 0.0);
     EXPECT_EQ(Dbl_Round(4503599627370495.5, 0), 4503599627370496.0);
+    EXPECT_EQ(Dbl_Round(4503599627370497.0, 0), 4503599627370497.0);
 }
 
 TEST(Dbl, DecimalPlacesAndTensAreCounted)
@@ -66,6 +69,8 @@ TEST(Dbl, NumbersWithoutSuchPlacesComeBackAsTheyAre)
 {
     constexpr double dMax = std::numeric_limits<double>::max();
     EXPECT_EQ(Dbl_Round(1e300, 0), 1e300);
+    EXPECT_EQ(Dbl_Round(std::numeric_limits<double>::infinity(), 0), std::numeric_limits<double>::infinity());
+    EXPECT_TRUE(std::isnan(Dbl_Round(std::numeric_limits<double>::quiet_NaN(), 0)));
     EXPECT_EQ(Dbl_Round(dMax, 5), dMax);
     EXPECT_EQ(Dbl_Round(1.5, 1000), 1.5);
     EXPECT_EQ(Dbl_Round(1.5, std::numeric_limits<int>::max()), 1.5);
