@@ -1,12 +1,12 @@
 # Header-only libraries live in an include folder of the build tree, so that the cross build never sees /usr/include.
-# scripts/install-packages.sh and scripts/fetch-fmt.sh fill it.
+# scripts/fetch-dependencies.sh fills it.
 set(KINETARIUM_DEPENDENCIES "${CMAKE_SOURCE_DIR}/build/deps/include" CACHE PATH
-  "Folder with the headers of fmt (version 11), Boost and CLI11")
+  "Folder with the headers of fmt (version 11), Boost, CLI11 and stb")
 
 set(fmt_header "${KINETARIUM_DEPENDENCIES}/fmt/base.h")
 if(NOT EXISTS "${fmt_header}")
-  message(FATAL_ERROR "The headers of {fmt} 11 are not in ${KINETARIUM_DEPENDENCIES}. "
-    "Run scripts/fetch-dependencies.sh, or set KINETARIUM_DEPENDENCIES to a folder that holds fmt/, boost/ and CLI/.")
+  message(FATAL_ERROR "The headers of {fmt} 11 are not in '${KINETARIUM_DEPENDENCIES}'. "
+    "Run scripts/fetch-dependencies.sh, or set KINETARIUM_DEPENDENCIES to a folder that holds fmt/, boost/, CLI/ and stb/.")
 endif()
 file(STRINGS "${fmt_header}" fmt_version_line REGEX "^#define FMT_VERSION [0-9]+")
 string(REGEX MATCH "[0-9]+" fmt_version "${fmt_version_line}")

@@ -1,7 +1,12 @@
 # GoogleTest is compiled for each build from the distribution's sources, with the build's own flags.
 set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
 set(BUILD_GMOCK ON CACHE BOOL "" FORCE)
-add_subdirectory(/usr/src/googletest "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL)
+set(KINETARIUM_GOOGLETEST /usr/src/googletest CACHE PATH "Folder with the sources of GoogleTest")
+if(NOT EXISTS "${KINETARIUM_GOOGLETEST}/CMakeLists.txt")
+  message(FATAL_ERROR "The sources of GoogleTest are not in '${KINETARIUM_GOOGLETEST}'. "
+    "Run scripts/install-packages.sh, or set KINETARIUM_GOOGLETEST to a folder that holds them.")
+endif()
+add_subdirectory("${KINETARIUM_GOOGLETEST}" "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL)
 include(GoogleTest)
 
 # Native and Windows tests can be run by one CTest: names begin with the world, labels count them.

@@ -8,5 +8,6 @@ std::filesystem::path BuiltProgram()
 {
     std::array<wchar_t, MAX_PATH> path{};
     GetModuleFileNameW(nullptr, path.data(), MAX_PATH);
-    return std::filesystem::path(path.data()).parent_path() / "Kinetarium.exe";
+    const std::filesystem::path tree = std::filesystem::path(path.data()).parent_path().parent_path();
+    return tree / "bin" / "Kinetarium.exe";
 }

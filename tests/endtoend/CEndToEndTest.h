@@ -8,7 +8,7 @@
 #include <chrono>
 #include <filesystem>
 
-/// The program that was built beside the test program.
+/// The program of the build tree that the test program lies in.
 std::filesystem::path BuiltProgram();
 
 /// A fresh copy of the program with the default settings, running, and someone who uses it.

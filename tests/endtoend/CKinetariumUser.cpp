@@ -79,29 +79,25 @@ std::string Narrow(const std::wstring& sText)
 
 CKinetariumUser::CKinetariumUser(const CDrivenProgram& program) : m_program(program)
 {
-    m_hMain = WaitUntil("the main window", c_startPatience,
-                        [&]
-                        {
-                            if (!m_program.IsRunning())
-                            {
-                                throw std::runtime_error("the program ended before it showed its window");
-                            }
-                            return FindTopWindow(
-                                [&](HWND hWindow)
-                                {
-                                    DWORD uProcessId = 0;
-                                    GetWindowThreadProcessId(hWindow, &uProcessId);
-                                    return uProcessId == m_program.GetProcessId() &&
-                                           ClassOf(hWindow) == L"CKinetarium" && IsWindowVisible(hWindow) != FALSE;
-                                });
-                        });
+    m_hMain = WaitUntil("the main window", c_startPatience, [&] {
+        if (!m_program.IsRunning())
+        {
+            throw std::runtime_error("the program ended before it showed its window");
+        }
+        return FindTopWindow([&](HWND hWindow) {
+            DWORD uProcessId = 0;
+            GetWindowThreadProcessId(hWindow, &uProcessId);
+            return uProcessId == m_program.GetProcessId() && ClassOf(hWindow) == L"CKinetarium" &&
+                   IsWindowVisible(hWindow) != FALSE;
+        });
+    });
     m_hStatusBar = WaitUntil("the status bar", c_actionPatience,
                              [&] { return FindDescendantByClass(m_hMain, L"msctls_statusbar32"); });
     m_hWorldView =
         WaitUntil("the world view", c_actionPatience, [&] { return FindDescendantByClass(m_hMain, L"CWndWorldView"); });
-    m_hButton =
-        WaitUntil("the Start button", c_actionPatience,
-                  [&] { return FindDescendant(m_hMain, [](HWND hWindow) { return ReadText(hWindow) == L"Start"; }); });
+    m_hButton = WaitUntil("the Start button", c_actionPatience, [&] {
+        return FindDescendant(m_hMain, [](HWND hWindow) { return ReadText(hWindow) == L"Start"; });
+    });
 }
 
 std::wstring CKinetariumUser::GetButtonText() const
@@ -190,13 +186,11 @@ CStatistics CKinetariumUser::WaitForStatistics(std::uint64_t uKnown) const
     std::wstring sLast;
     try
     {
-        return *WaitUntil("a statistics line", c_linePatience,
-                          [&]() -> std::optional<CStatistics>
-                          {
-                              sLast = GetStatusText();
-                              const auto statistics = ParseStatisticsLine(sLast);
-                              return statistics && statistics->iterations != uKnown ? statistics : std::nullopt;
-                          });
+        return *WaitUntil("a statistics line", c_linePatience, [&]() -> std::optional<CStatistics> {
+            sLast = GetStatusText();
+            const auto statistics = ParseStatisticsLine(sLast);
+            return statistics && statistics->iterations != uKnown ? statistics : std::nullopt;
+        });
     }
     catch (const std::runtime_error& error)
     {

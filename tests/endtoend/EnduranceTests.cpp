@@ -18,8 +18,7 @@ TEST_F(Endurance, TwoHundredRoundsOfStartClickAndStopLeaveNoThreadHandleOrDrawin
     constexpr int c_iRounds = 200;
     // The system keeps a few objects of its own that come and go; a leak of one per round would be 200.
     constexpr int c_iSlack = 10;
-    const auto playRound = [&](int iRound)
-    {
+    const auto playRound = [&](int iRound) {
         m_user.PressStart();
         if (iRound % 2 == 0)
         {

@@ -89,28 +89,26 @@ TEST_F(EndToEnd, AClickInTheWorldStartsItAnewFromThatPoint)
     m_user.WaitForStatistics(0);
     const POINT click = {100, 120};
     // Shortly after the click all atoms are near it, and so the far half of the world is empty.
-    WaitUntil("the atoms to burst from the click", c_patience,
-              [&]
-              {
-                  m_user.ClickWorld(click);
-                  for (int iPicture = 0; iPicture < 20; ++iPicture)
-                  {
-                      RECT rcFarHalf = m_user.GetWorldRectangle();
-                      rcFarHalf.left = (rcFarHalf.left + rcFarHalf.right) / 2;
-                      const CScreenPicture farHalf(rcFarHalf);
-                      RECT rcNear = m_user.GetWorldRectangle();
-                      constexpr int c_iReach = 60; // pixels
-                      rcNear = {rcNear.left + click.x - c_iReach, rcNear.top + click.y - c_iReach,
-                                rcNear.left + click.x + c_iReach, rcNear.top + click.y + c_iReach};
-                      const CColourCounts near = CountColours(CScreenPicture(rcNear));
-                      if (CountColours(farHalf).black == farHalf.GetWidth() * farHalf.GetHeight() &&
-                          near.red + near.grey + near.green > 0)
-                      {
-                          return true;
-                      }
-                  }
-                  return false;
-              });
+    WaitUntil("the atoms to burst from the click", c_patience, [&] {
+        m_user.ClickWorld(click);
+        for (int iPicture = 0; iPicture < 20; ++iPicture)
+        {
+            RECT rcFarHalf = m_user.GetWorldRectangle();
+            rcFarHalf.left = (rcFarHalf.left + rcFarHalf.right) / 2;
+            const CScreenPicture farHalf(rcFarHalf);
+            RECT rcNear = m_user.GetWorldRectangle();
+            constexpr int c_iReach = 60; // pixels
+            rcNear = {rcNear.left + click.x - c_iReach, rcNear.top + click.y - c_iReach,
+                      rcNear.left + click.x + c_iReach, rcNear.top + click.y + c_iReach};
+            const CColourCounts near = CountColours(CScreenPicture(rcNear));
+            if (CountColours(farHalf).black == farHalf.GetWidth() * farHalf.GetHeight() &&
+                near.red + near.grey + near.green > 0)
+            {
+                return true;
+            }
+        }
+        return false;
+    });
     m_user.WaitForStatistics(0);
     ExpectCleanClose();
 }
@@ -139,18 +137,14 @@ TEST_F(EndToEnd, F11ShowsTheWorldAloneOnTheWholeScreenAndF11AgainBringsTheWindow
     m_user.RestMouse();
     m_user.PressKeyInWindow(VK_F11);
     const RECT rcScreen = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-    WaitUntil("the window to cover the screen", c_patience,
-              [&]
-              {
-                  const RECT rc = m_user.GetWorldRectangle();
-                  return EqualRect(&rc, &rcScreen) != FALSE && IsWindowVisible(m_user.GetStatusBar()) == FALSE;
-              });
+    WaitUntil("the window to cover the screen", c_patience, [&] {
+        const RECT rc = m_user.GetWorldRectangle();
+        return EqualRect(&rc, &rcScreen) != FALSE && IsWindowVisible(m_user.GetStatusBar()) == FALSE;
+    });
     m_user.PressKeyInWindow(VK_F11);
-    WaitUntil("the window to be as before", c_patience,
-              [&]
-              {
-                  const RECT rc = m_user.GetWindowRectangle();
-                  return EqualRect(&rc, &rcBefore) != FALSE && IsWindowVisible(m_user.GetStatusBar()) != FALSE;
-              });
+    WaitUntil("the window to be as before", c_patience, [&] {
+        const RECT rc = m_user.GetWindowRectangle();
+        return EqualRect(&rc, &rcBefore) != FALSE && IsWindowVisible(m_user.GetStatusBar()) != FALSE;
+    });
     ExpectCleanClose();
 }

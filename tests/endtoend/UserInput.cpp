@@ -50,12 +50,10 @@ void MoveMouse(POINT point)
     input.mi.dx = ToAbsolute(point.x, SM_CXSCREEN);
     input.mi.dy = ToAbsolute(point.y, SM_CYSCREEN);
     Send({input});
-    WaitUntil("the mouse to arrive", c_patience,
-              [&]
-              {
-                  POINT now{};
-                  return GetCursorPos(&now) != FALSE && labs(now.x - point.x) <= 1 && labs(now.y - point.y) <= 1;
-              });
+    WaitUntil("the mouse to arrive", c_patience, [&] {
+        POINT now{};
+        return GetCursorPos(&now) != FALSE && labs(now.x - point.x) <= 1 && labs(now.y - point.y) <= 1;
+    });
 }
 
 void ClickLeft()
