@@ -87,12 +87,12 @@ double CBigFloat::ToDouble() const
 
 bool CBigFloat::operator==(const CBigFloat& other) const
 {
-    return *this <=> other == 0;
+    return GetNumber().value.compare(other.GetNumber().value) == 0;
 }
 
 bool CBigFloat::operator==(int iOther) const
 {
-    return *this <=> iOther == 0;
+    return GetNumber().value.compare(Decimal(iOther)) == 0;
 }
 
 std::strong_ordering CBigFloat::operator<=>(const CBigFloat& other) const

@@ -69,14 +69,12 @@ LONG WINAPI OnFault(EXCEPTION_POINTERS* pPointers)
 {
     const EXCEPTION_RECORD& record = *pPointers->ExceptionRecord;
     if ((record.ExceptionCode & c_dwGccExceptionMask) != c_dwGccExceptionCode)
-        ReportSafely(
-            [&record]
-            {
-                CWString sText;
-                sText.Format(L"fault 0x%08x at address %p", static_cast<std::uint32_t>(record.ExceptionCode),
-                             static_cast<const void*>(record.ExceptionAddress));
-                return sText.Get();
-            });
+        ReportSafely([&record] {
+            CWString sText;
+            sText.Format(L"fault 0x%08x at address %p", static_cast<std::uint32_t>(record.ExceptionCode),
+                         static_cast<const void*>(record.ExceptionAddress));
+            return sText.Get();
+        });
     const LPTOP_LEVEL_EXCEPTION_FILTER pPrevious = g_pPreviousFilter.load();
     return pPrevious != nullptr ? pPrevious(pPointers) : EXCEPTION_CONTINUE_SEARCH;
 }

@@ -93,13 +93,11 @@ std::vector<CProfileRow> CProfile::GetTable()
                                 ToMicroSeconds(entry.llLongest.load(std::memory_order_relaxed))});
         }
     }
-    std::sort(rows.begin(), rows.end(),
-              [](const CProfileRow& first, const CProfileRow& second)
-              {
-                  if (first.llTotalMicroSeconds != second.llTotalMicroSeconds)
-                      return first.llTotalMicroSeconds > second.llTotalMicroSeconds;
-                  return first.sText < second.sText;
-              });
+    std::sort(rows.begin(), rows.end(), [](const CProfileRow& first, const CProfileRow& second) {
+        if (first.llTotalMicroSeconds != second.llTotalMicroSeconds)
+            return first.llTotalMicroSeconds > second.llTotalMicroSeconds;
+        return first.sText < second.sText;
+    });
     return rows;
 }
 

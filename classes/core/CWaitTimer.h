@@ -8,7 +8,7 @@ class CWaitTimer
 {
 public:
     CWaitTimer();
-    ~CWaitTimer();
+    ~CWaitTimer(); // NOLINT(performance-trivially-destructible): Windows has a timer to close
     CWaitTimer(const CWaitTimer&) = delete;
     CWaitTimer& operator=(const CWaitTimer&) = delete;
 

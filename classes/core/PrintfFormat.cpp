@@ -26,8 +26,7 @@ std::wstring TranslateLengthModifiers(std::wstring_view sFormat)
     std::wstring sResult;
     sResult.reserve(sFormat.size());
     std::size_t uAt = 0;
-    const auto copyTo = [&](std::size_t uEnd)
-    {
+    const auto copyTo = [&](std::size_t uEnd) {
         sResult += sFormat.substr(uAt, uEnd - uAt);
         uAt = uEnd;
     };
