@@ -3,6 +3,7 @@
 #include "classes/core/CColour.h"
 #include "classes/core/OutputDebugMessage.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -20,6 +21,12 @@ D2D1_COLOR_F MakeColour_Direct2D(ColourRef cr)
     constexpr double c_dFullByte = 255.0;
     const auto share = [](std::uint8_t uByte) { return static_cast<float>(uByte / c_dFullByte); };
     return D2D1_COLOR_F{share(GetRed(cr)), share(GetGreen(cr)), share(GetBlue(cr)), 1.0F};
+}
+
+// A view without area has a target of one pixel: some systems make a target of none that cannot be drawn to later.
+D2D1_SIZE_U GetTargetSize(LONG iWidth, LONG iHeight)
+{
+    return D2D1_SIZE_U{static_cast<UINT32>(std::max(iWidth, LONG{1})), static_cast<UINT32>(std::max(iHeight, LONG{1}))};
 }
 
 } // namespace
@@ -77,8 +84,8 @@ bool CPainterDirect2D::EnsureRenderTarget(HWND hWnd, std::wstring* pDebugLog)
     RECT rcClient{};
     GetClientRect(hWnd, &rcClient);
     const D2D1_RENDER_TARGET_PROPERTIES properties{}; // all defaults
-    const D2D1_HWND_RENDER_TARGET_PROPERTIES window{
-        hWnd, {static_cast<UINT32>(rcClient.right), static_cast<UINT32>(rcClient.bottom)}, D2D1_PRESENT_OPTIONS_NONE};
+    const D2D1_HWND_RENDER_TARGET_PROPERTIES window{hWnd, GetTargetSize(rcClient.right, rcClient.bottom),
+                                                    D2D1_PRESENT_OPTIONS_NONE};
     const HRESULT hr = m_pFactory->CreateHwndRenderTarget(&properties, &window, m_pRenderTarget.Receive());
     if (SUCCEEDED(hr) && m_pRenderTarget)
     {
@@ -112,7 +119,7 @@ void CPainterDirect2D::Resize(const SIZE& size)
 {
     if (m_pRenderTarget)
     {
-        const D2D1_SIZE_U sizePixels{static_cast<UINT32>(size.cx), static_cast<UINT32>(size.cy)};
+        const D2D1_SIZE_U sizePixels = GetTargetSize(size.cx, size.cy);
         m_pRenderTarget->Resize(&sizePixels);
     }
 }
@@ -155,8 +162,7 @@ void CPainterDirect2D::DrawAtoms(const CAtomScene& scene)
     ID2D1HwndRenderTarget* const pTarget = m_pRenderTarget.Get();
     const std::array<ID2D1SolidColorBrush*, c_uColourClassCount> brushes{m_pBrushes[0].Get(), m_pBrushes[1].Get(),
                                                                          m_pBrushes[2].Get()};
-    const auto draw = [&](const CAtom& atom, int iClass)
-    {
+    const auto draw = [&](const CAtom& atom, int iClass) {
         // A class whose brush could not be made stays invisible.
         if (ID2D1SolidColorBrush* const pBrush = brushes[static_cast<std::size_t>(iClass)])
         {

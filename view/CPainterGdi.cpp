@@ -61,17 +61,15 @@ void DrawAtoms_Gdi(HDC hDc, const CAtomScene& scene)
     const CSelectObject pen(hDc, GetStockObject(DC_PEN));
     const CSelectObject brush(hDc, GetStockObject(DC_BRUSH));
     int iCurrentClass = c_iNoClass;
-    DrawAtoms_Speed(scene,
-                    [&](const CAtom& atom, int iClass)
-                    {
-                        if (iClass != iCurrentClass)
-                        {
-                            const COLORREF cr = scene.settings[static_cast<std::size_t>(iClass)].cr;
-                            SetDCPenColor(hDc, cr);
-                            SetDCBrushColor(hDc, cr);
-                            iCurrentClass = iClass;
-                        }
-                        const CRect rc = GetEllipseRect(atom, scene.ptWorld);
-                        Ellipse(hDc, rc.left, rc.top, rc.right, rc.bottom);
-                    });
+    DrawAtoms_Speed(scene, [&](const CAtom& atom, int iClass) {
+        if (iClass != iCurrentClass)
+        {
+            const COLORREF cr = scene.settings[static_cast<std::size_t>(iClass)].cr;
+            SetDCPenColor(hDc, cr);
+            SetDCBrushColor(hDc, cr);
+            iCurrentClass = iClass;
+        }
+        const CRect rc = GetEllipseRect(atom, scene.ptWorld);
+        Ellipse(hDc, rc.left, rc.top, rc.right, rc.bottom);
+    });
 }

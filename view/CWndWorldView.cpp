@@ -20,36 +20,32 @@ CWndWorldView::CWndWorldView(const CWndCommon* pParent, const CSize<int>& sizeWo
     : m_painterDirect2D(pCreateFactory)
 {
     std::wstring* const pDebugLog = pParent != nullptr ? pParent->GetDebugLog() : nullptr;
-    Traced({pDebugLog, __TIMESTAMP__},
-           [&]
-           {
-               m_pDebugLog = pDebugLog;
-               if (pParent == nullptr || pParent->GetBackdrop() == nullptr)
-               {
-                   return;
-               }
-               m_pParent = pParent;
-               m_pAtoms = &atoms;
-               m_sizeWorld = sizeWorld;
-               InitializeWindow();
-           });
+    Traced({pDebugLog, __TIMESTAMP__}, [&] {
+        m_pDebugLog = pDebugLog;
+        if (pParent == nullptr || pParent->GetBackdrop() == nullptr)
+        {
+            return;
+        }
+        m_pParent = pParent;
+        m_pAtoms = &atoms;
+        m_sizeWorld = sizeWorld;
+        InitializeWindow();
+    });
 }
 
 CWndWorldView::~CWndWorldView()
 {
-    Traced({m_pDebugLog, __TIMESTAMP__},
-           [&]
-           {
-               if (m_hWnd != nullptr && !m_bDestroyed)
-               {
-                   DestroyWindow(m_hWnd);
-               }
-               m_hWnd = nullptr;
-               // What the pictures keep of Direct2D belongs to the target that goes now.
-               m_picBackdrop.ReleaseDirect2D();
-               m_picWorld.ReleaseDirect2D();
-               m_painterDirect2D.Release();
-           });
+    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
+        if (m_hWnd != nullptr && !m_bDestroyed)
+        {
+            DestroyWindow(m_hWnd);
+        }
+        m_hWnd = nullptr;
+        // What the pictures keep of Direct2D belongs to the target that goes now.
+        m_picBackdrop.ReleaseDirect2D();
+        m_picWorld.ReleaseDirect2D();
+        m_painterDirect2D.Release();
+    });
 }
 
 HWND CWndWorldView::GetWindowHandle() const
@@ -59,29 +55,27 @@ HWND CWndWorldView::GetWindowHandle() const
 
 bool CWndWorldView::InitializeWindow()
 {
-    return Traced({m_pDebugLog, __TIMESTAMP__}, false,
-                  [&]
-                  {
-                      if (!CWndCommon::Initialize(c_sClassName, m_pParent, m_pParent->GetInstance()))
-                      {
-                          return false;
-                      }
-                      RegisterViewClass();
-                      m_hWnd = CreateViewWindow();
-                      if (m_hWnd == nullptr)
-                      {
-                          return false;
-                      }
-                      ShowCreateWindow(m_pDebugLog, this, c_sClassName, L"m_hWnd", m_hWnd, nullptr);
-                      m_bWindowReady = false;
-                      SetWindowLongPtrW(m_hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-                      CreateWorldPicture();
-                      ClearScrollBar(m_hWnd, SB_VERT);
-                      m_bWindowReady = true;
-                      ShowWindow(m_hWnd, SW_SHOWNORMAL);
-                      OnEraseBackground();
-                      return true;
-                  });
+    return Traced({m_pDebugLog, __TIMESTAMP__}, false, [&] {
+        if (!CWndCommon::Initialize(c_sClassName, m_pParent, m_pParent->GetInstance()))
+        {
+            return false;
+        }
+        RegisterViewClass();
+        m_hWnd = CreateViewWindow();
+        if (m_hWnd == nullptr)
+        {
+            return false;
+        }
+        ShowCreateWindow(m_pDebugLog, this, c_sClassName, L"m_hWnd", m_hWnd, nullptr);
+        m_bWindowReady = false;
+        SetWindowLongPtrW(m_hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        CreateWorldPicture();
+        ClearScrollBar(m_hWnd, SB_VERT);
+        m_bWindowReady = true;
+        ShowWindow(m_hWnd, SW_SHOWNORMAL);
+        OnEraseBackground();
+        return true;
+    });
 }
 
 // The class stays registered; a second view finds it there.
@@ -118,25 +112,23 @@ bool CWndWorldView::InitializeSettings(CSize<int>& sizeWorld, bool bNoScrolling,
                                        unsigned long cr1, CWString& sFactor1, unsigned long cr2, CWString& sFactor2,
                                        unsigned long cr3, CWString& sFactor3)
 {
-    return Traced({m_pDebugLog, __TIMESTAMP__}, false,
-                  [&]
-                  {
-                      m_sizeWorld = sizeWorld;
-                      m_bNoScrolling = bNoScrolling;
-                      m_eColourMode = eMode;
-                      m_pAtomColourSettings[0].cr = static_cast<ColourRef>(cr1);
-                      m_pAtomColourSettings[1].cr = static_cast<ColourRef>(cr2);
-                      m_pAtomColourSettings[2].cr = static_cast<ColourRef>(cr3);
-                      const std::optional<std::int32_t> countAtoms =
-                          m_pAtoms != nullptr ? std::optional(m_pAtoms->GetCount()) : std::nullopt;
-                      if (!InterpretFactors(eMode, {sFactor1, sFactor2, sFactor3}, countAtoms, m_pAtomColourSettings))
-                      {
-                          return false;
-                      }
-                      const bool bSuccess = PrepareDirect2D();
-                      RedrawWorld();
-                      return bSuccess;
-                  });
+    return Traced({m_pDebugLog, __TIMESTAMP__}, false, [&] {
+        m_sizeWorld = sizeWorld;
+        m_bNoScrolling = bNoScrolling;
+        m_eColourMode = eMode;
+        m_pAtomColourSettings[0].cr = static_cast<ColourRef>(cr1);
+        m_pAtomColourSettings[1].cr = static_cast<ColourRef>(cr2);
+        m_pAtomColourSettings[2].cr = static_cast<ColourRef>(cr3);
+        const std::optional<std::int32_t> countAtoms =
+            m_pAtoms != nullptr ? std::optional(m_pAtoms->GetCount()) : std::nullopt;
+        if (!InterpretFactors(eMode, {sFactor1, sFactor2, sFactor3}, countAtoms, m_pAtomColourSettings))
+        {
+            return false;
+        }
+        const bool bSuccess = PrepareDirect2D();
+        RedrawWorld();
+        return bSuccess;
+    });
 }
 
 // A lost target is only gone when the pictures let go of it too, and a window should not have two.
@@ -152,11 +144,9 @@ bool CWndWorldView::PrepareDirect2D()
 
 void CWndWorldView::SetWorldBackgroundColour(unsigned long cr)
 {
-    Traced({m_pDebugLog, __TIMESTAMP__},
-           [&]
-           {
-               m_crWorldBackground = static_cast<COLORREF>(cr);
-               CreateWorldPicture();
-               RedrawWorld();
-           });
+    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
+        m_crWorldBackground = static_cast<COLORREF>(cr);
+        CreateWorldPicture();
+        RedrawWorld();
+    });
 }

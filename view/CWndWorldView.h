@@ -57,6 +57,9 @@ public:
     // Width and height of the world in pixels, one per world unit.
     const CSize<int>& GetWorldSize() const { return m_sizeWorld; }
 
+    // Where the world lies in the view; carries the scroll position.
+    CRect GetWorldRect() const;
+
     static LRESULT CALLBACK WndProcWrapper(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
 
 private:
@@ -93,6 +96,7 @@ private:
     void RedrawWorld();
 
     void CheckLayout();
+    bool HasPixels() const;
     void CreateWorldPicture();
     bool PrepareDirect2D();
     CFrame MakeFrame() const;

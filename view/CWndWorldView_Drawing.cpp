@@ -20,16 +20,25 @@ RECT GetClientRectOnScreen(HWND hWnd)
 
 void CWndWorldView::OnEraseBackground()
 {
-    Traced({m_pDebugLog, __TIMESTAMP__},
-           [&]
-           {
-               if (!m_bWindowReady)
-               {
-                   return;
-               }
-               CheckLayout();
-               ChoosePainter().PaintFrame(MakeFrame());
-           });
+    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
+        if (!m_bWindowReady)
+        {
+            return;
+        }
+        CheckLayout();
+        if (HasPixels())
+        {
+            ChoosePainter().PaintFrame(MakeFrame());
+        }
+    });
+}
+
+// False while the parent is minimised, or so small that the view is squeezed to nothing. Direct2D would take the empty
+// backdrop for a failure, and the view would be left without it until the next run.
+bool CWndWorldView::HasPixels() const
+{
+    const CSize<int> sizeClient = GetClientSize();
+    return sizeClient.cx > 0 && sizeClient.cy > 0 && m_sizeParentClient.cx > 0 && m_sizeParentClient.cy > 0;
 }
 
 // Sees every change of size, also one that no message has told of yet, before it draws: the backdrop must continue the
@@ -55,8 +64,7 @@ void CWndWorldView::CheckLayout()
 
 CFrame CWndWorldView::MakeFrame() const
 {
-    RECT rcWorld{};
-    m_picWorld.GetDrawingRect(&rcWorld, false);
+    const CRect rcWorld = GetWorldRect();
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
     CFrame frame;

@@ -24,19 +24,17 @@ static_assert(SB_ENDSCROLL == static_cast<unsigned>(EnumScrollRequest::EndScroll
 
 void CWndWorldView::SetControlPositions(int cx, int cy)
 {
-    Traced({m_pDebugLog, __TIMESTAMP__},
-           [&]
-           {
-               if (!m_bWindowReady)
-               {
-                   return;
-               }
-               const bool bUseClientArea = cx == c_iUseClientArea || cy == c_iUseClientArea;
-               const CSize<int> sizeClient = bUseClientArea ? GetClientSize() : CSize<int>{cx, cy};
-               const RECT rcWorld =
-                   ToRECT(m_bNoScrolling ? PlaceWorld_NoScrolling(sizeClient) : PlaceWorld_Scrolling(sizeClient));
-               m_picWorld.SetDrawingRect(&rcWorld);
-           });
+    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
+        if (!m_bWindowReady)
+        {
+            return;
+        }
+        const bool bUseClientArea = cx == c_iUseClientArea || cy == c_iUseClientArea;
+        const CSize<int> sizeClient = bUseClientArea ? GetClientSize() : CSize<int>{cx, cy};
+        const RECT rcWorld =
+            ToRECT(m_bNoScrolling ? PlaceWorld_NoScrolling(sizeClient) : PlaceWorld_Scrolling(sizeClient));
+        m_picWorld.SetDrawingRect(&rcWorld);
+    });
 }
 
 CRect CWndWorldView::PlaceWorld_NoScrolling(const CSize<int>& sizeClient)
@@ -60,14 +58,18 @@ CRect CWndWorldView::PlaceWorld_Scrolling(const CSize<int>& sizeClient)
     return PlaceWorld_Scrolled(m_sizeWorld, view);
 }
 
+// A frame that has not changed is left alone: telling the system that it has would erase the whole view once more.
 void CWndWorldView::ShowScrollBars(const CScrollBarsShown& shown)
 {
-    LONG_PTR iStyle = GetWindowLongPtrW(m_hWnd, GWL_STYLE);
-    iStyle &= ~static_cast<LONG_PTR>(WS_VSCROLL | WS_HSCROLL);
+    const LONG_PTR iOldStyle = GetWindowLongPtrW(m_hWnd, GWL_STYLE);
+    LONG_PTR iStyle = iOldStyle & ~static_cast<LONG_PTR>(WS_VSCROLL | WS_HSCROLL);
     iStyle |= shown.bVertical ? WS_VSCROLL : 0;
     iStyle |= shown.bHorizontal ? WS_HSCROLL : 0;
-    SetWindowLongPtrW(m_hWnd, GWL_STYLE, iStyle);
-    SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_FRAMECHANGED);
+    if (iStyle != iOldStyle)
+    {
+        SetWindowLongPtrW(m_hWnd, GWL_STYLE, iStyle);
+        SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_FRAMECHANGED);
+    }
 }
 
 // Returns the position that was stored.
@@ -83,6 +85,13 @@ CSize<int> CWndWorldView::GetClientSize() const
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
     return CSize<int>{rcClient.right, rcClient.bottom};
+}
+
+CRect CWndWorldView::GetWorldRect() const
+{
+    RECT rcWorld{};
+    m_picWorld.GetDrawingRect(&rcWorld, false);
+    return ToRect(rcWorld);
 }
 
 void CWndWorldView::RedrawWorld()
@@ -106,16 +115,14 @@ void CWndWorldView::OnScroll(int iBar, unsigned uRequest)
 
 void CWndWorldView::OnMouseWheel(short iDelta)
 {
-    Traced({m_pDebugLog, __TIMESTAMP__},
-           [&]
-           {
-               if (m_bNoScrolling)
-               {
-                   return;
-               }
-               CScrollBarState bar = ReadScrollBar(m_hWnd, SB_VERT);
-               bar.iPosition = GetWheelPosition(bar.iPosition, iDelta);
-               WriteScrollBar(m_hWnd, SB_VERT, bar);
-               RedrawWorld();
-           });
+    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
+        if (m_bNoScrolling)
+        {
+            return;
+        }
+        CScrollBarState bar = ReadScrollBar(m_hWnd, SB_VERT);
+        bar.iPosition = GetWheelPosition(bar.iPosition, iDelta);
+        WriteScrollBar(m_hWnd, SB_VERT, bar);
+        RedrawWorld();
+    });
 }

@@ -90,15 +90,16 @@ bool ParseFactors(EnumAtomColourMode eMode, const CFactorTexts& texts, std::opti
 // left.
 bool CompleteFactors(std::int32_t countAtoms, CColourSettings& settings)
 {
-    const auto isGiven = [](const AtomColourSetting& setting)
-    { return Dbl_IsBiggerEqual(setting.dFactor, 0.0, c_dEpsilon); };
+    const auto isGiven = [](const AtomColourSetting& setting) {
+        return Dbl_IsBiggerEqual(setting.dFactor, 0.0, c_dEpsilon);
+    };
     if (std::count_if(settings.begin(), settings.end(), isGiven) != c_uGivenCount)
     {
         return false;
     }
-    const auto leftOut =
-        std::find_if(settings.begin(), settings.end(),
-                     [](const AtomColourSetting& setting) { return Dbl_IsSmaller(setting.dFactor, 0.0, c_dEpsilon); });
+    const auto leftOut = std::find_if(settings.begin(), settings.end(), [](const AtomColourSetting& setting) {
+        return Dbl_IsSmaller(setting.dFactor, 0.0, c_dEpsilon);
+    });
     if (leftOut == settings.end())
     {
         return false;

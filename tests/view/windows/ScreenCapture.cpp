@@ -1,0 +1,49 @@
+#include "tests/view/windows/ScreenCapture.h"
+
+#include "classes/windows/Handles.h"
+
+COLORREF CPixels::GetColour(int x, int y) const
+{
+    constexpr unsigned c_uByte = 8;
+    constexpr std::uint32_t c_uMask = 0xFF;
+    const std::uint32_t uPixel =
+        pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(iWidth) + static_cast<std::size_t>(x)];
+    return RGB((uPixel >> (2 * c_uByte)) & c_uMask, (uPixel >> c_uByte) & c_uMask, uPixel & c_uMask);
+}
+
+CPixels CaptureClientArea(HWND hWnd)
+{
+    RECT rc{};
+    GetClientRect(hWnd, &rc);
+    POINT pt{};
+    ClientToScreen(hWnd, &pt);
+    const CWindowDc screen(nullptr);
+    return CaptureContext(screen.Get(), pt.x, pt.y, rc.right, rc.bottom);
+}
+
+CPixels CaptureContext(HDC hDc, int iX, int iY, int iWidth, int iHeight)
+{
+    constexpr WORD c_uBits = 32;
+    CPixels result{iWidth, iHeight, {}};
+    result.pixels.resize(static_cast<std::size_t>(iWidth) * static_cast<std::size_t>(iHeight));
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof(info.bmiHeader);
+    info.bmiHeader.biWidth = iWidth;
+    info.bmiHeader.biHeight = -iHeight; // rows from the top
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = c_uBits;
+    info.bmiHeader.biCompression = BI_RGB;
+    const CMemoryDc memory(hDc);
+    const CBitmapHandle bitmap(CreateCompatibleBitmap(hDc, iWidth, iHeight));
+    {
+        const CSelectObject selected(memory.Get(), bitmap.Get());
+        BitBlt(memory.Get(), 0, 0, iWidth, iHeight, hDc, iX, iY, SRCCOPY);
+    }
+    GetDIBits(memory.Get(), bitmap.Get(), 0, static_cast<UINT>(iHeight), result.pixels.data(), &info, DIB_RGB_COLORS);
+    constexpr std::uint32_t c_uColourMask = 0x00FFFFFF;
+    for (std::uint32_t& uPixel : result.pixels)
+    {
+        uPixel &= c_uColourMask;
+    }
+    return result;
+}

@@ -1,0 +1,263 @@
+#include "tests/view/windows/CViewTest.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+constexpr HRESULT c_hrFailure = E_FAIL; // 0x80004005
+
+class WorldViewSettings : public CViewTest
+{
+protected:
+    void SetUp() override
+    {
+        Open({200, 150}, 300, 200);
+        Scatter(4, 5);
+        m_pParent->GetLog().clear();
+        GetDirect2DSpy().bDrawEllipses = false;
+    }
+
+    bool LogIs(const wchar_t* sText) const { return m_pParent->GetLog() == sText; }
+
+    // A frame on the render target counts as one by Direct2D.
+    bool NextFrameUsesDirect2D()
+    {
+        const int iFrames = GetDirect2DSpy().iBeginDraw;
+        m_pView->OnEraseBackground();
+        return GetDirect2DSpy().iBeginDraw == iFrames + 1;
+    }
+};
+
+} // namespace
+
+TEST_F(WorldViewSettings, AGoodStartMakesFactoryTargetAndBrushesOnceAndDrawsAFrame)
+{
+    EXPECT_TRUE(Start_Speed());
+    EXPECT_TRUE(LogIs(L""));
+    EXPECT_EQ(1, GetDirect2DSpy().iFactories);
+    EXPECT_EQ(1, GetDirect2DSpy().iRenderTargets);
+    EXPECT_EQ(1, GetDirect2DSpy().iBeginDraw);
+    EXPECT_EQ(1, GetDirect2DSpy().iEndDraw);
+    EXPECT_EQ(4U, GetDirect2DSpy().ellipses.size());
+    EXPECT_EQ(0, GetDirect2DSpy().iUnexpected);
+}
+
+TEST_F(WorldViewSettings, FactoryAndTargetAreKeptAndBrushesAreMadeAnew)
+{
+    ASSERT_TRUE(Start_Speed());
+    const int iBrushes = GetDirect2DSpy().iSolidBrushes;
+    GetDirect2DSpy().closed.clear();
+    ASSERT_TRUE(Start_Speed());
+    EXPECT_EQ(1, GetDirect2DSpy().iFactories);
+    EXPECT_EQ(1, GetDirect2DSpy().iRenderTargets);
+    EXPECT_EQ(iBrushes + 3, GetDirect2DSpy().iSolidBrushes);
+    EXPECT_EQ((std::vector<std::string>{"brush", "brush", "brush"}), GetDirect2DSpy().closed);
+}
+
+TEST_F(WorldViewSettings, NoBrushIsMadeBetweenFrames)
+{
+    ASSERT_TRUE(Start_Speed());
+    const int iBrushes = GetDirect2DSpy().iSolidBrushes;
+    m_pView->OnEraseBackground();
+    m_pView->OnEraseBackground();
+    EXPECT_EQ(iBrushes, GetDirect2DSpy().iSolidBrushes);
+}
+
+TEST_F(WorldViewSettings, RefusedFactorsEndTheCallBeforeDirect2DAndBeforeDrawing)
+{
+    EXPECT_FALSE(Start_Fixed(L"10", L"20", L"30"));
+    EXPECT_FALSE(Start_Fixed(L"10", L"", L""));
+    EXPECT_FALSE(Start_Fixed(L"abc", L"", L"1"));
+    EXPECT_EQ(0, GetDirect2DSpy().iFactories);
+    EXPECT_EQ(0, GetDirect2DSpy().iBeginDraw);
+    EXPECT_TRUE(LogIs(L""));
+}
+
+TEST_F(WorldViewSettings, AnUnknownColourModeIsRefused)
+{
+    CWString sFactor(L"1");
+    CWString sEmpty;
+    EXPECT_FALSE(m_pView->InitializeSettings(m_sizeWorld, false, static_cast<EnumAtomColourMode>(2), 0, sFactor, 0,
+                                             sEmpty, 0, sFactor));
+    m_pView->OnEraseBackground();
+    EXPECT_TRUE(GetDirect2DSpy().ellipses.empty());
+}
+
+TEST_F(WorldViewSettings, TheNewWorldSizeCountsFromTheNextStartOn)
+{
+    m_sizeWorld = {100, 50};
+    ASSERT_TRUE(Start_Speed());
+    EXPECT_EQ((CSize<int>{100, 50}), m_pView->GetWorldSize());
+    EXPECT_EQ((CRect{100, 75, 200, 125}), m_pView->GetWorldRect());
+}
+
+TEST_F(WorldViewSettings, AFactoryThatFailsIsWrittenToTheLogAndTheViewDrawsWithoutDirect2D)
+{
+    GetDirect2DSpy().hrFactory = c_hrFailure;
+    EXPECT_FALSE(Start_Speed());
+    EXPECT_TRUE(LogIs(L"Error : D2D1CreateFactory() returned 0x80004005\n"));
+    EXPECT_EQ(0, GetDirect2DSpy().iRenderTargets);
+    EXPECT_FALSE(NextFrameUsesDirect2D());
+}
+
+TEST_F(WorldViewSettings, AFactoryThatIsMissingWithoutAnErrorIsAFailureToo)
+{
+    GetDirect2DSpy().bNullFactory = true;
+    EXPECT_FALSE(Start_Speed());
+    EXPECT_TRUE(LogIs(L"Error : D2D1CreateFactory() returned 0x0\n"));
+}
+
+TEST_F(WorldViewSettings, ARenderTargetThatFailsIsWrittenToTheLogAndTheViewDrawsWithoutDirect2D)
+{
+    GetDirect2DSpy().hrRenderTarget = c_hrFailure;
+    EXPECT_FALSE(Start_Speed());
+    EXPECT_TRUE(LogIs(L"Error : CreateHwndRenderTarget() returned 0x80004005\n"));
+    EXPECT_EQ(0, GetDirect2DSpy().iSolidBrushes);
+    EXPECT_FALSE(NextFrameUsesDirect2D());
+}
+
+TEST_F(WorldViewSettings, ARenderTargetThatIsMissingWithoutAnErrorIsAFailureToo)
+{
+    GetDirect2DSpy().bNullRenderTarget = true;
+    EXPECT_FALSE(Start_Speed());
+    EXPECT_TRUE(LogIs(L"Error : CreateHwndRenderTarget() returned 0x0\n"));
+}
+
+TEST_F(WorldViewSettings, EachBrushThatFailsIsWrittenToTheLogAndTheOthersAreStillMade)
+{
+    GetDirect2DSpy().brushes = {c_hrFailure, S_OK, c_hrFailure};
+    EXPECT_FALSE(Start_Speed());
+    EXPECT_TRUE(LogIs(L"Error : CreateSolidColorBrush(m_pAtomColourSettings[0].cr) returned 0x80004005\n"
+                      L"Error : CreateSolidColorBrush(m_pAtomColourSettings[2].cr) returned 0x80004005\n"));
+    m_pParent->GetLog().clear();
+    GetDirect2DSpy().brushes = {S_OK, c_hrFailure, S_OK};
+    EXPECT_FALSE(Start_Speed());
+    EXPECT_TRUE(LogIs(L"Error : CreateSolidColorBrush(m_pAtomColourSettings[1].cr) returned 0x80004005\n"));
+}
+
+TEST_F(WorldViewSettings, ABrushThatIsMissingWithoutAnErrorIsAFailureToo)
+{
+    ASSERT_TRUE(Start_Speed());
+    m_pParent->GetLog().clear();
+    GetDirect2DSpy().bNullBrush = true;
+    EXPECT_FALSE(Start_Speed());
+    EXPECT_TRUE(LogIs(L"Error : CreateSolidColorBrush(m_pAtomColourSettings[0].cr) returned 0x0\n"
+                      L"Error : CreateSolidColorBrush(m_pAtomColourSettings[1].cr) returned 0x0\n"
+                      L"Error : CreateSolidColorBrush(m_pAtomColourSettings[2].cr) returned 0x0\n"));
+}
+
+TEST_F(WorldViewSettings, AClassWithoutABrushStaysInvisibleAndTheOthersAreDrawn)
+{
+    for (std::int32_t i = 0; i < m_atoms.GetCount(); ++i)
+    {
+        m_atoms[i].speed = i == 0 ? 0.5F : 1.0F;
+    }
+    GetDirect2DSpy().brushes = {c_hrFailure, S_OK, S_OK};
+    EXPECT_FALSE(Start_Speed());
+    EXPECT_EQ(3U, GetDirect2DSpy().ellipses.size());
+}
+
+TEST_F(WorldViewSettings, FailuresWithoutADebugLogAreJustFailures)
+{
+    m_pView.reset();
+    CPainterDirect2D painter(CreateSpyFactory);
+    GetDirect2DSpy().hrFactory = c_hrFailure;
+    EXPECT_FALSE(painter.Prepare(m_pParent->GetWindowHandle(), CColourSettings{}, nullptr));
+}
+
+TEST_F(WorldViewSettings, EveryFailureIsOverAtTheNextStart)
+{
+    GetDirect2DSpy().hrFactory = c_hrFailure;
+    EXPECT_FALSE(Start_Speed());
+    GetDirect2DSpy().hrFactory = S_OK;
+    GetDirect2DSpy().hrRenderTarget = c_hrFailure;
+    EXPECT_FALSE(Start_Speed());
+    GetDirect2DSpy().hrRenderTarget = S_OK;
+    GetDirect2DSpy().brushes = {c_hrFailure};
+    EXPECT_FALSE(Start_Speed());
+    EXPECT_TRUE(Start_Speed());
+    EXPECT_TRUE(NextFrameUsesDirect2D());
+}
+
+TEST_F(WorldViewSettings, ABackdropThatCannotBeTiledDropsTheTargetWithinTheFrame)
+{
+    GetDirect2DSpy().hrBitmap = c_hrFailure;
+    EXPECT_TRUE(Start_Speed()); // the brushes were made; only the frame has failed
+    EXPECT_EQ(1, GetDirect2DSpy().iBeginDraw);
+    EXPECT_EQ(0, GetDirect2DSpy().iEndDraw);
+    EXPECT_TRUE(GetDirect2DSpy().ellipses.empty());
+    EXPECT_EQ((std::vector<std::string>{"target"}), GetDirect2DSpy().closed);
+    EXPECT_FALSE(NextFrameUsesDirect2D());
+    EXPECT_FALSE(NextFrameUsesDirect2D());
+}
+
+TEST_F(WorldViewSettings, ADroppedTargetIsMadeAgainByTheNextStart)
+{
+    GetDirect2DSpy().hrBitmap = c_hrFailure;
+    Start_Speed();
+    GetDirect2DSpy().hrBitmap = S_OK;
+    EXPECT_FALSE(NextFrameUsesDirect2D());
+    EXPECT_TRUE(Start_Speed());
+    EXPECT_EQ(1, GetDirect2DSpy().iFactories);
+    EXPECT_EQ(2, GetDirect2DSpy().iRenderTargets);
+    EXPECT_TRUE(NextFrameUsesDirect2D());
+}
+
+TEST_F(WorldViewSettings, AWorldThatCannotBeFilledLeavesTheAtomsOutButEndsTheFrame)
+{
+    GetDirect2DSpy().brushes = {S_OK, S_OK, S_OK, c_hrFailure}; // the fourth is the world's
+    EXPECT_TRUE(Start_Speed());
+    EXPECT_EQ(1, GetDirect2DSpy().iEndDraw);
+    EXPECT_TRUE(GetDirect2DSpy().ellipses.empty());
+    EXPECT_TRUE(NextFrameUsesDirect2D());
+    EXPECT_EQ(4U, GetDirect2DSpy().ellipses.size());
+}
+
+// A driver update or a remote session takes the device away. Frames go on as if nothing had happened.
+TEST_F(WorldViewSettings, ATargetThatTheSystemHasTakenAwayIsMadeAgainByTheNextStart)
+{
+    ASSERT_TRUE(Start_Speed());
+    GetDirect2DSpy().hrEndDraw = static_cast<HRESULT>(D2DERR_RECREATE_TARGET);
+    EXPECT_TRUE(NextFrameUsesDirect2D());
+    EXPECT_TRUE(NextFrameUsesDirect2D());
+    EXPECT_EQ(1, GetDirect2DSpy().iRenderTargets);
+    GetDirect2DSpy().hrEndDraw = S_OK;
+    GetDirect2DSpy().closed.clear();
+    EXPECT_TRUE(Start_Speed());
+    EXPECT_EQ(2, GetDirect2DSpy().iRenderTargets);
+    EXPECT_EQ(1, std::count(GetDirect2DSpy().closed.begin(), GetDirect2DSpy().closed.end(), "target"));
+    EXPECT_TRUE(NextFrameUsesDirect2D());
+}
+
+TEST_F(WorldViewSettings, OtherErrorsAtTheEndOfAFrameAreIgnored)
+{
+    ASSERT_TRUE(Start_Speed());
+    GetDirect2DSpy().hrEndDraw = c_hrFailure;
+    EXPECT_TRUE(NextFrameUsesDirect2D());
+    EXPECT_TRUE(Start_Speed());
+    EXPECT_EQ(1, GetDirect2DSpy().iRenderTargets);
+}
+
+TEST_F(WorldViewSettings, ABackdropThatIsNotTiledIsLeftToGdi)
+{
+    for (const EnumPicDrawMode eMode : {EnumPicDrawMode::Plain, EnumPicDrawMode::Fitted, EnumPicDrawMode::Stretched})
+    {
+        m_pView.reset();
+        Open({200, 150}, 300, 200, eMode);
+        EXPECT_TRUE(Start_Speed());
+        EXPECT_EQ(0, GetDirect2DSpy().iBeginDraw);
+    }
+}
+
+// What the system offers; on a machine without Direct2D this is the failure that the view lives with.
+TEST_F(WorldViewSettings, TheSystemsOwnFactoryIsTheDefault)
+{
+    m_pView = std::make_unique<CWndWorldView>(m_pParent.get(), m_sizeWorld, m_atoms);
+    EXPECT_TRUE(Start_Speed());
+    EXPECT_EQ(0, GetDirect2DSpy().iFactories);
+}
