@@ -61,17 +61,21 @@ bool CPanelList::Create(short iId)
     return SubclassWindow_Object(m_hWnd, this);
 }
 
-// The control adds a border to the height of its field, and how much depends on the theme: measured, not guessed.
+// The control adds a border to the height of its field; how much depends on the theme, and what it reports as the
+// field's height need not be what it was given. So the result is measured, and the field corrected by what is wrong.
 void CPanelList::SetClosedHeight(int iHeight) const
 {
-    RECT rc{};
-    GetWindowRect(m_hWnd, &rc);
-    const int iDifference = iHeight - GetRectHeight(rc);
-    if (iDifference == 0)
-        return;
-    const int iField = static_cast<int>(SendMessageW(m_hWnd, CB_GETITEMHEIGHT, c_wClosedField, 0)) + iDifference;
-    if (iField > 0)
+    constexpr int c_iAttempts = 3;
+    int iField = static_cast<int>(SendMessageW(m_hWnd, CB_GETITEMHEIGHT, c_wClosedField, 0));
+    for (int i = 0; i < c_iAttempts; ++i)
+    {
+        RECT rc{};
+        GetWindowRect(m_hWnd, &rc);
+        iField += iHeight - GetRectHeight(rc);
+        if (GetRectHeight(rc) == iHeight || iField <= 0)
+            return;
         SendMessageW(m_hWnd, CB_SETITEMHEIGHT, c_wClosedField, iField);
+    }
 }
 
 bool CPanelList::IsDropped() const

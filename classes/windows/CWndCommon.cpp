@@ -76,6 +76,7 @@ bool CWndCommon::Initialize(const wchar_t* sClassName, std::wstring* pDebugLog, 
     if (sClassName == nullptr || *sClassName == L'\0' || hInstance == nullptr || !m_sClassName.IsEmpty())
         return false;
     ThreadQuit_Forget();
+    m_Com.Enter();
     m_sClassName = sClassName;
     m_pDebugLog = pDebugLog;
     m_hInstance = hInstance;

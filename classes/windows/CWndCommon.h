@@ -123,6 +123,7 @@ private:
     bool OwnsWindow(HWND hWnd) const;
     void SetStatusBarText(int iPart, const CWString& sText, CWString& sShown);
 
+    CComScope m_Com; // screen readers reach the windows through COM
     CFontHandle m_FontOwner;
     HWND m_hHovered = nullptr;
     CWString m_sClockDate;

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <objbase.h>
+
 #include <utility>
 
 // Owning types for what Windows hands out. Each is a value plus its closer: movable, not copyable, and empty after a
@@ -136,6 +138,29 @@ public:
 
 private:
     HANDLE m_hHandle = nullptr;
+};
+
+// The thread's use of COM, for the life of this scope. A thread that uses COM in another way already keeps it that way.
+class CComScope
+{
+public:
+    CComScope() noexcept = default;
+    CComScope(const CComScope&) = delete;
+    CComScope& operator=(const CComScope&) = delete;
+    ~CComScope()
+    {
+        if (m_bEntered)
+            CoUninitialize();
+    }
+
+    void Enter() noexcept
+    {
+        if (!m_bEntered)
+            m_bEntered = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE));
+    }
+
+private:
+    bool m_bEntered = false;
 };
 
 // A counted reference to a COM object. Taking a raw pointer takes over its reference.

@@ -13,7 +13,8 @@ namespace
 // All in pixels.
 constexpr int c_iMargin = 20;
 constexpr int c_iIconGap = 16;
-constexpr int c_iMaxTextWidth = 520;
+constexpr int c_iMaxTextWidth = 600;
+constexpr int c_iTextSlack = 4; // letters may reach a little further than their measure
 constexpr int c_iMinTextWidth = 180;
 constexpr int c_iFooterMargin = 12;
 constexpr int c_iButtonHeight = 26;
@@ -110,7 +111,7 @@ void CMessageBoxDialog::CreateControls(HINSTANCE hInstance)
     const int iIcon = GetSystemMetrics(SM_CXICON);
     const SIZE sizeText = MeasureText(m_sText, c_iMaxTextWidth);
     const SIZE sizeLabel = MeasureText(m_sLabel, c_iMaxTextWidth);
-    const int iTextWidth = std::max<int>(sizeText.cx, c_iMinTextWidth);
+    const int iTextWidth = std::max<int>(sizeText.cx + c_iTextSlack, c_iMinTextWidth);
     const int iTextLeft = c_iMargin + iIcon + c_iIconGap;
     const int iBodyHeight = std::max<int>(sizeText.cy, iIcon);
     const int iWidth = iTextLeft + iTextWidth + c_iMargin;

@@ -8,7 +8,8 @@
 
 namespace
 {
-constexpr int c_iLineHeight = 30; // one click on the scroll bar's arrow: a row
+constexpr int c_iLineHeight = 30;  // one click on the scroll bar's arrow: a row
+constexpr int c_iScrollBarGap = 6; // between the controls and the bar, in pixels
 constexpr int c_iUsualWheelLines = 3;
 constexpr int c_iWheelLineHeight = 20; // a notch of three lines moves two rows
 
@@ -34,7 +35,9 @@ CPanelLayout CDataCtrlGroup::GetLayout() const
     types.reserve(m_ctrls.size());
     for (const std::unique_ptr<CDataCtrl>& pCtrl : m_ctrls)
         types.push_back(pCtrl->GetSpec().eType);
-    return LayOutPanel(types, GetClientSize(m_hWnd).cx, m_dLabelShare);
+    const bool bScrollBar = (GetWindowLongW(m_hWnd, GWL_STYLE) & WS_VSCROLL) != 0;
+    const int iWidth = GetClientSize(m_hWnd).cx - (bScrollBar ? c_iScrollBarGap : 0);
+    return LayOutPanel(types, iWidth, m_dLabelShare);
 }
 
 int CDataCtrlGroup::GetContentHeight() const
