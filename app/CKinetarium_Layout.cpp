@@ -64,7 +64,7 @@ void CKinetarium::SetControlPositions(int cx, int cy)
 void CKinetarium::LayOut_Windowed(HDWP& hPositions, const CSize<int>& client)
 {
     const CLayoutMeasures measures{m_byMargin, GetSystemMetrics(SM_CXVSCROLL), GetSystemMetrics(SM_CYHSCROLL)};
-    const CWindowedLayout layout = ComputeWindowedLayout(client, m_pWorldView->GetWorldSize(), measures);
+    const CWindowedLayout layout = ComputeWindowedLayout(client, m_WorldSize, measures);
 
     SendMessageW(m_hStatusBar, SB_SETPARTS, layout.statusPartRightEdges.size(),
                  reinterpret_cast<LPARAM>(layout.statusPartRightEdges.data()));

@@ -6,6 +6,7 @@
 #include "diagnostics/PruneDebugLog.h"
 
 #include <cstdint>
+#include <string_view>
 #include <windowsx.h>
 
 // What the main window does with each message. The handlers read the state and call the operations; none of them
@@ -153,7 +154,7 @@ bool CKinetarium::On_ButtonClick(HWND hButton)
         if (pButton == nullptr || pButton->GetWindowHandle() != hButton)
             continue;
         const bool bChosen = SetColour(iControl);
-        if (bChosen && CWString(sKey) == CWString(L"Background_colour"))
+        if (bChosen && std::wstring_view(sKey) == L"Background_colour")
             m_pWorldView->SetWorldBackgroundColour(pButton->GetBackground());
         return true;
     }

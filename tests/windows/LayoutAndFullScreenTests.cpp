@@ -80,7 +80,8 @@ TEST(LayoutInTheWindow, FollowsTheWindowsSize)
 
 TEST(LayoutInTheWindow, TheSmallestWindowBreaksNothing)
 {
-    const CRunningApplication application;
+    std::wstring sLog;
+    const CRunningApplication application(false, &sLog);
     SetWindowPos(application.GetMain(), nullptr, 10, 10, 1, 1, SWP_NOZORDER);
     RECT rc{};
     GetWindowRect(application.GetMain(), &rc);

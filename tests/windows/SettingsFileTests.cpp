@@ -168,10 +168,13 @@ TEST_F(SettingsFile_InTheApplication, ForeignKeysAndSectionsSurviveASave)
     EXPECT_NE(sText.find("[Other]"), std::string::npos) << sText;
 }
 
-TEST_F(SettingsFile_InTheApplication, AReadOnlyFileIsReadAndLeftAlone)
+// A backup program or an editor can keep the file for itself; a write-protected folder has the same effect.
+TEST_F(SettingsFile_InTheApplication, AFileThatCannotBeWrittenIsReadAndLeftAlone)
 {
     WriteFile("[Settings]\r\nWorld_width=200\r\n");
-    SetFileAttributesW(CRunningApplication::GetSettingsPath().c_str(), FILE_ATTRIBUTE_READONLY);
+    const HANDLE hLock = CreateFileW(CRunningApplication::GetSettingsPath().c_str(), GENERIC_READ, FILE_SHARE_READ,
+                                     nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(hLock, INVALID_HANDLE_VALUE);
     {
         const CRunningApplication application(true);
         EXPECT_EQ(application.GetControlText(L"Width"), L"200");
@@ -180,6 +183,7 @@ TEST_F(SettingsFile_InTheApplication, AReadOnlyFileIsReadAndLeftAlone)
         EXPECT_TRUE(application.WaitForWorker(true));
     }
     EXPECT_EQ(ReadFile(), "[Settings]\r\nWorld_width=200\r\n");
+    CloseHandle(hLock);
 }
 
 TEST_F(SettingsFile_InTheApplication, AFolderInTheFilesPlaceBreaksNothing)
