@@ -1,0 +1,225 @@
+#include "headless/HeadlessMain.h"
+#include "tests/headless/HeadlessTesting.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace
+{
+
+std::string RunWell(const std::vector<std::string>& arguments)
+{
+    const CProgramResult result = RunProgram(arguments);
+    EXPECT_EQ(0, result.exitCode) << result.err;
+    return result.out;
+}
+
+std::string GetHash(const std::vector<std::string>& arguments)
+{
+    return GetSummaryValue(RunWell(arguments), "state hash");
+}
+
+// Two atoms that meet, and one that bounces at the walls.
+const std::string c_sMeeting = "x,y,vx,vy,radius\n40,50,1,0,5\n60,50,-1,0.25,5\n20,20,-0.5,-0.75,3\n";
+
+} // namespace
+
+// The same numbers in every build, on every machine: a change of one bit anywhere in the simulation, the random numbers
+// or the population shows here.
+TEST(Experiment, ASeedGivesTheSameWorldEverywhere)
+{
+    EXPECT_EQ("0975cc9dea5e75eb", GetHash({"--seed", "42"}));
+    EXPECT_EQ("906f2c60f31a66ab", GetHash({"--seed", "7", "--width", "9999", "--height", "9999", "--atoms", "20000",
+                                           "--min-radius", "1", "--max-radius", "32", "--iterations", "50"}));
+    EXPECT_EQ("cc86624dff9f1fc4", GetHash({"--seed", "3", "--start-at", "250,250", "--iterations", "300"}));
+}
+
+TEST(Experiment, TheSameSeedTwiceGivesTheSameFiles)
+{
+    const CTemporaryFolder folder;
+    for (const std::string sName : {"a", "b"})
+    {
+        RunWell({"--seed", "9", "--iterations", "100", "--save-state", folder.GetPath(sName + ".csv"), "--stats",
+                 folder.GetPath(sName + "-stats.csv"), "--picture", folder.GetPath(sName + ".png")});
+    }
+
+    EXPECT_EQ(ReadFile(folder.GetPath("a.csv")), ReadFile(folder.GetPath("b.csv")));
+    EXPECT_EQ(ReadFile(folder.GetPath("a-stats.csv")), ReadFile(folder.GetPath("b-stats.csv")));
+    EXPECT_EQ(ReadFile(folder.GetPath("a.png")), ReadFile(folder.GetPath("b.png")));
+    EXPECT_NE("", ReadFile(folder.GetPath("a.csv")));
+}
+
+TEST(Experiment, WithoutASeedOneIsDrawnPrintedAndRepeatsTheRun)
+{
+    const std::string sFirst = RunWell({"--iterations", "20"});
+    const std::string sSecond = RunWell({"--iterations", "20"});
+
+    EXPECT_NE(GetSummaryValue(sFirst, "seed"), GetSummaryValue(sSecond, "seed"));
+    EXPECT_EQ(GetSummaryValue(sFirst, "state hash"),
+              GetHash({"--iterations", "20", "--seed", GetSummaryValue(sFirst, "seed")}));
+}
+
+TEST(Experiment, SavingLoadingAndSavingAgainGivesTheSameBytes)
+{
+    const CTemporaryFolder folder;
+    const std::string sFirst = folder.GetPath("first.csv");
+    const std::string sSecond = folder.GetPath("second.csv");
+    const std::string sSaved = GetHash({"--seed", "5", "--atoms", "5000", "--width", "2000", "--height", "1500",
+                                        "--iterations", "30", "--save-state", sFirst});
+    const std::string sLoaded = GetHash(
+        {"--load-state", sFirst, "--width", "2000", "--height", "1500", "--iterations", "0", "--save-state", sSecond});
+
+    EXPECT_EQ(sSaved, sLoaded);
+    EXPECT_EQ(ReadFile(sFirst), ReadFile(sSecond));
+    EXPECT_THAT(ReadFile(sFirst), StartsWith("x,y,vx,vy,radius\n"));
+}
+
+// With other seeds on purpose: no random number may have a part in it.
+TEST(Experiment, ARunIsItsFirstHalfSavedAndContinued)
+{
+    const CTemporaryFolder folder;
+    const std::vector<std::string> world = {"--width", "600", "--height", "400"};
+    const auto run = [&world](std::vector<std::string> arguments) {
+        arguments.insert(arguments.end(), world.begin(), world.end());
+        RunWell(arguments);
+    };
+    run({"--seed", "11", "--atoms", "900", "--iterations", "400", "--save-state", folder.GetPath("whole.csv")});
+    run({"--seed", "11", "--atoms", "900", "--iterations", "200", "--save-state", folder.GetPath("half.csv")});
+    run({"--seed", "99", "--load-state", folder.GetPath("half.csv"), "--iterations", "200", "--save-state",
+         folder.GetPath("continued.csv")});
+
+    EXPECT_NE(ReadFile(folder.GetPath("half.csv")), ReadFile(folder.GetPath("whole.csv")));
+    EXPECT_EQ(ReadFile(folder.GetPath("whole.csv")), ReadFile(folder.GetPath("continued.csv")));
+}
+
+TEST(Experiment, TheStateMayReplaceTheFileItCameFrom)
+{
+    const CTemporaryFolder folder;
+    const std::string sFile = folder.WriteFile("a.csv", "x,y,vx,vy,radius\n20,20,1,0.5,5\n");
+
+    RunWell({"--load-state", sFile, "--save-state", sFile, "--iterations", "10"});
+    EXPECT_EQ("x,y,vx,vy,radius\n30,25,1,0.5,5\n", ReadFile(sFile));
+}
+
+TEST(Experiment, TheStatisticsHaveARowForEachIteration)
+{
+    const CTemporaryFolder folder;
+    const std::string sState = folder.WriteFile("a.csv", c_sMeeting);
+    const std::string sStats = folder.GetPath("stats.csv");
+    RunWell({"--load-state", sState, "--iterations", "6", "--stats", sStats});
+
+    const std::string sText = ReadFile(sStats);
+    EXPECT_THAT(sText, StartsWith("iteration,collisions,min_velocity,max_velocity,tot_velocity,avg_velocity\n"
+                                  "1,0,0.9013878,1.0307764,2.9321642,0.9773881\n"));
+    EXPECT_EQ(7, std::count(sText.begin(), sText.end(), '\n'));
+    EXPECT_THAT(sText, HasSubstr("\n6,1,"));
+}
+
+TEST(Experiment, StateAndStatisticsCanGoToStandardOutputAndTheSummaryMakesRoom)
+{
+    const CTemporaryFolder folder;
+    const std::string sFile = folder.GetPath("a.csv");
+    RunWell({"--seed", "4", "--iterations", "10", "--save-state", sFile});
+
+    const CProgramResult state = RunProgram({"--seed", "4", "--iterations", "10", "--save-state", "-"});
+    EXPECT_EQ(0, state.exitCode);
+    EXPECT_EQ(ReadFile(sFile), state.out);
+    EXPECT_EQ("10", GetSummaryValue(state.err, "iterations"));
+    const CProgramResult stats = RunProgram({"--seed", "4", "--iterations", "10", "--stats", "-"});
+    EXPECT_EQ(0, stats.exitCode);
+    EXPECT_EQ(11, std::count(stats.out.begin(), stats.out.end(), '\n'));
+    EXPECT_EQ("10", GetSummaryValue(stats.err, "iterations"));
+}
+
+TEST(Experiment, TheSummaryHasEveryValue)
+{
+    const CTemporaryFolder folder;
+    const std::string sState = folder.WriteFile("a.csv", c_sMeeting);
+    const std::string sSummary =
+        RunWell({"--load-state", sState, "--seed", "12", "--iterations", "6", "--width", "300", "--height", "200"});
+
+    EXPECT_EQ("12", GetSummaryValue(sSummary, "seed"));
+    EXPECT_EQ("300 x 200", GetSummaryValue(sSummary, "world"));
+    EXPECT_EQ("3", GetSummaryValue(sSummary, "atoms"));
+    EXPECT_EQ("3 to 5", GetSummaryValue(sSummary, "radii"));
+    EXPECT_EQ(sState, GetSummaryValue(sSummary, "start"));
+    EXPECT_EQ("speed", GetSummaryValue(sSummary, "colour mode"));
+    EXPECT_EQ("ff0000,808080,00ff00", GetSummaryValue(sSummary, "colours"));
+    EXPECT_EQ("0.75,,1.25", GetSummaryValue(sSummary, "factors"));
+    EXPECT_EQ("000000", GetSummaryValue(sSummary, "background"));
+    EXPECT_EQ("6", GetSummaryValue(sSummary, "iterations"));
+    EXPECT_NE("", GetSummaryValue(sSummary, "ms per iteration (median)"));
+    EXPECT_NE("", GetSummaryValue(sSummary, "ms per iteration (95th percentile)"));
+    EXPECT_EQ("5.56", GetSummaryValue(sSummary, "collisions per iteration (percent of atoms)"));
+    EXPECT_EQ("0.901388", GetSummaryValue(sSummary, "minimum speed"));
+    EXPECT_THAT(GetSummaryValue(sSummary, "maximum speed"), StartsWith("1.0"));
+    EXPECT_THAT(GetSummaryValue(sSummary, "average speed"), StartsWith("0.97738"));
+    EXPECT_THAT(GetSummaryValue(sSummary, "drift of the total speed"), HasSubstr("0.0000"));
+    EXPECT_EQ("0", GetSummaryValue(sSummary, "pairs overlapping by more than 0.01"));
+    EXPECT_THAT(GetSummaryValue(sSummary, "largest overlap"), StartsWith("0.00"));
+    EXPECT_EQ("0", GetSummaryValue(sSummary, "atoms outside the walls"));
+    EXPECT_EQ(16U, GetSummaryValue(sSummary, "state hash").size());
+}
+
+TEST(Experiment, TheSummaryFindsOverlapsAndAtomsOutside)
+{
+    const CTemporaryFolder folder;
+    const std::string sState = folder.WriteFile("a.csv", "x,y,vx,vy,radius\n50,50,0,0,5\n58,50,0,0,5\n3,50,0,0,5\n");
+    const std::string sSummary = RunWell({"--load-state", sState, "--iterations", "0"});
+
+    EXPECT_EQ("1", GetSummaryValue(sSummary, "pairs overlapping by more than 0.01"));
+    EXPECT_EQ("2.000000", GetSummaryValue(sSummary, "largest overlap"));
+    EXPECT_EQ("1", GetSummaryValue(sSummary, "atoms outside the walls"));
+    EXPECT_EQ("none", GetSummaryValue(sSummary, "ms per iteration (median)"));
+    EXPECT_EQ("none", GetSummaryValue(sSummary, "collisions per iteration (percent of atoms)"));
+}
+
+TEST(Experiment, EveryAtomStartsAtTheStartPoint)
+{
+    const CTemporaryFolder folder;
+    const std::string sFile = folder.GetPath("a.csv");
+    RunWell({"--seed", "1", "--atoms", "3", "--start-at", "100,200", "--iterations", "0", "--save-state", sFile});
+
+    const std::string sText = ReadFile(sFile);
+    std::size_t uRows = 0;
+    for (std::size_t u = sText.find("\n100,200,"); u != std::string::npos; u = sText.find("\n100,200,", u + 1))
+    {
+        ++uRows;
+    }
+    EXPECT_EQ(3U, uRows);
+}
+
+TEST(Experiment, AnInterruptedRunEndsInOrderAndLeavesNoFile)
+{
+    const CTemporaryFolder folder;
+    const std::string sStats = folder.WriteFile("stats.csv", "old");
+    const std::atomic<bool> bInterrupted = true;
+
+    const CProgramResult result =
+        RunProgram({"--iterations", "1000000000000", "--stats", sStats, "--save-state", folder.GetPath("a.csv")}, false,
+                   &bInterrupted);
+    EXPECT_EQ(1, result.exitCode);
+    EXPECT_EQ("error: interrupted after 0 of 1000000000000 iterations\n", result.err);
+    EXPECT_EQ("", result.out);
+    EXPECT_EQ("old", ReadFile(sStats));
+    EXPECT_EQ(std::vector<std::string>{"stats.csv"}, folder.GetNames());
+}
+
+TEST(Experiment, StandardOutputThatCannotBeWrittenIsAnError)
+{
+    const CTemporaryFolder folder;
+    std::ostream broken(nullptr);
+    std::ostringstream err;
+
+    EXPECT_EQ(1, HeadlessMain({"--iterations", "1"}, CConsole{broken, err, false, nullptr}));
+    EXPECT_EQ("error: the summary cannot be written\n", err.str());
+    err.str("");
+    EXPECT_EQ(1, HeadlessMain({"--iterations", "1", "--save-state", "-"}, CConsole{broken, err, false, nullptr}));
+    EXPECT_EQ("error: standard output: cannot be written\n", err.str());
+}

@@ -1,0 +1,168 @@
+#include "headless/CWorldImage.h"
+#include "headless/RunSettings.h"
+#include "tests/headless/HeadlessTesting.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace
+{
+
+constexpr ColourRef c_crBlack = 0x000000;
+constexpr ColourRef c_crWhite = 0xFFFFFF;
+constexpr ColourRef c_crRed = 0x0000FF;
+constexpr ColourRef c_crGrey = 0x808080;
+constexpr ColourRef c_crGreen = 0x00FF00;
+
+// The area of everything that is white, in pixels.
+double GetArea(const CWorldImage& image)
+{
+    double area = 0;
+    for (int y = 0; y < image.GetSize().cy; ++y)
+    {
+        for (int x = 0; x < image.GetSize().cx; ++x)
+        {
+            area += GetRed(image.GetPixel(x, y)) / 255.0;
+        }
+    }
+    return area;
+}
+
+CRunSettings MakeSettings(EnumAtomColourMode eMode, const wchar_t* sFirst, const wchar_t* sSecond,
+                          const wchar_t* sThird)
+{
+    CRunSettings settings;
+    settings.world = {100, 100};
+    settings.eMode = eMode;
+    settings.colours = {c_crRed, c_crGrey, c_crGreen};
+    settings.factors = {sFirst, sSecond, sThird};
+    return settings;
+}
+
+CAtom MakeMovingAtom(float x, float speed)
+{
+    CAtom atom = MakeAtom(x, 50, 5);
+    atom.vx = speed;
+    atom.speed = speed;
+    return atom;
+}
+
+} // namespace
+
+TEST(WorldImage, BeginsWithTheBackgroundEverywhere)
+{
+    const CWorldImage image({3, 2}, 0x563412);
+
+    EXPECT_EQ((std::vector<std::uint8_t>{0x12, 0x34, 0x56, 0x12, 0x34, 0x56, 0x12, 0x34, 0x56, 0x12, 0x34, 0x56, 0x12,
+                                         0x34, 0x56, 0x12, 0x34, 0x56}),
+              image.GetPixels());
+}
+
+TEST(WorldImage, ACircleIsFullInsideAndAbsentOutside)
+{
+    CWorldImage image({40, 40}, c_crBlack);
+    image.FillCircle(20, 20, 10, c_crWhite);
+
+    EXPECT_EQ(c_crWhite, image.GetPixel(20, 20));
+    EXPECT_EQ(c_crWhite, image.GetPixel(20, 11));
+    EXPECT_EQ(c_crWhite, image.GetPixel(28, 20));
+    EXPECT_EQ(c_crBlack, image.GetPixel(20, 8));
+    EXPECT_EQ(c_crBlack, image.GetPixel(31, 20));
+    EXPECT_EQ(c_crBlack, image.GetPixel(12, 12));
+}
+
+TEST(WorldImage, TheEdgeIsSmooth)
+{
+    CWorldImage image({40, 40}, c_crBlack);
+    image.FillCircle(20.25F, 20.5F, 10, c_crWhite);
+
+    // The middles of these pixels lie 9.75 and 10.25 from the centre, so 3/4 and 1/4 of them are covered.
+    EXPECT_NEAR(255 * 0.75, GetRed(image.GetPixel(10, 20)), 2);
+    EXPECT_NEAR(255 * 0.25, GetRed(image.GetPixel(30, 20)), 2);
+}
+
+TEST(WorldImage, TheAreaOfACircleIsThatOfTheDisc)
+{
+    for (const float radius : {1.0F, 3.0F, 5.0F, 32.0F})
+    {
+        CWorldImage image({80, 80}, c_crBlack);
+        image.FillCircle(40.3F, 39.8F, radius, c_crWhite);
+        const double disc = 3.14159265358979 * static_cast<double>(radius) * static_cast<double>(radius);
+        EXPECT_NEAR(disc, GetArea(image), 0.03 * disc + 0.3) << radius;
+    }
+}
+
+TEST(WorldImage, ACircleIsTheSameWhereverItLies)
+{
+    CWorldImage first({40, 40}, c_crBlack);
+    CWorldImage second({40, 40}, c_crBlack);
+    first.FillCircle(15.5F, 15.25F, 7, c_crWhite);
+    second.FillCircle(20.5F, 19.25F, 7, c_crWhite);
+
+    for (int y = 0; y < 30; ++y)
+    {
+        for (int x = 0; x < 30; ++x)
+        {
+            ASSERT_EQ(first.GetPixel(x, y), second.GetPixel(x + 5, y + 4)) << x << "," << y;
+        }
+    }
+}
+
+TEST(WorldImage, WhatLiesOutsideIsLeftOut)
+{
+    CWorldImage image({10, 10}, c_crBlack);
+    image.FillCircle(0, 5, 4, c_crWhite);
+    image.FillCircle(-20, -20, 4, c_crWhite);
+    image.FillCircle(30, 30, 4, c_crWhite);
+
+    EXPECT_EQ(c_crWhite, image.GetPixel(0, 5));
+    EXPECT_EQ(c_crBlack, image.GetPixel(9, 5));
+    EXPECT_EQ(c_crBlack, image.GetPixel(0, 0));
+    EXPECT_EQ(c_crBlack, image.GetPixel(9, 9));
+}
+
+TEST(WorldImage, LaterAtomsLieOnEarlierOnes)
+{
+    CAtoms atoms = MakeAtoms({MakeAtom(50, 50, 5), MakeAtom(50, 50, 5), MakeAtom(50, 50, 3)});
+    const CRunSettings settings = MakeSettings(EnumAtomColourMode::Fixed, L"1", L"1", L"");
+
+    const CWorldImage image = DrawWorld(atoms, settings);
+    EXPECT_EQ(c_crGreen, image.GetPixel(50, 50));
+    EXPECT_EQ(c_crGrey, image.GetPixel(53, 50));
+}
+
+TEST(WorldImage, InSpeedModeTheSpeedDecidesTheColour)
+{
+    CAtoms atoms = MakeAtoms(
+        {MakeMovingAtom(10, 0.75F), MakeMovingAtom(30, 0.76F), MakeMovingAtom(50, 1.24F), MakeMovingAtom(70, 1.25F)});
+    atoms.SetVelocities({0.75F, 1.25F, 4.0F, 1.0F});
+
+    const CWorldImage image = DrawWorld(atoms, MakeSettings(EnumAtomColourMode::Speed, L"0.75", L"", L"1.25"));
+    EXPECT_EQ(c_crRed, image.GetPixel(10, 50));
+    EXPECT_EQ(c_crGrey, image.GetPixel(30, 50));
+    EXPECT_EQ(c_crGrey, image.GetPixel(50, 50));
+    EXPECT_EQ(c_crGreen, image.GetPixel(70, 50));
+    EXPECT_EQ(c_crBlack, image.GetPixel(90, 50));
+}
+
+TEST(WorldImage, InFixedModeThePlaceInTheArrayDecidesTheColour)
+{
+    CAtoms atoms =
+        MakeAtoms({MakeMovingAtom(10, 9), MakeMovingAtom(30, 0), MakeMovingAtom(50, 9), MakeMovingAtom(70, 0)});
+
+    const CWorldImage image = DrawWorld(atoms, MakeSettings(EnumAtomColourMode::Fixed, L"1", L"", L"25%"));
+    EXPECT_EQ(c_crRed, image.GetPixel(10, 50));
+    EXPECT_EQ(c_crGrey, image.GetPixel(30, 50));
+    EXPECT_EQ(c_crGrey, image.GetPixel(50, 50));
+    EXPECT_EQ(c_crGreen, image.GetPixel(70, 50));
+}
+
+TEST(WorldImage, AtomsFarAwayOrNowhereAreNotDrawn)
+{
+    CAtoms atoms = MakeAtoms({MakeAtom(3e38F, 50, 255), MakeAtom(50, -3e38F, 255),
+                              MakeAtom(std::numeric_limits<float>::quiet_NaN(), 50, 5)});
+
+    EXPECT_EQ(0.0, GetArea(DrawWorld(atoms, MakeSettings(EnumAtomColourMode::Fixed, L"1", L"1", L""))));
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "headless/IByteSink.h"
+#include "simulation/CAtoms.h"
+
+#include <atomic>
+#include <filesystem>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// A folder of its own for one test, removed with everything in it.
+class CTemporaryFolder
+{
+public:
+    CTemporaryFolder();
+    CTemporaryFolder(const CTemporaryFolder&) = delete;
+    CTemporaryFolder& operator=(const CTemporaryFolder&) = delete;
+    ~CTemporaryFolder();
+
+    /// The path of a file in it, in UTF-8.
+    std::string GetPath(const std::string& sName) const;
+
+    /// Makes a file there and returns its path.
+    std::string WriteFile(const std::string& sName, std::string_view sBytes) const;
+
+    /// The names of everything in it, sorted.
+    std::vector<std::string> GetNames() const;
+
+private:
+    std::filesystem::path m_Path;
+};
+
+std::string ReadFile(const std::string& sPath);
+
+/// A file that stays in the memory.
+class CTextSink : public IByteSink
+{
+public:
+    void Write(std::string_view sBytes) override { m_sText += sBytes; }
+    void Commit() override { m_bCommitted = true; }
+
+    const std::string& GetText() const { return m_sText; }
+    bool IsCommitted() const { return m_bCommitted; }
+
+private:
+    std::string m_sText;
+    bool m_bCommitted = false;
+};
+
+/// What a run of the program has left.
+struct CProgramResult
+{
+    int exitCode{};
+    std::string out;
+    std::string err;
+};
+
+CProgramResult RunProgram(const std::vector<std::string>& arguments, bool bErrIsTerminal = false,
+                          const std::atomic<bool>* pInterrupted = nullptr);
+
+/// The value of a line "name: value" of the summary; empty where there is none.
+std::string GetSummaryValue(const std::string& sSummary, const std::string& sName);
+
+CAtoms MakeAtoms(std::initializer_list<CAtom> atoms);
+
+/// An atom at rest.
+CAtom MakeAtom(float x, float y, std::uint8_t uRadius);

@@ -1,0 +1,132 @@
+#include "headless/OverlapStatistics.h"
+#include "tests/headless/HeadlessTesting.h"
+
+#include "classes/core/CRandom.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace
+{
+
+constexpr CSize<int> c_World = {100, 100};
+
+// Every atom with every other.
+COverlapStatistics CountPlainly(const CAtoms& atoms)
+{
+    COverlapStatistics statistics;
+    for (std::int32_t i = 0; i < atoms.GetCount(); ++i)
+    {
+        for (std::int32_t j = i + 1; j < atoms.GetCount(); ++j)
+        {
+            const double dx = static_cast<double>(atoms[i].x) - static_cast<double>(atoms[j].x);
+            const double dy = static_cast<double>(atoms[i].y) - static_cast<double>(atoms[j].y);
+            const double overlap = atoms[i].radius + atoms[j].radius - std::sqrt(dx * dx + dy * dy);
+            statistics.largest = std::max(statistics.largest, overlap);
+            statistics.pairs += overlap > 0.01 ? 1U : 0U;
+        }
+    }
+    return statistics;
+}
+
+} // namespace
+
+TEST(OverlapStatistics, AKnownConfigurationIsCounted)
+{
+    const COverlapStatistics statistics = ComputeOverlapStatistics(
+        MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(28, 20, 5), MakeAtom(20, 29.5F, 5), MakeAtom(80, 80, 5)}), c_World);
+
+    EXPECT_EQ(2U, statistics.pairs);
+    EXPECT_DOUBLE_EQ(2.0, statistics.largest);
+    EXPECT_TRUE(statistics.bComplete);
+}
+
+TEST(OverlapStatistics, TouchingIsNoOverlap)
+{
+    const COverlapStatistics statistics =
+        ComputeOverlapStatistics(MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(30, 20, 5)}), c_World);
+
+    EXPECT_EQ(0U, statistics.pairs);
+    EXPECT_EQ(0.0, statistics.largest);
+}
+
+TEST(OverlapStatistics, ASmallOverlapIsMeasuredButNotCounted)
+{
+    const COverlapStatistics statistics =
+        ComputeOverlapStatistics(MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(29.9921875F, 20, 5)}), c_World);
+
+    EXPECT_EQ(0U, statistics.pairs);
+    EXPECT_DOUBLE_EQ(0.0078125, statistics.largest);
+}
+
+TEST(OverlapStatistics, AtomsAtOnePlaceOverlapByTheSumOfTheirRadii)
+{
+    const COverlapStatistics statistics =
+        ComputeOverlapStatistics(MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(20, 20, 3), MakeAtom(20, 20, 2)}), c_World);
+
+    EXPECT_EQ(3U, statistics.pairs);
+    EXPECT_DOUBLE_EQ(8.0, statistics.largest);
+}
+
+TEST(OverlapStatistics, TheGridFindsEveryPairThatThePlainWayFinds)
+{
+    for (std::uint64_t uSeed = 1; uSeed <= 20; ++uSeed)
+    {
+        CRandom random(uSeed);
+        CAtoms atoms;
+        atoms.Allocate(500);
+        for (std::int32_t index = 0; index < atoms.GetCount(); ++index)
+        {
+            // Beyond the walls too: pairs out there count as well.
+            const float x = random.GetRandomNumber_Float(-40, 340);
+            const float y = random.GetRandomNumber_Float(-40, 190);
+            atoms[index] = MakeAtom(x, y, random.GetRandomNumber_Uint8(1, uSeed % 2 == 0 ? 4 : 32));
+        }
+        const COverlapStatistics expected = CountPlainly(atoms);
+        const COverlapStatistics statistics = ComputeOverlapStatistics(atoms, {300, 150});
+        EXPECT_EQ(expected.pairs, statistics.pairs) << uSeed;
+        EXPECT_DOUBLE_EQ(expected.largest, statistics.largest) << uSeed;
+        EXPECT_GT(statistics.pairs, 0U);
+    }
+}
+
+TEST(OverlapStatistics, CountingIsGivenUpWhenThereAreTooManyPairs)
+{
+    CAtoms atoms;
+    atoms.Allocate(100);
+    for (std::int32_t index = 0; index < atoms.GetCount(); ++index)
+    {
+        atoms[index] = MakeAtom(50, 50, 5);
+    }
+
+    EXPECT_EQ(4950U, ComputeOverlapStatistics(atoms, c_World).pairs);
+    const COverlapStatistics some = ComputeOverlapStatistics(atoms, c_World, 1000);
+    EXPECT_FALSE(some.bComplete);
+    EXPECT_GT(some.pairs, 800U);
+    EXPECT_LE(some.pairs, 1000U);
+    EXPECT_DOUBLE_EQ(10.0, some.largest);
+}
+
+TEST(OverlapStatistics, PositionsThatAreNoNumbersOverlapNothing)
+{
+    const float nothing = std::numeric_limits<float>::quiet_NaN();
+    const float far = std::numeric_limits<float>::infinity();
+    const COverlapStatistics statistics = ComputeOverlapStatistics(
+        MakeAtoms({MakeAtom(nothing, 20, 5), MakeAtom(20, nothing, 5), MakeAtom(far, far, 5), MakeAtom(-far, 0, 5)}),
+        c_World);
+
+    EXPECT_EQ(0U, statistics.pairs);
+    EXPECT_EQ(0.0, statistics.largest);
+}
+
+TEST(OverlapStatistics, AnAtomIsOutsideWhenAPartOfItIs)
+{
+    EXPECT_EQ(0U, CountAtomsOutside(MakeAtoms({MakeAtom(5, 5, 5), MakeAtom(95, 95, 5)}), c_World));
+    EXPECT_EQ(4U, CountAtomsOutside(MakeAtoms({MakeAtom(4.999F, 50, 5), MakeAtom(95.001F, 50, 5),
+                                               MakeAtom(50, 4.999F, 5), MakeAtom(50, 95.001F, 5)}),
+                                    c_World));
+    EXPECT_EQ(1U, CountAtomsOutside(MakeAtoms({MakeAtom(std::numeric_limits<float>::quiet_NaN(), 50, 5)}), c_World));
+}

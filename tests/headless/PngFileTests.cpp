@@ -1,0 +1,112 @@
+#include "headless/CWorldImage.h"
+#include "headless/HeadlessError.h"
+#include "headless/PngFile.h"
+#include "tests/headless/HeadlessTesting.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#define STB_IMAGE_IMPLEMENTATION
+#define STB_IMAGE_STATIC
+#define STBI_ONLY_PNG
+#define STBI_NO_STDIO
+#include <stb/stb_image.h>
+
+namespace
+{
+
+// What a reader of PNG files sees.
+struct CDecodedPicture
+{
+    int width{};
+    int height{};
+    int channels{};
+    std::vector<std::uint8_t> pixels;
+};
+
+CDecodedPicture Decode(const std::string& sBytes)
+{
+    CDecodedPicture picture;
+    stbi_uc* const pPixels =
+        stbi_load_from_memory(reinterpret_cast<const stbi_uc*>(sBytes.data()), static_cast<int>(sBytes.size()),
+                              &picture.width, &picture.height, &picture.channels, 0);
+    EXPECT_NE(nullptr, pPixels);
+    if (pPixels != nullptr)
+    {
+        picture.pixels.assign(pPixels, pPixels + picture.width * picture.height * picture.channels);
+        stbi_image_free(pPixels);
+    }
+    return picture;
+}
+
+class CFailingSink : public IByteSink
+{
+public:
+    void Write(std::string_view) override { throw CHeadlessError("full"); }
+    void Commit() override {}
+};
+
+} // namespace
+
+TEST(PngFile, HoldsThePictureExactly)
+{
+    CWorldImage image({37, 23}, 0x302010);
+    image.FillCircle(10, 11, 7, 0x0000FF);
+    image.FillCircle(30, 3, 9, 0xFFFFFF);
+    CTextSink sink;
+    WritePng(image, sink);
+
+    ASSERT_EQ(std::string_view("\x89PNG\r\n\x1A\n", 8), std::string_view(sink.GetText()).substr(0, 8));
+    const CDecodedPicture picture = Decode(sink.GetText());
+    EXPECT_EQ(37, picture.width);
+    EXPECT_EQ(23, picture.height);
+    EXPECT_EQ(3, picture.channels);
+    EXPECT_EQ(image.GetPixels(), picture.pixels);
+}
+
+TEST(PngFile, TheProgramDrawsTheWorldOfItsLastIteration)
+{
+    const CTemporaryFolder folder;
+    const std::string sState = folder.WriteFile("a.csv", "x,y,vx,vy,radius\n20,15,1,0,5\n");
+    const std::string sPicture = folder.GetPath("a.png");
+
+    const CProgramResult result =
+        RunProgram({"--load-state", sState, "--width", "60", "--height", "30", "--iterations", "10", "--picture",
+                    sPicture, "--colours", "000000,123456,000000", "--background", "ffffff"});
+
+    ASSERT_EQ(0, result.exitCode) << result.err;
+    const CDecodedPicture picture = Decode(ReadFile(sPicture));
+    ASSERT_EQ(60, picture.width);
+    ASSERT_EQ(30, picture.height);
+    const auto pixel = [&picture](int x, int y) { return &picture.pixels[static_cast<std::size_t>((y * 60 + x) * 3)]; };
+    EXPECT_EQ(0, std::memcmp(pixel(30, 15), "\x12\x34\x56", 3));
+    EXPECT_EQ(0, std::memcmp(pixel(20, 15), "\xFF\xFF\xFF", 3));
+}
+
+TEST(PngFile, PicturesOfTheRunAreNumbered)
+{
+    const CTemporaryFolder folder;
+    const CProgramResult result = RunProgram({"--seed", "1", "--atoms", "5", "--iterations", "100", "--picture",
+                                              folder.GetPath("gas.png"), "--picture-every", "30"});
+
+    ASSERT_EQ(0, result.exitCode) << result.err;
+    EXPECT_EQ((std::vector<std::string>{"gas-030.png", "gas-060.png", "gas-090.png", "gas.png"}), folder.GetNames());
+    EXPECT_NE(ReadFile(folder.GetPath("gas-090.png")), ReadFile(folder.GetPath("gas.png")));
+}
+
+TEST(PngFile, TheNumberStandsBeforeTheExtension)
+{
+    EXPECT_EQ("gas-0200.png", GetNumberedName("gas.png", 200, 1000));
+    EXPECT_EQ("gas-1000.png", GetNumberedName("gas.png", 1000, 1000));
+    EXPECT_EQ("gas-7", GetNumberedName("gas", 7, 9));
+    EXPECT_EQ("a.b/gas-7", GetNumberedName("a.b/gas", 7, 9));
+    EXPECT_EQ("a.b\\gas.x-7.png", GetNumberedName("a.b\\gas.x.png", 7, 9));
+    EXPECT_EQ(".gas-7", GetNumberedName(".gas", 7, 9));
+}
+
+TEST(PngFile, WhatTheFileSaysComesThroughTheLibrary)
+{
+    CFailingSink sink;
+    EXPECT_THROW(WritePng(CWorldImage({10, 10}, 0), sink), CHeadlessError);
+}

@@ -1,0 +1,222 @@
+#include "headless/CIniText.h"
+#include "headless/HeadlessError.h"
+#include "headless/RunSettings.h"
+#include "tests/headless/HeadlessTesting.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::StartsWith;
+
+namespace
+{
+
+CRunSettings Resolve(const std::vector<std::string>& arguments)
+{
+    return ResolveSettings(ParseOptions(arguments).options, "", nullptr);
+}
+
+CRunSettings Resolve(const std::vector<std::string>& arguments, const std::string& sLines)
+{
+    const CIniText file("[Settings]\n" + sLines);
+    return ResolveSettings(ParseOptions(arguments).options, "K.ini", &file);
+}
+
+std::string GetError(const std::vector<std::string>& arguments, const std::string& sLines)
+{
+    try
+    {
+        Resolve(arguments, sLines);
+    }
+    catch (const CUsageError& error)
+    {
+        return std::string("usage: ") + error.what();
+    }
+    catch (const CHeadlessError& error)
+    {
+        return error.what();
+    }
+    return "";
+}
+
+std::wstring JoinFactors(const CRunSettings& settings)
+{
+    return settings.factors[0].Get() + L"|" + settings.factors[1].Get() + L"|" + settings.factors[2].Get();
+}
+
+constexpr ColourRef c_crRed = 0x0000FF;
+constexpr ColourRef c_crGrey = 0x808080;
+constexpr ColourRef c_crGreen = 0x00FF00;
+
+} // namespace
+
+TEST(RunSettings, WithoutFileAndOptionsTheDefaultsStand)
+{
+    const CRunSettings settings = Resolve({});
+
+    EXPECT_EQ((CSize<int>{512, 512}), settings.world);
+    EXPECT_EQ(256, settings.atoms);
+    EXPECT_EQ(3, settings.minRadius);
+    EXPECT_EQ(5, settings.maxRadius);
+    EXPECT_EQ(EnumAtomColourMode::Speed, settings.eMode);
+    EXPECT_EQ((CClassColours{c_crRed, c_crGrey, c_crGreen}), settings.colours);
+    EXPECT_EQ(L"0.75||1.25", JoinFactors(settings));
+    EXPECT_EQ(0U, settings.background);
+}
+
+TEST(RunSettings, AnEmptyFileGivesTheSameDefaults)
+{
+    const CRunSettings settings = Resolve({}, "");
+
+    EXPECT_EQ((CSize<int>{512, 512}), settings.world);
+    EXPECT_EQ(256, settings.atoms);
+    EXPECT_EQ(L"0.75||1.25", JoinFactors(settings));
+    EXPECT_EQ((CClassColours{c_crRed, c_crGrey, c_crGreen}), settings.colours);
+}
+
+TEST(RunSettings, FixedModeWithoutAFileLeavesTheThirdFactorToTheRemainder)
+{
+    const CRunSettings settings = Resolve({"--colour-mode", "fixed"});
+
+    EXPECT_EQ(L"25%|50%|", JoinFactors(settings));
+    EXPECT_EQ((CClassColours{c_crRed, c_crRed, c_crGreen}), settings.colours);
+}
+
+TEST(RunSettings, TheFileGivesEverything)
+{
+    const CRunSettings settings =
+        Resolve({}, "World_width=300\nWorld_height=200\nWorld_background_colour=16711680\nTot_atoms=77\n"
+                    "Atoms_min_radius=2\nAtoms_max_radius=9\nAtoms_colour_mode=0\nAtom_colour_1=1\nAtom_colour_2=2\n"
+                    "Atom_colour_3=3\nAtom_colour_1_factor=10\nAtom_colour_2_factor=\nAtom_colour_3_factor=50%\n");
+
+    EXPECT_EQ((CSize<int>{300, 200}), settings.world);
+    EXPECT_EQ(77, settings.atoms);
+    EXPECT_EQ(2, settings.minRadius);
+    EXPECT_EQ(9, settings.maxRadius);
+    EXPECT_EQ(EnumAtomColourMode::Fixed, settings.eMode);
+    EXPECT_EQ((CClassColours{1, 2, 3}), settings.colours);
+    EXPECT_EQ(L"10||50%", JoinFactors(settings));
+    EXPECT_EQ(0xFF0000U, settings.background);
+}
+
+TEST(RunSettings, OptionsGivenBesideTheFileWin)
+{
+    const std::string sLines = "World_width=300\nWorld_height=200\nTot_atoms=77\nAtoms_min_radius=2\n"
+                               "Atoms_max_radius=9\nAtom_colour_1=1\nAtom_colour_1_factor=0.5\n"
+                               "World_background_colour=5\n";
+    const CRunSettings settings = Resolve({"--width", "100", "--atoms", "5", "--max-radius", "4", "--factors",
+                                           "0.1,,0.2", "--colours", "010101,020202,030303", "--background", "000000"},
+                                          sLines);
+
+    EXPECT_EQ((CSize<int>{100, 200}), settings.world);
+    EXPECT_EQ(5, settings.atoms);
+    EXPECT_EQ(2, settings.minRadius);
+    EXPECT_EQ(4, settings.maxRadius);
+    EXPECT_EQ(L"0.1||0.2", JoinFactors(settings));
+    EXPECT_EQ((CClassColours{0x010101, 0x020202, 0x030303}), settings.colours);
+    EXPECT_EQ(0U, settings.background);
+}
+
+TEST(RunSettings, AModeGivenAsOptionDecidesWhatTheFilesDefaultsAre)
+{
+    const CRunSettings settings = Resolve({"--colour-mode", "fixed"}, "Atoms_colour_mode=1\nAtom_colour_3_factor=\n");
+
+    EXPECT_EQ(EnumAtomColourMode::Fixed, settings.eMode);
+    EXPECT_EQ(L"25%|50%|", JoinFactors(settings));
+}
+
+TEST(RunSettings, SpeedModeDoesNotReadTheSecondFactor)
+{
+    EXPECT_EQ(L"0.75||1.25", JoinFactors(Resolve({}, "Atom_colour_2_factor=nonsense\n")));
+}
+
+TEST(RunSettings, OnlyTheLowEightBitsOfTheModeCount)
+{
+    EXPECT_EQ(EnumAtomColourMode::Fixed, Resolve({}, "Atoms_colour_mode=256\nAtom_colour_3_factor=\n").eMode);
+    EXPECT_EQ(EnumAtomColourMode::Speed, Resolve({}, "Atoms_colour_mode=257\n").eMode);
+}
+
+TEST(RunSettings, OnlyTheLowEightBitsOfARadiusCount)
+{
+    EXPECT_EQ(4, Resolve({}, "Atoms_min_radius=260\n").minRadius);
+    EXPECT_EQ("K.ini, line 2, Atoms_min_radius: 44 is out of range; allowed is 1 to 32",
+              GetError({}, "Atoms_min_radius=300\n"));
+}
+
+TEST(RunSettings, AFactorIsCutAfterFifteenCharacters)
+{
+    EXPECT_EQ(L"0.1234567890123||1.25", JoinFactors(Resolve({}, "Atom_colour_1_factor=0.123456789012345678\n")));
+}
+
+// The window takes what it can use of such a file; an experiment must not run with other values than it names.
+TEST(RunSettings, ValuesOutOfRangeAreErrorsWithTheirLine)
+{
+    EXPECT_EQ("K.ini, line 2, World_width: 9 is out of range; allowed is 10 to 9999", GetError({}, "World_width=9\n"));
+    EXPECT_EQ("K.ini, line 3, World_height: 0 is out of range; allowed is 10 to 9999",
+              GetError({}, "\nWorld_height=abc\n"));
+    EXPECT_EQ("K.ini, line 2, Tot_atoms: 1000001 is out of range; allowed is 1 to 1000000",
+              GetError({}, "Tot_atoms=1000001\n"));
+    EXPECT_EQ("K.ini, line 2, Atoms_max_radius: 0 is out of range; allowed is 1 to 32",
+              GetError({}, "Atoms_max_radius=0\n"));
+    EXPECT_EQ("K.ini, line 2, Atom_colour_2: 16777216 is out of range; allowed is 0 to 16777215",
+              GetError({}, "Atom_colour_2=16777216\n"));
+    EXPECT_EQ("K.ini, line 2, World_background_colour: 4294967295 is out of range; allowed is 0 to 16777215",
+              GetError({}, "World_background_colour=-1\n"));
+}
+
+TEST(RunSettings, AValueThatAnOptionReplacesIsNotLookedAt)
+{
+    EXPECT_EQ("", GetError({"--width", "50"}, "World_width=9\n"));
+    EXPECT_EQ("", GetError({"--factors", "1,,2"}, "Atom_colour_1_factor=x\n"));
+}
+
+TEST(RunSettings, ALoadedStateReplacesAtomsAndRadiiOfTheFile)
+{
+    EXPECT_EQ("", GetError({"--load-state", "a.csv"}, "Tot_atoms=0\nAtoms_min_radius=0\n"));
+}
+
+TEST(RunSettings, RadiiInTheWrongOrderAreAnErrorOfWhoGaveThem)
+{
+    const std::string sWhat = "the smallest radius (9) is above the largest (4)";
+    EXPECT_EQ("K.ini, line 2, Atoms_min_radius: " + sWhat, GetError({}, "Atoms_min_radius=9\nAtoms_max_radius=4\n"));
+    EXPECT_EQ("usage: --min-radius, --max-radius: " + sWhat, GetError({"--min-radius", "9"}, "Atoms_max_radius=4\n"));
+}
+
+TEST(RunSettings, FactorsOfTheFileAreCheckedLikeTheWindowDoes)
+{
+    EXPECT_THAT(GetError({}, "Atom_colour_3_factor=abc\n"),
+                StartsWith("K.ini, line 2, Atom_colour_3_factor: factor 3, 'abc', is not allowed"));
+    EXPECT_THAT(GetError({}, "Atom_colour_1_factor=50%\n"),
+                StartsWith("K.ini, line 2, Atom_colour_1_factor: factor 1, '50%', is a percentage"));
+    EXPECT_THAT(GetError({}, "Atoms_colour_mode=0\n"),
+                StartsWith("K.ini, Atom_colour_1_factor: exactly two of the three factors must be given"));
+    EXPECT_THAT(GetError({}, "Atom_colour_1_factor=\n"), StartsWith("K.ini, line 2, Atom_colour_1_factor: exactly"));
+}
+
+TEST(RunSettings, TheStartPointMustLeaveRoomForTheLargestAtom)
+{
+    EXPECT_EQ("", GetError({"--start-at", "9,191", "--max-radius", "9"}, "World_width=300\nWorld_height=200\n"));
+    EXPECT_THAT(GetError({"--start-at", "9,192", "--max-radius", "9"}, "World_width=300\nWorld_height=200\n"),
+                StartsWith("usage: --start-at: 9,192 is not allowed; allowed is X from 9 to 291 and Y from 9 to 191"));
+}
+
+TEST(RunSettings, TheFileIsReadFromTheDisk)
+{
+    const CTemporaryFolder folder;
+    const std::string sFile = folder.WriteFile("Kinetarium.ini", "[Settings]\r\nTot_atoms=7\r\n");
+    const std::string sBad = folder.WriteFile("Bad.ini", "[Settings]\r\nTot_atoms=0\r\n");
+    const std::string sLarge = folder.WriteFile("Large.ini", std::string((1U << 20U) + 1, ' '));
+
+    const CProgramResult good = RunProgram({"--settings", sFile, "--iterations", "1"});
+    EXPECT_EQ(0, good.exitCode);
+    EXPECT_EQ("7", GetSummaryValue(good.out, "atoms"));
+    const CProgramResult bad = RunProgram({"--settings", sBad});
+    EXPECT_EQ(1, bad.exitCode);
+    EXPECT_EQ("error: " + sBad + ", line 2, Tot_atoms: 0 is out of range; allowed is 1 to 1000000\n", bad.err);
+    const CProgramResult missing = RunProgram({"--settings", folder.GetPath("none.ini")});
+    EXPECT_EQ(1, missing.exitCode);
+    EXPECT_EQ("error: " + folder.GetPath("none.ini") + ": there is no such file\n", missing.err);
+    const CProgramResult large = RunProgram({"--settings", sLarge});
+    EXPECT_EQ(1, large.exitCode);
+    EXPECT_EQ("error: " + sLarge + ": is longer than a megabyte and no settings file\n", large.err);
+}

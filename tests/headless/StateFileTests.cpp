@@ -1,0 +1,242 @@
+#include "headless/HeadlessError.h"
+#include "headless/StateFile.h"
+#include "tests/headless/HeadlessTesting.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <random>
+#include <sstream>
+
+namespace
+{
+
+const std::string c_sHeader = "x,y,vx,vy,radius\n";
+
+CAtoms Load(const std::string& sText)
+{
+    std::istringstream stream(sText);
+    CAtoms atoms;
+    LoadState(stream, "a.csv", atoms);
+    return atoms;
+}
+
+std::string Save(const CAtoms& atoms)
+{
+    CTextSink sink;
+    SaveState(atoms, sink);
+    return sink.GetText();
+}
+
+std::string GetError(const std::string& sText)
+{
+    try
+    {
+        Load(sText);
+    }
+    catch (const CHeadlessError& error)
+    {
+        EXPECT_EQ(1, error.GetExitCode());
+        return error.what();
+    }
+    return "";
+}
+
+} // namespace
+
+TEST(StateFile, HoldsAHeaderAndOneRowForEachAtom)
+{
+    CAtom first = MakeAtom(1.5F, 2.0F, 3);
+    first.vx = -0.1F;
+    first.vy = 1e-7F;
+
+    EXPECT_EQ("x,y,vx,vy,radius\n1.5,2,-0.1,1e-07,3\n0,-0,0,0,255\n",
+              Save(MakeAtoms({first, MakeAtom(0.0F, -0.0F, 255)})));
+}
+
+TEST(StateFile, LoadingGivesTheAtomsWithTheirSpeedsAndStatistics)
+{
+    const CAtoms atoms = Load(c_sHeader + "1.5,2,3,4,5\n10,20,0,-1,255\n");
+
+    ASSERT_EQ(2, atoms.GetCount());
+    EXPECT_EQ(1.5F, atoms[0].x);
+    EXPECT_EQ(2.0F, atoms[0].y);
+    EXPECT_EQ(3.0F, atoms[0].vx);
+    EXPECT_EQ(4.0F, atoms[0].vy);
+    EXPECT_EQ(5.0F, atoms[0].speed);
+    EXPECT_EQ(5, atoms[0].radius);
+    EXPECT_EQ(255, atoms[1].radius);
+    EXPECT_EQ(1.0F, atoms.GetMinVelocity());
+    EXPECT_EQ(5.0F, atoms.GetMaxVelocity());
+    EXPECT_EQ(6.0F, atoms.GetTotVelocity());
+    EXPECT_EQ(3.0F, atoms.GetAvgVelocity());
+}
+
+// Every finite float, the denormal ones and both zeros included, comes back as it was.
+TEST(StateFile, EveryBitPatternComesBack)
+{
+    constexpr int c_iPatterns = 20'000;
+    std::mt19937 random(1);
+    CAtoms atoms;
+    atoms.Allocate(c_iPatterns);
+    for (std::int32_t index = 0; index < c_iPatterns; ++index)
+    {
+        const auto draw = [&random] {
+            float value = std::numeric_limits<float>::infinity();
+            while (!std::isfinite(value))
+            {
+                value = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
+            }
+            return value;
+        };
+        atoms[index].x = draw();
+        atoms[index].y = draw();
+        atoms[index].radius = 1;
+    }
+    atoms[0].x = std::numeric_limits<float>::denorm_min();
+    atoms[1].x = std::numeric_limits<float>::max();
+    atoms[2].x = -0.0F;
+
+    const std::string sText = Save(atoms);
+    const CAtoms loaded = Load(sText);
+
+    ASSERT_EQ(c_iPatterns, loaded.GetCount());
+    EXPECT_EQ(0, std::memcmp(atoms.GetAtoms(), loaded.GetAtoms(), sizeof(CAtom) * c_iPatterns));
+    EXPECT_EQ(sText, Save(loaded));
+}
+
+// Spreadsheets on Windows write such line ends.
+TEST(StateFile, LineEndsOfWindowsAreReadToo)
+{
+    EXPECT_EQ(2, Load("x,y,vx,vy,radius\r\n1,2,3,4,5\r\n1,2,3,4,5\r\n").GetCount());
+}
+
+TEST(StateFile, AnEmptyFileIsRefused)
+{
+    EXPECT_EQ("a.csv: the file is empty; its first line must be x,y,vx,vy,radius", GetError(""));
+    EXPECT_EQ("a.csv: there are no atoms after the header", GetError(c_sHeader));
+}
+
+TEST(StateFile, AFileThatIsNoCsvIsRefused)
+{
+    EXPECT_EQ("a.csv, line 1: the header is '?PNG?' instead of 'x,y,vx,vy,radius'", GetError("\x1BPNG\x1A\n"));
+    EXPECT_EQ("a.csv, line 1: the header is 'X,Y,VX,VY,R' instead of 'x,y,vx,vy,radius'", GetError("X,Y,VX,VY,R\n"));
+    EXPECT_EQ("a.csv, line 1: the line is longer than 4096 characters: this is no CSV file",
+              GetError(std::string(5'000, 'x') + "\n"));
+    EXPECT_EQ("a.csv, line 1: the line is longer than 4096 characters: this is no CSV file",
+              GetError(std::string(10'000'000, 'x')));
+}
+
+TEST(StateFile, ALongHeaderIsShownInPart)
+{
+    EXPECT_EQ("a.csv, line 1: the header is '" + std::string(40, 'x') + "...' instead of 'x,y,vx,vy,radius'",
+              GetError(std::string(1'000, 'x') + "\n"));
+}
+
+TEST(StateFile, ARowWithTooFewOrTooManyColumnsIsRefused)
+{
+    EXPECT_EQ("a.csv, line 3, column 4 (vy): the row has 4 columns instead of 5 (x,y,vx,vy,radius)",
+              GetError(c_sHeader + "1,2,3,4,5\n1,2,3,4\n"));
+    EXPECT_EQ("a.csv, line 2, column 5 (radius): the row has 6 columns instead of 5 (x,y,vx,vy,radius)",
+              GetError(c_sHeader + "1,2,3,4,5,6\n"));
+    EXPECT_EQ("a.csv, line 3, column 1 (x): the row has 1 column instead of 5 (x,y,vx,vy,radius)",
+              GetError(c_sHeader + "1,2,3,4,5\n\n"));
+}
+
+TEST(StateFile, WhatIsNoNumberIsRefused)
+{
+    EXPECT_EQ("a.csv, line 2, column 1 (x): 'abc' is no number", GetError(c_sHeader + "abc,2,3,4,5\n"));
+    EXPECT_EQ("a.csv, line 2, column 2 (y): '2 ' is no number", GetError(c_sHeader + "1,2 ,3,4,5\n"));
+    EXPECT_EQ("a.csv, line 2, column 2 (y): ' 2' is no number", GetError(c_sHeader + "1, 2,3,4,5\n"));
+    EXPECT_EQ("a.csv, line 2, column 2 (y): '+2' is no number", GetError(c_sHeader + "1,+2,3,4,5\n"));
+    EXPECT_EQ("a.csv, line 2, column 3 (vx): '0x3' is no number", GetError(c_sHeader + "1,2,0x3,4,5\n"));
+    EXPECT_EQ("a.csv, line 2, column 4 (vy): the number is missing", GetError(c_sHeader + "1,2,3,,5\n"));
+    EXPECT_EQ("a.csv, line 2, column 1 (x): '\"1\"' is no number", GetError(c_sHeader + "\"1\",2,3,4,5\n"));
+    EXPECT_EQ("a.csv, line 2, column 1 (x): '1?2' is no number",
+              GetError(c_sHeader + std::string("1\0002", 3) + ",2,3,4,5\n"));
+}
+
+TEST(StateFile, WhatIsNotFiniteIsRefused)
+{
+    EXPECT_EQ("a.csv, line 2, column 1 (x): 'nan' is not finite", GetError(c_sHeader + "nan,2,3,4,5\n"));
+    EXPECT_EQ("a.csv, line 2, column 3 (vx): '-inf' is not finite", GetError(c_sHeader + "1,2,-inf,4,5\n"));
+    EXPECT_EQ("a.csv, line 2, column 4 (vy): 'infinity' is not finite", GetError(c_sHeader + "1,2,3,infinity,5\n"));
+    EXPECT_EQ("a.csv, line 2, column 2 (y): '1e39' does not fit a 32-bit float",
+              GetError(c_sHeader + "1,1e39,3,4,5\n"));
+    EXPECT_EQ("a.csv, line 2: the speed of this atom does not fit a 32-bit float",
+              GetError(c_sHeader + "1,2,1e20,4,5\n"));
+}
+
+TEST(StateFile, ARadiusOutOfRangeIsRefused)
+{
+    for (const std::string sRadius : {"0", "256", "-1", "2.5", "1e1", "", " 3", "99999999999999999999"})
+    {
+        EXPECT_EQ("a.csv, line 2, column 5 (radius): '" + sRadius + "' is no whole number from 1 to 255",
+                  GetError(c_sHeader + "1,2,3,4," + sRadius + "\n"));
+    }
+}
+
+// "...,1" may have been "...,12": such an atom is not guessed.
+TEST(StateFile, ALastLineWithoutAnEndIsRefused)
+{
+    EXPECT_EQ("a.csv, line 3: the file ends within this line: it has no line end and may be cut off",
+              GetError(c_sHeader + "1,2,3,4,5\n1,2,3,4,1"));
+}
+
+TEST(StateFile, MoreThanAMillionAtomsAreRefused)
+{
+    std::string sText = c_sHeader;
+    for (int index = 0; index < 1'000'000; ++index)
+    {
+        sText += "1,2,0,0,5\n";
+    }
+    EXPECT_EQ(1'000'000, Load(sText).GetCount());
+    EXPECT_EQ("a.csv, line 1000002: more than 1000000 atoms", GetError(sText + "1,2,0,0,5\n"));
+}
+
+TEST(StateFile, ARefusedFileLeavesTheAtomsAsTheyWere)
+{
+    CAtoms atoms = MakeAtoms({MakeAtom(7, 8, 9)});
+    std::istringstream stream(c_sHeader + "1,2,3,4,5\n1,2,3,4,0\n");
+
+    EXPECT_THROW(LoadState(stream, "a.csv", atoms), CHeadlessError);
+    ASSERT_EQ(1, atoms.GetCount());
+    EXPECT_EQ(7.0F, atoms[0].x);
+}
+
+TEST(StateFile, AStateThatNoFileCanHoldIsNotSaved)
+{
+    CAtoms atoms = MakeAtoms({MakeAtom(1, 2, 3), MakeAtom(1, 2, 3)});
+    atoms[1].vy = std::numeric_limits<float>::quiet_NaN();
+
+    try
+    {
+        Save(atoms);
+        FAIL() << "the state was saved";
+    }
+    catch (const CHeadlessError& error)
+    {
+        EXPECT_STREQ("the state cannot be saved: vy of atom 2 is not finite", error.what());
+    }
+}
+
+TEST(StateFile, TheProgramNamesTheFileItCannotRead)
+{
+    const CTemporaryFolder folder;
+    const std::string sBad = folder.WriteFile("bad.csv", c_sHeader + "1,2,3\n");
+    const std::string sMissing = folder.GetPath("none.csv");
+
+    const CProgramResult bad = RunProgram({"--load-state", sBad});
+    EXPECT_EQ(1, bad.exitCode);
+    EXPECT_EQ("error: " + sBad + ", line 2, column 3 (vx): the row has 3 columns instead of 5 (x,y,vx,vy,radius)\n",
+              bad.err);
+    const CProgramResult missing = RunProgram({"--load-state", sMissing});
+    EXPECT_EQ(1, missing.exitCode);
+    EXPECT_EQ("error: " + sMissing + ": there is no such file\n", missing.err);
+    const CProgramResult directory = RunProgram({"--load-state", folder.GetPath("")});
+    EXPECT_EQ(1, directory.exitCode);
+    EXPECT_EQ("error: " + folder.GetPath("") + ": this is a folder, not a file\n", directory.err);
+}

@@ -1,0 +1,51 @@
+#include "headless/StateHash.h"
+#include "tests/headless/HeadlessTesting.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+CAtom MakeMovingAtom(float x, float y, float vx, float vy, std::uint8_t uRadius)
+{
+    CAtom atom = MakeAtom(x, y, uRadius);
+    atom.vx = vx;
+    atom.vy = vy;
+    return atom;
+}
+
+} // namespace
+
+// Worked out apart from this program, from the description of the bytes.
+TEST(StateHash, IsFnvOverTheBytesOfEveryAtom)
+{
+    const CAtom first = MakeMovingAtom(1.5F, -2.25F, 0.5F, 0.125F, 7);
+    const CAtom second = MakeMovingAtom(3.25F, 0, -1, 2, 255);
+
+    EXPECT_EQ(0x5666b08c4bd8f704U, ComputeStateHash(MakeAtoms({first})));
+    EXPECT_EQ(0xe9f4fe5779d79102U, ComputeStateHash(MakeAtoms({first, second})));
+    EXPECT_EQ(0xcbf29ce484222325U, ComputeStateHash(CAtoms()));
+}
+
+TEST(StateHash, ChangesWithEveryStoredValueAndTheOrder)
+{
+    const CAtom first = MakeMovingAtom(1, 2, 3, 4, 5);
+    const CAtom second = MakeMovingAtom(1, 2, 3, 4, 6);
+    const std::uint64_t uHash = ComputeStateHash(MakeAtoms({first, second}));
+
+    EXPECT_NE(uHash, ComputeStateHash(MakeAtoms({second, first})));
+    EXPECT_NE(uHash, ComputeStateHash(MakeAtoms({MakeMovingAtom(2, 2, 3, 4, 5), second})));
+    EXPECT_NE(uHash, ComputeStateHash(MakeAtoms({MakeMovingAtom(1, 3, 3, 4, 5), second})));
+    EXPECT_NE(uHash, ComputeStateHash(MakeAtoms({MakeMovingAtom(1, 2, 4, 4, 5), second})));
+    EXPECT_NE(uHash, ComputeStateHash(MakeAtoms({MakeMovingAtom(1, 2, 3, -4, 5), second})));
+    EXPECT_NE(ComputeStateHash(MakeAtoms({MakeAtom(0.0F, 1, 1)})),
+              ComputeStateHash(MakeAtoms({MakeAtom(-0.0F, 1, 1)})));
+}
+
+TEST(StateHash, DoesNotLookAtTheSpeedWhichFollowsFromTheVelocity)
+{
+    CAtom other = MakeMovingAtom(1, 2, 3, 4, 5);
+    other.speed = 99;
+
+    EXPECT_EQ(ComputeStateHash(MakeAtoms({MakeMovingAtom(1, 2, 3, 4, 5)})), ComputeStateHash(MakeAtoms({other})));
+}
