@@ -260,8 +260,10 @@ TEST_F(Guard, AScopeThatCannotBeOpenedIsAFailureOfTheMethod)
 
 TEST_F(Guard, NothingGetsOutOfAThreadsEntry)
 {
+    constexpr int iThreads = 4;
     std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i)
+    threads.reserve(iThreads);
+    for (int i = 0; i < iThreads; ++i)
         threads.emplace_back([this] {
             for (int iThrow = 0; iThrow < 100; ++iThrow)
                 m_Object.Trace([] { throw std::runtime_error("worker"); });

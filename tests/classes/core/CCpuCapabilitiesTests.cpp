@@ -3,6 +3,7 @@
 #include "classes/core/EnvironmentText.h"
 #include "tests/classes/core/CEnvironmentChange.h"
 
+#include <cstdio>
 #include <gtest/gtest.h>
 
 namespace
@@ -25,6 +26,8 @@ TEST(CpuCapabilities, TheEnvironmentDecidesWhatTheProcessUses)
 {
     const bool bBaseline = CCpuCapabilities::IsBaselineSetting(GetEnvironmentText("KINETARIUM_CPU").value_or(L""));
     EXPECT_EQ(CCpuCapabilities(), CCpuCapabilities(bBaseline));
+    // What the run with the variable set looks for.
+    std::puts(bBaseline ? "the baseline is forced" : "the machine decides");
 }
 
 TEST(CpuCapabilities, ALaterChangeOfTheEnvironmentChangesNothing)
