@@ -17,10 +17,13 @@ void Change(const std::string& sName, const std::wstring* pValue)
 #ifdef _WIN32
     SetEnvironmentVariableW(WideFromUtf8(sName).c_str(), pValue != nullptr ? pValue->c_str() : nullptr);
 #else
+    // The tests that change the environment have no other thread running.
+    // NOLINTBEGIN(concurrency-mt-unsafe)
     if (pValue != nullptr)
         setenv(sName.c_str(), Utf8FromWide(*pValue).c_str(), 1);
     else
         unsetenv(sName.c_str());
+        // NOLINTEND(concurrency-mt-unsafe)
 #endif
 }
 

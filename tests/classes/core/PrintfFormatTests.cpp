@@ -1,9 +1,9 @@
 #include "classes/core/PrintfFormat.h"
 
 #include "classes/core/CWString.h"
+#include "tests/classes/core/CCommaLocale.h"
 
 #include <array>
-#include <clocale>
 #include <cstdint>
 #include <cstdio>
 #include <gtest/gtest.h>
@@ -119,12 +119,8 @@ TEST(PrintfFormat, FloatsPrintAsTheCLibraryPrintsThem)
 
 TEST(PrintfFormat, NoLocaleChangesTheDecimalPoint)
 {
-    const std::string sBefore = std::setlocale(LC_ALL, nullptr);
-    // Whichever of these the system has writes numbers with a comma.
-    for (const char* sName : {"de_DE.UTF-8", "German_Germany.1252", "fr_FR.UTF-8"})
-        std::setlocale(LC_ALL, sName);
+    const CCommaLocale locale;
     EXPECT_EQ(Format(L"%.2f %i", 1234.5, 1234567), L"1234.50 1234567");
-    std::setlocale(LC_ALL, sBefore.c_str());
 }
 
 TEST(PrintfFormat, AFormatThatDoesNotFitItsArgumentsThrows)

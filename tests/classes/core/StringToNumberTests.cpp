@@ -1,7 +1,8 @@
 #include "classes/core/StringToNumber.h"
 
+#include "tests/classes/core/CCommaLocale.h"
+
 #include <array>
-#include <clocale>
 #include <cmath>
 #include <cstring>
 #include <cwchar>
@@ -280,12 +281,9 @@ TEST(StringToNumber, EveryDoubleComesBackFromItsText)
 
 TEST(StringToNumber, NoLocaleChangesTheDecimalSign)
 {
-    const std::string sBefore = std::setlocale(LC_ALL, nullptr);
-    for (const char* sName : {"de_DE.UTF-8", "German_Germany.1252", "fr_FR.UTF-8"})
-        std::setlocale(LC_ALL, sName);
+    const CCommaLocale locale;
     EXPECT_EQ(Value(L"1.5"), 1.5);
     EXPECT_EQ(ErrorPosition(L"1,5"), 1U);
-    std::setlocale(LC_ALL, sBefore.c_str());
 }
 
 } // namespace
