@@ -102,6 +102,7 @@ private:
     CFrame MakeFrame() const;
     IPainter& ChoosePainter();
 
+    bool m_bChangingBars = false; // inside the system's call that shows or hides scroll bars
     bool m_bNoScrolling = false;
     const CAtoms* m_pAtoms = nullptr;
     CColourSettings m_pAtomColourSettings{};

@@ -4,6 +4,8 @@
 #include "diagnostics/Guard.h"
 #include "view/ScrollBar.h"
 
+#include <utility>
+
 namespace
 {
 
@@ -65,11 +67,15 @@ void CWndWorldView::ShowScrollBars(const CScrollBarsShown& shown)
     LONG_PTR iStyle = iOldStyle & ~static_cast<LONG_PTR>(WS_VSCROLL | WS_HSCROLL);
     iStyle |= shown.bVertical ? WS_VSCROLL : 0;
     iStyle |= shown.bHorizontal ? WS_HSCROLL : 0;
-    if (iStyle != iOldStyle)
+    if (iStyle == iOldStyle)
     {
-        SetWindowLongPtrW(m_hWnd, GWL_STYLE, iStyle);
-        SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_FRAMECHANGED);
+        return;
     }
+    // The system erases at once, but the world has no place yet: its frame is drawn by whoever asked for the place.
+    const bool bOuter = std::exchange(m_bChangingBars, true);
+    SetWindowLongPtrW(m_hWnd, GWL_STYLE, iStyle);
+    SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_FRAMECHANGED);
+    m_bChangingBars = bOuter;
 }
 
 // Returns the position that was stored.

@@ -148,6 +148,32 @@ TEST_F(WorldViewDrawing, AViewThatWasMovedWithoutAMessageIsPlacedByItsNextFrame)
     EXPECT_EQ((CRect{150, 125, 350, 275}), m_pView->GetWorldRect());
 }
 
+// Showing or hiding a bar makes the system erase the view before the world has its new place.
+TEST_F(WorldViewDrawing, NoFrameShowsTheWorldWhereItNoLongerIs)
+{
+    Open({200, 150}, 300, 200);
+    Scatter(1, c_uRadius);
+    m_atoms[0].x = 100.0F;
+    m_atoms[0].y = 75.0F;
+    ASSERT_TRUE(Start_Speed());
+    GetDirect2DSpy().ellipses.clear();
+    MoveView(0, 0, 300, 120);
+    const CSpyEllipse first = GetDirect2DSpy().ellipses.at(0);
+    for (const CSpyEllipse& drawn : GetDirect2DSpy().ellipses)
+    {
+        EXPECT_EQ(first.ellipse.point.x, drawn.ellipse.point.x);
+        EXPECT_EQ(75.0F, drawn.ellipse.point.y);
+    }
+    GetDirect2DSpy().ellipses.clear();
+    MoveView(0, 0, 300, 200);
+    ASSERT_FALSE(GetDirect2DSpy().ellipses.empty());
+    for (const CSpyEllipse& drawn : GetDirect2DSpy().ellipses)
+    {
+        EXPECT_EQ(150.0F, drawn.ellipse.point.x);
+        EXPECT_EQ(100.0F, drawn.ellipse.point.y);
+    }
+}
+
 // The simulation goes on while the main window is minimised. Its empty client area must not cost the view Direct2D.
 TEST_F(WorldViewDrawing, AMinimisedParentIsNoFailureOfDirect2D)
 {

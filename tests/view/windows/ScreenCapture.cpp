@@ -21,6 +21,29 @@ CPixels CaptureClientArea(HWND hWnd)
     return CaptureContext(screen.Get(), pt.x, pt.y, rc.right, rc.bottom);
 }
 
+CPixels CaptureUntil(HWND hWnd, const std::function<void()>& draw, const std::function<bool(const CPixels&)>& accept)
+{
+    constexpr int c_iAttempts = 60;
+    constexpr DWORD c_dwPause = 50; // milliseconds
+    CPixels picture;
+    for (int i = 0; i < c_iAttempts; ++i)
+    {
+        for (MSG msg{}; PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE);)
+        {
+            DispatchMessageW(&msg);
+        }
+        draw();
+        GdiFlush();
+        picture = CaptureClientArea(hWnd);
+        if (accept(picture))
+        {
+            break;
+        }
+        Sleep(c_dwPause);
+    }
+    return picture;
+}
+
 CPixels CaptureContext(HDC hDc, int iX, int iY, int iWidth, int iHeight)
 {
     constexpr WORD c_uBits = 32;

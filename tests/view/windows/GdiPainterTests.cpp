@@ -1,0 +1,273 @@
+#include "classes/windows/Handles.h"
+#include "tests/view/windows/CViewTest.h"
+#include "tests/view/windows/ScreenCapture.h"
+#include "view/AtomScene.h"
+#include "view/CPainterGdi.h"
+#include "view/EllipseRect.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+namespace
+{
+
+class GdiPainter : public CViewTest
+{
+protected:
+    void SetUp() override { GetDirect2DSpy().hrFactory = E_FAIL; }
+
+    // A view that is ready to draw its atoms by speed without Direct2D.
+    void OpenStarted(const CSize<int>& sizeWorld, std::int32_t count, EnumPicDrawMode eMode = EnumPicDrawMode::Tiled)
+    {
+        Open(sizeWorld, 300, 200, eMode);
+        Scatter(count, 6);
+        Start_Speed();
+    }
+
+    // The view once its world has come to the screen.
+    CPixels CaptureWorld()
+    {
+        const CRect rcWorld = m_pView->GetWorldRect();
+        return CaptureUntil(
+            GetViewHandle(), [this] { m_pView->OnEraseBackground(); },
+            [&](const CPixels& pixels) { return pixels.GetColour(rcWorld.left, rcWorld.top) == c_crWorld; });
+    }
+
+    CAtomScene MakeScene(const CRect& rcVisible, const CPoint<int>& ptWorld) const
+    {
+        CAtomScene scene;
+        scene.pAtoms = m_atoms.GetAtoms();
+        scene.count = m_atoms.GetCount();
+        scene.fAverageSpeed = m_atoms.GetAvgVelocity();
+        scene.settings[0] = {c_crSlow, 0, 0.75};
+        scene.settings[1] = {c_crMiddle, 0, 0.0};
+        scene.settings[2] = {c_crFast, 0, 1.25};
+        scene.rcVisible = rcVisible;
+        scene.ptWorld = ptWorld;
+        return scene;
+    }
+};
+
+// What a recording device context was asked for.
+struct CRecorded
+{
+    int iEllipses = 0;
+    int iPens = 0; // a colour of the DC pen is recorded as a pen of its own
+};
+
+int CALLBACK CountRecord(HDC, HANDLETABLE*, const ENHMETARECORD* pRecord, int, LPARAM lParam)
+{
+    auto* const pRecorded = reinterpret_cast<CRecorded*>(lParam);
+    pRecorded->iEllipses += pRecord->iType == EMR_ELLIPSE ? 1 : 0;
+    pRecorded->iPens += pRecord->iType == EMR_CREATEPEN || pRecord->iType == EMR_EXTCREATEPEN ? 1 : 0;
+    return 1;
+}
+
+CRecorded Record(const CAtomScene& scene)
+{
+    const HDC hDc = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+    DrawAtoms_Gdi(hDc, scene);
+    const HENHMETAFILE hFile = CloseEnhMetaFile(hDc);
+    CRecorded recorded;
+    EnumEnhMetaFile(nullptr, hFile, CountRecord, &recorded, nullptr);
+    DeleteEnhMetaFile(hFile);
+    return recorded;
+}
+
+// All the GDI objects that this process can still make.
+class CGdiShortage
+{
+public:
+    CGdiShortage()
+    {
+        while (HBRUSH hBrush = CreateSolidBrush(static_cast<COLORREF>(m_brushes.size())))
+        {
+            m_brushes.emplace_back(hBrush);
+        }
+    }
+
+    void Free(std::size_t uCount) { m_brushes.resize(m_brushes.size() - uCount); }
+    std::size_t GetCount() const { return m_brushes.size(); }
+
+private:
+    std::vector<CBrushHandle> m_brushes;
+};
+
+constexpr CRect c_rcPicture{0, 0, 300, 200};
+
+} // namespace
+
+TEST_F(GdiPainter, OnlyVisibleAtomsOfALargeScrolledWorldAreDrawn)
+{
+    m_sizeWorld = {9999, 9999};
+    Scatter(100'000, 4);
+    const CAtomScene scene = MakeScene({0, 0, 500, 400}, {-5000, -4000});
+    int iTouching = 0;
+    for (std::int32_t i = 0; i < m_atoms.GetCount(); ++i)
+    {
+        iTouching += Intersect(GetEllipseRect(m_atoms[i], scene.ptWorld), scene.rcVisible).IsEmpty() ? 0 : 1;
+    }
+    const CRecorded recorded = Record(scene);
+    EXPECT_GT(iTouching, 100);
+    EXPECT_GE(recorded.iEllipses, iTouching);
+    EXPECT_LE(recorded.iEllipses, iTouching + iTouching / 10);
+}
+
+TEST_F(GdiPainter, PenAndBrushChangeOnlyWithTheClass)
+{
+    m_sizeWorld = {300, 200};
+    Scatter(60, 4);
+    for (std::int32_t i = 0; i < m_atoms.GetCount(); ++i)
+    {
+        m_atoms[i].speed = i < 20 ? 0.5F : 1.5F;
+    }
+    const CRecorded twoRuns = Record(MakeScene(c_rcPicture, {0, 0}));
+    EXPECT_EQ(60, twoRuns.iEllipses);
+    for (std::int32_t i = 0; i < m_atoms.GetCount(); ++i)
+    {
+        m_atoms[i].speed = i % 2 == 0 ? 0.5F : 1.5F;
+    }
+    const CRecorded alternating = Record(MakeScene(c_rcPicture, {0, 0}));
+    EXPECT_EQ(60, alternating.iEllipses);
+    EXPECT_EQ(alternating.iPens - twoRuns.iPens, 58); // 60 changes instead of 2
+}
+
+TEST_F(GdiPainter, CulledAtomsChangeNoPixel)
+{
+    m_sizeWorld = {600, 400};
+    Scatter(300, 9);
+    const CAtomScene scene = MakeScene(c_rcPicture, {-150, -100});
+    const CWindowDc screen(nullptr);
+    std::array<CPixels, 2> pictures;
+    for (std::size_t u = 0; u < pictures.size(); ++u)
+    {
+        const CMemoryDc memory(screen.Get());
+        const CBitmapHandle bitmap(CreateCompatibleBitmap(screen.Get(), c_rcPicture.right, c_rcPicture.bottom));
+        const CSelectObject selected(memory.Get(), bitmap.Get());
+        if (u == 0)
+        {
+            DrawAtoms_Gdi(memory.Get(), scene);
+        }
+        else
+        {
+            const CSelectObject pen(memory.Get(), GetStockObject(DC_PEN));
+            const CSelectObject brush(memory.Get(), GetStockObject(DC_BRUSH));
+            for (std::int32_t i = 0; i < m_atoms.GetCount(); ++i)
+            {
+                const int iClass = ClassOfAtom(m_atoms[i].speed, scene.fAverageSpeed, scene.settings);
+                SetDCPenColor(memory.Get(), scene.settings[static_cast<std::size_t>(iClass)].cr);
+                SetDCBrushColor(memory.Get(), scene.settings[static_cast<std::size_t>(iClass)].cr);
+                const CRect rc = GetEllipseRect(m_atoms[i], scene.ptWorld);
+                Ellipse(memory.Get(), rc.left, rc.top, rc.right, rc.bottom);
+            }
+        }
+        pictures[u] = CaptureContext(memory.Get(), 0, 0, c_rcPicture.right, c_rcPicture.bottom);
+    }
+    EXPECT_EQ(pictures[0], pictures[1]);
+}
+
+TEST_F(GdiPainter, InFixedModeOnlyBackdropAndWorldAppear)
+{
+    OpenStarted({200, 150}, 40);
+    Start_Fixed(L"10", L"", L"25%");
+    const CRect rcWorld = m_pView->GetWorldRect();
+    const CPixels picture = CaptureWorld();
+    for (int y = rcWorld.top; y < rcWorld.bottom; ++y)
+    {
+        for (int x = rcWorld.left; x < rcWorld.right; ++x)
+        {
+            ASSERT_EQ(static_cast<COLORREF>(c_crWorld), picture.GetColour(x, y)) << x << ' ' << y;
+        }
+    }
+    EXPECT_NE(static_cast<COLORREF>(c_crWorld), picture.GetColour(0, 0));
+}
+
+TEST_F(GdiPainter, TheBackdropContinuesTheParentsInEveryMode)
+{
+    for (const EnumPicDrawMode eMode :
+         {EnumPicDrawMode::Plain, EnumPicDrawMode::Fitted, EnumPicDrawMode::Stretched, EnumPicDrawMode::Tiled})
+    {
+        m_pView.reset();
+        OpenStarted({100, 80}, 0, eMode);
+        // The same backdrop over the whole client area of the parent, of which the view is a window.
+        CPicture backdrop = *m_pParent->GetBackdrop();
+        const RECT rcParent{-20, -30, CTestParent::c_iWidth - 20, CTestParent::c_iHeight - 30};
+        backdrop.SetDrawingRect(&rcParent);
+        const CWindowDc screen(nullptr);
+        const CMemoryDc memory(screen.Get());
+        const CBitmapHandle bitmap(CreateCompatibleBitmap(screen.Get(), c_rcPicture.right, c_rcPicture.bottom));
+        const CSelectObject selected(memory.Get(), bitmap.Get());
+        backdrop.DrawByMode(memory.Get(), eMode);
+        const RECT rcWorld{100, 60, 200, 140};
+        const CBrushHandle world(CreateSolidBrush(c_crWorld));
+        FillRect(memory.Get(), &rcWorld, world.Get());
+        const CPixels expected = CaptureContext(memory.Get(), 0, 0, c_rcPicture.right, c_rcPicture.bottom);
+        EXPECT_EQ(expected, CaptureUntil(
+                                GetViewHandle(), [this] { m_pView->OnEraseBackground(); },
+                                [&](const CPixels& pixels) { return pixels == expected; }))
+            << static_cast<int>(eMode);
+    }
+}
+
+TEST_F(GdiPainter, WithoutABackdropOrWithAnEmptyOneNothingIsDrawn)
+{
+    OpenStarted({200, 150}, 10);
+    const CPixels before = CaptureWorld();
+    CPicture world;
+    world.CreatePictureFromColorref(nullptr, 300, 200, RGB(255, 255, 255));
+    CPicture backdrop = *m_pParent->GetBackdrop();
+    const RECT rcEmpty{10, 10, 10, 50};
+    backdrop.SetDrawingRect(&rcEmpty);
+    CFrame frame;
+    frame.hWnd = GetViewHandle();
+    frame.sizeWindow = {300, 200};
+    frame.pWorld = &world;
+    for (const CPicture* const pBackdrop :
+         {static_cast<const CPicture*>(nullptr), static_cast<const CPicture*>(&backdrop)})
+    {
+        frame.pBackdrop = pBackdrop;
+        CPainterGdi().PaintFrame(frame);
+        EXPECT_EQ(before, CaptureClientArea(GetViewHandle()));
+    }
+    const RECT rcFull{0, 0, 300, 200};
+    backdrop.SetDrawingRect(&rcFull);
+    CPainterGdi().PaintFrame(frame);
+    EXPECT_EQ(RGB(255, 255, 255), CaptureClientArea(GetViewHandle()).GetColour(150, 100));
+}
+
+TEST_F(GdiPainter, AWindowWithoutADeviceContextIsNoFrame)
+{
+    OpenStarted({200, 150}, 10);
+    CFrame frame;
+    frame.hWnd = reinterpret_cast<HWND>(static_cast<LONG_PTR>(0x7FFFFFF0)); // no such window
+    frame.sizeWindow = {300, 200};
+    frame.pBackdrop = m_pParent->GetBackdrop();
+    frame.pWorld = m_pParent->GetBackdrop();
+    CPainterGdi().PaintFrame(frame);
+}
+
+// With no GDI object left the memory context or its bitmap cannot be made: frames are skipped, nothing leaks, and the
+// next frame with room is drawn.
+TEST_F(GdiPainter, AShortageOfGdiObjectsSkipsFramesAndLeaksNothing)
+{
+    OpenStarted({200, 150}, 10);
+    const CPixels picture = CaptureWorld();
+    std::size_t uRoom = 0;
+    {
+        const CGdiShortage shortage;
+        uRoom = shortage.GetCount();
+        ASSERT_GT(uRoom, 100U);
+    }
+    for (std::size_t uFree = 0; uFree < 8; ++uFree)
+    {
+        CGdiShortage shortage;
+        shortage.Free(uFree);
+        m_pView->OnEraseBackground();
+    }
+    m_pView->OnEraseBackground();
+    EXPECT_EQ(picture, CaptureClientArea(GetViewHandle()));
+    EXPECT_EQ(uRoom, CGdiShortage().GetCount());
+}
