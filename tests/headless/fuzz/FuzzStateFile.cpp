@@ -1,0 +1,87 @@
+#include "classes/core/CRandom.h"
+#include "headless/CWorldImage.h"
+#include "headless/HeadlessError.h"
+#include "headless/OverlapStatistics.h"
+#include "headless/RunSettings.h"
+#include "headless/StateFile.h"
+#include "headless/StateHash.h"
+#include "simulation/CAtoms.h"
+#include "simulation/CCollisionGrid.h"
+#include "simulation/Iteration.h"
+#include "tests/headless/fuzz/FuzzTarget.h"
+#include "tests/headless/HeadlessTesting.h"
+
+#include <sstream>
+#include <string>
+
+namespace
+{
+
+constexpr CSize<int> c_World = {150, 120};
+constexpr int c_iIterations = 3;
+
+// More would only make the fuzzer slow: what goes wrong among a hundred atoms goes wrong among a few.
+constexpr std::int32_t c_iMostSimulatedAtoms = 40;
+
+bool Load(const std::string& sText, CAtoms& atoms)
+{
+    try
+    {
+        std::istringstream stream(sText);
+        LoadState(stream, "fuzzed", atoms);
+        return true;
+    }
+    catch (const CHeadlessError&)
+    {
+        return false;
+    }
+}
+
+std::string Save(const CAtoms& atoms)
+{
+    CTextSink sink;
+    SaveState(atoms, sink);
+    return sink.GetText();
+}
+
+// Everything the program does with a state that it has accepted.
+void UseState(CAtoms& atoms)
+{
+    CCollisionGrid grid;
+    CRandom random(1);
+    grid.Resize(c_World);
+    for (int iteration = 0; iteration < c_iIterations; ++iteration)
+    {
+        AdvanceOneIteration(atoms, grid, c_World, random);
+    }
+    CRunSettings settings;
+    settings.world = c_World;
+    settings.factors = {L"1", L"1", L""};
+    DrawWorld(atoms, settings);
+    settings.eMode = EnumAtomColourMode::Speed;
+    settings.factors = {L"0.75", L"", L"1.25"};
+    DrawWorld(atoms, settings);
+    ComputeOverlapStatistics(atoms, c_World);
+    CountAtomsOutside(atoms, c_World);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t uCount)
+{
+    CAtoms atoms;
+    if (!Load(std::string(reinterpret_cast<const char*>(pBytes), uCount), atoms))
+    {
+        return 0;
+    }
+    const std::string sSaved = Save(atoms);
+    CAtoms again;
+    Require(Load(sSaved, again), "a saved state is refused");
+    Require(ComputeStateHash(atoms) == ComputeStateHash(again), "a saved state is another one");
+    Require(Save(again) == sSaved, "a state saved again has other bytes");
+    if (atoms.GetCount() <= c_iMostSimulatedAtoms)
+    {
+        UseState(atoms);
+    }
+    return 0;
+}
