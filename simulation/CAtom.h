@@ -21,3 +21,6 @@ struct CAtom
 
 static_assert(sizeof(CAtom) == 28, "a million atoms are streamed through the cache in every iteration");
 static_assert(std::is_trivially_copyable_v<CAtom>);
+
+/// From one field of an atom to the same field of the next, in floats.
+constexpr int c_iAtomFloats = sizeof(CAtom) / sizeof(float);

@@ -37,17 +37,31 @@ public:
     int GetCellHeight() const { return m_Geometry.cellHeight; }
     int GetCellCount() const { return m_Geometry.rows * m_Geometry.columns; }
 
+    /// Enters count atoms that lie one behind another, in order: the caller writes the place of each
+    /// (CGridGeometry::Locate) to where the result points, before anything else is done with the grid.
+    std::uint32_t* InsertMany(CAtom* pAtoms, std::size_t uCount);
+
+    const CGridGeometry& GetGeometry() const { return m_Geometry; }
+
     /// The atoms of a cell in the order of their insertion; cell is row * columns + column.
     std::span<CAtom* const> GetCellAtoms(int cell);
 
 private:
+    // Atoms that lie one behind another in memory and were inserted in that order.
+    struct CRun
+    {
+        CAtom* pFirst;
+        std::size_t uCount;
+    };
+
     void FillCells();
-    std::size_t CountEntries();
+    std::uint32_t CountEntries();
 
     CGridGeometry m_Geometry;
-    std::vector<CAtom*> m_Inserted;      // in order of insertion
-    std::vector<std::uint32_t> m_Places; // where each of them goes (see CGridGeometry::Locate)
-    std::vector<std::uint32_t> m_Ends;   // cells + 1 elements: cell c's list is m_Ends[c]..m_Ends[c + 1] of m_Entries
+    std::vector<CRun> m_Runs;            // what was inserted, in order: nearly always a single run
+    std::vector<std::uint32_t> m_Places; // where each atom goes, in order; only grows
+    std::size_t m_uInserted = 0;         // how many of them count
+    std::vector<std::uint32_t> m_Ends;   // cell c's list is m_Ends[c]..m_Ends[c + 1] of m_Entries
     std::vector<CAtom*> m_Entries;       // the lists of all cells; only grows
     bool m_bFilled = true;
 };

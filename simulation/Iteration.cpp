@@ -2,8 +2,8 @@
 
 #include "simulation/CAtoms.h"
 #include "simulation/CCollisionGrid.h"
-#include "simulation/HandleAtomCollision.h"
 #include "simulation/SimulationConstants.h"
+#include "simulation/SimulationKernels.h"
 
 #include <algorithm>
 #include <cmath>
@@ -32,45 +32,60 @@ void Reflect(float& position, float& velocity, int radius, int length)
     }
 }
 
-void MoveAtoms(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world)
+void MoveAtom(CAtom& atom, const CSize<int>& world)
 {
-    for (std::int32_t index = 0; index < atoms.GetCount(); ++index)
+    atom.x += atom.vx;
+    atom.y += atom.vy;
+    Reflect(atom.y, atom.vy, atom.radius, world.cy);
+    Reflect(atom.x, atom.vx, atom.radius, world.cx);
+}
+
+// Moves all atoms and enters them into the grid, most of them in groups.
+void MoveAtoms(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, const CSimulationKernels& kernels)
+{
+    const CGridGeometry& geometry = grid.GetGeometry();
+    const std::int32_t count = atoms.GetCount();
+    std::uint32_t* const pPlaces = grid.InsertMany(atoms.GetAtoms(), static_cast<std::size_t>(count));
+    for (int i = kernels.pMoveAtomGroups(atoms.GetAtoms(), count, world, geometry, pPlaces); i < count; ++i)
     {
-        CAtom& atom = atoms[index];
-        atom.x += atom.vx;
-        atom.y += atom.vy;
-        Reflect(atom.y, atom.vy, atom.radius, world.cy);
-        Reflect(atom.x, atom.vx, atom.radius, world.cx);
-        grid.Insert(atom);
+        CAtom& atom = atoms[i];
+        MoveAtom(atom, world);
+        pPlaces[i] = geometry.Locate(atom.x, atom.y, static_cast<float>(atom.radius));
     }
 }
 
-float Square(float value)
+// The first c_iMaxTestedAtomsPerCell atoms of a cell.
+std::span<CAtom* const> GetTestedAtoms(CCollisionGrid& grid, int cell)
 {
-    return value * value;
+    const std::span<CAtom* const> atoms = grid.GetCellAtoms(cell);
+    return atoms.first(std::min<std::size_t>(atoms.size(), c_iMaxTestedAtomsPerCell));
 }
 
-bool AreTouching(const CAtom& a, const CAtom& b)
+// The atoms of a cell lie anywhere in the array. Asked for one cell ahead, they are near when their turn comes.
+void Prefetch(std::span<CAtom* const> atoms)
 {
-    const auto radiusSum = static_cast<float>(a.radius + b.radius);
-    return Square(a.y - b.y) + Square(a.x - b.x) <= Square(radiusSum);
-}
-
-// Every pair sees where the collisions before it have left the atoms.
-std::uint32_t CollideCell(std::span<CAtom* const> atoms, CRandom& random)
-{
-    const std::size_t uCount = std::min<std::size_t>(atoms.size(), c_iMaxTestedAtomsPerCell);
-    std::uint32_t uCollisions = 0;
-    for (std::size_t i = 0; i < uCount; ++i)
+    for (const CAtom* pAtom : atoms)
     {
-        for (std::size_t j = i + 1; j < uCount; ++j)
+        // An atom may reach over into a second cache line.
+        __builtin_prefetch(pAtom);
+        __builtin_prefetch(&pAtom->reserved);
+    }
+}
+
+std::uint32_t CollideCells(CCollisionGrid& grid, CRandom& random, const CSimulationKernels& kernels)
+{
+    CCellScratch scratch;
+    std::uint32_t uCollisions = 0;
+    std::span<CAtom* const> next = GetTestedAtoms(grid, 0);
+    for (int cell = 0; cell < grid.GetCellCount(); ++cell)
+    {
+        const std::span<CAtom* const> atoms = next;
+        if (cell + 1 < grid.GetCellCount())
         {
-            if (AreTouching(*atoms[i], *atoms[j]))
-            {
-                HandleAtomCollision(*atoms[i], *atoms[j], random);
-                ++uCollisions;
-            }
+            next = GetTestedAtoms(grid, cell + 1);
+            Prefetch(next);
         }
+        uCollisions += kernels.pCollideCell(atoms.data(), static_cast<int>(atoms.size()), scratch, random);
     }
     return uCollisions;
 }
@@ -79,13 +94,10 @@ std::uint32_t CollideCell(std::span<CAtom* const> atoms, CRandom& random)
 
 std::uint32_t AdvanceOneIteration(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRandom& random)
 {
+    const CSimulationKernels& kernels = GetSimulationKernels();
     grid.Clear();
-    MoveAtoms(atoms, grid, world);
-    std::uint32_t uCollisions = 0;
-    for (int cell = 0; cell < grid.GetCellCount(); ++cell)
-    {
-        uCollisions += CollideCell(grid.GetCellAtoms(cell), random);
-    }
+    MoveAtoms(atoms, grid, world, kernels);
+    const std::uint32_t uCollisions = CollideCells(grid, random, kernels);
     ComputeVelocityStatistics(atoms);
     return uCollisions;
 }

@@ -1,0 +1,120 @@
+#pragma once
+
+#include "simulation/CAtom.h"
+#include "simulation/CellScratch.h"
+
+#include <cstdint>
+#include <immintrin.h>
+
+/// Sixteen floats at a time.
+struct Lanes
+{
+    static constexpr int c_iCount = 16;
+
+    struct CCircle
+    {
+        __m512 x;
+        __m512 y;
+        __m512 radius;
+    };
+
+    static inline void Fill(std::int32_t* pFirst, std::int32_t value)
+    {
+        _mm512_storeu_si512(pFirst, _mm512_set1_epi32(value));
+    }
+
+    static inline void Fill(float* pFirst, float value) { _mm512_storeu_ps(pFirst, _mm512_set1_ps(value)); }
+
+    static inline CCircle MakeCircle(float x, float y, float radius)
+    {
+        return {_mm512_set1_ps(x), _mm512_set1_ps(y), _mm512_set1_ps(radius)};
+    }
+
+    static inline std::uint32_t FindTouching(const CCircle& circle, const CCellScratch& scratch, int block)
+    {
+        const __m512 dx = _mm512_sub_ps(circle.x, _mm512_load_ps(scratch.x + block));
+        const __m512 dy = _mm512_sub_ps(circle.y, _mm512_load_ps(scratch.y + block));
+        const __m512 sum = _mm512_add_ps(circle.radius, _mm512_load_ps(scratch.radius + block));
+        const __m512 squares = _mm512_add_ps(_mm512_mul_ps(dy, dy), _mm512_mul_ps(dx, dx));
+        return _mm512_cmp_ps_mask(squares, _mm512_mul_ps(sum, sum), _CMP_LE_OQ);
+    }
+
+    struct CDisc
+    {
+        __m512i point;
+        __m512i reach;
+    };
+
+    static inline CDisc MakeDisc(std::int32_t point, std::int32_t reach)
+    {
+        return {_mm512_set1_epi32(point), _mm512_set1_epi32(reach)};
+    }
+
+    static inline std::uint32_t FindNear(const CDisc& disc, const CCellScratch& scratch, int block)
+    {
+        const __m512i offset = _mm512_sub_epi16(disc.point, _mm512_load_si512(scratch.points + block));
+        return _mm512_cmple_epi32_mask(_mm512_madd_epi16(offset, offset), disc.reach);
+    }
+
+    static inline void MakePoints(CCellScratch& scratch, int block, float scale, float limit)
+    {
+        const auto toPoints = [=](const float* pPositions, float origin) {
+            const __m512 offset = _mm512_sub_ps(_mm512_load_ps(pPositions), _mm512_set1_ps(origin));
+            const __m512 points = _mm512_mul_ps(offset, _mm512_set1_ps(scale));
+            return _mm512_cvtps_epi32(
+                _mm512_max_ps(_mm512_min_ps(points, _mm512_set1_ps(limit)), _mm512_set1_ps(-limit)));
+        };
+        const __m512i x = toPoints(scratch.x + block, scratch.originX);
+        const __m512i y = toPoints(scratch.y + block, scratch.originY);
+        const __m512i packed =
+            _mm512_or_si512(_mm512_slli_epi32(y, 16), _mm512_and_si512(x, _mm512_set1_epi32(0xFFFF)));
+        _mm512_store_si512(scratch.points + block, packed);
+    }
+
+    static inline int Append(std::uint32_t* pEnd, std::uint32_t uMask, std::uint32_t uFirst)
+    {
+        const __m512i lanes = _mm512_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15);
+        const __m512i offsets = _mm512_mullo_epi32(lanes, _mm512_set1_epi32(sizeof(CCellAtom)));
+        const __m512i pairs = _mm512_add_epi32(offsets, _mm512_set1_epi32(static_cast<int>(uFirst)));
+        const __m512i found = _mm512_maskz_compress_epi32(static_cast<__mmask16>(uMask), pairs);
+        const int count = __builtin_popcount(uMask);
+        // Few are found at a time, and a short store seldom reaches over into a second cache line.
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(pEnd), _mm512_castsi512_si128(found));
+        if (count > 4) [[unlikely]]
+        {
+            _mm512_storeu_si512(pEnd, found);
+        }
+        return count;
+    }
+
+    /// From a field of the first atom to that of each atom, in floats.
+    static inline __m512i GetFieldOffsets()
+    {
+        const __m512i lanes = _mm512_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15);
+        return _mm512_mullo_epi32(lanes, _mm512_set1_epi32(c_iAtomFloats));
+    }
+
+    static inline __m512 LoadField(const float* pFirst)
+    {
+        return _mm512_i32gather_ps(GetFieldOffsets(), pFirst, sizeof(float));
+    }
+
+    static inline void StoreField(float* pFirst, __m512 values)
+    {
+        _mm512_i32scatter_ps(pFirst, GetFieldOffsets(), values, sizeof(float));
+    }
+
+    /// The radius is the lowest byte of its word; the others are padding.
+    static inline __m512i LoadRadii(const CAtom* pAtoms)
+    {
+        const __m512i words = _mm512_i32gather_epi32(GetFieldOffsets(), &pAtoms->radius, sizeof(float));
+        return _mm512_and_si512(words, _mm512_set1_epi32(0xFF));
+    }
+
+    template<class Ints>
+    static inline bool HasAny(Ints lanes)
+    {
+        const __m512i all = reinterpret_cast<__m512i>(lanes);
+        return _mm512_test_epi32_mask(all, all) != 0;
+    }
+};

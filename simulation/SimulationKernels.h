@@ -1,0 +1,32 @@
+#pragma once
+
+#include "classes/core/CSize.h"
+#include "simulation/CellScratch.h"
+
+#include <cstdint>
+#include <span>
+
+class CRandom;
+struct CAtom;
+struct CGridGeometry;
+
+/// The inner loops of an iteration for one instruction set. All give the same bits.
+struct CSimulationKernels
+{
+    const char* name;
+
+    /// Tests all pairs of that many atoms (at most c_iMaxTestedAtomsPerCell) in list order, lets the touching ones
+    /// collide, and returns how many did.
+    std::uint32_t (*pCollideCell)(CAtom* const* ppAtoms, int count, CCellScratch& scratch, CRandom& random);
+
+    /// Moves the atoms, reflects them at the walls and writes where each goes in the grid (see CGridGeometry::Locate),
+    /// as far as whole groups of them go; returns how many atoms that were. The rest is for MoveAtom.
+    int (*pMoveAtomGroups)(CAtom* pAtoms, int count, const CSize<int>& world, const CGridGeometry& geometry,
+                           std::uint32_t* pPlaces);
+};
+
+/// The kernels for the best instruction set of this machine; the baseline when KINETARIUM_CPU asks for it.
+const CSimulationKernels& GetSimulationKernels();
+
+/// The kernels of every instruction set that this machine has, slowest first. For tests.
+std::span<const CSimulationKernels> GetAvailableKernels();
