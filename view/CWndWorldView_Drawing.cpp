@@ -21,7 +21,7 @@ RECT GetClientRectOnScreen(HWND hWnd)
 void CWndWorldView::OnEraseBackground()
 {
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
-        if (!m_bWindowReady)
+        if (!m_bWindowReady || m_bChangingBars)
         {
             return;
         }

@@ -91,6 +91,15 @@ CSpyBrush* AsSpy(ID2D1Brush* pBrush)
     return GetLiveBrushes().count(pBrush) != 0 ? static_cast<CSpyBrush*>(pBrush) : nullptr;
 }
 
+void ResizeShownWindow(const D2D1_SIZE_U& size)
+{
+    if (GetDirect2DSpy().hShow != nullptr)
+    {
+        SetWindowPos(GetDirect2DSpy().hShow, HWND_TOPMOST, 0, 0, static_cast<int>(size.width),
+                     static_cast<int>(size.height), SWP_NOMOVE | SWP_NOACTIVATE);
+    }
+}
+
 class CSpyRenderTarget final : public CUnusedHwndRenderTarget
 {
 public:
@@ -159,6 +168,7 @@ public:
     HRESULT STDMETHODCALLTYPE Resize(const D2D1_SIZE_U* pSize) override
     {
         GetDirect2DSpy().resizes.push_back({static_cast<LONG>(pSize->width), static_cast<LONG>(pSize->height)});
+        ResizeShownWindow(*pSize);
         return m_pReal->Resize(pSize);
     }
 
@@ -212,7 +222,10 @@ public:
             return spy.hrRenderTarget;
         }
         CComPtr<ID2D1HwndRenderTarget> pReal;
-        const HRESULT hr = m_pReal->CreateHwndRenderTarget(pProperties, pWindow, pReal.Receive());
+        D2D1_HWND_RENDER_TARGET_PROPERTIES window = *pWindow;
+        ResizeShownWindow(window.pixelSize);
+        window.hwnd = spy.hShow != nullptr ? spy.hShow : window.hwnd;
+        const HRESULT hr = m_pReal->CreateHwndRenderTarget(pProperties, &window, pReal.Receive());
         if (SUCCEEDED(hr))
         {
             *ppTarget = new CSpyRenderTarget(std::move(pReal));

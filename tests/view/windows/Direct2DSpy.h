@@ -42,6 +42,10 @@ struct CDirect2DSpy
     std::vector<CSpyEllipse> ellipses;
     std::vector<std::string> closed;              // what was released for good, in order: "brush", "target", "factory"
     ID2D1HwndRenderTarget* pRealTarget = nullptr; // of the last target made
+
+    // Where the real targets draw to, of the same size as the view; null: the view itself. Wine shows nothing of what
+    // Direct2D draws to a child window, so that only a top-level window can be looked at.
+    HWND hShow = nullptr;
 };
 
 CDirect2DSpy& GetDirect2DSpy();

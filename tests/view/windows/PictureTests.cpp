@@ -20,6 +20,24 @@ constexpr int c_iChannelTolerance = 1; // a colour goes through floats on its wa
 class ViewPicture : public CViewTest
 {
 protected:
+    ~ViewPicture() override
+    {
+        m_pView.reset();
+        DestroyWindow(m_hShow);
+    }
+
+    // A window at the top of the desktop on which Direct2D's frames can be seen.
+    void ShowDirect2D()
+    {
+        constexpr int c_iLeft = 900;
+        constexpr int c_iTop = 60;
+        m_hShow = CreateWindowExW(WS_EX_TOPMOST | WS_EX_NOACTIVATE, L"STATIC", L"", WS_POPUP | WS_VISIBLE, c_iLeft,
+                                  c_iTop, 300, 200, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+        GetDirect2DSpy().hShow = m_hShow;
+    }
+
+    HWND GetShown() const { return m_hShow != nullptr ? m_hShow : GetViewHandle(); }
+
     COLORREF GetSpeedColour(std::int32_t i) const
     {
         const int iClass = m_atoms[i].speed < 1.0F ? 0 : 1 + (m_atoms[i].speed > 1.0F ? 1 : 0);
@@ -82,7 +100,7 @@ protected:
     {
         const CExpectedPicture expected(scene, m_atoms);
         const CPixels picture = CaptureUntil(
-            GetViewHandle(), [this] { m_pView->OnEraseBackground(); },
+            GetShown(), [this] { m_pView->OnEraseBackground(); },
             [&](const CPixels& pixels) { return Compare(expected, pixels).iWrong == 0; });
         ASSERT_EQ(scene.size, (CSize<int>{picture.iWidth, picture.iHeight}));
         const CComparison result = Compare(expected, picture);
@@ -92,6 +110,8 @@ protected:
     }
 
 private:
+    HWND m_hShow = nullptr;
+
     static bool IsClassColour(COLORREF cr)
     {
         return cr == GetClassColour(0) || cr == GetClassColour(1) || cr == GetClassColour(2);
@@ -112,6 +132,7 @@ constexpr std::uint8_t c_uRadius = 12;
 
 TEST_F(ViewPicture, Direct2DShowsACentredWorldAsThePlainDrawingDoes)
 {
+    ShowDirect2D();
     Open({260, 160}, 300, 200);
     Scatter(c_iAtoms, c_uRadius);
     ASSERT_TRUE(Start_Speed());
@@ -130,6 +151,7 @@ TEST_F(ViewPicture, GdiShowsACentredWorldAsThePlainDrawingDoes)
 
 TEST_F(ViewPicture, Direct2DShowsAScrolledWorldAsThePlainDrawingDoes)
 {
+    ShowDirect2D();
     Open({700, 500}, 300, 200);
     Scatter(4 * c_iAtoms, c_uRadius);
     ASSERT_TRUE(Start_Speed());
@@ -159,6 +181,7 @@ TEST_F(ViewPicture, GdiShowsAScrolledWorldAsThePlainDrawingDoes)
 
 TEST_F(ViewPicture, Direct2DShowsTheRunsOfFixedMode)
 {
+    ShowDirect2D();
     Open({260, 160}, 300, 200);
     Scatter(c_iAtoms, c_uRadius);
     ASSERT_TRUE(Start_Fixed(L"20", L"", L"50%"));
@@ -167,27 +190,45 @@ TEST_F(ViewPicture, Direct2DShowsTheRunsOfFixedMode)
     ExpectScreen(scene);
 }
 
-TEST_F(ViewPicture, LaterAtomsLieOverEarlierOnes)
+namespace
 {
+
+// Three large atoms side by side, each lying over half of the one before.
+void StackAtoms(CAtoms& atoms)
+{
+    for (std::int32_t i = 0; i < atoms.GetCount(); ++i)
+    {
+        atoms[i].x = 80.0F + 20.0F * static_cast<float>(i);
+        atoms[i].y = 80.0F;
+        atoms[i].speed = 1.5F - 0.5F * static_cast<float>(i);
+    }
+}
+
+} // namespace
+
+TEST_F(ViewPicture, Direct2DLaysLaterAtomsOverEarlierOnes)
+{
+    ShowDirect2D();
     Open({260, 160}, 300, 200);
     Scatter(3, 40);
-    for (std::int32_t i = 0; i < m_atoms.GetCount(); ++i)
-    {
-        m_atoms[i].x = 80.0F + 20.0F * static_cast<float>(i);
-        m_atoms[i].y = 80.0F;
-        m_atoms[i].speed = 1.5F - 0.5F * static_cast<float>(i);
-    }
+    StackAtoms(m_atoms);
     ASSERT_TRUE(Start_Speed());
     ExpectScreen(MakeScene(c_fEdgeDirect2D));
-    m_pView.reset();
+}
+
+TEST_F(ViewPicture, GdiLaysLaterAtomsOverEarlierOnes)
+{
     GetDirect2DSpy().hrFactory = E_FAIL;
     Open({260, 160}, 300, 200);
+    Scatter(3, 40);
+    StackAtoms(m_atoms);
     EXPECT_FALSE(Start_Speed());
     ExpectScreen(MakeScene(c_fEdgeGdi));
 }
 
 TEST_F(ViewPicture, ANewBackgroundColourShowsAtOnce)
 {
+    ShowDirect2D();
     Open({260, 160}, 300, 200);
     Scatter(c_iAtoms, c_uRadius);
     ASSERT_TRUE(Start_Speed());
@@ -217,6 +258,7 @@ CComPtr<ID2D1SolidColorBrush> MakeBrush(ID2D1HwndRenderTarget* pTarget, COLORREF
 // Direct2D is asked for every atom, seen or not, in frames of this test's own on the very same target.
 TEST_F(ViewPicture, Direct2DShowsTheSameWithoutCulling)
 {
+    ShowDirect2D();
     Open({700, 500}, 300, 200);
     Scatter(4 * c_iAtoms, c_uRadius);
     ASSERT_TRUE(Start_Speed());
@@ -227,7 +269,7 @@ TEST_F(ViewPicture, Direct2DShowsTheSameWithoutCulling)
     EXPECT_LT(GetDirect2DSpy().ellipses.size(), static_cast<std::size_t>(m_atoms.GetCount() / 2));
     const CExpectedPicture expected(MakeScene(c_fEdgeDirect2D), m_atoms);
     const CPixels culled = CaptureUntil(
-        GetViewHandle(), [this] { m_pView->OnEraseBackground(); },
+        GetShown(), [this] { m_pView->OnEraseBackground(); },
         [&](const CPixels& pixels) { return Compare(expected, pixels).iWrong == 0; });
 
     // Something else first, so that the culled frame cannot be taken for the one without culling.
@@ -236,7 +278,7 @@ TEST_F(ViewPicture, Direct2DShowsTheSameWithoutCulling)
     const D2D1_RECT_F rcAll{0.0F, 0.0F, static_cast<float>(size.cx), static_cast<float>(size.cy)};
     constexpr COLORREF c_crWhite = 0xFFFFFF;
     const CPixels white = CaptureUntil(
-        GetViewHandle(),
+        GetShown(),
         [&] {
             pTarget->BeginDraw();
             pTarget->FillRectangle(&rcAll, MakeBrush(pTarget, c_crWhite).Get());
@@ -260,5 +302,5 @@ TEST_F(ViewPicture, Direct2DShowsTheSameWithoutCulling)
         }
         pTarget->EndDraw();
     };
-    EXPECT_EQ(culled, CaptureUntil(GetViewHandle(), drawAll, [&](const CPixels& pixels) { return pixels == culled; }));
+    EXPECT_EQ(culled, CaptureUntil(GetShown(), drawAll, [&](const CPixels& pixels) { return pixels == culled; }));
 }
