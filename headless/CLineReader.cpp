@@ -7,7 +7,7 @@
 namespace
 {
 
-constexpr std::size_t c_uPieceBytes = 64 * 1024;
+constexpr std::size_t c_uPieceBytes = std::size_t{64} * 1024;
 
 // Far above any row of numbers. Bounds the memory that a file without line ends can take.
 constexpr std::size_t c_uMaxLineBytes = 4096;

@@ -13,7 +13,7 @@ namespace
 {
 
 // Large enough that the time is spent in the disk and not in calls, small beside everything else.
-constexpr std::size_t c_uBufferBytes = 64 * 1024;
+constexpr std::size_t c_uBufferBytes = std::size_t{64} * 1024;
 
 // Names of temporary files are drawn; this many collisions in a row mean that something else is wrong.
 constexpr int c_iMaxNameAttempts = 100;

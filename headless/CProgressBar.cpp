@@ -42,7 +42,8 @@ std::string FormatProgress(std::uint64_t uDone, std::uint64_t uTotal, double sec
 {
     const double share = uTotal > 0 ? static_cast<double>(uDone) / static_cast<double>(uTotal) : 1.0;
     const auto uFilled = static_cast<std::size_t>(share * static_cast<double>(c_uBarChars));
-    std::string sLine = "[" + std::string(uFilled, '#') + std::string(c_uBarChars - uFilled, '.') + "] ";
+    std::string sLine = "[";
+    sLine.append(uFilled, '#').append(c_uBarChars - uFilled, '.').append("] ");
     sLine +=
         TextOfFixed(std::floor(share * c_dPercent), 0) + "%  " + std::to_string(uDone) + "/" + std::to_string(uTotal);
     if (uDone > 0 && seconds > 0)

@@ -55,8 +55,8 @@ void AddSettings(std::string& sText, const CRunSettings& settings, const CRunRes
     std::string sFactors;
     for (std::size_t u = 0; u < settings.colours.size(); ++u)
     {
-        sColours += (u > 0 ? "," : "") + TextOfColour(settings.colours[u]);
-        sFactors += (u > 0 ? "," : "") + Utf8FromWide(settings.factors[u].Get());
+        sColours.append(u > 0 ? "," : "").append(TextOfColour(settings.colours[u]));
+        sFactors.append(u > 0 ? "," : "").append(Utf8FromWide(settings.factors[u].Get()));
     }
     AddLine(sText, "colours", sColours);
     AddLine(sText, "factors", sFactors);
