@@ -12,6 +12,13 @@ constexpr int c_iMaxLanes = 16;
 constexpr int c_iDensePairsPerRow = 12;
 constexpr int c_iDensePairsSlack = 64;
 
+/// The atoms of a cell in list order.
+struct CCellList
+{
+    CAtom* const* ppAtoms;
+    int count;
+};
+
 /// Working memory of the pair tests of one cell: copies of its atoms, their positions and radii side by
 /// side, and the pairs found. Made
 /// once and used for every cell, so that it stays in the nearest cache.

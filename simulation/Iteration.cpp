@@ -54,38 +54,32 @@ void MoveAtoms(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, con
     }
 }
 
-// The first c_iMaxTestedAtomsPerCell atoms of a cell.
-std::span<CAtom* const> GetTestedAtoms(CCollisionGrid& grid, int cell)
+// The first c_iMaxTestedAtomsPerCell atoms of a cell; none for the cell behind the last.
+CCellList GetTestedAtoms(CCollisionGrid& grid, int cell)
 {
-    const std::span<CAtom* const> atoms = grid.GetCellAtoms(cell);
-    return atoms.first(std::min<std::size_t>(atoms.size(), c_iMaxTestedAtomsPerCell));
-}
-
-// The atoms of a cell lie anywhere in the array. Asked for one cell ahead, they are near when their turn comes.
-void Prefetch(std::span<CAtom* const> atoms)
-{
-    for (const CAtom* pAtom : atoms)
+    if (cell == grid.GetCellCount())
     {
-        // An atom may reach over into a second cache line.
-        __builtin_prefetch(pAtom);
-        __builtin_prefetch(&pAtom->reserved);
+        return {nullptr, 0};
     }
+    const std::span<CAtom* const> atoms = grid.GetCellAtoms(cell);
+    return {atoms.data(), static_cast<int>(std::min<std::size_t>(atoms.size(), c_iMaxTestedAtomsPerCell))};
 }
 
-std::uint32_t CollideCells(CCollisionGrid& grid, CRandom& random, const CSimulationKernels& kernels)
+// From so many atoms on the array no longer fits into the second-level cache (usually 1 to 2 MB).
+constexpr std::int32_t c_iPrefetchAtoms = 1'000'000 / static_cast<std::int32_t>(sizeof(CAtom));
+
+std::uint32_t CollideCells(CCollisionGrid& grid, std::int32_t atomCount, CRandom& random,
+                           const CSimulationKernels& kernels)
 {
     CCellScratch scratch;
+    const CCellList none = {nullptr, 0};
     std::uint32_t uCollisions = 0;
-    std::span<CAtom* const> next = GetTestedAtoms(grid, 0);
+    CCellList next = GetTestedAtoms(grid, 0);
     for (int cell = 0; cell < grid.GetCellCount(); ++cell)
     {
-        const std::span<CAtom* const> atoms = next;
-        if (cell + 1 < grid.GetCellCount())
-        {
-            next = GetTestedAtoms(grid, cell + 1);
-            Prefetch(next);
-        }
-        uCollisions += kernels.pCollideCell(atoms.data(), static_cast<int>(atoms.size()), scratch, random);
+        const CCellList atoms = next;
+        next = GetTestedAtoms(grid, cell + 1);
+        uCollisions += kernels.pCollideCell(atoms, atomCount < c_iPrefetchAtoms ? none : next, scratch, random);
     }
     return uCollisions;
 }
@@ -97,7 +91,7 @@ std::uint32_t AdvanceOneIteration(CAtoms& atoms, CCollisionGrid& grid, const CSi
     const CSimulationKernels& kernels = GetSimulationKernels();
     grid.Clear();
     MoveAtoms(atoms, grid, world, kernels);
-    const std::uint32_t uCollisions = CollideCells(grid, random, kernels);
+    const std::uint32_t uCollisions = CollideCells(grid, atoms.GetCount(), random, kernels);
     ComputeVelocityStatistics(atoms);
     return uCollisions;
 }

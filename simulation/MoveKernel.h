@@ -73,7 +73,8 @@ static inline Ints BitIn(EnumNeighbour eNeighbour, Ints lanes)
 }
 
 /// The places (see CGridGeometry::Locate) of some atoms.
-static inline Ints LocateAtoms(Floats x, Floats y, Floats r, const CAxis& columns, const CAxis& rows)
+__attribute__((always_inline)) static inline Ints LocateAtoms(Floats x, Floats y, Floats r, const CAxis& columns,
+                                                              const CAxis& rows)
 {
     const CSpan h = FindSpan(x, r, columns);
     const CSpan v = FindSpan(y, r, rows);

@@ -38,8 +38,8 @@ constexpr std::int32_t c_iNowhere = 16'383;
 /// How far an atom may be from where the search has seen it: half the margin, less what rounding to points can hide.
 constexpr float c_fFarthestPush = c_fSearchMargin / 2 - 0.1F;
 
-/// So many atoms of a cell are tested one by one.
-constexpr int c_iFewAtoms = 10;
+/// So many atoms of a cell are few: most such cells have no touching pair at all.
+constexpr int c_iFewAtoms = 16;
 
 /// A pair names its two atoms by their distance in bytes from the first of the cell: that of i in the upper 16 bits,
 /// that of j in the lower ones. So pairs are ordered as their numbers are, and the atoms are found without a
@@ -77,15 +77,39 @@ static inline std::int32_t PackPoint(std::int32_t x, std::int32_t y)
 struct CCell
 {
     int count;
+    CCellList next;
     CCellScratch& scratch;
     CRandom& random;
     float minRadius;
     float maxRadius;
 };
 
-/// Copies the atoms and notes where they are.
-static inline CCell OpenCell(CAtom* const* ppAtoms, int count, CCellScratch& scratch, CRandom& random)
+/// The atoms of a cell lie anywhere in memory: fetched while the cell before is at work, they are near when their turn
+/// comes.
+static inline void Prefetch(const CCellList& list, int index)
 {
+    if (index < list.count)
+    {
+        const CAtom* const pAtom = list.ppAtoms[index];
+        __builtin_prefetch(pAtom);
+        // An atom may reach over into a second cache line.
+        __builtin_prefetch(&pAtom->reserved);
+    }
+}
+
+__attribute__((always_inline)) static inline void PrefetchFrom(const CCellList& list, int firstIndex)
+{
+    for (int index = firstIndex; index < list.count; ++index)
+    {
+        Prefetch(list, index);
+    }
+}
+
+/// Copies the atoms and notes where they are.
+static inline CCell OpenCell(const CCellList& list, const CCellList& next, CCellScratch& scratch, CRandom& random)
+{
+    CAtom* const* const ppAtoms = list.ppAtoms;
+    const int count = list.count;
     int minRadius = ppAtoms[0]->radius;
     int maxRadius = minRadius;
     for (int i = 0; i < count; ++i)
@@ -98,7 +122,7 @@ static inline CCell OpenCell(CAtom* const* ppAtoms, int count, CCellScratch& scr
         minRadius = atom.radius < minRadius ? atom.radius : minRadius;
         maxRadius = atom.radius > maxRadius ? atom.radius : maxRadius;
     }
-    return {count, scratch, random, static_cast<float>(minRadius), static_cast<float>(maxRadius)};
+    return {count, next, scratch, random, static_cast<float>(minRadius), static_cast<float>(maxRadius)};
 }
 
 static inline void CloseCell(const CCell& cell, CAtom* const* ppAtoms)
@@ -140,6 +164,7 @@ static inline bool FindPairs(const CCell& cell)
     const std::uint32_t* pDense = pEnd + c_iDensePairsSlack;
     for (int i = 0; i < cell.count - 1; ++i)
     {
+        Prefetch(cell.next, i);
         const Lanes::CDisc disc = MakeSearchDisc(cell, i, scratch.radius[i]);
         const int firstBlock = (i + 1) & ~(Lanes::c_iCount - 1);
         std::uint32_t uNear = Lanes::FindNear(disc, scratch, firstBlock) & LanesFrom(i + 1 - firstBlock);
@@ -335,10 +360,37 @@ static inline std::uint32_t CollideFoundPairs(const CCell& cell)
     }
 }
 
+/// Whether any two of a few atoms touch. Where none do, none is moved, so nothing else needs to be known.
+static inline bool HasTouchingPair(CAtom* const* ppAtoms, int count, CCellScratch& scratch)
+{
+    for (int i = 0; i < count; ++i)
+    {
+        scratch.x[i] = ppAtoms[i]->x;
+        scratch.y[i] = ppAtoms[i]->y;
+        scratch.radius[i] = static_cast<float>(ppAtoms[i]->radius);
+    }
+    Lanes::Fill(scratch.x + count, __builtin_nanf(""));
+    std::uint32_t uTouching = 0;
+    for (int block = 0; block < count; block += Lanes::c_iCount)
+    {
+        for (int i = 0; i < block + Lanes::c_iCount - 1 && i < count - 1; ++i)
+        {
+            const Lanes::CCircle circle = Lanes::MakeCircle(scratch.x[i], scratch.y[i], scratch.radius[i]);
+            const std::uint32_t uLater = i < block ? ~std::uint32_t{0} : LanesFrom(i + 1 - block);
+            uTouching |= Lanes::FindTouching(circle, scratch, block) & uLater;
+        }
+    }
+    return uTouching != 0;
+}
+
 /// The rule as it stands, for a cell of so few atoms that looking ahead does not pay.
-static inline std::uint32_t CollideFewAtoms(CAtom* const* ppAtoms, int count, CRandom& random)
+static inline std::uint32_t CollideFewAtoms(CAtom* const* ppAtoms, int count, CCellScratch& scratch, CRandom& random)
 {
     std::uint32_t uCollisions = 0;
+    if (!HasTouchingPair(ppAtoms, count, scratch))
+    {
+        return uCollisions;
+    }
     for (int i = 0; i < count - 1; ++i)
     {
         CAtom& a = *ppAtoms[i];
@@ -356,18 +408,22 @@ static inline std::uint32_t CollideFewAtoms(CAtom* const* ppAtoms, int count, CR
 }
 
 /// Tests all pairs of a cell's atoms, at most c_iMaxTestedAtomsPerCell of them, and returns the number of collisions.
-static inline std::uint32_t CollideCellAtoms(CAtom* const* ppAtoms, int count, CCellScratch& scratch, CRandom& random)
+static inline std::uint32_t CollideCellAtoms(const CCellList& atoms, const CCellList& next, CCellScratch& scratch,
+                                             CRandom& random)
 {
-    if (count <= c_iFewAtoms)
+    if (atoms.count <= c_iFewAtoms)
     {
-        return CollideFewAtoms(ppAtoms, count, random);
+        PrefetchFrom(next, 0);
+        return CollideFewAtoms(atoms.ppAtoms, atoms.count, scratch, random);
     }
-    const CCell cell = OpenCell(ppAtoms, count, scratch, random);
+    const CCell cell = OpenCell(atoms, next, scratch, random);
     MakePoints(cell);
-    const std::uint32_t uCollisions = FindPairs(cell) ? CollideFoundPairs(cell) : CollideRows(cell, 0, 0);
+    const bool bFound = FindPairs(cell);
+    PrefetchFrom(next, atoms.count - 1);
+    const std::uint32_t uCollisions = bFound ? CollideFoundPairs(cell) : CollideRows(cell, 0, 0);
     if (uCollisions != 0)
     {
-        CloseCell(cell, ppAtoms);
+        CloseCell(cell, atoms.ppAtoms);
     }
     return uCollisions;
 }

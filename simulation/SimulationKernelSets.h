@@ -3,13 +3,14 @@
 #include "simulation/SimulationKernels.h"
 
 /// One function per kernel and instruction set; each lives in a source that is compiled for that set alone.
-std::uint32_t CollideCell_Baseline(CAtom* const* ppAtoms, int count, CCellScratch& scratch, CRandom& random);
+std::uint32_t CollideCell_Baseline(const CCellList& atoms, const CCellList& next, CCellScratch& scratch,
+                                   CRandom& random);
 int MoveAtomGroups_Baseline(CAtom* pAtoms, int count, const CSize<int>& world, const CGridGeometry& geometry,
                             std::uint32_t* pPlaces);
-std::uint32_t CollideCell_Avx2(CAtom* const* ppAtoms, int count, CCellScratch& scratch, CRandom& random);
+std::uint32_t CollideCell_Avx2(const CCellList& atoms, const CCellList& next, CCellScratch& scratch, CRandom& random);
 int MoveAtomGroups_Avx2(CAtom* pAtoms, int count, const CSize<int>& world, const CGridGeometry& geometry,
                         std::uint32_t* pPlaces);
-std::uint32_t CollideCell_Avx512(CAtom* const* ppAtoms, int count, CCellScratch& scratch, CRandom& random);
+std::uint32_t CollideCell_Avx512(const CCellList& atoms, const CCellList& next, CCellScratch& scratch, CRandom& random);
 int MoveAtomGroups_Avx512(CAtom* pAtoms, int count, const CSize<int>& world, const CGridGeometry& geometry,
                           std::uint32_t* pPlaces);
 

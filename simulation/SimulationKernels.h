@@ -15,9 +15,10 @@ struct CSimulationKernels
 {
     const char* name;
 
-    /// Tests all pairs of that many atoms (at most c_iMaxTestedAtomsPerCell) in list order, lets the touching ones
-    /// collide, and returns how many did.
-    std::uint32_t (*pCollideCell)(CAtom* const* ppAtoms, int count, CCellScratch& scratch, CRandom& random);
+    /// Tests all pairs of a cell's atoms (at most c_iMaxTestedAtomsPerCell) in list order, lets the touching ones
+    /// collide, and returns how many did. Meanwhile fetches the atoms of the next cell into the cache.
+    std::uint32_t (*pCollideCell)(const CCellList& atoms, const CCellList& next, CCellScratch& scratch,
+                                  CRandom& random);
 
     /// Moves the atoms, reflects them at the walls and writes where each goes in the grid (see CGridGeometry::Locate),
     /// as far as whole groups of them go; returns how many atoms that were. The rest is for MoveAtom.

@@ -4,9 +4,10 @@
 #include "simulation/PairKernel.h"
 #include "simulation/SimulationKernelSets.h"
 
-std::uint32_t CollideCell_Baseline(CAtom* const* ppAtoms, int count, CCellScratch& scratch, CRandom& random)
+std::uint32_t CollideCell_Baseline(const CCellList& atoms, const CCellList& next, CCellScratch& scratch,
+                                   CRandom& random)
 {
-    return CollideCellAtoms(ppAtoms, count, scratch, random);
+    return CollideCellAtoms(atoms, next, scratch, random);
 }
 
 int MoveAtomGroups_Baseline(CAtom* pAtoms, int count, const CSize<int>& world, const CGridGeometry& geometry,
