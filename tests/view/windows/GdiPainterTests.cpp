@@ -225,17 +225,20 @@ TEST_F(GdiPainter, WithoutABackdropOrWithAnEmptyOneNothingIsDrawn)
     frame.hWnd = GetViewHandle();
     frame.sizeWindow = {300, 200};
     frame.pWorld = &world;
+    const auto paint = [&] { CPainterGdi().PaintFrame(frame); };
     for (const CPicture* const pBackdrop :
          {static_cast<const CPicture*>(nullptr), static_cast<const CPicture*>(&backdrop)})
     {
         frame.pBackdrop = pBackdrop;
-        CPainterGdi().PaintFrame(frame);
-        EXPECT_EQ(before, CaptureClientArea(GetViewHandle()));
+        // Several times, so that whatever was drawn would have come to the screen.
+        int iCaptures = 0;
+        EXPECT_EQ(before, CaptureUntil(GetViewHandle(), paint, [&](const CPixels&) { return ++iCaptures == 3; }));
     }
     const RECT rcFull{0, 0, 300, 200};
     backdrop.SetDrawingRect(&rcFull);
-    CPainterGdi().PaintFrame(frame);
-    EXPECT_EQ(RGB(255, 255, 255), CaptureClientArea(GetViewHandle()).GetColour(150, 100));
+    constexpr COLORREF c_crWhite = 0xFFFFFF;
+    const auto isWhite = [](const CPixels& pixels) { return pixels.GetColour(150, 100) == c_crWhite; };
+    EXPECT_TRUE(isWhite(CaptureUntil(GetViewHandle(), paint, isWhite)));
 }
 
 TEST_F(GdiPainter, AWindowWithoutADeviceContextIsNoFrame)
