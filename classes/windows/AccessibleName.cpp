@@ -20,15 +20,16 @@ CComPtr<IAccPropServices> GetPropertyServices()
 }
 } // namespace
 
-void SetAccessibleName(HWND hWnd, const CWString& sName, const CWString& sDescription)
+bool SetAccessibleName(HWND hWnd, const CWString& sName, const CWString& sDescription)
 {
     const CComPtr<IAccPropServices> pServices = GetPropertyServices();
     if (!pServices)
-        return;
-    pServices->SetHwndPropStr(hWnd, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME, sName.c_str());
+        return false;
     if (!sDescription.IsEmpty())
         pServices->SetHwndPropStr(hWnd, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_DESCRIPTION,
                                   sDescription.c_str());
+    return pServices->SetHwndPropStr(hWnd, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME,
+                                     sName.c_str()) == S_OK;
 }
 
 void ClearAccessibleName(HWND hWnd)

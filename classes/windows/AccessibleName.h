@@ -5,8 +5,8 @@
 #include "classes/core/CWString.h"
 
 /// Tells the system by what name and description screen readers shall call a window of one of the system's own classes.
-/// Best effort: where the system cannot keep it, they fall back on the label that stands before the window.
-void SetAccessibleName(HWND hWnd, const CWString& sName, const CWString& sDescription);
+/// False where the system cannot keep it; screen readers then look for a label that stands before the window.
+bool SetAccessibleName(HWND hWnd, const CWString& sName, const CWString& sDescription);
 
 /// Takes it back, before the window is destroyed.
 void ClearAccessibleName(HWND hWnd);

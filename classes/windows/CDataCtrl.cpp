@@ -4,6 +4,7 @@
 #include "classes/windows/EntryText.h"
 #include "classes/windows/RectHelpers.h"
 #include "classes/windows/SystemLooks.h"
+#include "classes/windows/WindowText.h"
 
 #include <algorithm>
 #include <string>
@@ -11,14 +12,6 @@
 namespace
 {
 constexpr int c_iEntryInset = 6; // from the frame's edge to the letters, in pixels
-
-CWString ReadWindowText(HWND hWnd)
-{
-    std::wstring sText(static_cast<std::size_t>(GetWindowTextLengthW(hWnd)) + 1, L'\0');
-    const int iLength = GetWindowTextW(hWnd, sText.data(), static_cast<int>(sText.size()));
-    sText.resize(static_cast<std::size_t>(iLength));
-    return CWString(std::move(sText));
-}
 
 // The edit control writes at the top of its area: it is made as high as its letters and centred in its frame.
 CRect GetEntryRect(const CRect& rcFrame, HFONT hFont)
@@ -92,7 +85,9 @@ bool CDataCtrl::CreateControl(CWndCommon* pPanel, short iId)
     default:
         return m_spec.eType == EnumDataCtrlType::Heading;
     }
-    SetAccessibleName(GetControlWindow(), m_spec.sLabel, m_spec.sDesc);
+    const bool bNamed = SetAccessibleName(GetControlWindow(), m_spec.sLabel, m_spec.sDesc);
+    if (m_pList && !bNamed)
+        m_pList->SetOwnAccessibleName(m_spec.sLabel, m_spec.sDesc);
     return true;
 }
 

@@ -120,10 +120,13 @@ std::size_t CPanelEntry::GetRoom() const
     return uKept >= m_uSize ? 0 : m_uSize - uKept;
 }
 
-// Nothing of the clipboard that fits is no reason to delete the selection.
+// Nothing of the clipboard that fits is no reason to delete the selection. Undoing takes back the paste alone, not what
+// was typed before it.
 void CPanelEntry::Paste() const
 {
     const std::wstring sText = FilterPastedText(ReadClipboardText(m_hWnd), m_bDigitsOnly, GetRoom());
-    if (!sText.empty())
-        SendMessageW(m_hWnd, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(sText.c_str()));
+    if (sText.empty())
+        return;
+    SendMessageW(m_hWnd, EM_EMPTYUNDOBUFFER, 0, 0);
+    SendMessageW(m_hWnd, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(sText.c_str()));
 }

@@ -1,6 +1,7 @@
 #include "classes/windows/CPanelList.h"
 
 #include "classes/windows/EntryFrame.h"
+#include "classes/windows/ListAccessible.h"
 #include "classes/windows/MainWindowKeys.h"
 #include "classes/windows/PaintBuffer.h"
 #include "classes/windows/RectHelpers.h"
@@ -99,6 +100,8 @@ std::optional<LRESULT> CPanelList::HandleMessage(UINT uMessage, WPARAM wParam, L
         Draw(reinterpret_cast<HDC>(wParam), rcClient);
         return 0;
     }
+    case WM_GETOBJECT:
+        return OnGetObject(wParam, lParam);
     case WM_KEYDOWN:
         return OnKeyDown(wParam, lParam);
     case WM_KEYUP:
@@ -154,6 +157,19 @@ std::optional<LRESULT> CPanelList::OnKeyUp(WPARAM wParam, LPARAM lParam)
         SendMessageW(m_hWnd, CB_SHOWDROPDOWN, FALSE, 0);
     ForwardKeyUp(m_hWnd, wParam, lParam);
     return 0;
+}
+
+void CPanelList::SetOwnAccessibleName(const CWString& sName, const CWString& sDescription)
+{
+    m_sAccessibleName = sName;
+    m_sAccessibleDescription = sDescription;
+}
+
+std::optional<LRESULT> CPanelList::OnGetObject(WPARAM wParam, LPARAM lParam) const
+{
+    if (m_sAccessibleName.IsEmpty() || static_cast<DWORD>(lParam) != static_cast<DWORD>(OBJID_CLIENT))
+        return std::nullopt;
+    return ListAccessible_Answer(m_hWnd, wParam, m_sAccessibleName, m_sAccessibleDescription);
 }
 
 void CPanelList::SetHot(bool bHot)

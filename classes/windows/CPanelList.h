@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "classes/core/CWString.h"
 #include "classes/windows/IPanelHost.h"
 
 /// A row's drop-down list: the system's combo box without an entry field, with the looks of the panel's entries.
@@ -19,6 +20,8 @@ public:
     bool Create(short iId);
     /// Gives the closed list this height, in pixels.
     void SetClosedHeight(int iHeight) const;
+    /// Lets the list itself tell screen readers its name: for systems that keep no names given to windows.
+    void SetOwnAccessibleName(const CWString& sName, const CWString& sDescription);
     HWND GetWindowHandle() const { return m_hWnd; }
 
     std::optional<LRESULT> HandleMessage(UINT uMessage, WPARAM wParam, LPARAM lParam);
@@ -29,6 +32,7 @@ private:
     bool IsDropped() const;
     std::optional<LRESULT> OnKeyDown(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnKeyUp(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnGetObject(WPARAM wParam, LPARAM lParam) const;
     void SetHot(bool bHot);
     void Paint();
     void Draw(HDC hDc, const RECT& rcClient);
@@ -36,6 +40,8 @@ private:
     IPanelHost& m_host;
     short m_iIndex;
     HWND m_hWnd = nullptr;
+    CWString m_sAccessibleName;
+    CWString m_sAccessibleDescription;
     bool m_bHot = false;
     bool m_bEscapeUsed = false; // Escape has just closed the list: its release means nothing more
 };

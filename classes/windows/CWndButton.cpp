@@ -8,6 +8,7 @@
 #include "classes/windows/RectHelpers.h"
 #include "classes/windows/ShowCreateWindow.h"
 #include "classes/windows/WindowColours.h"
+#include "classes/windows/WindowText.h"
 #include "classes/windows/WndProcForward.h"
 
 namespace
@@ -86,12 +87,7 @@ void CWndButton::SetText(const CWString& sText)
 
 CWString CWndButton::GetText() const
 {
-    if (m_hWnd == nullptr)
-        return {};
-    std::wstring sText(static_cast<std::size_t>(GetWindowTextLengthW(m_hWnd)) + 1, L'\0');
-    const int iLength = GetWindowTextW(m_hWnd, sText.data(), static_cast<int>(sText.size()));
-    sText.resize(static_cast<std::size_t>(iLength));
-    return CWString(std::move(sText));
+    return m_hWnd != nullptr ? ReadWindowText(m_hWnd) : CWString();
 }
 
 CWString CWndButton::GetAccessibleName() const

@@ -72,6 +72,14 @@ COLORREF GetShownPixel(HWND hWnd, int x, int y)
     return GetPixel(dc.Get(), x, y);
 }
 
+COLORREF GetScreenPixel(HWND hWnd, int x, int y)
+{
+    POINT pt{x, y};
+    ClientToScreen(hWnd, &pt);
+    const CWindowDc screen(nullptr);
+    return GetPixel(screen.Get(), pt.x, pt.y);
+}
+
 bool PumpUntil(CTestMainWindow& window, const std::function<bool()>& condition)
 {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
