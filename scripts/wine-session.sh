@@ -50,6 +50,9 @@ fi
 
 export WINEPREFIX="$prefix" WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}"
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
+# The thread that draws presents its frames itself: with a thread for that, Wine and the software renderer can lock each
+# other out for ever. It is also a third faster.
+export WINE_D3D_CONFIG="${WINE_D3D_CONFIG:-csmt=0x0}"
 
 end_process() {
     [ -n "$1" ] || return 0
