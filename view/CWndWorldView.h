@@ -24,7 +24,7 @@
 // Everything here runs on the thread that owns the window. The simulation asks for a frame by sending WM_ERASEBKGND
 // and waits until it is drawn: that is what lets the view read the atoms without a lock. WM_USER + 1 destroys the
 // window on behalf of another thread or window.
-class CWndWorldView final : public CWndCommon
+class CWndWorldView : public CWndCommon
 {
 public:
     static constexpr UINT c_uDestroyMessage = WM_USER + 1;

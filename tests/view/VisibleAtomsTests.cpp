@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <random>
@@ -123,6 +124,7 @@ TEST(VisibleAtoms, AreVisitedInArrayOrderWhateverTheNumberOfBlocks)
     {
         std::vector<CAtom> atoms;
         std::vector<const CAtom*> expected;
+        atoms.reserve(static_cast<std::size_t>(count));
         for (std::int32_t i = 0; i < count; ++i)
         {
             atoms.push_back(MakeAtom(i % 3 == 0 ? 10.0F : 5000.0F, 10.0F, 3));

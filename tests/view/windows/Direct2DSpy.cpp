@@ -5,6 +5,7 @@
 #include "view/CreateDirect2DFactory.h"
 
 #include <set>
+#include <stdexcept>
 
 namespace
 {
@@ -155,6 +156,10 @@ public:
     void STDMETHODCALLTYPE BeginDraw() override
     {
         ++GetDirect2DSpy().iBeginDraw;
+        if (GetDirect2DSpy().bThrowInFrame)
+        {
+            throw std::runtime_error("no frame today");
+        }
         m_pReal->BeginDraw();
     }
 

@@ -27,6 +27,7 @@ struct CDirect2DSpy
     bool bNullBrush = false;
     HRESULT hrBitmap = S_OK; // a tiled backdrop needs one
     HRESULT hrEndDraw = S_OK;
+    bool bThrowInFrame = false;
     bool bDrawEllipses = true; // false: ellipses are only written down
 
     // What was asked for.

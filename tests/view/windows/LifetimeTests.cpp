@@ -186,3 +186,44 @@ TEST_F(WorldViewLifetime, WhatIsThrownInsideAMethodIsReportedAndBecomesItsFailur
     EXPECT_NE(std::wstring::npos, m_pParent->GetLog().find(L"no factory today"));
     EXPECT_NE(std::wstring::npos, m_pParent->GetLog().find(L"InitializeSettings"));
 }
+
+// The simulation asks for frames without end: one that fails is reported, and the next one is drawn.
+TEST_F(WorldViewLifetime, WhatIsThrownInsideAFrameEndsThatFrameOnly)
+{
+    Open({200, 150}, 300, 200);
+    Scatter(3, 5);
+    ASSERT_TRUE(Start_Speed());
+    m_pParent->GetLog().clear();
+    GetDirect2DSpy().bThrowInFrame = true;
+    EXPECT_EQ(1, CWndWorldView::WndProcWrapper(GetViewHandle(), WM_ERASEBKGND, 0, 0));
+    EXPECT_NE(std::wstring::npos, m_pParent->GetLog().find(L"no frame today"));
+    EXPECT_NE(std::wstring::npos, m_pParent->GetLog().find(L"OnEraseBackground"));
+    GetDirect2DSpy().bThrowInFrame = false;
+    GetDirect2DSpy().ellipses.clear();
+    Send(WM_ERASEBKGND);
+    EXPECT_EQ(3U, GetDirect2DSpy().ellipses.size());
+}
+
+namespace
+{
+
+LRESULT CALLBACK ThrowInsteadOfAnAnswer(HWND, UINT, WPARAM, LPARAM)
+{
+    throw std::runtime_error("no answer today");
+}
+
+} // namespace
+
+// The last guard of the window procedure itself, for what a handler lets through.
+TEST_F(WorldViewLifetime, WhatAHandlerThrowsBecomesTheAnswerZero)
+{
+    Open({200, 150}, 300, 200);
+    m_pParent->GetLog().clear();
+    const HWND hParent = m_pParent->GetWindowHandle();
+    const LONG_PTR iProcedure =
+        SetWindowLongPtrW(hParent, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ThrowInsteadOfAnAnswer));
+    EXPECT_EQ(0, CWndWorldView::WndProcWrapper(GetViewHandle(), WM_KEYUP, VK_F11, 0));
+    SetWindowLongPtrW(hParent, GWLP_WNDPROC, iProcedure);
+    EXPECT_NE(std::wstring::npos, m_pParent->GetLog().find(L"no answer today"));
+    EXPECT_NE(std::wstring::npos, m_pParent->GetLog().find(L"CWndWorldView::WndProc"));
+}

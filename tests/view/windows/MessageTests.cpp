@@ -130,6 +130,31 @@ TEST_F(WorldViewMessages, TheCursorIsThatOfTheClass)
     EXPECT_EQ(m_pParent->GetCursor(false), GetCursor());
 }
 
+namespace
+{
+
+// A view with a cursor of its own.
+class CCrossView final : public CWndWorldView
+{
+public:
+    CCrossView(const CWndCommon* pParent, const CAtoms& atoms)
+        : CWndWorldView(pParent, {500, 400}, atoms, CreateSpyFactory)
+    {
+        m_bOwnCursor = true;
+        m_hOwnCursor = LoadCursorW(nullptr, IDC_CROSS);
+    }
+};
+
+} // namespace
+
+TEST_F(WorldViewMessages, ACursorOfItsOwnIsSetByTheViewItself)
+{
+    const CCrossView view(m_pParent.get(), m_atoms);
+    SetCursor(nullptr);
+    EXPECT_EQ(1, SendMessageW(view.GetWindowHandle(), WM_SETCURSOR, 0, MAKELPARAM(HTCLIENT, WM_MOUSEMOVE)));
+    EXPECT_EQ(LoadCursorW(nullptr, IDC_CROSS), GetCursor());
+}
+
 TEST_F(WorldViewMessages, EverythingElseIsLeftToTheSystem)
 {
     constexpr wchar_t c_sText[] = L"some text";

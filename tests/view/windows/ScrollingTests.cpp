@@ -193,6 +193,29 @@ TEST_F(WorldViewScrolling, DraggingFollowsThePositionThatTheSystemReports)
     EXPECT_EQ(iFrames + 1, GetDirect2DSpy().iBeginDraw);
 }
 
+// The system's own drag loop: the button goes down on the thumb, the mouse moves, the button goes up. The world follows
+// the mouse at once, and letting go changes nothing any more.
+TEST_F(WorldViewScrolling, DraggingTheThumbMovesTheWorld)
+{
+    OpenLarge();
+    RECT rcWindow{};
+    GetWindowRect(GetViewHandle(), &rcWindow);
+    constexpr int c_iIntoThumb = 4;
+    constexpr int c_iDrag = 60; // pixels, of about 200 that the thumb can travel
+    const POINT ptScreen{rcWindow.right - c_iBarWidth / 2,
+                         rcWindow.top + GetSystemMetrics(SM_CYVSCROLL) + c_iIntoThumb};
+    POINT ptClient = ptScreen;
+    ScreenToClient(GetViewHandle(), &ptClient);
+    for (const int iMoved : {c_iDrag / 2, c_iDrag})
+    {
+        PostMessageW(GetViewHandle(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(ptClient.x, ptClient.y + iMoved));
+    }
+    PostMessageW(GetViewHandle(), WM_LBUTTONUP, 0, MAKELPARAM(ptClient.x, ptClient.y + c_iDrag));
+    Send(WM_NCLBUTTONDOWN, HTVSCROLL, MAKELPARAM(ptScreen.x, ptScreen.y));
+    EXPECT_GT(GetBar(SB_VERT).nPos, 1000);
+    ExpectPosition(0, GetBar(SB_VERT).nPos);
+}
+
 TEST_F(WorldViewScrolling, AnUnknownRequestOnlyDrawsAgain)
 {
     OpenLarge();
