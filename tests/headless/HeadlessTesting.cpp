@@ -37,7 +37,7 @@ std::string CTemporaryFolder::GetPath(const std::string& sName) const
 
 std::string CTemporaryFolder::WriteFile(const std::string& sName, std::string_view sBytes) const
 {
-    const std::string sPath = GetPath(sName);
+    std::string sPath = GetPath(sName);
     std::ofstream stream(PathFromUtf8(sPath), std::ios::binary);
     stream.write(sBytes.data(), static_cast<std::streamsize>(sBytes.size()));
     return sPath;
