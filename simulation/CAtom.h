@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 
@@ -23,4 +24,4 @@ static_assert(sizeof(CAtom) == 28, "a million atoms are streamed through the cac
 static_assert(std::is_trivially_copyable_v<CAtom>);
 
 /// From one field of an atom to the same field of the next, in floats.
-constexpr int c_iAtomFloats = sizeof(CAtom) / sizeof(float);
+constexpr std::ptrdiff_t c_iAtomFloats = sizeof(CAtom) / sizeof(float);

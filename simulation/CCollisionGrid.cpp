@@ -30,7 +30,7 @@ void CCollisionGrid::Resize(const CSize<int>& world)
 {
     Clear();
     const CGridGeometry geometry = CGridGeometry::ForWorld(world);
-    m_Ends.assign(static_cast<std::size_t>(geometry.rows * geometry.columns) + 1, 0);
+    m_Ends.assign(geometry.GetCellCount() + 1, 0);
     m_Geometry = geometry;
 }
 

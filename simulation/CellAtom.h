@@ -25,7 +25,7 @@ static inline CCellAtom MakeCellAtom(const CAtom& atom)
 
 static inline void WriteBack(const CCellAtom& from, CAtom& to)
 {
-    to.x = from.x;
+    to.x = from.x; // NOLINT(clang-analyzer-core.uninitialized.Assign): a cell is opened before it is closed
     to.y = from.y;
     to.speed = from.speed;
     to.vx = from.vx;

@@ -79,12 +79,8 @@ static inline bool Separate(CCellAtom& a, CCellAtom& b, __m128& centres, CLineLa
                             CRandom& random)
 {
     __m128 overlap = _mm_sub_ps(radiusSum, line.distance);
-    __m128 before = centres;
-    if (!(_mm_cvtss_f32(overlap) > c_fOverlapLimit))
-    {
-        return true;
-    }
-    do
+    bool bMoved = true;
+    while (_mm_cvtss_f32(overlap) > c_fOverlapLimit && bMoved)
     {
         if (_mm_cvtss_f32(line.distance) <= c_fCoincidenceLimit) [[unlikely]]
         {
@@ -96,11 +92,12 @@ static inline bool Separate(CCellAtom& a, CCellAtom& b, __m128& centres, CLineLa
             centres = LoadPairs(&a.x, &b.x);
             line = GetLine(centres);
         }
-        before = centres;
+        const __m128 before = centres;
         centres = _mm_add_ps(centres, GetStepsApart(line, overlap));
         line = GetLine(centres);
         overlap = _mm_sub_ps(radiusSum, line.distance);
-    } while (_mm_cvtss_f32(overlap) > c_fOverlapLimit && _mm_movemask_ps(_mm_cmpneq_ps(centres, before)) != 0);
+        bMoved = _mm_movemask_ps(_mm_cmpneq_ps(centres, before)) != 0;
+    }
     StorePairs(&a.x, &b.x, centres);
     return true;
 }

@@ -3,6 +3,7 @@
 #include "classes/core/CSize.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 /// The eight neighbours of a cell, clockwise from north (north is up: the row before). Each is a bit of a place.
@@ -37,6 +38,8 @@ struct CGridGeometry
     /// least one unit wide. The last column may stick out of the world by less than a unit per column. Throws
     /// std::length_error for more than c_uMaxCells cells.
     static CGridGeometry ForWorld(const CSize<int>& world);
+
+    std::size_t GetCellCount() const { return static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns); }
 
     /// Where an atom at (x, y) with that radius goes, packed: the index of the cell that holds its centre above the
     /// lowest eight bits, and in those one bit per EnumNeighbour that its circle reaches into. Touching counts; a

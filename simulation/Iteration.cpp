@@ -88,7 +88,12 @@ std::uint32_t CollideCells(CCollisionGrid& grid, std::int32_t atomCount, CRandom
 
 std::uint32_t AdvanceOneIteration(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRandom& random)
 {
-    const CSimulationKernels& kernels = GetSimulationKernels();
+    return AdvanceOneIteration(atoms, grid, world, random, GetSimulationKernels());
+}
+
+std::uint32_t AdvanceOneIteration(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRandom& random,
+                                  const CSimulationKernels& kernels)
+{
     grid.Clear();
     MoveAtoms(atoms, grid, world, kernels);
     const std::uint32_t uCollisions = CollideCells(grid, atoms.GetCount(), random, kernels);

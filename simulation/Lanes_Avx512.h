@@ -91,7 +91,7 @@ struct Lanes
     static inline __m512i GetFieldOffsets()
     {
         const __m512i lanes = _mm512_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15);
-        return _mm512_mullo_epi32(lanes, _mm512_set1_epi32(c_iAtomFloats));
+        return _mm512_mullo_epi32(lanes, _mm512_set1_epi32(static_cast<int>(c_iAtomFloats)));
     }
 
     static inline __m512 LoadField(const float* pFirst)

@@ -12,7 +12,7 @@ namespace
 // Each set of instructions includes the ones before it.
 constexpr std::array c_Kernels = {c_BaselineKernels, c_Avx2Kernels, c_Avx512Kernels};
 
-std::size_t CountAvailable(const CCpuCapabilities& capabilities)
+std::size_t CountKernels(const CCpuCapabilities& capabilities)
 {
     if (!capabilities.HasAvx2())
     {
@@ -23,13 +23,13 @@ std::size_t CountAvailable(const CCpuCapabilities& capabilities)
 
 } // namespace
 
-const CSimulationKernels& GetSimulationKernels()
+std::span<const CSimulationKernels> GetKernels(const CCpuCapabilities& capabilities)
 {
-    static const CSimulationKernels& kernels = GetAvailableKernels().back();
-    return kernels;
+    return std::span(c_Kernels).first(CountKernels(capabilities));
 }
 
-std::span<const CSimulationKernels> GetAvailableKernels()
+const CSimulationKernels& GetSimulationKernels()
 {
-    return std::span(c_Kernels).first(CountAvailable(CCpuCapabilities()));
+    static const CSimulationKernels& kernels = GetKernels(CCpuCapabilities()).back();
+    return kernels;
 }

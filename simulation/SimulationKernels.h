@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 
+class CCpuCapabilities;
 class CRandom;
 struct CAtom;
 struct CGridGeometry;
@@ -26,8 +27,9 @@ struct CSimulationKernels
                            std::uint32_t* pPlaces);
 };
 
-/// The kernels for the best instruction set of this machine; the baseline when KINETARIUM_CPU asks for it.
-const CSimulationKernels& GetSimulationKernels();
+/// The kernels that such a processor can run, slowest first: the baseline is always there.
+std::span<const CSimulationKernels> GetKernels(const CCpuCapabilities& capabilities);
 
-/// The kernels of every instruction set that this machine has, slowest first. For tests.
-std::span<const CSimulationKernels> GetAvailableKernels();
+/// The fastest kernels that this process may use; the baseline where the environment variable KINETARIUM_CPU asks for
+/// it.
+const CSimulationKernels& GetSimulationKernels();

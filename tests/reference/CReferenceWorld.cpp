@@ -18,7 +18,7 @@ CReferenceWorld::CReferenceWorld(const CSize<int>& size, std::uint64_t uSeed) : 
     m_iRows = static_cast<int>(std::ceil(size.cy / c_dNominalCell));
     m_iCellWidth = static_cast<int>(std::ceil(static_cast<double>(size.cx) / m_iColumns));
     m_iCellHeight = static_cast<int>(std::ceil(static_cast<double>(size.cy) / m_iRows));
-    m_Cells.resize(static_cast<std::size_t>(m_iRows * m_iColumns));
+    m_Cells.resize(static_cast<std::size_t>(m_iRows) * static_cast<std::size_t>(m_iColumns));
 }
 
 void CReferenceWorld::Populate(int count, std::uint8_t minRadius, std::uint8_t maxRadius,
@@ -164,18 +164,23 @@ void CReferenceWorld::Enter(CAtom& atom)
     }
 }
 
+std::size_t CReferenceWorld::GetIndex(int row, int column) const
+{
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(m_iColumns) + static_cast<std::size_t>(column);
+}
+
 // Cells that the grid does not have are left out.
 void CReferenceWorld::EnterInto(CAtom& atom, int row, int column)
 {
     if (row >= 0 && row < m_iRows && column >= 0 && column < m_iColumns)
     {
-        m_Cells[static_cast<std::size_t>(row * m_iColumns + column)].push_back(&atom);
+        m_Cells[GetIndex(row, column)].push_back(&atom);
     }
 }
 
 const std::vector<CAtom*>& CReferenceWorld::GetCell(int row, int column) const
 {
-    return m_Cells[static_cast<std::size_t>(row * m_iColumns + column)];
+    return m_Cells[GetIndex(row, column)];
 }
 
 std::uint32_t CReferenceWorld::CollideAll()

@@ -5,6 +5,7 @@
 #include "classes/core/CSize.h"
 #include "simulation/CAtom.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -43,6 +44,7 @@ public:
 
 private:
     void Move(CAtom& atom) const;
+    std::size_t GetIndex(int row, int column) const;
     void EnterInto(CAtom& atom, int row, int column);
     std::uint32_t CollideCell(const std::vector<CAtom*>& cell);
 

@@ -1,5 +1,7 @@
 #include "tests/simulation/CWorld.h"
 
+#include "classes/core/CCpuCapabilities.h"
+
 #include <bit>
 #include <cmath>
 
@@ -18,6 +20,11 @@ bool IsSameAtom(const CAtom& a, const CAtom& b)
 }
 
 } // namespace
+
+std::span<const CSimulationKernels> GetAllKernels()
+{
+    return GetKernels(CCpuCapabilities(false));
+}
 
 CAtom MakeAtom(float x, float y, float vx, float vy, std::uint8_t radius)
 {

@@ -5,6 +5,7 @@
 #include "simulation/CCollisionGrid.h"
 #include "simulation/Iteration.h"
 #include "simulation/Population.h"
+#include "simulation/SimulationKernels.h"
 #include "tests/reference/CReferenceWorld.h"
 #include "tests/reference/Scenes.h"
 #include "tests/reference/WorldHash.h"
@@ -36,7 +37,7 @@ struct CWorld
         std::copy(newAtoms.begin(), newAtoms.end(), atoms.GetAtoms());
     }
 
-    std::uint32_t Advance() { return AdvanceOneIteration(atoms, grid, size, random); }
+    std::uint32_t Advance() { return AdvanceOneIteration(atoms, grid, size, random, *pKernels); }
 
     std::span<const CAtom> GetAtoms() const { return {atoms.GetAtoms(), static_cast<std::size_t>(atoms.GetCount())}; }
 
@@ -44,7 +45,11 @@ struct CWorld
     CRandom random;
     CAtoms atoms;
     CCollisionGrid grid;
+    const CSimulationKernels* pKernels = &GetSimulationKernels();
 };
+
+/// The kernels of every instruction set that this machine has.
+std::span<const CSimulationKernels> GetAllKernels();
 
 /// An atom whose speed field matches its velocity.
 CAtom MakeAtom(float x, float y, float vx, float vy, std::uint8_t radius);

@@ -7,9 +7,10 @@
 namespace
 {
 
-constexpr int c_iRandomScenes = 300;
+constexpr int c_iRandomScenes = 1000;
 constexpr int c_iMostAtoms = 20'000;
-constexpr double c_dPairTestsPerScene = 3e6; // bounds the plain form to some milliseconds per scene
+constexpr double c_dPairTestsPerMove = 10;   // moving an atom takes about as long
+constexpr double c_dPairTestsPerScene = 6e5; // bounds the plain form to a few milliseconds per scene
 
 // A number from low to high whose logarithm is evenly spread, so that small worlds come up as often as large ones.
 int DrawSpread(std::mt19937& draw, int low, int high)
@@ -45,16 +46,17 @@ int GetIterations(const CScene& scene)
     const double perCell = scene.start ? scene.atoms : std::min(scene.atoms, 1000) / std::min<double>(cells, 1000) + 1;
     const double tested = std::min(perCell, 1000.0);
     const double pairTests = scene.atoms * tested / 2 + 1;
-    return std::clamp(static_cast<int>(c_dPairTestsPerScene / pairTests), 1, 40);
+    return std::clamp(static_cast<int>(c_dPairTestsPerScene / (pairTests + c_dPairTestsPerMove * scene.atoms)), 1, 40);
 }
 
-void CompareScene(const CScene& scene, int iterations)
+void CompareScene(const CScene& scene, int iterations, const CSimulationKernels& kernels)
 {
     SCOPED_TRACE(std::to_string(scene.atoms) + " atoms of " + std::to_string(scene.minRadius) + " to " +
                  std::to_string(scene.maxRadius) + " in " + std::to_string(scene.world.cx) + " x " +
                  std::to_string(scene.world.cy) + ", seed " + std::to_string(scene.seed) +
-                 (scene.start ? ", from one point" : ""));
+                 (scene.start ? ", from one point, " : ", ") + kernels.name);
     CWorld world(scene);
+    world.pKernels = &kernels;
     CReferenceWorld reference = MakeReference(scene);
     for (int iteration = 0; iteration < iterations; ++iteration)
     {
@@ -70,7 +72,8 @@ TEST(Differential, RandomWorldsGoOnBitForBitAsInThePlainForm)
     for (int i = 0; i < c_iRandomScenes; ++i)
     {
         const CScene scene = DrawScene(draw);
-        CompareScene(scene, GetIterations(scene));
+        const auto kernels = GetAllKernels();
+        CompareScene(scene, GetIterations(scene), kernels[static_cast<std::size_t>(i) % kernels.size()]);
         if (HasFatalFailure())
         {
             return;
@@ -78,34 +81,42 @@ TEST(Differential, RandomWorldsGoOnBitForBitAsInThePlainForm)
     }
 }
 
+void CompareWithAllKernels(const CScene& scene, int iterations)
+{
+    for (const CSimulationKernels& kernels : GetAllKernels())
+    {
+        CompareScene(scene, iterations, kernels);
+    }
+}
+
 TEST(Differential, TheDefaultSceneGoesOnAsInThePlainForm)
 {
-    CompareScene(c_SceneDefault, 2000);
+    CompareWithAllKernels(c_SceneDefault, 2000);
 }
 
 TEST(Differential, AFilledSceneGoesOnAsInThePlainForm)
 {
-    CompareScene(c_SceneFilled, 40);
+    CompareWithAllKernels(c_SceneFilled, 40);
 }
 
 TEST(Differential, ADenseSceneGoesOnAsInThePlainForm)
 {
-    CompareScene(c_SceneDense, 10);
+    CompareWithAllKernels(c_SceneDense, 10);
 }
 
 TEST(Differential, ASparseSceneGoesOnAsInThePlainForm)
 {
-    CompareScene(c_SceneSparse, 10);
+    CompareWithAllKernels(c_SceneSparse, 10);
 }
 
 TEST(Differential, ABurstFromOnePointGoesOnAsInThePlainForm)
 {
-    CompareScene(c_SceneBurst, 60);
+    CompareWithAllKernels(c_SceneBurst, 60);
 }
 
 TEST(Differential, TheLargestSceneGoesOnAsInThePlainForm)
 {
-    CompareScene(c_SceneLargest, 2);
+    CompareScene(c_SceneLargest, 2, GetSimulationKernels());
 }
 
 } // namespace

@@ -21,15 +21,19 @@ class GoldenHash : public testing::TestWithParam<CGolden>
 {
 };
 
-TEST_P(GoldenHash, AFixedSceneHasTheSameHashOnEveryMachine)
+TEST_P(GoldenHash, AFixedSceneHasTheSameHashOnEveryMachineAndInstructionSet)
 {
     const CGolden& golden = GetParam();
-    CWorld world(golden.scene);
-    for (int iteration = 0; iteration < golden.iterations; ++iteration)
+    for (const CSimulationKernels& kernels : GetAllKernels())
     {
-        world.Advance();
+        CWorld world(golden.scene);
+        world.pKernels = &kernels;
+        for (int iteration = 0; iteration < golden.iterations; ++iteration)
+        {
+            world.Advance();
+        }
+        EXPECT_EQ(HashAtoms(world.GetAtoms()), golden.hash) << kernels.name;
     }
-    EXPECT_EQ(HashAtoms(world.GetAtoms()), golden.hash) << std::hex << HashAtoms(world.GetAtoms());
 }
 
 INSTANTIATE_TEST_SUITE_P(Scenes, GoldenHash,

@@ -1,0 +1,167 @@
+#include "simulation/SimulationKernels.h"
+
+#include "classes/core/CCpuCapabilities.h"
+#include "simulation/CellScratch.h"
+#include "tests/simulation/CWorld.h"
+
+#include <cstring>
+#include <random>
+#include <string_view>
+
+namespace
+{
+
+// The plain rule for the pairs of one cell.
+std::uint32_t CollidePlainly(std::span<CAtom> atoms, CRandom& random)
+{
+    std::uint32_t collisions = 0;
+    for (std::size_t i = 0; i < atoms.size(); ++i)
+    {
+        for (std::size_t j = i + 1; j < atoms.size(); ++j)
+        {
+            CAtom& a = atoms[i];
+            CAtom& b = atoms[j];
+            const auto s = static_cast<float>(a.radius + b.radius);
+            if ((a.y - b.y) * (a.y - b.y) + (a.x - b.x) * (a.x - b.x) <= s * s)
+            {
+                ReferenceCollision(a, b, random);
+                ++collisions;
+            }
+        }
+    }
+    return collisions;
+}
+
+std::uint32_t CollideByKernel(std::span<CAtom> atoms, const CSimulationKernels& kernels, CRandom& random)
+{
+    std::vector<CAtom*> list;
+    for (CAtom& atom : atoms)
+    {
+        list.push_back(&atom);
+    }
+    const auto pScratch = std::make_unique<CCellScratch>();
+    return kernels.pCollideCell({list.data(), static_cast<int>(list.size())}, {nullptr, 0}, *pScratch, random);
+}
+
+void CompareCell(const std::vector<CAtom>& atoms)
+{
+    std::vector<CAtom> expected = atoms;
+    CRandom expectedRandom(77);
+    const std::uint32_t expectedCollisions = CollidePlainly(expected, expectedRandom);
+    const float expectedDraw = expectedRandom.GetRandomNumber_Float(0, 1);
+    for (const CSimulationKernels& kernels : GetAllKernels())
+    {
+        std::vector<CAtom> actual = atoms;
+        CRandom random(77);
+        ASSERT_EQ(CollideByKernel(actual, kernels, random), expectedCollisions) << kernels.name;
+        ASSERT_EQ(std::memcmp(actual.data(), expected.data(), actual.size() * sizeof(CAtom)), 0) << kernels.name;
+        ASSERT_EQ(random.GetRandomNumber_Float(0, 1), expectedDraw) << kernels.name;
+    }
+}
+
+std::vector<CAtom> DrawCell(std::mt19937& draw, std::size_t count, float width, int maxRadius)
+{
+    const float corner = draw() % 2 == 0 ? 0.0F : 9000.0F;
+    std::uniform_real_distribution<float> place(corner, corner + width);
+    std::uniform_real_distribution<float> velocity(-2, 2);
+    std::uniform_int_distribution<int> radius(1, maxRadius);
+    std::vector<CAtom> atoms;
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        atoms.push_back(MakeAtom(place(draw), place(draw), velocity(draw), velocity(draw),
+                                 static_cast<std::uint8_t>(radius(draw))));
+    }
+    return atoms;
+}
+
+TEST(SimulationKernels, TheBaselineIsAlwaysThereAndAloneWhereItIsForced)
+{
+    const auto kernels = GetKernels(CCpuCapabilities(true));
+    ASSERT_EQ(kernels.size(), 1U);
+    EXPECT_EQ(std::string_view(kernels[0].name), "baseline");
+    EXPECT_EQ(std::string_view(GetAllKernels()[0].name), "baseline");
+}
+
+TEST(SimulationKernels, AProcessorWithAllInstructionSetsHasAllKernels)
+{
+    const CCpuCapabilities capabilities(false);
+    const std::size_t expected = capabilities.HasAvx512() ? 3 : capabilities.HasAvx2() ? 2 : 1;
+    EXPECT_EQ(GetKernels(capabilities).size(), expected);
+}
+
+// Every number of atoms around the widths of the vectors, from hardly touching to heaped up.
+TEST(SimulationKernels, ACellOfAnySizeComesOutAsByTheRule)
+{
+    std::mt19937 draw(1); // NOLINT(cert-msc51-cpp): a fixed seed makes a failure repeatable
+    for (std::size_t count = 0; count <= 70; ++count)
+    {
+        for (const float width : {5.0F, 40.0F, 100.0F, 300.0F})
+        {
+            for (const int maxRadius : {1, 5, 32, 255})
+            {
+                CompareCell(DrawCell(draw, count, width, maxRadius));
+                ASSERT_FALSE(HasFatalFailure()) << count << " atoms within " << width << ", radius to " << maxRadius;
+            }
+        }
+    }
+}
+
+// Between a gas and a heap lies the density where atoms are pushed further than the search has looked, time and again.
+TEST(SimulationKernels, CellsOfEveryDensityComeOutAsByTheRule)
+{
+    std::mt19937 draw(2); // NOLINT(cert-msc51-cpp): a fixed seed makes a failure repeatable
+    for (const std::size_t count : {100U, 200U, 333U, 500U, 777U, 1000U})
+    {
+        for (const int maxRadius : {1, 2, 3, 4, 5, 8, 12, 32})
+        {
+            CompareCell(DrawCell(draw, count, 110, maxRadius));
+            ASSERT_FALSE(HasFatalFailure()) << count << " atoms of radius up to " << maxRadius;
+        }
+    }
+}
+
+TEST(SimulationKernels, AtomsAtOnePointComeOutAsByTheRule)
+{
+    for (const std::size_t count : {2U, 17U, 100U, 1000U})
+    {
+        std::mt19937 draw(3); // NOLINT(cert-msc51-cpp): a fixed seed makes a failure repeatable
+        std::vector<CAtom> atoms = DrawCell(draw, count, 100, 5);
+        for (CAtom& atom : atoms)
+        {
+            atom.x = 250;
+            atom.y = 125;
+        }
+        CompareCell(atoms);
+        ASSERT_FALSE(HasFatalFailure()) << count << " atoms";
+    }
+}
+
+// Edge cells hold whatever has left the world, however far away; near and far ones must not disturb each other.
+TEST(SimulationKernels, AtomsFarApartOrNowhereInOneCellComeOutAsByTheRule)
+{
+    std::mt19937 draw(4); // NOLINT(cert-msc51-cpp): a fixed seed makes a failure repeatable
+    for (const std::size_t count : {5U, 40U, 120U})
+    {
+        std::vector<CAtom> atoms = DrawCell(draw, count, 60, 8);
+        for (std::size_t i = 0; i < count; ++i)
+        {
+            const float places[] = {0,
+                                    500,
+                                    -2000,
+                                    1e6F,
+                                    -1e12F,
+                                    std::numeric_limits<float>::infinity(),
+                                    std::numeric_limits<float>::quiet_NaN()};
+            atoms[i].x += places[draw() % std::size(places)];
+            atoms[i].y += places[draw() % std::size(places)];
+        }
+        for (int round = 0; round < 3; ++round)
+        {
+            CompareCell(atoms);
+            ASSERT_FALSE(HasFatalFailure()) << count << " atoms";
+            std::swap(atoms.front(), atoms.back()); // the search is relative to the first
+        }
+    }
+}
+
+} // namespace
