@@ -91,8 +91,10 @@ private:
     void ShowScrollBars(const CScrollBarsShown& shown);
     int FitBar(int iBar, int iWorldLength, int iClientLength);
     CRect PlaceWorld_NoScrolling(const CSize<int>& sizeClient);
-    CRect PlaceWorld_Scrolling(const CSize<int>& sizeClient);
+    CRect PlaceWorld_Scrolling(const CSize<int>& sizeView);
     CSize<int> GetClientSize() const;
+    CSize<int> GetSizeWithoutBars() const;
+    static CSize<int> GetBarSizes();
     void RedrawWorld();
 
     void CheckLayout();

@@ -31,10 +31,10 @@ void CWndWorldView::SetControlPositions(int cx, int cy)
         {
             return;
         }
-        const bool bUseClientArea = cx == c_iUseClientArea || cy == c_iUseClientArea;
-        const CSize<int> sizeClient = bUseClientArea ? GetClientSize() : CSize<int>{cx, cy};
-        const RECT rcWorld =
-            ToRECT(m_bNoScrolling ? PlaceWorld_NoScrolling(sizeClient) : PlaceWorld_Scrolling(sizeClient));
+        const bool bMeasure = cx == c_iUseClientArea || cy == c_iUseClientArea;
+        const CSize<int> sizeGiven{cx, cy};
+        const RECT rcWorld = ToRECT(m_bNoScrolling ? PlaceWorld_NoScrolling(bMeasure ? GetClientSize() : sizeGiven)
+                                                   : PlaceWorld_Scrolling(bMeasure ? GetSizeWithoutBars() : sizeGiven));
         m_picWorld.SetDrawingRect(&rcWorld);
     });
 }
@@ -46,17 +46,16 @@ CRect CWndWorldView::PlaceWorld_NoScrolling(const CSize<int>& sizeClient)
 }
 
 // Showing or hiding a bar changes the client area, and the system says so at once: this is entered again from within,
-// does all its work there, and then ends here with the sizes of the outer call.
-CRect CWndWorldView::PlaceWorld_Scrolling(const CSize<int>& sizeClient)
+// comes to the same result there, and ends here.
+CRect CWndWorldView::PlaceWorld_Scrolling(const CSize<int>& sizeView)
 {
-    const CScrollBarsShown shown = GetScrollBarsShown(m_sizeWorld, sizeClient);
-    ShowScrollBars(shown);
     CScrolledView view;
-    view.sizeBefore = sizeClient;
-    view.iVerticalPosition = shown.bVertical ? FitBar(SB_VERT, m_sizeWorld.cy, sizeClient.cy) : 0;
-    view.iHorizontalPosition = shown.bHorizontal ? FitBar(SB_HORZ, m_sizeWorld.cx, sizeClient.cx) : 0;
-    view.sizeAfter = GetClientSize();
-    m_painterDirect2D.Resize(SIZE{view.sizeAfter.cx, view.sizeAfter.cy});
+    view.shown = GetScrollBarsShown(m_sizeWorld, sizeView, GetBarSizes());
+    ShowScrollBars(view.shown);
+    view.sizeClient = GetClientSize();
+    view.iVerticalPosition = view.shown.bVertical ? FitBar(SB_VERT, m_sizeWorld.cy, view.sizeClient.cy) : 0;
+    view.iHorizontalPosition = view.shown.bHorizontal ? FitBar(SB_HORZ, m_sizeWorld.cx, view.sizeClient.cx) : 0;
+    m_painterDirect2D.Resize(SIZE{view.sizeClient.cx, view.sizeClient.cy});
     return PlaceWorld_Scrolled(m_sizeWorld, view);
 }
 
@@ -91,6 +90,22 @@ CSize<int> CWndWorldView::GetClientSize() const
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
     return CSize<int>{rcClient.right, rcClient.bottom};
+}
+
+CSize<int> CWndWorldView::GetBarSizes()
+{
+    return CSize<int>{GetSystemMetrics(SM_CXVSCROLL), GetSystemMetrics(SM_CYHSCROLL)};
+}
+
+// The client area as it would be without the bars that are shown now.
+CSize<int> CWndWorldView::GetSizeWithoutBars() const
+{
+    const LONG_PTR iStyle = GetWindowLongPtrW(m_hWnd, GWL_STYLE);
+    const CSize<int> sizeBars = GetBarSizes();
+    CSize<int> size = GetClientSize();
+    size.cx += (iStyle & WS_VSCROLL) != 0 ? sizeBars.cx : 0;
+    size.cy += (iStyle & WS_HSCROLL) != 0 ? sizeBars.cy : 0;
+    return size;
 }
 
 CRect CWndWorldView::GetWorldRect() const

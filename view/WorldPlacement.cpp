@@ -40,9 +40,12 @@ CRect MakeWorldRect(int iLeft, int iTop, const CSize<int>& sizeWorld)
 
 } // namespace
 
-CScrollBarsShown GetScrollBarsShown(const CSize<int>& sizeWorld, const CSize<int>& sizeClient)
+CScrollBarsShown GetScrollBarsShown(const CSize<int>& sizeWorld, const CSize<int>& sizeView, const CSize<int>& sizeBars)
 {
-    return CScrollBarsShown{sizeWorld.cy > sizeClient.cy, sizeWorld.cx > sizeClient.cx};
+    CScrollBarsShown shown{sizeWorld.cy > sizeView.cy, sizeWorld.cx > sizeView.cx};
+    shown.bHorizontal = shown.bHorizontal || (shown.bVertical && sizeWorld.cx > sizeView.cx - sizeBars.cx);
+    shown.bVertical = shown.bVertical || (shown.bHorizontal && sizeWorld.cy > sizeView.cy - sizeBars.cy);
+    return shown;
 }
 
 CScrollBarState FitScrollBar(const CScrollBarState& old, int iWorldLength, int iClientLength)
@@ -93,10 +96,9 @@ CRect PlaceWorld_Centred(const CSize<int>& sizeWorld, const CSize<int>& sizeClie
 
 CRect PlaceWorld_Scrolled(const CSize<int>& sizeWorld, const CScrolledView& view)
 {
-    const CScrollBarsShown shown = GetScrollBarsShown(sizeWorld, view.sizeBefore);
-    const int iLeft =
-        shown.bHorizontal ? ToInt(-std::int64_t{view.iHorizontalPosition}) : Centre(view.sizeAfter.cx, sizeWorld.cx);
+    const int iLeft = view.shown.bHorizontal ? ToInt(-std::int64_t{view.iHorizontalPosition})
+                                             : Centre(view.sizeClient.cx, sizeWorld.cx);
     const int iTop =
-        shown.bVertical ? ToInt(-std::int64_t{view.iVerticalPosition}) : Centre(view.sizeAfter.cy, sizeWorld.cy);
+        view.shown.bVertical ? ToInt(-std::int64_t{view.iVerticalPosition}) : Centre(view.sizeClient.cy, sizeWorld.cy);
     return MakeWorldRect(iLeft, iTop, sizeWorld);
 }

@@ -40,8 +40,11 @@ enum class EnumScrollRequest : unsigned
     EndScroll = 8
 };
 
-// A bar is shown where the world is larger than the client area.
-CScrollBarsShown GetScrollBarsShown(const CSize<int>& sizeWorld, const CSize<int>& sizeClient);
+// A bar is shown where the world is larger than the view, and also where only the other bar leaves too little room.
+// \p sizeView is the room without any bar: measured with one, a bar that is shown would keep itself necessary for
+// ever. \p sizeBars is the width of the vertical and the height of the horizontal bar.
+CScrollBarsShown GetScrollBarsShown(const CSize<int>& sizeWorld, const CSize<int>& sizeView,
+                                    const CSize<int>& sizeBars);
 
 // Range, page and position of a bar for a world of \p iWorldLength seen through \p iClientLength pixels. The old
 // position is kept unless it lies behind the new end.
@@ -60,10 +63,10 @@ CRect PlaceWorld_Centred(const CSize<int>& sizeWorld, const CSize<int>& sizeClie
 // What decides the place of the world while it can be scrolled.
 struct CScrolledView
 {
-    CSize<int> sizeBefore;     // client area that decided which bars are shown
-    CSize<int> sizeAfter;      // client area that these bars have left
-    int iHorizontalPosition{}; // used where the world is wider than sizeBefore
-    int iVerticalPosition{};   // used where the world is higher than sizeBefore
+    CScrollBarsShown shown;
+    CSize<int> sizeClient;     // what the bars have left
+    int iHorizontalPosition{}; // used where the horizontal bar is shown
+    int iVerticalPosition{};   // used where the vertical bar is shown
 };
 
 // The world scrolled in the directions in which it is larger than the view, and centred in the others.

@@ -97,7 +97,19 @@ TEST_F(WorldViewScrolling, TheBarsGoWhenTheViewGrowsAndComeBackWhenItShrinks)
     EXPECT_TRUE(HasBar(WS_VSCROLL));
 }
 
-// The frame that follows a change of size is placed by the size of the window, before the bars take their share.
+// A world that has become smaller must not keep the bars of the one before, though they have made the view narrower.
+TEST_F(WorldViewScrolling, TheBarsGoWhenTheNextWorldFits)
+{
+    Open({512, 512}, 200, 200);
+    EXPECT_TRUE(HasBar(WS_HSCROLL));
+    EXPECT_TRUE(HasBar(WS_VSCROLL));
+    m_sizeWorld = {200, 200};
+    ASSERT_TRUE(Start_Speed());
+    EXPECT_FALSE(HasBar(WS_HSCROLL));
+    EXPECT_FALSE(HasBar(WS_VSCROLL));
+    EXPECT_EQ((CRect{0, 0, 200, 200}), m_pView->GetWorldRect());
+}
+
 TEST_F(WorldViewScrolling, GrowingTheViewPullsThePositionBackIntoTheNewRange)
 {
     Open({1000, 1000}, 200, 200);
@@ -105,8 +117,8 @@ TEST_F(WorldViewScrolling, GrowingTheViewPullsThePositionBackIntoTheNewRange)
     SetPosition(SB_HORZ, 5000);
     MoveView(0, 0, 600, 500);
     m_pView->SetControlPositions(-1, -1);
-    EXPECT_EQ(1000 - 500, GetBar(SB_VERT).nPos);
-    EXPECT_EQ(1000 - 600, GetBar(SB_HORZ).nPos);
+    EXPECT_EQ(1000 - (500 - c_iBarHeight), GetBar(SB_VERT).nPos);
+    EXPECT_EQ(1000 - (600 - c_iBarWidth), GetBar(SB_HORZ).nPos);
     EXPECT_EQ(-GetBar(SB_VERT).nPos, m_pView->GetWorldRect().top);
     EXPECT_EQ(-GetBar(SB_HORZ).nPos, m_pView->GetWorldRect().left);
 }
