@@ -16,11 +16,12 @@ else()
   set(KINETARIUM_WORLD native)
 endif()
 
-# kinetarium_test(NAME [WINDOWED] [TIMEOUT seconds] SOURCES source... LIBRARIES library...)
+# kinetarium_test(NAME [WINDOWED] [WITHOUT_DIRECT2D] [TIMEOUT seconds] SOURCES source... LIBRARIES library...)
 # A test program of one folder. WINDOWED programs open real windows: they carry the program's own manifest and pictures,
-# and because they share one desktop and its keyboard focus, their tests run one at a time.
+# and because they share one desktop and its keyboard focus, their tests run one at a time. WITHOUT_DIRECT2D: under Wine
+# there is none, so that the program draws with GDI, which Wine can show.
 function(kinetarium_test NAME)
-  cmake_parse_arguments(PARSE_ARGV 1 TEST "WINDOWED" "TIMEOUT" "SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 TEST "WINDOWED;WITHOUT_DIRECT2D" "TIMEOUT" "SOURCES;LIBRARIES")
   if(NOT TEST_TIMEOUT)
     set(TEST_TIMEOUT 60)
   endif()
@@ -32,6 +33,9 @@ function(kinetarium_test NAME)
   if(TEST_WINDOWED)
     list(APPEND properties RESOURCE_LOCK desktop)
     kinetarium_resources(${NAME})
+  endif()
+  if(TEST_WITHOUT_DIRECT2D)
+    list(APPEND properties ENVIRONMENT KINETARIUM_WITHOUT_DIRECT2D=1)
   endif()
   gtest_discover_tests(${NAME} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
     TEST_PREFIX "${KINETARIUM_WORLD}.${NAME}." PROPERTIES ${properties})

@@ -42,6 +42,9 @@ export WINEPREFIX
 export WINEDEBUG="${WINEDEBUG:--all}"
 # No offers to install a .NET or HTML engine, and no entries in the desktop's menus.
 export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml=;winemenubuilder.exe=d}"
+# This Wine shows nothing of what Direct2D draws into a child window, and takes a hundred times as long for it: tests of
+# the whole program run as on a machine without Direct2D, where GDI draws.
+[ -z "${KINETARIUM_WITHOUT_DIRECT2D:-}" ] || WINEDLLOVERRIDES="$WINEDLLOVERRIDES;d2d1="
 # Direct2D's frames are presented by the thread that draws them: with a thread of its own for that, Wine and the software
 # renderer can lock each other out for ever. It is also a third faster.
 export WINE_D3D_CONFIG="${WINE_D3D_CONFIG:-csmt=0x0}"

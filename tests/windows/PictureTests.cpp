@@ -1,28 +1,18 @@
-#include "classes/windows/Handles.h"
+#include "tests/view/windows/ScreenCapture.h"
 #include "tests/windows/CRunningApplication.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
-#include <set>
 
 // What a user sees: pixels of the screen, not of any window's own memory.
 
 namespace
 {
-std::set<COLORREF> GetColoursOnScreen(HWND hWnd)
+bool Shows(const CPixels& picture, COLORREF crColour)
 {
-    constexpr int step = 2; // pixels; atoms are larger
-    RECT rc{};
-    GetWindowRect(hWnd, &rc);
-    const CWindowDc screen(nullptr);
-    const CMemoryDc memory(screen.Get());
-    const CBitmapHandle bitmap(CreateCompatibleBitmap(screen.Get(), rc.right - rc.left, rc.bottom - rc.top));
-    const CSelectObject selected(memory.Get(), bitmap.Get());
-    BitBlt(memory.Get(), 0, 0, rc.right - rc.left, rc.bottom - rc.top, screen.Get(), rc.left, rc.top, SRCCOPY);
-    std::set<COLORREF> colours;
-    for (int y = 0; y < rc.bottom - rc.top; y += step)
-        for (int x = 0; x < rc.right - rc.left; x += step)
-            colours.insert(GetPixel(memory.Get(), x, y));
-    return colours;
+    const std::uint32_t uPixel =
+        RGB(GetBValue(crColour), GetGValue(crColour), GetRValue(crColour)); // pixels have red above blue
+    return std::find(picture.pixels.begin(), picture.pixels.end(), uPixel) != picture.pixels.end();
 }
 } // namespace
 
@@ -40,8 +30,8 @@ TEST(WorldOnScreen, ShowsSlowMediumAndFastAtomsInTheirColours)
         hView = CKinetariumProbe::GetView(inside);
     });
     EXPECT_TRUE(CRunningApplication::Poll([&] {
-        const std::set<COLORREF> colours = GetColoursOnScreen(hView);
-        return colours.contains(RGB(0, 0, 0)) && colours.contains(RGB(255, 0, 0)) &&
-               colours.contains(RGB(128, 128, 128)) && colours.contains(RGB(0, 255, 0));
+        const CPixels picture = CaptureClientArea(hView);
+        return Shows(picture, RGB(0, 0, 0)) && Shows(picture, RGB(255, 0, 0)) && Shows(picture, RGB(128, 128, 128)) &&
+               Shows(picture, RGB(0, 255, 0));
     }));
 }
