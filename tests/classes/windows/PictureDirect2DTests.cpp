@@ -24,15 +24,22 @@ CPicture MakeMarkedTile()
     return picture;
 }
 
-// A child window in the test's main window, with a render target on it.
+// A window of its own with a render target on it: what Direct2D presents in a child window cannot be read back from the
+// screen everywhere.
 class PictureDirect2D : public testing::Test
 {
 protected:
     void SetUp() override
     {
         ASSERT_TRUE(m_Main.Create(300, 200));
-        m_hWnd = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 0, 0, c_iWidth, c_iHeight,
-                                 m_Main.GetWindowHandle(), nullptr, nullptr, nullptr);
+        WNDCLASSEXW record{};
+        record.cbSize = sizeof(record);
+        record.lpfnWndProc = DefWindowProcW;
+        record.hInstance = GetModuleHandleW(nullptr);
+        record.lpszClassName = L"PictureDirect2D";
+        RegisterClassExW(&record);
+        m_hWnd = CreateWindowExW(WS_EX_TOPMOST | WS_EX_NOACTIVATE, record.lpszClassName, L"", WS_POPUP | WS_VISIBLE,
+                                 400, 60, c_iWidth, c_iHeight, nullptr, nullptr, record.hInstance, nullptr);
         ASSERT_NE(m_hWnd, nullptr);
         m_Main.Pump();
         ASSERT_TRUE(SUCCEEDED(D2D1CreateFactory(D2D1_FACTORY_TYPE_SINGLE_THREADED, __uuidof(ID2D1Factory), nullptr,
@@ -40,6 +47,8 @@ protected:
         m_pTarget = MakeTarget();
         ASSERT_TRUE(m_pTarget);
     }
+
+    void TearDown() override { DestroyWindow(m_hWnd); }
 
     CComPtr<ID2D1HwndRenderTarget> MakeTarget()
     {
@@ -62,13 +71,17 @@ protected:
             m_pTarget->Clear(&c_blue);
             EXPECT_TRUE(picture.DrawTiled_Direct2D(m_pTarget.Get()));
             EXPECT_EQ(m_pTarget->EndDraw(nullptr, nullptr), S_OK);
-            return GetScreenPixel(m_hWnd, x, y) == crExpected;
+            constexpr DWORD c_uOnItsWayMs = 50;
+            Sleep(c_uOnItsWayMs);
+            m_Shown = CopyFromScreen(m_hWnd);
+            return m_Shown.GetPixelColour(x, y) == crExpected;
         };
         return PumpUntil(m_Main, Show);
     }
 
     static constexpr int c_iWidth = 60;
     static constexpr int c_iHeight = 40;
+    CPicture m_Shown; // what stood on the screen last
     CTestMainWindow m_Main;
     HWND m_hWnd = nullptr;
     CComPtr<ID2D1Factory> m_pFactory;
@@ -88,7 +101,7 @@ TEST_F(PictureDirect2D, TilesBeginAtTheLeftTopCornerOfTheDrawingRectangle)
             const bool bInside = x < rc.right && y < rc.bottom;
             const bool bMark = (x - rc.left) % c_iTile == 0 && (y - rc.top) % c_iTile == 0;
             const COLORREF crExpected = !bInside ? RGB(0, 0, 255) : bMark ? RGB(255, 0, 0) : RGB(255, 255, 255);
-            ASSERT_EQ(GetScreenPixel(m_hWnd, x, y), crExpected) << x << ", " << y;
+            ASSERT_EQ(m_Shown.GetPixelColour(x, y), crExpected) << x << ", " << y;
         }
 }
 

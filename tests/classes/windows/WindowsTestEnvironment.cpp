@@ -1,9 +1,11 @@
 #include "tests/classes/windows/WindowsTestEnvironment.h"
 
+#include "classes/windows/CPictureBits.h"
 #include "classes/windows/Handles.h"
 
 #include <chrono>
 #include <cstring>
+#include <memory>
 
 bool SetClipboardText(HWND hOwner, const std::wstring& sText)
 {
@@ -72,12 +74,29 @@ COLORREF GetShownPixel(HWND hWnd, int x, int y)
     return GetPixel(dc.Get(), x, y);
 }
 
-COLORREF GetScreenPixel(HWND hWnd, int x, int y)
+CPicture CopyFromScreen(HWND hWnd)
 {
-    POINT pt{x, y};
+    RECT rc{};
+    GetClientRect(hWnd, &rc);
+    POINT pt{};
     ClientToScreen(hWnd, &pt);
-    const CWindowDc screen(nullptr);
-    return GetPixel(screen.Get(), pt.x, pt.y);
+    std::unique_ptr<CPictureBits> pBits = CPictureBits::Create(rc.right, rc.bottom);
+    CPicture picture;
+    if (!pBits)
+        return picture;
+    {
+        const CWindowDc screen(nullptr);
+        const CMemoryDc memory(screen.Get());
+        const CBitmapHandle bitmap(CreateCompatibleBitmap(screen.Get(), rc.right, rc.bottom));
+        const CSelectObject selected(memory.Get(), bitmap.Get());
+        BitBlt(memory.Get(), 0, 0, rc.right, rc.bottom, screen.Get(), pt.x, pt.y, SRCCOPY);
+        const CMemoryDc target(nullptr);
+        const CSelectObject pixels(target.Get(), pBits->GetBitmap());
+        BitBlt(target.Get(), 0, 0, rc.right, rc.bottom, memory.Get(), 0, 0, SRCCOPY);
+        GdiFlush();
+    }
+    picture.CreateFromPixels(rc.right, rc.bottom, pBits->GetPixels());
+    return picture;
 }
 
 bool PumpUntil(CTestMainWindow& window, const std::function<bool()>& condition)

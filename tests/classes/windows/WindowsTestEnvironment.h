@@ -31,8 +31,8 @@ void Click(CTestMainWindow& window, HWND hWnd);
 /// The colour of one pixel of a window's client area as it stands on the screen.
 COLORREF GetShownPixel(HWND hWnd, int x, int y);
 
-/// The colour of a pixel of a window's client area on the screen itself, where Direct2D presents.
-COLORREF GetScreenPixel(HWND hWnd, int x, int y);
+/// A picture of a window's client area as it stands on the screen itself, where Direct2D presents.
+CPicture CopyFromScreen(HWND hWnd);
 
 /// Pumps messages until the condition holds; false when it does not within five seconds.
 bool PumpUntil(CTestMainWindow& window, const std::function<bool()>& condition);
