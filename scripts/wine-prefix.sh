@@ -12,7 +12,7 @@ prefix=$(cd "$1" && pwd)
 size=${2:-}
 marker="$prefix/kinetarium-prefix"
 # Goes up when something below changes, so that prefixes of earlier checkouts are brought up to date.
-layout=2
+layout=3
 wanted="layout $layout, desktop ${size:-none}"
 
 is_ready() {
@@ -41,6 +41,9 @@ registry() {
     printf '[HKEY_CURRENT_USER\\Control Panel\\Desktop]\r\n"FontSmoothing"="2"\r\n'
     printf '"FontSmoothingType"=dword:00000002\r\n"FontSmoothingGamma"=dword:00000578\r\n'
     printf '"FontSmoothingOrientation"=dword:00000001\r\n\r\n'
+    # Wine 8 draws what Direct2D presents to a child window, as the world is, nowhere. Without Direct2D the program
+    # paints with GDI, as it does on Windows when Direct2D fails. Test programs keep Direct2D: they look elsewhere.
+    printf '[HKEY_CURRENT_USER\\Software\\Wine\\AppDefaults\\Kinetarium.exe\\DllOverrides]\r\n"d2d1"=""\r\n\r\n'
     if [ -n "$size" ]; then
         printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer]\r\n"Desktop"="Kinetarium"\r\n\r\n'
         printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer\\Desktops]\r\n"Kinetarium"="%s"\r\n' "$size"
