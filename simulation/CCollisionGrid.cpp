@@ -15,12 +15,12 @@ constexpr std::size_t c_uFillAhead = 24;
 template<class Action>
 void ForEachCell(std::uint32_t uPlace, const CGridGeometry& geometry, Action action)
 {
-    const auto cell = static_cast<int>(GetPlaceCell(uPlace));
-    action(static_cast<std::size_t>(cell));
+    const std::size_t uCell = GetPlaceCell(uPlace);
+    action(uCell);
     for (std::uint32_t uLeft = GetPlaceNeighbours(uPlace); uLeft != 0; uLeft &= uLeft - 1)
     {
         const int step = geometry.neighbourSteps[static_cast<std::size_t>(std::countr_zero(uLeft))];
-        action(static_cast<std::size_t>(cell + step));
+        action(uCell + static_cast<std::size_t>(step)); // a step back wraps round to it
     }
 }
 
