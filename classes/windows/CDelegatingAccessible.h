@@ -11,7 +11,7 @@
 #include "classes/core/CWString.h"
 #include "classes/windows/Handles.h"
 
-// COM objects end by Release alone: their interfaces have no virtual destructor, and need none.
+/// COM objects end by Release alone: their interfaces have no virtual destructor, and need none.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 

@@ -14,7 +14,7 @@ namespace
 constexpr int c_iMargin = 20;
 constexpr int c_iIconGap = 16;
 constexpr int c_iMaxTextWidth = 600;
-constexpr int c_iTextSlack = 4; // letters may reach a little further than their measure
+constexpr int c_iTextSlack = 16; // letters may reach a little further than their measure
 constexpr int c_iMinTextWidth = 180;
 constexpr int c_iFooterMargin = 12;
 constexpr int c_iButtonHeight = 26;

@@ -2,7 +2,7 @@
 
 #include "classes/core/CColour.h"
 
-// The colours that the controls share. They stand on the dark slate-teal backdrop.
+/// The colours that the controls share. They stand on the dark slate-teal backdrop.
 
 /// The ring around whatever has the keyboard focus: warm, so that it stands out from the backdrop, from the light
 /// entries and from most swatches.
