@@ -1,0 +1,71 @@
+#pragma once
+
+#include "simulation/CAtom.h"
+#include "simulation/CellScratch.h"
+
+class CRandom;
+
+/// A cell on the workbench: its atoms copied and noted, and those of the next cell on their way.
+///
+/// Everything here is static: it is compiled once per instruction set, and the linker must not merge the copies.
+
+/// One cell at work.
+struct CCell
+{
+    int count;
+    CCellList next;
+    CCellScratch& scratch;
+    CRandom& random;
+    float minRadius;
+    float maxRadius;
+};
+
+/// The atoms of a cell lie anywhere in memory: fetched while the cell before is at work, they are near when their turn
+/// comes.
+/// (Always inlined: GCC takes a function that only prefetches for one without effect and drops the calls.)
+__attribute__((always_inline)) static inline void Prefetch(const CCellList& list, int index)
+{
+    if (index < list.count)
+    {
+        const CAtom* const pAtom = list.ppAtoms[index];
+        __builtin_prefetch(pAtom);
+        // An atom may reach over into a second cache line.
+        __builtin_prefetch(&pAtom->reserved);
+    }
+}
+
+__attribute__((always_inline)) static inline void PrefetchFrom(const CCellList& list, int firstIndex)
+{
+    for (int index = firstIndex; index < list.count; ++index)
+    {
+        Prefetch(list, index);
+    }
+}
+
+/// Copies the atoms and notes where they are.
+static inline CCell OpenCell(const CCellList& list, const CCellList& next, CCellScratch& scratch, CRandom& random)
+{
+    CAtom* const* const ppAtoms = list.ppAtoms;
+    const int count = list.count;
+    int minRadius = ppAtoms[0]->radius;
+    int maxRadius = minRadius;
+    for (int i = 0; i < count; ++i)
+    {
+        const CAtom& atom = *ppAtoms[i];
+        scratch.atoms[i] = MakeCellAtom(atom);
+        scratch.x[i] = atom.x;
+        scratch.y[i] = atom.y;
+        scratch.radius[i] = static_cast<float>(atom.radius);
+        minRadius = atom.radius < minRadius ? atom.radius : minRadius;
+        maxRadius = atom.radius > maxRadius ? atom.radius : maxRadius;
+    }
+    return {count, next, scratch, random, static_cast<float>(minRadius), static_cast<float>(maxRadius)};
+}
+
+static inline void CloseCell(const CCell& cell, CAtom* const* ppAtoms)
+{
+    for (int i = 0; i < cell.count; ++i)
+    {
+        WriteBack(cell.scratch.atoms[i], *ppAtoms[i]);
+    }
+}
