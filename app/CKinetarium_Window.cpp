@@ -7,6 +7,7 @@
 #include "strings/TranslateStrings_Kinetarium.h"
 
 #include <commctrl.h>
+#include <uxtheme.h>
 
 namespace
 {
@@ -128,6 +129,8 @@ bool CKinetarium::InitializeWindow_StatusBar()
     if (m_hStatusBar == nullptr)
         return false;
     SendMessageW(m_hStatusBar, WM_SETFONT, reinterpret_cast<WPARAM>(GetFont()), TRUE);
+    // A themed status bar ignores the colour.
+    SetWindowTheme(m_hStatusBar, L" ", L" ");
     SendMessageW(m_hStatusBar, SB_SETBKCOLOR, 0, static_cast<LPARAM>(m_crBackground));
     return true;
 }
