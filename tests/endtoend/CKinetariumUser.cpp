@@ -65,6 +65,20 @@ POINT MiddleOf(const RECT& rc)
     return {(rc.left + rc.right) / 2, (rc.top + rc.bottom) / 2};
 }
 
+std::string Narrow(const std::wstring& sText);
+
+// What may have kept a click from its target.
+std::string DescribeInput()
+{
+    POINT pt{};
+    GetCursorPos(&pt);
+    GUITHREADINFO info{};
+    info.cbSize = sizeof(info);
+    GetGUIThreadInfo(0, &info);
+    return "; the mouse is over a " + Narrow(ClassOf(WindowFromPoint(pt))) + ", the window in front is a " +
+           Narrow(ClassOf(GetForegroundWindow())) + ", the mouse belongs to a " + Narrow(ClassOf(info.hwndCapture));
+}
+
 std::string Narrow(const std::wstring& sText)
 {
     std::string sResult;
@@ -149,18 +163,23 @@ void CKinetariumUser::PressButton(const wchar_t* sBefore, const wchar_t* sAfter)
     BringToFront(m_hMain);
     RECT rc{};
     GetWindowRect(m_hButton, &rc);
-    MoveMouse(MiddleOf(rc));
-    ClickLeft();
-    WaitUntil("the click on " + sName + " to act", c_actionPatience,
-              [&] { return GetButtonText() == sAfter && IsWindowEnabled(m_hButton) != FALSE; });
+    ClickLeft(MiddleOf(rc));
+    try
+    {
+        WaitUntil("the click on " + sName + " to act", c_actionPatience,
+                  [&] { return GetButtonText() == sAfter && IsWindowEnabled(m_hButton) != FALSE; });
+    }
+    catch (const std::runtime_error& error)
+    {
+        throw std::runtime_error(error.what() + DescribeInput());
+    }
 }
 
 void CKinetariumUser::ClickWorld(POINT point) const
 {
     const RECT rc = GetWorldRectangle();
     BringToFront(m_hMain);
-    MoveMouse({rc.left + point.x, rc.top + point.y});
-    ClickLeft();
+    ClickLeft({rc.left + point.x, rc.top + point.y});
 }
 
 void CKinetariumUser::ClickWorldMiddle() const

@@ -100,9 +100,9 @@ TEST_F(EndToEnd, AClickInTheWorldStartsItAnewFromThatPoint)
             constexpr int c_iReach = 60; // pixels
             rcNear = {rcNear.left + click.x - c_iReach, rcNear.top + click.y - c_iReach,
                       rcNear.left + click.x + c_iReach, rcNear.top + click.y + c_iReach};
-            const CColourCounts near = CountColours(CScreenPicture(rcNear));
+            const CColourCounts close = CountColours(CScreenPicture(rcNear));
             if (CountColours(farHalf).black == farHalf.GetWidth() * farHalf.GetHeight() &&
-                near.red + near.grey + near.green > 0)
+                close.red + close.grey + close.green > 0)
             {
                 return true;
             }

@@ -21,49 +21,62 @@ void Send(std::vector<INPUT> inputs)
     }
 }
 
-void SendMouse(std::initializer_list<DWORD> flags)
-{
-    std::vector<INPUT> inputs;
-    for (const DWORD uFlags : flags)
-    {
-        INPUT input{};
-        input.type = INPUT_MOUSE;
-        input.mi.dwFlags = uFlags;
-        inputs.push_back(input);
-    }
-    Send(inputs);
-}
-
 // Rounded up, so that the system's division, which rounds down, gives the pixel again.
 LONG ToAbsolute(LONG iPixel, int iScreenMetric)
 {
     const LONG iLast = GetSystemMetrics(iScreenMetric) - 1;
     return (iPixel * c_iAbsoluteRange + iLast - 1) / iLast;
 }
+
+// Every piece of input says where it happens, so that no late news of an earlier movement can shift it.
+void SendMouse(POINT point, std::initializer_list<DWORD> flags)
+{
+    std::vector<INPUT> inputs;
+    for (const DWORD uFlags : flags)
+    {
+        INPUT input{};
+        input.type = INPUT_MOUSE;
+        input.mi.dwFlags = uFlags | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+        input.mi.dx = ToAbsolute(point.x, SM_CXSCREEN);
+        input.mi.dy = ToAbsolute(point.y, SM_CYSCREEN);
+        inputs.push_back(input);
+    }
+    Send(inputs);
+}
+
+bool IsMouseAt(POINT point)
+{
+    POINT now{};
+    return GetCursorPos(&now) != FALSE && labs(now.x - point.x) <= 1 && labs(now.y - point.y) <= 1;
+}
 } // namespace
 
+// Wine tells the display of a movement, and the display tells Wine: for a few milliseconds an older place can come
+// back.
 void MoveMouse(POINT point)
 {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-    input.mi.dx = ToAbsolute(point.x, SM_CXSCREEN);
-    input.mi.dy = ToAbsolute(point.y, SM_CYSCREEN);
-    Send({input});
+    constexpr int c_iPollsAtRest = 4;
+    int iAtRest = 0;
     WaitUntil("the mouse to arrive", c_patience, [&] {
-        POINT now{};
-        return GetCursorPos(&now) != FALSE && labs(now.x - point.x) <= 1 && labs(now.y - point.y) <= 1;
+        iAtRest = IsMouseAt(point) ? iAtRest + 1 : 0;
+        if (iAtRest == 0)
+        {
+            SendMouse(point, {0});
+        }
+        return iAtRest == c_iPollsAtRest;
     });
 }
 
-void ClickLeft()
+void ClickLeft(POINT point)
 {
-    SendMouse({MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP});
+    MoveMouse(point);
+    SendMouse(point, {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP});
 }
 
-void ClickRight()
+void ClickRight(POINT point)
 {
-    SendMouse({MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP});
+    MoveMouse(point);
+    SendMouse(point, {MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP});
 }
 
 void PressKey(WORD uKey)

@@ -7,14 +7,15 @@
 
 // What a person at the machine does, as input of the whole desktop: the system decides which window gets it.
 
-/// Moves the mouse to a point of the screen. Throws std::runtime_error if it does not get there.
+/// Moves the mouse to a point of the screen and lets it rest there for a moment. Throws std::runtime_error if it does
+/// not get there.
 void MoveMouse(POINT point);
 
-/// Presses and releases the left button where the mouse is now.
-void ClickLeft();
+/// Moves the mouse to a point, and presses and releases the left button there.
+void ClickLeft(POINT point);
 
-/// Presses and releases the right button where the mouse is now.
-void ClickRight();
+/// Moves the mouse to a point, and presses and releases the right button there.
+void ClickRight(POINT point);
 
 /// Presses and releases a key, given by its virtual-key code.
 void PressKey(WORD uKey);
