@@ -42,7 +42,9 @@ fetch_fmt_from() {
     mkdir -p "$root/lists/partial" "$root/cache/archives/partial" "$root/parts" "$root/download"
     : >"$root/status"
     echo "deb [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] $(mirror) $suite main" >"$root/sources.list"
+    # The signature is what counts, not its age: a mirror may be frozen at a moment.
     local options=(
+        -o Acquire::Check-Valid-Until=false
         -o Dir::Etc::sourcelist="$root/sources.list" -o Dir::Etc::sourceparts=/dev/null
         -o Dir::Etc::preferences=/dev/null -o Dir::Etc::preferencesparts=/dev/null
         -o Dir::State::lists="$root/lists" -o Dir::State::status="$root/status" -o Dir::Cache="$root/cache"
