@@ -1,17 +1,14 @@
 #include "bench/Ratios.h"
 
-#include "classes/core/CRandom.h"
-#include "simulation/CAtoms.h"
-#include "simulation/CCollisionGrid.h"
-#include "simulation/Iteration.h"
-#include "simulation/Population.h"
+#include "bench/CBenchmarkWorld.h"
+#include "bench/Measurement.h"
+#include "simulation/SimulationKernels.h"
 #include "tests/reference/CReferenceWorld.h"
 #include "tests/reference/Scenes.h"
 #include "tests/reference/WorldHash.h"
 
 #include <algorithm>
-#include <chrono>
-#include <cstdint>
+#include <cstddef>
 #include <cstdio>
 #include <span>
 #include <vector>
@@ -22,49 +19,27 @@ namespace
 constexpr int c_iTurns = 9;
 constexpr double c_dMillisecondsPerTurn = 40; // long enough to measure, short enough to take turns
 
-// Milliseconds per iteration over some iterations of advance.
-template<class Advance>
-double Measure(int iterations, Advance advance)
-{
-    const auto start = std::chrono::steady_clock::now();
-    for (int iteration = 0; iteration < iterations; ++iteration)
-    {
-        advance();
-    }
-    const std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now() - start;
-    return elapsed.count() / iterations;
-}
-
-double GetMedian(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
 bool PrintRatio(const CScene& scene)
 {
     CReferenceWorld plain(scene.world, scene.seed);
     plain.Populate(scene.atoms, scene.minRadius, scene.maxRadius, scene.start);
-    CRandom random(scene.seed);
-    CAtoms atoms;
-    CCollisionGrid grid;
-    Populate(atoms, grid, scene.world, scene.atoms, scene.minRadius, scene.maxRadius, nullptr, random);
+    CBenchmarkWorld fast(scene);
     const auto advancePlain = [&] { plain.Advance(); };
-    const auto advanceFast = [&] { AdvanceOneIteration(atoms, grid, scene.world, random); };
+    const auto advanceFast = [&] { fast.Advance(); };
 
     // The first iteration also warms both up; its time says how many make a turn.
-    const double first = Measure(1, advancePlain);
+    const double first = MeasureMilliseconds(1, advancePlain);
     advanceFast();
     const int iterations = std::max(1, static_cast<int>(c_dMillisecondsPerTurn / first));
     std::vector<double> plainTimes;
     std::vector<double> fastTimes;
     for (int turn = 0; turn < c_iTurns; ++turn)
     {
-        plainTimes.push_back(Measure(iterations, advancePlain));
-        fastTimes.push_back(Measure(iterations, advanceFast));
+        plainTimes.push_back(MeasureMilliseconds(iterations, advancePlain));
+        fastTimes.push_back(MeasureMilliseconds(iterations, advanceFast));
     }
 
-    const std::span<const CAtom> fastAtoms(atoms.GetAtoms(), static_cast<std::size_t>(atoms.GetCount()));
+    const std::span<const CAtom> fastAtoms(fast.atoms.GetAtoms(), static_cast<std::size_t>(fast.atoms.GetCount()));
     const bool bEqual = HashAtoms(plain.GetAtoms()) == HashAtoms(fastAtoms);
     const double plainMs = GetMedian(plainTimes);
     const double fastMs = GetMedian(fastTimes);
@@ -78,6 +53,7 @@ bool PrintRatio(const CScene& scene)
 
 bool PrintRatios()
 {
+    std::printf("instruction set: %s\n", GetSimulationKernels().name);
     std::printf("%-28s %13s %13s %7s   %s\n", "scene", "plain", "program", "ratio", "hashes");
     bool bEqual = true;
     for (const CScene& scene : c_BenchmarkScenes)

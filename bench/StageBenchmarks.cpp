@@ -1,42 +1,14 @@
-#include "classes/core/CRandom.h"
-#include "simulation/CAtoms.h"
-#include "simulation/CCollisionGrid.h"
+#include "bench/BenchmarkScene.h"
+#include "bench/CBenchmarkWorld.h"
 #include "simulation/HandleAtomCollision.h"
-#include "simulation/Iteration.h"
-#include "simulation/Population.h"
 #include "tests/reference/CReferenceWorld.h"
-#include "tests/reference/Scenes.h"
 
-#include <benchmark/benchmark.h>
+#include <cstdint>
+#include <utility>
+#include <vector>
 
 namespace
 {
-
-// A scene in the program's form.
-struct CBenchmarkWorld
-{
-    explicit CBenchmarkWorld(const CScene& scene) : size(scene.world), random(scene.seed)
-    {
-        Populate(atoms, grid, size, scene.atoms, scene.minRadius, scene.maxRadius, nullptr, random);
-    }
-
-    CSize<int> size;
-    CRandom random;
-    CAtoms atoms;
-    CCollisionGrid grid;
-};
-
-const CScene& GetScene(benchmark::State& state)
-{
-    const CScene& scene = c_BenchmarkScenes.at(static_cast<std::size_t>(state.range(0)));
-    state.SetLabel(scene.name);
-    return scene;
-}
-
-void CountAtoms(benchmark::State& state, const CScene& scene)
-{
-    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * scene.atoms);
-}
 
 void Iteration(benchmark::State& state)
 {
@@ -101,30 +73,66 @@ void Population(benchmark::State& state)
     CountAtoms(state, scene);
 }
 
-// One pair again and again, each time overlapping by one unit: the time of a response from end to end.
-void Response(benchmark::State& state)
+using CPair = std::pair<CAtom, CAtom>;
+
+constexpr float c_fMiddle = 500;
+constexpr float c_fDistance = 7;
+constexpr std::uint8_t c_uRadius = 4;
+
+// Two moving atoms that touch.
+CPair MakePair()
 {
-    CRandom random(1);
     CAtom a;
-    a.radius = 4;
+    a.radius = c_uRadius;
     a.vx = 1;
     a.speed = 1;
     CAtom b = a;
     b.vy = 1;
+    return {a, b};
+}
+
+// Puts a pair back to where it overlaps by one unit. The velocities stay: each response waits for those of the one
+// before.
+void Overlap(CPair& pair)
+{
+    pair.first.x = pair.second.x = c_fMiddle;
+    pair.first.y = pair.second.y = c_fMiddle;
+    pair.second.x += c_fDistance;
+}
+
+// One pair again and again: the time of a response from end to end.
+void Response(benchmark::State& state)
+{
+    CRandom random(1);
+    CPair pair = MakePair();
     for (auto _ : state)
     {
-        a.x = b.x = 500;
-        a.y = b.y = 500;
-        b.x += 7;
-        HandleAtomCollision(a, b, random);
-        benchmark::DoNotOptimize(a);
-        benchmark::DoNotOptimize(b);
+        Overlap(pair);
+        HandleAtomCollision(pair.first, pair.second, random);
+        benchmark::DoNotOptimize(pair);
     }
 }
 
-constexpr int c_iSceneCount = static_cast<int>(c_BenchmarkScenes.size());
+// Many pairs that have nothing to do with each other: what a response costs while others are under way.
+void ResponsesOfManyPairs(benchmark::State& state)
+{
+    constexpr int c_iPairs = 256;
+    CRandom random(1);
+    std::vector<CPair> pairs(c_iPairs, MakePair());
+    for (auto _ : state)
+    {
+        for (CPair& pair : pairs)
+        {
+            Overlap(pair);
+            HandleAtomCollision(pair.first, pair.second, random);
+        }
+        benchmark::DoNotOptimize(pairs.data());
+    }
+    ShowTimePer(state, "per_response", c_iPairs);
+}
 
 BENCHMARK(Response);
+BENCHMARK(ResponsesOfManyPairs);
 BENCHMARK(Iteration)->DenseRange(0, c_iSceneCount - 1)->Unit(benchmark::kMillisecond);
 BENCHMARK(PlainIteration)->DenseRange(0, c_iSceneCount - 1)->Unit(benchmark::kMillisecond);
 BENCHMARK(Enter)->DenseRange(0, c_iSceneCount - 1)->Unit(benchmark::kMillisecond);

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "classes/core/CRandom.h"
+#include "classes/core/CSize.h"
+#include "simulation/CAtoms.h"
+#include "simulation/CCollisionGrid.h"
+#include "simulation/Iteration.h"
+#include "simulation/Population.h"
+#include "tests/reference/Scenes.h"
+
+/// A scene in the program's form.
+struct CBenchmarkWorld
+{
+    explicit CBenchmarkWorld(const CScene& scene) : size(scene.world), random(scene.seed)
+    {
+        Populate(atoms, grid, size, scene.atoms, scene.minRadius, scene.maxRadius, nullptr, random);
+    }
+
+    void Advance() { AdvanceOneIteration(atoms, grid, size, random); }
+
+    CSize<int> size;
+    CRandom random;
+    CAtoms atoms;
+    CCollisionGrid grid;
+};

@@ -1,0 +1,172 @@
+#include "bench/BenchmarkScene.h"
+#include "bench/CBenchmarkWorld.h"
+#include "classes/core/CCpuCapabilities.h"
+#include "simulation/SimulationConstants.h"
+#include "simulation/SimulationKernels.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+
+// The stages that exist once per instruction set, each with every set that the machine has: the second argument is its
+// number, slowest first. KINETARIUM_CPU plays no part here.
+
+namespace
+{
+
+std::span<const CSimulationKernels> GetAllKernels()
+{
+    return GetKernels(CCpuCapabilities(false));
+}
+
+const CSimulationKernels& GetKernelSet(benchmark::State& state, const CScene& scene)
+{
+    const CSimulationKernels& kernels = GetAllKernels()[static_cast<std::size_t>(state.range(1))];
+    state.SetLabel(std::string(scene.name) + ", " + kernels.name);
+    return kernels;
+}
+
+void IterationBySet(benchmark::State& state)
+{
+    const CScene& scene = GetScene(state);
+    const CSimulationKernels& kernels = GetKernelSet(state, scene);
+    CBenchmarkWorld world(scene);
+    for (auto _ : state)
+    {
+        benchmark::DoNotOptimize(AdvanceOneIteration(world.atoms, world.grid, world.size, world.random, kernels));
+    }
+    CountAtoms(state, scene);
+    ShowTimePer(state, "per_atom", scene.atoms);
+}
+
+// Whole groups only: what is left over, less than one group, is one atom in a thousand at most.
+void MoveAndEnter(benchmark::State& state)
+{
+    const CScene& scene = GetScene(state);
+    const CSimulationKernels& kernels = GetKernelSet(state, scene);
+    CBenchmarkWorld world(scene);
+    const auto count = world.atoms.GetCount();
+    for (auto _ : state)
+    {
+        world.grid.Clear();
+        std::uint32_t* const pPlaces = world.grid.InsertMany(world.atoms.GetAtoms(), static_cast<std::size_t>(count));
+        const int moved =
+            kernels.pMoveAtomGroups(world.atoms.GetAtoms(), count, world.size, world.grid.GetGeometry(), pPlaces);
+        benchmark::DoNotOptimize(moved);
+        benchmark::DoNotOptimize(world.grid.GetCellAtoms(0).data()); // the first reader fills the lists
+    }
+    CountAtoms(state, scene);
+    ShowTimePer(state, "per_atom", scene.atoms);
+}
+
+CCellList GetTestedAtoms(CCollisionGrid& grid, int cell)
+{
+    if (cell == grid.GetCellCount())
+    {
+        return {nullptr, 0};
+    }
+    const std::span<CAtom* const> atoms = grid.GetCellAtoms(cell);
+    return {atoms.data(), static_cast<int>(std::min<std::size_t>(atoms.size(), c_iMaxTestedAtomsPerCell))};
+}
+
+std::uint32_t CollideAll(CBenchmarkWorld& world, const CSimulationKernels& kernels, CCellScratch& scratch)
+{
+    std::uint32_t uCollisions = 0;
+    CCellList next = GetTestedAtoms(world.grid, 0);
+    for (int cell = 0; cell < world.grid.GetCellCount(); ++cell)
+    {
+        const CCellList atoms = next;
+        next = GetTestedAtoms(world.grid, cell + 1);
+        uCollisions += kernels.pCollideCell(atoms, next, scratch, world.random);
+    }
+    return uCollisions;
+}
+
+void EnterAll(CBenchmarkWorld& world)
+{
+    world.grid.Clear();
+    for (std::int32_t i = 0; i < world.atoms.GetCount(); ++i)
+    {
+        world.grid.Insert(world.atoms[i]);
+    }
+}
+
+// Lets the atoms push each other apart where they are until no two touch; false if they have no room for that. Pushing
+// ends in contact, which counts as touching, so everything is also stretched by a thousandth: more than the tolerance
+// of the push for every sum of two radii, less than anybody would notice.
+bool Settle(CBenchmarkWorld& world, const CSimulationKernels& kernels, CCellScratch& scratch)
+{
+    constexpr int c_iMostPasses = 60;
+    constexpr float c_fStretch = 1.001F;
+    for (int pass = 0; pass < c_iMostPasses; ++pass)
+    {
+        EnterAll(world);
+        if (CollideAll(world, kernels, scratch) == 0)
+        {
+            return true;
+        }
+        for (std::int32_t i = 0; i < world.atoms.GetCount(); ++i)
+        {
+            world.atoms[i].x *= c_fStretch;
+            world.atoms[i].y *= c_fStretch;
+        }
+    }
+    return false;
+}
+
+double CountPairs(CBenchmarkWorld& world)
+{
+    double pairs = 0;
+    for (int cell = 0; cell < world.grid.GetCellCount(); ++cell)
+    {
+        const double count = GetTestedAtoms(world.grid, cell).count;
+        pairs += count * (count - 1) / 2;
+    }
+    return pairs;
+}
+
+// The pair tests of a world in which nothing touches, so that they are all there is to do. A pair is one that the plain
+// rule tests: two atoms of one cell.
+void PairTests(benchmark::State& state)
+{
+    const CScene& scene = GetScene(state);
+    const CSimulationKernels& kernels = GetKernelSet(state, scene);
+    CBenchmarkWorld world(scene);
+    CCellScratch scratch;
+    if (!Settle(world, kernels, scratch))
+    {
+        state.SkipWithError("its atoms have no room to stop touching");
+        return;
+    }
+    std::uint32_t uCollisions = 0;
+    for (auto _ : state)
+    {
+        uCollisions += CollideAll(world, kernels, scratch);
+    }
+    if (uCollisions != 0)
+    {
+        state.SkipWithError("two atoms touched");
+    }
+    ShowTimePer(state, "per_pair", CountPairs(world));
+    ShowTimePer(state, "per_atom", scene.atoms);
+}
+
+void AddArguments(benchmark::internal::Benchmark* pBenchmark)
+{
+    for (int scene = 0; scene < c_iSceneCount; ++scene)
+    {
+        for (int set = 0; set < static_cast<int>(GetAllKernels().size()); ++set)
+        {
+            pBenchmark->Args({scene, set});
+        }
+    }
+    pBenchmark->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(IterationBySet)->Apply(AddArguments);
+BENCHMARK(MoveAndEnter)->Apply(AddArguments);
+BENCHMARK(PairTests)->Apply(AddArguments);
+
+} // namespace
