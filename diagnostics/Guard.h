@@ -72,21 +72,17 @@ R Guarded(const CTraceSite& site, R failure, F&& body) noexcept
 template<class F>
 void Traced(const CTraceSite& site, F&& body) noexcept
 {
-    Guarded(site,
-            [&]
-            {
-                const CProfile scope(FormatScopeText(site), site.pDebugLog, true, false);
-                Guarded(site, std::forward<F>(body));
-            });
+    Guarded(site, [&] {
+        const CProfile scope(FormatScopeText(site), site.pDebugLog, true, false);
+        Guarded(site, std::forward<F>(body));
+    });
 }
 
 template<class R, class F>
 R Traced(const CTraceSite& site, R failure, F&& body) noexcept
 {
-    return Guarded(site, failure,
-                   [&]
-                   {
-                       const CProfile scope(FormatScopeText(site), site.pDebugLog, true, false);
-                       return Guarded(site, failure, std::forward<F>(body));
-                   });
+    return Guarded(site, failure, [&] {
+        const CProfile scope(FormatScopeText(site), site.pDebugLog, true, false);
+        return Guarded(site, failure, std::forward<F>(body));
+    });
 }

@@ -18,19 +18,17 @@ constexpr int c_iCellsPerRow = 2;
 /// Adds all rows, with what stands before and after each text. There is no window here whose log could be used.
 void FillRows(CDataCube* pStrings, std::wstring_view sBefore, std::wstring_view sAfter, const CTraceSite& site)
 {
-    Guarded(site,
-            [&]
-            {
-                if (pStrings == nullptr)
-                    return;
-                for (const CStringRow& row : StringTable_GetRows())
-                {
-                    CWString sText(sBefore);
-                    sText += row.sText;
-                    sText += sAfter;
-                    pStrings->AddRow(c_iAtEnd, c_iCellsPerRow, row.sKey, sText);
-                }
-            });
+    Guarded(site, [&] {
+        if (pStrings == nullptr)
+            return;
+        for (const CStringRow& row : StringTable_GetRows())
+        {
+            CWString sText(sBefore);
+            sText += row.sText;
+            sText += sAfter;
+            pStrings->AddRow(c_iAtEnd, c_iCellsPerRow, row.sKey, sText);
+        }
+    });
 }
 
 /// The English texts. The site is that of the calling filler.
@@ -49,16 +47,14 @@ void AddRowsInBrackets(CDataCube* pStrings, const CTraceSite& site = {nullptr, _
 
 void TranslateStrings_Kinetarium(CDataCube* pStrings, unsigned char uLanguage) noexcept
 {
-    Guarded({nullptr, __TIMESTAMP__},
-            [&]
-            {
-                if (pStrings == nullptr)
-                    return;
-                pStrings->DeleteColumn(c_iAll);
-                pStrings->AddColumn(L"IDS", c_iColumnTypeWideText, c_iAtEnd, c_iColumnWidth, false);
-                pStrings->AddColumn(L"Strings", c_iColumnTypeWideText, c_iAtEnd, c_iColumnWidth, false);
-                Languages_Find(uLanguage).pFill(pStrings);
-            });
+    Guarded({nullptr, __TIMESTAMP__}, [&] {
+        if (pStrings == nullptr)
+            return;
+        pStrings->DeleteColumn(c_iAll);
+        pStrings->AddColumn(L"IDS", c_iColumnTypeWideText, c_iAtEnd, c_iColumnWidth, false);
+        pStrings->AddColumn(L"Strings", c_iColumnTypeWideText, c_iAtEnd, c_iColumnWidth, false);
+        Languages_Find(uLanguage).pFill(pStrings);
+    });
 }
 
 void TranslateStrings_Kinetarium_Arabic(CDataCube* pStrings) noexcept
