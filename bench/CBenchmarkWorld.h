@@ -11,9 +11,21 @@
 /// A scene in the program's form.
 struct CBenchmarkWorld
 {
+    static constexpr int c_iSettlingIterations = 20;
+
     explicit CBenchmarkWorld(const CScene& scene) : size(scene.world), random(scene.seed)
     {
         Populate(atoms, grid, size, scene.atoms, scene.minRadius, scene.maxRadius, nullptr, random);
+    }
+
+    /// Some iterations, after which the overlaps that random positions begin with are gone. The first of them handle
+    /// many times as many collisions as any later one.
+    void Settle()
+    {
+        for (int iteration = 0; iteration < c_iSettlingIterations; ++iteration)
+        {
+            Advance();
+        }
     }
 
     void Advance() { AdvanceOneIteration(atoms, grid, size, random); }

@@ -1,4 +1,5 @@
 #include "bench/FrameCapRun.h"
+#include "bench/Growth.h"
 #include "bench/Ratios.h"
 
 #ifdef KINETARIUM_HAS_BENCHMARK
@@ -19,6 +20,7 @@ int PrintUsage()
 {
     std::puts("kinetarium-bench --ratios               plain form against the program's own, five scenes;\n"
               "                                        fails if one bit of the results differs\n"
+              "kinetarium-bench --growth               time and memory per atom, from 1,000 atoms to 1,000,000\n"
               "kinetarium-bench --frame-cap [SECONDS]  iterations per second of the run loop without drawing");
 #ifdef KINETARIUM_HAS_BENCHMARK
     std::puts("kinetarium-bench [--benchmark_...]      every stage by itself (see --help of Google Benchmark)");
@@ -50,6 +52,11 @@ int main(int argc, char** argv)
     if (sOption == "--ratios" && argc == 2)
     {
         return PrintRatios() ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+    if (sOption == "--growth" && argc == 2)
+    {
+        PrintGrowth();
+        return EXIT_SUCCESS;
     }
     if (sOption == "--frame-cap")
     {

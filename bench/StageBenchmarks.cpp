@@ -14,6 +14,7 @@ void Iteration(benchmark::State& state)
 {
     const CScene& scene = GetScene(state);
     CBenchmarkWorld world(scene);
+    world.Settle();
     for (auto _ : state)
     {
         benchmark::DoNotOptimize(AdvanceOneIteration(world.atoms, world.grid, world.size, world.random));
@@ -26,6 +27,10 @@ void PlainIteration(benchmark::State& state)
     const CScene& scene = GetScene(state);
     CReferenceWorld world(scene.world, scene.seed);
     world.Populate(scene.atoms, scene.minRadius, scene.maxRadius, scene.start);
+    for (int iteration = 0; iteration < CBenchmarkWorld::c_iSettlingIterations; ++iteration)
+    {
+        world.Advance();
+    }
     for (auto _ : state)
     {
         benchmark::DoNotOptimize(world.Advance());

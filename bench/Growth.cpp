@@ -1,0 +1,106 @@
+#include "bench/Growth.h"
+
+#include "bench/CBenchmarkWorld.h"
+#include "bench/Measurement.h"
+#include "simulation/SimulationConstants.h"
+#include "simulation/SimulationKernels.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
+namespace
+{
+
+constexpr std::array c_Counts = {1'000, 3'000, 10'000, 30'000, 100'000, 300'000, 1'000'000};
+constexpr double c_dAreaPerAtom = 100; // square units: half of it filled at radii of 3 to 5
+constexpr int c_iTurns = 9;
+constexpr double c_dMillisecondsPerTurn = 100;
+constexpr double c_dNanosecondsPerMillisecond = 1e6;
+constexpr double c_dMicrosecondsPerMillisecond = 1e3;
+
+// Bytes that the program has asked for and not given back; 0 where the library cannot tell.
+std::size_t GetAllocatedBytes()
+{
+#ifdef __GLIBC__
+    const struct mallinfo2 info = mallinfo2();
+    return info.uordblks + info.hblkhd;
+#else
+    return 0;
+#endif
+}
+
+// Milliseconds per iteration: the median of some turns.
+double MeasureIteration(CBenchmarkWorld& world)
+{
+    const auto advance = [&world] { world.Advance(); };
+    world.Settle();
+    const double first = MeasureMilliseconds(1, advance);
+    const int iterations = std::max(1, static_cast<int>(c_dMillisecondsPerTurn / first));
+    std::vector<double> times;
+    for (int turn = 0; turn < c_iTurns; ++turn)
+    {
+        times.push_back(MeasureMilliseconds(iterations, advance));
+    }
+    return GetMedian(times);
+}
+
+// How many collisions an iteration handles per hundred atoms, over some iterations.
+double MeasureCollisionPercent(CBenchmarkWorld& world)
+{
+    constexpr int c_iIterations = 10;
+    double collisions = 0;
+    for (int iteration = 0; iteration < c_iIterations; ++iteration)
+    {
+        collisions += AdvanceOneIteration(world.atoms, world.grid, world.size, world.random);
+    }
+    return c_dPercent * collisions / c_iIterations / world.atoms.GetCount();
+}
+
+void PrintRow(std::int32_t count, int length)
+{
+    const CScene scene = {"", {length, length}, count, 3, 5, 1, std::nullopt};
+    const std::size_t uBefore = GetAllocatedBytes();
+    CBenchmarkWorld world(scene);
+    const double milliseconds = MeasureIteration(world);
+    const auto bytes = static_cast<double>(GetAllocatedBytes() - uBefore);
+    const std::string sWorld = std::to_string(length) + " x " + std::to_string(length);
+    std::printf("%9d  %-13s %11.2f %11.2f %12.1f %12.1f %11.1f %11.2f\n", count, sWorld.c_str(),
+                static_cast<double>(count) / world.grid.GetCellCount(), MeasureCollisionPercent(world),
+                milliseconds * c_dMicrosecondsPerMillisecond, milliseconds * c_dNanosecondsPerMillisecond / count,
+                bytes / count, bytes / (1 << 20));
+    std::fflush(stdout);
+}
+
+void PrintHead(const char* sTitle)
+{
+    std::printf("\n%s\n%9s  %-13s %11s %11s %12s %12s %11s %11s\n", sTitle, "atoms", "world", "atoms/cell",
+                "collided %", "us/iteration", "ns/atom", "bytes/atom", "MiB");
+}
+
+} // namespace
+
+void PrintGrowth()
+{
+    std::printf("instruction set: %s\n", GetSimulationKernels().name);
+    PrintHead("the same density: 100 square units per atom");
+    for (const std::int32_t count : c_Counts)
+    {
+        const int length = static_cast<int>(std::lround(std::sqrt(c_dAreaPerAtom * count)));
+        PrintRow(count, std::min(length, c_iMaxWorldLength));
+    }
+    PrintHead("the same world");
+    for (const std::int32_t count : c_Counts)
+    {
+        PrintRow(count, c_iMaxWorldLength);
+    }
+}
