@@ -13,7 +13,7 @@ namespace
 {
 constexpr const wchar_t* c_sWindowClass = L"CKinetarium";
 constexpr const wchar_t* c_sCaption = L"Kinetarium";
-constexpr const wchar_t* c_sVersion = L"v2.0.0     Made for everyone who loves to watch matter move";
+constexpr const wchar_t* c_sVersion = L"v2.0.0     Watch matter move";
 
 constexpr unsigned char c_byLanguageEnglish = 7;
 constexpr unsigned char c_byLanguageArabic = 1;
