@@ -42,15 +42,46 @@ private:
     bool m_bWasEnabled;
 };
 
-void RunUntilClosed(const CMessageBoxDialog& dialog)
+constexpr LPARAM c_iRepeated = LPARAM{1} << 30; // the bit of a key message that says the key was down before
+constexpr DWORD c_uReleasePoll = 10;            // ms between two looks at a key that may be released elsewhere
+
+// Enter on the Start button may open the message; held a little longer, it must not close it unread.
+bool IsRepeatedAnswer(const MSG& msg)
 {
-    const MessageFilter filter = [&dialog](const MSG& msg) {
+    return msg.message == WM_KEYDOWN && (msg.lParam & c_iRepeated) != 0 &&
+           (msg.wParam == VK_RETURN || msg.wParam == VK_ESCAPE);
+}
+
+MessageFilter MakeFilter(const CMessageBoxDialog& dialog)
+{
+    return [&dialog](const MSG& msg) {
+        if (IsRepeatedAnswer(msg))
+            return true;
         MSG copy = msg;
         return IsWindow(dialog.GetWindowHandle()) && IsDialogMessageW(dialog.GetWindowHandle(), &copy) != FALSE;
     };
+}
+
+void RunUntilClosed(const CMessageBoxDialog& dialog)
+{
+    const MessageFilter filter = MakeFilter(dialog);
     while (!dialog.IsClosed() && MessagePump_RunPending(nullptr, filter))
         if (!dialog.IsClosed())
             WaitMessage();
+}
+
+// The main window leaves full screen when Escape goes up. The Escape that closes a message goes up after it: the
+// message stays until then, and takes it. In the foreground of another program the key's end would never be seen here.
+void RunUntilEscapeIsUp(const CMessageBoxDialog& dialog)
+{
+    const MessageFilter filter = MakeFilter(dialog);
+    const HWND hDialog = dialog.GetWindowHandle();
+    // What waits already is taken first: the key may have gone up before the message could heed it.
+    while (IsWindow(hDialog) && MessagePump_RunPending(nullptr, filter) && GetKeyState(VK_ESCAPE) < 0 &&
+           GetForegroundWindow() == hDialog)
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, c_uReleasePoll, QS_ALLINPUT);
+    if (IsWindow(hDialog))
+        MessagePump_RunPending(nullptr, filter);
 }
 } // namespace
 
@@ -67,6 +98,7 @@ int CMessageBox::ShowDialog(const CWString& sText, const CWString& sTitle, int, 
     if (!dialog.Create(hInstance, hOwner))
         return 0;
     RunUntilClosed(dialog);
+    RunUntilEscapeIsUp(dialog);
     owner.EnableOwner();
     dialog.Destroy();
     return dialog.WasAnswered() ? 1 : 0;

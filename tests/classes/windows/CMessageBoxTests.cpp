@@ -123,6 +123,23 @@ TEST_F(MessageBoxTest, EscapeClosesIt)
     EXPECT_TRUE(m_Main.m_keysUp.empty()) << "the main window does not see that Escape";
 }
 
+TEST_F(MessageBoxTest, AKeyThatWasDownBeforeItOpenedDoesNotCloseIt)
+{
+    bool bStayed = false;
+    Show([&](HWND hBox) {
+        const HWND hButton = FindWindowExW(hBox, nullptr, L"Button", nullptr);
+        for (const WPARAM wKey : {WPARAM{VK_RETURN}, WPARAM{VK_ESCAPE}})
+            PostMessageW(hButton, WM_KEYDOWN, wKey, (LPARAM{1} << 30) | 1);
+        PostMessageW(hButton, WM_KEYUP, VK_RETURN, (LPARAM{3} << 30) | 1);
+        // Long enough for all of that to be heeded.
+        constexpr DWORD c_uMilliseconds = 300;
+        Sleep(c_uMilliseconds);
+        bStayed = IsWindow(hBox) != FALSE;
+        PressKeyIn(hBox, VK_RETURN);
+    });
+    EXPECT_TRUE(bStayed);
+}
+
 TEST_F(MessageBoxTest, TheCloseBoxClosesIt)
 {
     EXPECT_EQ(Show([](HWND hBox) { PostMessageW(hBox, WM_SYSCOMMAND, SC_CLOSE, 0); }), 1);
