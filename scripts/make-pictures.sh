@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# Builds Kinetarium and takes the pictures of docs/user-guide.md anew, from the running program on a virtual display:
+#
+#   make-pictures.sh [--tree FOLDER] [--prefix FOLDER]
+#
+#   --tree FOLDER    use a build that is there already instead of building the preset windows-release
+#   --prefix FOLDER  the Wine prefix (that of wine-session.sh)
+#
+# With ImageMagick's "convert" on the machine the pictures become half as large.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+folder=docs/images
+tree=
+session=()
+while [ $# -gt 0 ]; do
+    case "$1" in
+    --tree) tree=${2:?--tree needs a folder} && shift 2 ;;
+    --prefix) session=(--prefix "${2:?--prefix needs a folder}") && shift 2 ;;
+    *) echo "make-pictures: unknown argument $1" >&2 && exit 2 ;;
+    esac
+done
+if [ -z "$tree" ]; then
+    scripts/build.sh windows-release -- Kinetarium kinetarium-pictures
+    tree=build/windows-release
+fi
+
+mkdir -p "$folder"
+export KINETARIUM_WITHOUT_DIRECT2D=1
+scripts/wine-session.sh "${session[@]}" timeout --foreground --kill-after=10 300 \
+    scripts/wine-emulator.sh "$tree/bin/kinetarium-pictures.exe" "$tree/bin/Kinetarium.exe" "$folder"
+
+colours=128 # a window shows few: the backdrop's shades, the controls and the atoms
+if command -v convert >/dev/null; then
+    for name in panel-speed panel-fixed message lowered run; do
+        convert "$folder/$name.png" -dither None -colors "$colours" -strip "PNG8:$folder/$name.small"
+        mv "$folder/$name.small" "$folder/$name.png"
+    done
+fi
+ls -l "$folder"

@@ -1,0 +1,220 @@
+#include "tests/endtoend/CPanelUser.h"
+
+#include "tests/endtoend/Keyboard.h"
+#include "tests/endtoend/UserInput.h"
+#include "tests/endtoend/WaitUntil.h"
+
+#include <chrono>
+#include <stdexcept>
+
+namespace
+{
+constexpr auto c_patience = std::chrono::milliseconds(20000);
+constexpr int c_iFirstControlId = 200; // the number of the panel's first row
+
+std::wstring ClassOf(HWND hWindow)
+{
+    constexpr int c_iLongest = 64;
+    wchar_t sClass[c_iLongest] = L"";
+    GetClassNameW(hWindow, sClass, c_iLongest);
+    return sClass;
+}
+
+std::string Narrow(const std::wstring& sText)
+{
+    std::string sResult;
+    for (const wchar_t c : sText)
+    {
+        constexpr wchar_t c_cLastAscii = 0x7E;
+        sResult += c >= L' ' && c <= c_cLastAscii ? static_cast<char>(c) : '?';
+    }
+    return sResult;
+}
+
+struct CDialogSearch
+{
+    HWND hOwner;
+    HWND hFound;
+};
+
+BOOL CALLBACK MatchDialog(HWND hWindow, LPARAM iSearch)
+{
+    auto& search = *reinterpret_cast<CDialogSearch*>(iSearch);
+    if (GetWindow(hWindow, GW_OWNER) != search.hOwner || IsWindowVisible(hWindow) == FALSE ||
+        ClassOf(hWindow) != L"#32770")
+    {
+        return TRUE;
+    }
+    search.hFound = hWindow;
+    return FALSE;
+}
+
+BOOL CALLBACK ReadPart(HWND hWindow, LPARAM iMessage)
+{
+    auto& message = *reinterpret_cast<CSeenMessage*>(iMessage);
+    const std::wstring sText = ReadText(hWindow);
+    if (ClassOf(hWindow) == L"Button")
+    {
+        message.button = sText;
+        ++message.buttons;
+    }
+    else if (!sText.empty())
+    {
+        message.text += sText;
+    }
+    return TRUE;
+}
+} // namespace
+
+CPanelUser::CPanelUser(const CKinetariumUser& user)
+    : m_user(user), m_hPanel(FindWindowExW(user.GetMainWindow(), nullptr, L"CDataCtrlGroup", nullptr))
+{
+    if (m_hPanel == nullptr)
+    {
+        throw std::runtime_error("there is no settings panel");
+    }
+}
+
+HWND CPanelUser::GetControl(EnumPanelRow eRow) const
+{
+    const HWND hControl = GetDlgItem(m_hPanel, c_iFirstControlId + static_cast<int>(eRow));
+    if (hControl == nullptr)
+    {
+        throw std::runtime_error("the panel has no such row");
+    }
+    return hControl;
+}
+
+RECT CPanelUser::GetControlRectangle(EnumPanelRow eRow) const
+{
+    RECT rc{};
+    GetWindowRect(GetControl(eRow), &rc);
+    return rc;
+}
+
+bool CPanelUser::IsWhollyVisible(EnumPanelRow eRow) const
+{
+    RECT rcPanel{};
+    GetWindowRect(m_hPanel, &rcPanel);
+    const RECT rcControl = GetControlRectangle(eRow);
+    return rcControl.top >= rcPanel.top && rcControl.bottom <= rcPanel.bottom;
+}
+
+bool CPanelUser::IsEnabled(EnumPanelRow eRow) const
+{
+    return IsWindowEnabled(GetControl(eRow)) != FALSE;
+}
+
+std::wstring CPanelUser::Read(EnumPanelRow eRow) const
+{
+    return ReadText(GetControl(eRow));
+}
+
+int CPanelUser::GetScrollPosition() const
+{
+    SCROLLINFO info{};
+    info.cbSize = sizeof(info);
+    info.fMask = SIF_POS;
+    GetScrollInfo(m_hPanel, SB_VERT, &info);
+    return info.nPos;
+}
+
+bool CPanelUser::IsListOpen() const
+{
+    return SendMessageW(GetControl(EnumPanelRow::ColourMode), CB_GETDROPPEDSTATE, 0, 0) != FALSE;
+}
+
+HWND CPanelUser::GetFocus() const
+{
+    GUITHREADINFO info{};
+    info.cbSize = sizeof(info);
+    GetGUIThreadInfo(GetWindowThreadProcessId(m_user.GetMainWindow(), nullptr), &info);
+    return info.hwndFocus;
+}
+
+void CPanelUser::WaitForFocus(HWND hWindow) const
+{
+    WaitUntil("the focus to come to a " + Narrow(ClassOf(hWindow)) + " " + std::to_string(GetDlgCtrlID(hWindow)),
+              c_patience, [&] { return GetFocus() == hWindow; });
+}
+
+void CPanelUser::WaitForText(EnumPanelRow eRow, const std::wstring& sText) const
+{
+    try
+    {
+        WaitUntil("a row to read \"" + Narrow(sText) + "\"", c_patience, [&] { return Read(eRow) == sText; });
+    }
+    catch (const std::runtime_error& error)
+    {
+        throw std::runtime_error(std::string(error.what()) + "; it reads \"" + Narrow(Read(eRow)) + "\"");
+    }
+}
+
+void CPanelUser::Click(EnumPanelRow eRow) const
+{
+    BringToFront(m_user.GetMainWindow());
+    const RECT rc = GetControlRectangle(eRow);
+    ClickLeft({(rc.left + rc.right) / 2, (rc.top + rc.bottom) / 2});
+}
+
+void CPanelUser::Enter(EnumPanelRow eRow, const std::wstring& sTyped, const std::wstring& sExpected) const
+{
+    Click(eRow);
+    WaitForFocus(GetControl(eRow));
+    PressKeyWith(VK_CONTROL, 'A');
+    TypeText(sTyped);
+    WaitForText(eRow, sExpected);
+}
+
+void CPanelUser::Clear(EnumPanelRow eRow) const
+{
+    Click(eRow);
+    WaitForFocus(GetControl(eRow));
+    PressKeyWith(VK_CONTROL, 'A');
+    PressKey(VK_DELETE);
+    WaitForText(eRow, L"");
+}
+
+void CPanelUser::ChooseMode(const std::wstring& sMode) const
+{
+    Click(EnumPanelRow::ColourMode); // opens the list as well
+    WaitForFocus(GetControl(EnumPanelRow::ColourMode));
+    WaitUntil("the list to open", c_patience, [&] { return IsListOpen(); });
+    PressKey(sMode == L"Fixed" ? WORD{VK_HOME} : WORD{VK_END});
+    PressKey(VK_RETURN);
+    WaitUntil("the list to close", c_patience, [&] { return !IsListOpen(); });
+    WaitForText(EnumPanelRow::ColourMode, sMode);
+}
+
+void CPanelUser::ClickStart() const
+{
+    BringToFront(m_user.GetMainWindow());
+    RECT rc{};
+    GetWindowRect(m_user.GetButton(), &rc);
+    ClickLeft({(rc.left + rc.right) / 2, (rc.top + rc.bottom) / 2});
+}
+
+HWND CPanelUser::FindDialog() const
+{
+    CDialogSearch search{m_user.GetMainWindow(), nullptr};
+    EnumWindows(MatchDialog, reinterpret_cast<LPARAM>(&search));
+    return search.hFound;
+}
+
+CSeenMessage CPanelUser::WaitForMessage() const
+{
+    const HWND hWindow = WaitUntil("a message", c_patience, [&] {
+        const HWND hFound = FindDialog();
+        return hFound != nullptr && GetForegroundWindow() == hFound ? hFound : nullptr;
+    });
+    CSeenMessage message;
+    message.hWindow = hWindow;
+    message.title = ReadText(hWindow);
+    EnumChildWindows(hWindow, ReadPart, reinterpret_cast<LPARAM>(&message));
+    return message;
+}
+
+void CPanelUser::WaitUntilClosed(HWND hDialog) const
+{
+    WaitUntil("the message to close", c_patience, [&] { return IsWindow(hDialog) == FALSE; });
+}

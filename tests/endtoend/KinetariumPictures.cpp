@@ -1,0 +1,158 @@
+// Takes the pictures of the user guide: starts the program, uses it as the guide describes, and saves what the screen
+// shows.
+
+#include "tests/endtoend/CDrivenProgram.h"
+#include "tests/endtoend/CKinetariumUser.h"
+#include "tests/endtoend/CPanelUser.h"
+#include "tests/endtoend/CScreenPicture.h"
+#include "tests/endtoend/Keyboard.h"
+#include "tests/endtoend/UserInput.h"
+#include "tests/endtoend/WaitUntil.h"
+
+#include <CLI/CLI.hpp>
+
+#include <chrono>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+
+namespace
+{
+using Row = EnumPanelRow;
+
+constexpr auto c_endPatience = std::chrono::milliseconds(20000);
+constexpr DWORD c_uPaintMilliseconds = 500; // for the program to draw what has changed
+
+class CPhotographer
+{
+public:
+    CPhotographer(const std::filesystem::path& program, std::filesystem::path folder)
+        : m_copy(program), m_program(m_copy.GetPath()), m_user(m_program), m_panel(m_user), m_folder(std::move(folder))
+    {
+        BringToFront(m_user.GetMainWindow());
+        m_user.RestMouse();
+    }
+
+    void Take_Panel();
+    void Take_Messages();
+    void Take_Lowered();
+    void Take_Run();
+    void End() const
+    {
+        m_user.Close();
+        if (const DWORD uExitCode = m_program.WaitForExit(c_endPatience); uExitCode != 0)
+            throw std::runtime_error("the program ended with exit code " + std::to_string(uExitCode));
+    }
+
+private:
+    void Save(const RECT& rc, const char* sName) const
+    {
+        Sleep(c_uPaintMilliseconds);
+        CScreenPicture(rc).SavePng(m_folder / (std::string(sName) + ".png"));
+        std::cout << "Saved " << sName << std::endl;
+    }
+
+    // The panel with the Start button above it.
+    RECT GetPanelRectangle() const
+    {
+        RECT rcPanel{};
+        GetWindowRect(m_panel.GetPanel(), &rcPanel);
+        RECT rcButton{};
+        GetWindowRect(m_user.GetButton(), &rcButton);
+        RECT rc{};
+        UnionRect(&rc, &rcPanel, &rcButton);
+        constexpr int c_iMargin = 6; // pixels
+        InflateRect(&rc, c_iMargin, c_iMargin);
+        return rc;
+    }
+
+    CProgramCopy m_copy;
+    CDrivenProgram m_program;
+    CKinetariumUser m_user;
+    CPanelUser m_panel;
+    std::filesystem::path m_folder;
+};
+
+void CPhotographer::Take_Panel()
+{
+    m_panel.Enter(Row::TotalAtoms, L"1000");
+    m_user.RestMouse();
+    Save(GetPanelRectangle(), "panel-speed");
+    m_panel.ChooseMode(L"Fixed");
+    m_panel.Enter(Row::Factor1, L"25%");
+    m_panel.Enter(Row::Factor2, L"50%");
+    m_panel.Clear(Row::Factor3);
+    m_user.RestMouse();
+    Save(GetPanelRectangle(), "panel-fixed");
+}
+
+void CPhotographer::Take_Messages()
+{
+    m_panel.ChooseMode(L"Speed");
+    m_panel.Enter(Row::Factor1, L"50%");
+    m_panel.Enter(Row::Factor3, L"1.25");
+    m_panel.ClickStart();
+    const CSeenMessage message = m_panel.WaitForMessage();
+    m_user.RestMouse();
+    RECT rc{};
+    GetWindowRect(message.hWindow, &rc);
+    Save(rc, "message");
+    PressKey(VK_RETURN);
+    m_panel.WaitUntilClosed(message.hWindow);
+    m_panel.Enter(Row::Factor1, L"0.75");
+}
+
+void CPhotographer::Take_Run()
+{
+    m_panel.Enter(Row::TotalAtoms, L"1000");
+    m_user.PressStart();
+    m_user.RestMouse();
+    m_user.WaitForStatistics(0);
+    Save(m_user.GetWindowRectangle(), "run");
+    m_user.PressStop();
+}
+
+void CPhotographer::Take_Lowered()
+{
+    constexpr int c_iWidth = 1000;
+    constexpr int c_iHeight = 400;
+    constexpr int c_iNotches = -20;
+    const RECT rcBefore = m_user.GetWindowRectangle();
+    SetWindowPos(m_user.GetMainWindow(), nullptr, 0, 0, c_iWidth, c_iHeight, SWP_NOMOVE | SWP_NOZORDER);
+    const RECT rcWidth = m_panel.GetControlRectangle(Row::Width);
+    TurnWheel({rcWidth.left, rcWidth.top}, c_iNotches);
+    WaitUntil("the last row to come into view", c_endPatience, [&] { return m_panel.IsWhollyVisible(Row::Factor3); });
+    m_panel.Enter(Row::Factor3, L"1.25");
+    m_user.RestMouse();
+    Save(m_user.GetWindowRectangle(), "lowered");
+    SetWindowPos(m_user.GetMainWindow(), nullptr, 0, 0, rcBefore.right - rcBefore.left, rcBefore.bottom - rcBefore.top,
+                 SWP_NOMOVE | SWP_NOZORDER);
+}
+} // namespace
+
+int main(int iArguments, char** ppArguments)
+{
+    std::string sProgram;
+    std::string sFolder;
+    CLI::App app("Takes the pictures of Kinetarium's user guide.");
+    app.add_option("program", sProgram, "Kinetarium.exe")->required()->check(CLI::ExistingFile);
+    app.add_option("folder", sFolder, "where the PNG files go")->required()->check(CLI::ExistingDirectory);
+    CLI11_PARSE(app, iArguments, ppArguments);
+    try
+    {
+        CPhotographer photographer(std::filesystem::absolute(sProgram), std::filesystem::absolute(sFolder));
+        photographer.Take_Panel();
+        photographer.Take_Messages();
+        photographer.Take_Run();
+        photographer.Take_Lowered();
+        photographer.End();
+    }
+    catch (const std::exception& error)
+    {
+        std::cerr << "error: " << error.what() << std::endl;
+        return 1;
+    }
+    return 0;
+}
