@@ -77,7 +77,8 @@ DWORD CDrivenProgram::WaitForExit(std::chrono::milliseconds patience) const
 
 CProcessCounts CDrivenProgram::Count() const
 {
-    return {CountThreads(m_uProcessId), CountHandles(m_uProcessId), CountGdiObjects(m_hProcess)};
+    return {CountThreads(m_uProcessId), CountHandles(m_uProcessId), CountGdiObjects(m_hProcess),
+            CountUserObjects(m_hProcess)};
 }
 
 bool CDrivenProgram::HasModuleFrom(const std::wstring& sFile, const std::wstring& sFolder) const

@@ -10,8 +10,9 @@
 struct CProcessCounts
 {
     int threads = 0;
-    int handles = 0;    // kernel handles
-    int gdiObjects = 0; // device contexts, bitmaps, fonts, brushes, pens, regions
+    int handles = 0;     // kernel handles
+    int gdiObjects = 0;  // device contexts, bitmaps, fonts, brushes, pens, regions
+    int userObjects = 0; // windows above all, menus, cursors
 };
 
 /// A program in a process of its own, started by the constructor and, if it still runs then, ended by the destructor.

@@ -52,6 +52,20 @@ void ReadOther(HANDLE hProcess, const void* pFrom, T* pTo, std::size_t uCount)
         throw std::runtime_error("the memory of the program cannot be read");
     }
 }
+struct CWindowCount
+{
+    DWORD uProcessId;
+    int iWindows;
+};
+
+BOOL CALLBACK CountWindow(HWND hWindow, LPARAM iCount)
+{
+    auto& count = *reinterpret_cast<CWindowCount*>(iCount);
+    DWORD uProcessId = 0;
+    GetWindowThreadProcessId(hWindow, &uProcessId);
+    count.iWindows += uProcessId == count.uProcessId ? 1 : 0;
+    return TRUE;
+}
 } // namespace
 
 int CountThreads(DWORD uProcessId)
@@ -126,4 +140,21 @@ int CountGdiObjects(HANDLE hProcess)
         iCount += entry.type != 0 ? 1 : 0;
     }
     return iCount;
+}
+
+int CountUserObjects(HANDLE hProcess)
+{
+    if (const DWORD uCount = GetGuiResources(hProcess, GR_USEROBJECTS); uCount != 0)
+    {
+        return static_cast<int>(uCount);
+    }
+    CWindowCount count{GetProcessId(hProcess), 0};
+    // Below the desktop stand all windows but those that only take messages.
+    EnumChildWindows(GetDesktopWindow(), CountWindow, reinterpret_cast<LPARAM>(&count));
+    HWND hWindow = nullptr;
+    while ((hWindow = FindWindowExW(HWND_MESSAGE, hWindow, nullptr, nullptr)) != nullptr)
+    {
+        CountWindow(hWindow, reinterpret_cast<LPARAM>(&count));
+    }
+    return count.iWindows;
 }

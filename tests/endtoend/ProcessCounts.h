@@ -10,3 +10,6 @@ int CountHandles(DWORD uProcessId);
 
 /// How many GDI objects the process holds.
 int CountGdiObjects(HANDLE hProcess);
+
+/// How many user objects the process holds; under Wine, which does not count them, how many windows it has.
+int CountUserObjects(HANDLE hProcess);
