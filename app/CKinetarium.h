@@ -97,6 +97,7 @@ private:
     bool On_ButtonClick(HWND hButton);
     void On_ColourModeChosen();
     void SaveWindowRectangle();
+    bool IsDebugLogFull() const;
     void PruneDebugLog(unsigned uKeep);
 
     // Simulation

@@ -1,11 +1,13 @@
 #include "app/CKinetarium.h"
 #include "app/SettingsRules.h"
 #include "classes/core/CRect.h"
+#include "classes/core/OutputDebugMessage.h"
 #include "classes/windows/RectHelpers.h"
 #include "diagnostics/Guard.h"
 #include "diagnostics/PruneDebugLog.h"
 
 #include <cstdint>
+#include <mutex>
 #include <string_view>
 #include <windowsx.h>
 
@@ -85,6 +87,7 @@ std::optional<LRESULT> CKinetarium::On_EndSession(WPARAM wParam, LPARAM)
     if (wParam != 0)
     {
         Settings_Save();
+        ShowWindow(m_hWnd, SW_RESTORE); // as at a close: a minimised window lies outside every screen
         SaveWindowRectangle();
         StopSimulation();
     }
@@ -217,9 +220,16 @@ std::optional<LRESULT> CKinetarium::On_Timer(WPARAM wParam, LPARAM)
     }
     if (wParam != c_uPruneTimer)
         return std::nullopt;
-    if (m_pDebugLog != nullptr && NeedsPruning(m_pDebugLog->length(), m_pDebugLog->capacity()))
+    if (m_pDebugLog != nullptr && IsDebugLogFull())
         PruneDebugLog(static_cast<unsigned>(m_pDebugLog->capacity() / 2));
     return 0;
+}
+
+// The worker may be writing to the log at this moment.
+bool CKinetarium::IsDebugLogFull() const
+{
+    const std::lock_guard lock(DebugLog_GetMutex());
+    return NeedsPruning(m_pDebugLog->length(), m_pDebugLog->capacity());
 }
 
 void CKinetarium::PruneDebugLog(unsigned uKeep)

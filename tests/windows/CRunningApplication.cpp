@@ -85,6 +85,19 @@ void CKinetariumProbe::SetColour(CKinetarium& application, const wchar_t* sKey, 
 {
     application.SetButtonColour(sKey, crColour);
 }
+void CKinetariumProbe::SetBusy(CKinetarium& application, bool bBusy)
+{
+    application.m_bBusy = bBusy;
+}
+bool CKinetariumProbe::FitWindowOnMonitor(CKinetarium& application, RECT* pRect)
+{
+    return application.FitWindowOnMonitor(pRect);
+}
+void CKinetariumProbe::LoseFinishedEvent(CKinetarium& application)
+{
+    CloseHandle(application.m_hSimulationDone);
+    application.m_hSimulationDone = nullptr;
+}
 void CKinetariumProbe::Start(CKinetarium& application)
 {
     application.StartSimulation(nullptr);

@@ -32,6 +32,10 @@ public:
     static void SetColour(CKinetarium& application, const wchar_t* sKey, COLORREF crColour);
     static void Start(CKinetarium& application);
     static void Stop(CKinetarium& application);
+    static void SetBusy(CKinetarium& application, bool bBusy);
+    static bool FitWindowOnMonitor(CKinetarium& application, RECT* pRect);
+    /// As if the system had refused the event that tells the end of the worker.
+    static void LoseFinishedEvent(CKinetarium& application);
     static void Describe(CKinetarium& application, HWND hControl, const POINT& point);
 };
 
