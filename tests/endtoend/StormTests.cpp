@@ -38,7 +38,12 @@ TEST_F(Storm, RandomInputLeavesTheProgramAliveAndNothingBehind)
 
     CStorm storm(m_program, m_user, uSeed);
     // What is made for the first time, and kept, is no leak.
+    constexpr int c_iWarmUpActions = 40;
     storm.ActEachOnce();
+    for (int i = 0; i < c_iWarmUpActions; ++i)
+    {
+        storm.Act();
+    }
     storm.Settle();
     const CProcessCounts before = m_program.Count();
 
@@ -58,11 +63,13 @@ TEST_F(Storm, RandomInputLeavesTheProgramAliveAndNothingBehind)
     std::cout << "  " << storm.GetCountWhileRunning() << " of them while a simulation ran\n";
     std::cout << "before: " << Describe(before) << "\nafter:  " << Describe(after) << std::endl;
 
-    // The system keeps a few objects of its own that come and go; a leak of one per action would be far more.
+    // A storm leaves two or three handles and six to nine GDI objects, as many after 150 actions as after 900: a leak
+    // of one per action of the rarest kind would be more.
     constexpr int c_iSlack = 10;
+    constexpr int c_iGdiSlack = 15;
     EXPECT_LE(after.threads, before.threads + 1);
     EXPECT_LE(after.handles, before.handles + c_iSlack);
-    EXPECT_LE(after.gdiObjects, before.gdiObjects + c_iSlack);
+    EXPECT_LE(after.gdiObjects, before.gdiObjects + c_iGdiSlack);
     EXPECT_LE(after.userObjects, before.userObjects);
     EXPECT_GT(storm.GetCountWhileRunning(), 0);
     ASSERT_TRUE(m_program.IsRunning());
