@@ -36,16 +36,6 @@ void PressKeyWith(WORD uHeld, WORD uKey)
     Send({MakeKey(uHeld, 0), MakeKey(uKey, 0), MakeKey(uKey, KEYEVENTF_KEYUP), MakeKey(uHeld, KEYEVENTF_KEYUP)});
 }
 
-void HoldKey(WORD uKey)
-{
-    Send({MakeKey(uKey, 0)});
-}
-
-void ReleaseKey(WORD uKey)
-{
-    Send({MakeKey(uKey, KEYEVENTF_KEYUP)});
-}
-
 void TypeText(const std::wstring& sText)
 {
     for (const wchar_t c : sText)

@@ -9,10 +9,6 @@
 /// Presses a key while another one, such as VK_CONTROL or VK_SHIFT, is held down.
 void PressKeyWith(WORD uHeld, WORD uKey);
 
-/// Presses a key and leaves it down until ReleaseKey. A change of the focus may release it on its own.
-void HoldKey(WORD uKey);
-void ReleaseKey(WORD uKey);
-
 /// Types a text of characters that the keyboard has, with Shift where it is needed. Throws std::runtime_error for
 /// others.
 void TypeText(const std::wstring& sText);

@@ -250,9 +250,7 @@ TEST_F(SettingsByHand, TheEscapeThatClosesAMessageDoesNotLeaveFullScreen)
     PressKey(VK_F11);
     const CSeenMessage message = m_panel.WaitForMessage();
     EXPECT_TRUE(IsFullScreen());
-    HoldKey(VK_ESCAPE);
-    Sleep(c_uSettleMilliseconds);
-    ReleaseKey(VK_ESCAPE);
+    PressKey(VK_ESCAPE);
     m_panel.WaitUntilClosed(message.hWindow);
     Sleep(c_uSettleMilliseconds);
     EXPECT_TRUE(IsFullScreen());
