@@ -23,35 +23,35 @@
 #include <string>
 #include <thread>
 
-/// The application: its main window, its settings and the simulation it runs.
-///
-/// The constructor is the whole run of the program; it returns when the window is gone. Everything here happens on the
-/// thread that constructs the object, except RunSimulation, which is the body of the worker.
-///
-/// The methods live in several source files, one concern each: CKinetarium.cpp (lifetime), CKinetarium_Window.cpp
-/// (building the window), CKinetarium_Messages.cpp (what each message does), CKinetarium_Simulation.cpp (start, run,
-/// stop), CKinetarium_Settings.cpp (the settings file), CKinetarium_Layout.cpp (where things stand, background),
-/// CKinetarium_FullScreen.cpp, CKinetarium_Colours.cpp.
+// The application: its main window, its settings and the simulation it runs.
+//
+// The constructor is the whole run of the program; it returns when the window is gone. Everything here happens on the
+// thread that constructs the object, except RunSimulation, which is the body of the worker.
+//
+// The methods live in several source files, one concern each: CKinetarium.cpp (lifetime), CKinetarium_Window.cpp
+// (building the window), CKinetarium_Messages.cpp (what each message does), CKinetarium_Simulation.cpp (start, run,
+// stop), CKinetarium_Settings.cpp (the settings file), CKinetarium_Layout.cpp (where things stand, background),
+// CKinetarium_FullScreen.cpp, CKinetarium_Colours.cpp.
 class CKinetarium : public CWndCommon
 {
 public:
-    /// Runs the program. Without a debug log (null) nothing is logged and everything else is the same.
+    // Runs the program. Without a debug log (null) nothing is logged and everything else is the same.
     CKinetarium(std::wstring* pDebugLog, HINSTANCE hInstance);
     ~CKinetarium() override;
 
     CKinetarium(const CKinetarium&) = delete;
     CKinetarium& operator=(const CKinetarium&) = delete;
 
-    /// Lays out the client area; -1 for either length means the present client size.
+    // Lays out the client area; -1 for either length means the present client size.
     void SetControlPositions(int cx, int cy) override;
 
-    /// Shows what the control under the pointer is for, in the status bar and as a tooltip.
+    // Shows what the control under the pointer is for, in the status bar and as a tooltip.
     void UpdateStatusBar(HWND hControl, const POINT& point) override;
 
     static LRESULT CALLBACK WndProcWrapper(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
 
 private:
-    /// Nothing means: let the system's default handle the message.
+    // Nothing means: let the system's default handle the message.
     using CMessageResult = std::optional<LRESULT>;
 
     friend class CKinetariumProbe; // the tests' view of a running application

@@ -4,18 +4,18 @@
 
 #include <array>
 
-/// One row of the settings panel. The key is the control's label in the string table, and its identity everywhere.
+// One row of the settings panel. The key is the control's label in the string table, and its identity everywhere.
 struct CControlRow
 {
     EnumDataCtrlType type;
     const wchar_t* key;
-    const wchar_t* description; ///< key of the text for status bar and tooltip; empty for headings and dividers
-    unsigned short size;        ///< entries: most characters
+    const wchar_t* description; // key of the text for status bar and tooltip; empty for headings and dividers
+    unsigned short size;        // entries: most characters
     unsigned char flag;
     EnumShowState showState;
 };
 
 constexpr int c_iControlCount = 17;
 
-/// The settings panel, in display order; the place of a row is its control's index.
+// The settings panel, in display order; the place of a row is its control's index.
 const std::array<CControlRow, c_iControlCount>& GetControlTable();

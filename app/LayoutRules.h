@@ -5,42 +5,42 @@
 
 #include <array>
 
-/// Where the parts of the main window stand. All numbers are client pixels; the program declares itself DPI-unaware, so
-/// one pixel here is scaled by the system and never by us.
+// Where the parts of the main window stand. All numbers are client pixels; the program declares itself DPI-unaware, so
+// one pixel here is scaled by the system and never by us.
 namespace Layout
 {
 constexpr int c_iDefaultWindowWidth = 1000;
 constexpr int c_iDefaultWindowHeight = 700;
 
-/// A window below this width or height can be neither dragged to nor restored from the settings file.
+// A window below this width or height can be neither dragged to nor restored from the settings file.
 constexpr int c_iMinimumWindowLength = 150;
 
 constexpr int c_iStatusPartCount = 3;
 } // namespace Layout
 
-/// The measures of the system that the layout depends on, in pixels.
+// The measures of the system that the layout depends on, in pixels.
 struct CLayoutMeasures
 {
-    int statusBarMargin = 0;           ///< kept free to the right of the clock
-    int verticalScrollBarWidth = 0;    ///< SM_CXVSCROLL
-    int horizontalScrollBarHeight = 0; ///< SM_CYHSCROLL
+    int statusBarMargin = 0;           // kept free to the right of the clock
+    int verticalScrollBarWidth = 0;    // SM_CXVSCROLL
+    int horizontalScrollBarHeight = 0; // SM_CYHSCROLL
 };
 
-/// The framed window's layout.
+// The framed window's layout.
 struct CWindowedLayout
 {
-    std::array<int, Layout::c_iStatusPartCount> statusPartRightEdges{}; ///< -1 means: to the edge
-    CRect statusBar; ///< only its top left corner counts, the bar sizes itself
+    std::array<int, Layout::c_iStatusPartCount> statusPartRightEdges{}; // -1 means: to the edge
+    CRect statusBar; // only its top left corner counts, the bar sizes itself
     CRect startButton;
     CRect settingsPanel;
     CRect worldView;
     CRect versionText;
 };
 
-/// Lays out a client area of any size, even one that is too small for its parts (their sizes then end at 0).
-/// `world` is the world's size in pixels.
+// Lays out a client area of any size, even one that is too small for its parts (their sizes then end at 0).
+// `world` is the world's size in pixels.
 CWindowedLayout ComputeWindowedLayout(const CSize<int>& client, const CSize<int>& world,
                                       const CLayoutMeasures& measures);
 
-/// In full screen the world view is all there is.
+// In full screen the world view is all there is.
 CRect ComputeFullScreenView(const CSize<int>& client);

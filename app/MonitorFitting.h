@@ -7,27 +7,27 @@
 #include <optional>
 #include <vector>
 
-/// One monitor of the desktop, in virtual-screen pixels (which are negative left of and above the main one).
+// One monitor of the desktop, in virtual-screen pixels (which are negative left of and above the main one).
 struct CMonitorArea
 {
-    CRect rectangle; ///< the whole monitor, task bar included
+    CRect rectangle; // the whole monitor, task bar included
     bool isMain = false;
 };
 
-/// What became of the saved window rectangle.
+// What became of the saved window rectangle.
 struct CMonitorFit
 {
-    CRect window;                  ///< where the window shall open
-    std::size_t bestMonitor = 0;   ///< the one that shows most of the rectangle; ties go to the lower index
-    std::size_t chosenMonitor = 0; ///< the one the window was fitted on
-    bool switchedToMain = false;   ///< the rectangle showed nowhere, or was too small to be one
-    CRect monitor;                 ///< the chosen monitor's rectangle
+    CRect window;                  // where the window shall open
+    std::size_t bestMonitor = 0;   // the one that shows most of the rectangle; ties go to the lower index
+    std::size_t chosenMonitor = 0; // the one the window was fitted on
+    bool switchedToMain = false;   // the rectangle showed nowhere, or was too small to be one
+    CRect monitor;                 // the chosen monitor's rectangle
 };
 
-/// Finds the rectangle in which the main window opens.
-///
-/// `saved` comes from the settings file and can hold anything; an empty or inverted one means that nothing is saved,
-/// and a window of the default size is centred on the primary screen of `primaryScreen` pixels. With an empty monitor
-/// list the primary screen stands in for the one monitor.
+// Finds the rectangle in which the main window opens.
+//
+// `saved` comes from the settings file and can hold anything; an empty or inverted one means that nothing is saved,
+// and a window of the default size is centred on the primary screen of `primaryScreen` pixels. With an empty monitor
+// list the primary screen stands in for the one monitor.
 CMonitorFit FitRectangleOnMonitors(const CRect& saved, const std::vector<CMonitorArea>& monitors,
                                    const CSize<int>& primaryScreen);

@@ -8,7 +8,7 @@
 #include "simulation/Population.h"
 #include "tests/reference/Scenes.h"
 
-/// A scene in the program's form.
+// A scene in the program's form.
 struct CBenchmarkWorld
 {
     static constexpr int c_iSettlingIterations = 20;
@@ -18,8 +18,8 @@ struct CBenchmarkWorld
         Populate(atoms, grid, size, scene.atoms, scene.minRadius, scene.maxRadius, nullptr, random);
     }
 
-    /// Some iterations, after which the overlaps that random positions begin with are gone. The first of them handle
-    /// many times as many collisions as any later one.
+    // Some iterations, after which the overlaps that random positions begin with are gone. The first of them handle
+    // many times as many collisions as any later one.
     void Settle()
     {
         for (int iteration = 0; iteration < c_iSettlingIterations; ++iteration)

@@ -3,7 +3,7 @@
 #include <atomic>
 #include <ostream>
 
-/// What a run needs of the console it was started from.
+// What a run needs of the console it was started from.
 struct CConsole
 {
     std::ostream& out;                       // standard output

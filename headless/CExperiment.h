@@ -13,15 +13,15 @@
 #include <memory>
 #include <string>
 
-/// One run: populate or load, iterate, write the files that were asked for, and sum up.
+// One run: populate or load, iterate, write the files that were asked for, and sum up.
 class CExperiment
 {
 public:
-    /// Both must live as long as this. Throws CHeadlessError for settings that do not fit together and for files that
-    /// could not be written in the end.
+    // Both must live as long as this. Throws CHeadlessError for settings that do not fit together and for files that
+    // could not be written in the end.
     CExperiment(const COptions& options, const CConsole& console);
 
-    /// Throws CHeadlessError or std::bad_alloc.
+    // Throws CHeadlessError or std::bad_alloc.
     void Run();
 
 private:

@@ -5,24 +5,24 @@
 #include <string>
 #include <string_view>
 
-/// Reads a text file line by line in a small buffer and knows where it is.
+// Reads a text file line by line in a small buffer and knows where it is.
 class CLineReader
 {
 public:
-    /// sName is the file's name in messages. The stream must be binary and live as long as this.
+    // sName is the file's name in messages. The stream must be binary and live as long as this.
     CLineReader(std::istream& stream, std::string sName);
 
-    /// The next line without its end ("\n" or "\r\n"); false at the end of the file. The text is valid until the next
-    /// call. Throws CHeadlessError for a line without an end, an overlong line or a file that cannot be read.
+    // The next line without its end ("\n" or "\r\n"); false at the end of the file. The text is valid until the next
+    // call. Throws CHeadlessError for a line without an end, an overlong line or a file that cannot be read.
     bool ReadLine(std::string_view& sLine);
 
-    /// Number of the line that was read last; the first is 1.
+    // Number of the line that was read last; the first is 1.
     std::uint64_t GetLineNumber() const { return m_uLineNumber; }
 
-    /// Throws CHeadlessError: "name, line 3: what".
+    // Throws CHeadlessError: "name, line 3: what".
     [[noreturn]] void Fail(const std::string& sWhat) const;
 
-    /// The same with the number (from 1) and the name of a column: "name, line 3, column 2 (y): what".
+    // The same with the number (from 1) and the name of a column: "name, line 3, column 2 (y): what".
     [[noreturn]] void Fail(std::size_t uColumn, std::string_view sColumn, const std::string& sWhat) const;
 
 private:

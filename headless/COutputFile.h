@@ -5,14 +5,14 @@
 #include <filesystem>
 #include <string>
 
-/// A file that appears whole or not at all: the bytes go to a temporary file in the same folder, which takes the place
-/// of the old one when everything is on the disk. Until then, and after any failure, the old file is as it was.
-/// Something that is no file (a device, a pipe) cannot be replaced and is written to directly.
+// A file that appears whole or not at all: the bytes go to a temporary file in the same folder, which takes the place
+// of the old one when everything is on the disk. Until then, and after any failure, the old file is as it was.
+// Something that is no file (a device, a pipe) cannot be replaced and is written to directly.
 class COutputFile : public IByteSink
 {
 public:
-    /// sPath is UTF-8. Throws CHeadlessError where the file cannot be written: a folder that does not exist or does not
-    /// allow it, a file that is read-only, a path that is a folder.
+    // sPath is UTF-8. Throws CHeadlessError where the file cannot be written: a folder that does not exist or does not
+    // allow it, a file that is read-only, a path that is a folder.
     explicit COutputFile(const std::string& sPath);
 
     COutputFile(const COutputFile&) = delete;
@@ -22,7 +22,7 @@ public:
     void Write(std::string_view sBytes) override;
     void Commit() override;
 
-    /// Throws what the constructor would throw, as far as it can be known without writing anything.
+    // Throws what the constructor would throw, as far as it can be known without writing anything.
     static void Check(const std::string& sPath);
 
 private:

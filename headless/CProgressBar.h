@@ -5,21 +5,21 @@
 #include <ostream>
 #include <string>
 
-/// The line that shows how far a run is: bar, percentage, iterations, rate and time left. seconds is the time since the
-/// start.
+// The line that shows how far a run is: bar, percentage, iterations, rate and time left. seconds is the time since the
+// start.
 std::string FormatProgress(std::uint64_t uDone, std::uint64_t uTotal, double seconds);
 
-/// Keeps that line up to date on a terminal, about ten times a second.
+// Keeps that line up to date on a terminal, about ten times a second.
 class CProgressBar
 {
 public:
-    /// pStream null = no progress bar.
+    // pStream null = no progress bar.
     CProgressBar(std::ostream* pStream, std::uint64_t uTotal);
 
     CProgressBar(const CProgressBar&) = delete;
     CProgressBar& operator=(const CProgressBar&) = delete;
 
-    /// Wipes the line.
+    // Wipes the line.
     ~CProgressBar();
 
     void Update(std::uint64_t uDone);

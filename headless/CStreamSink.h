@@ -4,7 +4,7 @@
 
 #include <ostream>
 
-/// Standard output as a file: what is written is written at once.
+// Standard output as a file: what is written is written at once.
 class CStreamSink : public IByteSink
 {
 public:

@@ -11,7 +11,7 @@
 
 class CIniText;
 
-/// What a run is made of once defaults, settings file and command line have been put together.
+// What a run is made of once defaults, settings file and command line have been put together.
 struct CRunSettings
 {
     CSize<int> world;           // 10..9,999 each
@@ -24,10 +24,10 @@ struct CRunSettings
     ColourRef background{};
 };
 
-/// Options win over the settings file, which wins over the defaults. Throws CUsageError for what the command line has
-/// made wrong and CHeadlessError, with file and line, for a value of the file that counts and is out of range. sFile is
-/// the file's name in messages; pFile is null where no settings file was named.
+// Options win over the settings file, which wins over the defaults. Throws CUsageError for what the command line has
+// made wrong and CHeadlessError, with file and line, for a value of the file that counts and is out of range. sFile is
+// the file's name in messages; pFile is null where no settings file was named.
 CRunSettings ResolveSettings(const COptions& options, const std::string& sFile, const CIniText* pFile);
 
-/// The same, reading the file that the options name.
+// The same, reading the file that the options name.
 CRunSettings ResolveSettings(const COptions& options);

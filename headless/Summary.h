@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <string>
 
-/// What a run has found out, for the summary at its end.
+// What a run has found out, for the summary at its end.
 struct CRunResults
 {
     std::uint64_t seed{};
@@ -27,8 +27,8 @@ struct CRunResults
     std::uint64_t hash{};
 };
 
-/// The sum of the speeds in double precision: adding a million of them to a float would drift by itself.
+// The sum of the speeds in double precision: adding a million of them to a float would drift by itself.
 double SumSpeeds(const CAtoms& atoms);
 
-/// The summary: one "name: value" a line, the names never change, so that scripts can pick theirs.
+// The summary: one "name: value" a line, the names never change, so that scripts can pick theirs.
 std::string FormatSummary(const CRunSettings& settings, const CRunResults& results);

@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <type_traits>
 
-/// One circular atom. Positions are world units (x = 0 is the left wall, y = 0 the top one), velocities are world units
-/// per iteration. All atoms weigh the same whatever their radius, and the colour is decided when drawing.
-///
-/// Layout: 28 bytes, five floats, one byte and padding. Moving reads everything but the speed; drawing reads position,
-/// speed and radius; so the record is not split into hot and cold halves: each pass would touch both.
+// One circular atom. Positions are world units (x = 0 is the left wall, y = 0 the top one), velocities are world units
+// per iteration. All atoms weigh the same whatever their radius, and the colour is decided when drawing.
+//
+// Layout: 28 bytes, five floats, one byte and padding. Moving reads everything but the speed; drawing reads position,
+// speed and radius; so the record is not split into hot and cold halves: each pass would touch both.
 struct CAtom
 {
     float x{};               // centre, horizontal
@@ -23,5 +23,5 @@ struct CAtom
 static_assert(sizeof(CAtom) == 28, "a million atoms are streamed through the cache in every iteration");
 static_assert(std::is_trivially_copyable_v<CAtom>);
 
-/// From one field of an atom to the same field of the next, in floats.
+// From one field of an atom to the same field of the next, in floats.
 constexpr std::ptrdiff_t c_iAtomFloats = sizeof(CAtom) / sizeof(float);

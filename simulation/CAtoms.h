@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <memory>
 
-/// The speeds of all atoms at the end of an iteration, in world units per iteration.
+// The speeds of all atoms at the end of an iteration, in world units per iteration.
 struct CVelocityStatistics
 {
     float min{};
@@ -16,8 +16,8 @@ struct CVelocityStatistics
     bool operator==(const CVelocityStatistics&) const = default;
 };
 
-/// All atoms of a world in one array, with the velocity statistics of the last iteration. The array never grows or
-/// shrinks while a simulation runs.
+// All atoms of a world in one array, with the velocity statistics of the last iteration. The array never grows or
+// shrinks while a simulation runs.
 class CAtoms
 {
 public:
@@ -28,15 +28,15 @@ public:
     CAtoms& operator=(const CAtoms&) = delete;
     ~CAtoms() = default;
 
-    /// Frees the atoms there are and makes count new ones with every field zero. Throws std::length_error (count below
-    /// zero) or std::bad_alloc and then leaves an empty set: no atoms, statistics zero.
+    // Frees the atoms there are and makes count new ones with every field zero. Throws std::length_error (count below
+    // zero) or std::bad_alloc and then leaves an empty set: no atoms, statistics zero.
     void Allocate(std::int32_t count);
 
     CAtom* GetAtoms() { return m_pAtoms.get(); }
     const CAtom* GetAtoms() const { return m_pAtoms.get(); }
     std::int32_t GetCount() const { return m_iCount; }
 
-    /// index is 0..count - 1.
+    // index is 0..count - 1.
     CAtom& operator[](std::int32_t index) { return m_pAtoms[static_cast<std::size_t>(index)]; }
     const CAtom& operator[](std::int32_t index) const { return m_pAtoms[static_cast<std::size_t>(index)]; }
 

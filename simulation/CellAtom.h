@@ -2,8 +2,8 @@
 
 #include "simulation/CAtom.h"
 
-/// An atom while its cell is at work: a copy laid out so that position and velocity are one vector of four floats, and
-/// a whole cell lies close together. Written back when the cell is done.
+// An atom while its cell is at work: a copy laid out so that position and velocity are one vector of four floats, and
+// a whole cell lies close together. Written back when the cell is done.
 struct alignas(32) CCellAtom
 {
     float x;

@@ -5,23 +5,23 @@
 
 #include <cstdint>
 
-/// The most floats that a kernel handles at a time.
+// The most floats that a kernel handles at a time.
 constexpr int c_iMaxLanes = 16;
 
-/// Pairs per row of the search from which on a cell counts as dense, and what the first rows may have beyond that.
+// Pairs per row of the search from which on a cell counts as dense, and what the first rows may have beyond that.
 constexpr int c_iDensePairsPerRow = 12;
 constexpr int c_iDensePairsSlack = 64;
 
-/// The atoms of a cell in list order.
+// The atoms of a cell in list order.
 struct CCellList
 {
     CAtom* const* ppAtoms;
     int count;
 };
 
-/// Working memory of the pair tests of one cell: copies of its atoms, their positions and radii side by
-/// side, and the pairs found. Made
-/// once and used for every cell, so that it stays in the nearest cache.
+// Working memory of the pair tests of one cell: copies of its atoms, their positions and radii side by
+// side, and the pairs found. Made
+// once and used for every cell, so that it stays in the nearest cache.
 struct CCellScratch
 {
     static constexpr int c_iAtoms = c_iMaxTestedAtomsPerCell + 2 * c_iMaxLanes;

@@ -5,11 +5,11 @@
 
 class CRandom;
 
-/// A cell on the workbench: its atoms copied and noted, and those of the next cell on their way.
-///
-/// Everything here is static: it is compiled once per instruction set, and the linker must not merge the copies.
+// A cell on the workbench: its atoms copied and noted, and those of the next cell on their way.
+//
+// Everything here is static: it is compiled once per instruction set, and the linker must not merge the copies.
 
-/// One cell at work.
+// One cell at work.
 struct CCell
 {
     int count;
@@ -20,9 +20,9 @@ struct CCell
     float maxRadius;
 };
 
-/// The atoms of a cell lie anywhere in memory: fetched while the cell before is at work, they are near when their turn
-/// comes.
-/// (Always inlined: GCC takes a function that only prefetches for one without effect and drops the calls.)
+// The atoms of a cell lie anywhere in memory: fetched while the cell before is at work, they are near when their turn
+// comes.
+// (Always inlined: GCC takes a function that only prefetches for one without effect and drops the calls.)
 __attribute__((always_inline)) static inline void Prefetch(const CCellList& list, int index)
 {
     if (index < list.count)
@@ -42,7 +42,7 @@ __attribute__((always_inline)) static inline void PrefetchFrom(const CCellList& 
     }
 }
 
-/// Copies the atoms and notes where they are.
+// Copies the atoms and notes where they are.
 static inline CCell OpenCell(const CCellList& list, const CCellList& next, CCellScratch& scratch, CRandom& random)
 {
     CAtom* const* const ppAtoms = list.ppAtoms;

@@ -6,11 +6,11 @@
 #include <bit>
 #include <cstdint>
 
-/// The tolerant comparisons of the collision response widen a float to double, subtract and compare. Each splits the
-/// floats at one point, so a single comparison of floats decides the same, and the compiler finds that point with the
-/// tolerant comparison itself.
+// The tolerant comparisons of the collision response widen a float to double, subtract and compare. Each splits the
+// floats at one point, so a single comparison of floats decides the same, and the compiler finds that point with the
+// tolerant comparison itself.
 
-/// The largest positive float for which the rule holds. The rule must hold at 0, fail at 1, and change over only once.
+// The largest positive float for which the rule holds. The rule must hold at 0, fail at 1, and change over only once.
 template<class Rule>
 constexpr float FindLargestFloat(Rule rule)
 {
@@ -25,14 +25,14 @@ constexpr float FindLargestFloat(Rule rule)
     return std::bit_cast<float>(uHolds);
 }
 
-/// Up to this overlap two atoms count as apart.
+// Up to this overlap two atoms count as apart.
 constexpr float c_fOverlapLimit =
     FindLargestFloat([](double overlap) { return !Dbl_IsBigger(overlap, c_dSeparationTolerance, c_dEpsilon); });
 
-/// Up to this distance two centres count as coincident.
+// Up to this distance two centres count as coincident.
 constexpr float c_fCoincidenceLimit =
     FindLargestFloat([](double distance) { return Dbl_IsSmaller(distance, c_dCoincidenceDistance, c_dEpsilon); });
 
-/// Up to this speed an atom counts as at rest.
+// Up to this speed an atom counts as at rest.
 constexpr float c_fRestLimit = FindLargestFloat(
     [](double speed) { return Dbl_IsInRangeInclusive(speed, -c_dRestSpeed, c_dRestSpeed, c_dEpsilon); });

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <immintrin.h>
 
-/// For each mask of eight bits the numbers of its bits, in order.
+// For each mask of eight bits the numbers of its bits, in order.
 struct CBitNumbers
 {
     alignas(8) std::uint8_t numbers[256][8];
@@ -31,7 +31,7 @@ constexpr CBitNumbers MakeBitNumbers()
 
 static constexpr CBitNumbers c_BitNumbers = MakeBitNumbers();
 
-/// Eight floats at a time.
+// Eight floats at a time.
 struct Lanes
 {
     static constexpr int c_iCount = 8;

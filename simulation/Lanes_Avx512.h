@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <immintrin.h>
 
-/// Sixteen floats at a time.
+// Sixteen floats at a time.
 struct Lanes
 {
     static constexpr int c_iCount = 16;
@@ -87,7 +87,7 @@ struct Lanes
         return count;
     }
 
-    /// From a field of the first atom to that of each atom, in floats.
+    // From a field of the first atom to that of each atom, in floats.
     static inline __m512i GetFieldOffsets()
     {
         const __m512i lanes = _mm512_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15);
@@ -104,7 +104,7 @@ struct Lanes
         _mm512_i32scatter_ps(pFirst, GetFieldOffsets(), values, sizeof(float));
     }
 
-    /// The radius is the lowest byte of its word; the others are padding.
+    // The radius is the lowest byte of its word; the others are padding.
     static inline __m512i LoadRadii(const CAtom* pAtoms)
     {
         const __m512i words = _mm512_i32gather_epi32(GetFieldOffsets(), &pAtoms->radius, sizeof(float));

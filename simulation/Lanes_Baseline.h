@@ -6,12 +6,12 @@
 #include <cstdint>
 #include <emmintrin.h>
 
-/// Four floats at a time, with what every x86-64 processor has.
+// Four floats at a time, with what every x86-64 processor has.
 struct Lanes
 {
     static constexpr int c_iCount = 4;
 
-    /// A circle in all lanes.
+    // A circle in all lanes.
     struct CCircle
     {
         __m128 x;
@@ -19,7 +19,7 @@ struct Lanes
         __m128 radius;
     };
 
-    /// The value in as many elements as there are lanes.
+    // The value in as many elements as there are lanes.
     static inline void Fill(std::int32_t* pFirst, std::int32_t value)
     {
         _mm_storeu_si128(reinterpret_cast<__m128i*>(pFirst), _mm_set1_epi32(value));
@@ -32,8 +32,8 @@ struct Lanes
         return {_mm_set1_ps(x), _mm_set1_ps(y), _mm_set1_ps(radius)};
     }
 
-    /// One bit per atom of the block that touches the circle: (dy * dy + dx * dx) <= (sum of radii) squared, rounded as
-    /// the formula is.
+    // One bit per atom of the block that touches the circle: (dy * dy + dx * dx) <= (sum of radii) squared, rounded as
+    // the formula is.
     static inline std::uint32_t FindTouching(const CCircle& circle, const CCellScratch& scratch, int block)
     {
         const __m128 dx = _mm_sub_ps(circle.x, _mm_load_ps(scratch.x + block));
@@ -43,7 +43,7 @@ struct Lanes
         return static_cast<std::uint32_t>(_mm_movemask_ps(_mm_cmple_ps(squares, _mm_mul_ps(sum, sum))));
     }
 
-    /// A point in all lanes, and the square of how far from it to look.
+    // A point in all lanes, and the square of how far from it to look.
     struct CDisc
     {
         __m128i point;
@@ -55,8 +55,8 @@ struct Lanes
         return {_mm_set1_epi32(point), _mm_set1_epi32(reach)};
     }
 
-    /// One bit per point of the block that lies within reach of the disc: one subtraction, and one multiplication that
-    /// also adds both squares.
+    // One bit per point of the block that lies within reach of the disc: one subtraction, and one multiplication that
+    // also adds both squares.
     static inline std::uint32_t FindNear(const CDisc& disc, const CCellScratch& scratch, int block)
     {
         const __m128i points = _mm_load_si128(reinterpret_cast<const __m128i*>(scratch.points + block));
@@ -65,8 +65,8 @@ struct Lanes
         return static_cast<std::uint32_t>(_mm_movemask_ps(_mm_castsi128_ps(beyond))) ^ 0xFU;
     }
 
-    /// Positions of a block, from the origin in points, limited and packed: x below, y above. What is no number comes
-    /// out at the limit.
+    // Positions of a block, from the origin in points, limited and packed: x below, y above. What is no number comes
+    // out at the limit.
     static inline void MakePoints(CCellScratch& scratch, int block, float scale, float limit)
     {
         const auto toPoints = [=](const float* pPositions, float origin) {
@@ -80,8 +80,8 @@ struct Lanes
         _mm_store_si128(reinterpret_cast<__m128i*>(scratch.points + block), packed);
     }
 
-    /// Writes uFirst + lane * sizeof(CCellAtom) for every lane of the mask and returns how many those are. Writes
-    /// c_iCount elements in any case.
+    // Writes uFirst + lane * sizeof(CCellAtom) for every lane of the mask and returns how many those are. Writes
+    // c_iCount elements in any case.
     static inline int Append(std::uint32_t* pEnd, std::uint32_t uMask, std::uint32_t uFirst)
     {
         int count = 0;
@@ -93,7 +93,7 @@ struct Lanes
         return count;
     }
 
-    /// One field of four atoms that lie one behind another, from that of the first.
+    // One field of four atoms that lie one behind another, from that of the first.
     static inline __m128 LoadField(const float* pFirst)
     {
         return _mm_setr_ps(pFirst[0], pFirst[c_iAtomFloats], pFirst[2 * c_iAtomFloats], pFirst[3 * c_iAtomFloats]);
@@ -114,7 +114,7 @@ struct Lanes
         return _mm_setr_epi32(pAtoms[0].radius, pAtoms[1].radius, pAtoms[2].radius, pAtoms[3].radius);
     }
 
-    /// Whether any lane is set.
+    // Whether any lane is set.
     template<class Ints>
     static inline bool HasAny(Ints lanes)
     {

@@ -5,16 +5,16 @@
 
 #include <cstdint>
 
-/// Moving, reflecting and locating atoms, for a source that has defined Lanes: so many atoms at a time, each lane
-/// computing what the scalar formula says in its order. Comparisons give all-ones or zero per lane, so nothing branches
-/// but the storing of the velocities, which few atoms need.
-///
-/// Everything here is static: it is compiled once per instruction set, and the linker must not merge the copies.
+// Moving, reflecting and locating atoms, for a source that has defined Lanes: so many atoms at a time, each lane
+// computing what the scalar formula says in its order. Comparisons give all-ones or zero per lane, so nothing branches
+// but the storing of the velocities, which few atoms need.
+//
+// Everything here is static: it is compiled once per instruction set, and the linker must not merge the copies.
 
 using Floats = float __attribute__((vector_size(sizeof(float) * Lanes::c_iCount)));
 using Ints = std::int32_t __attribute__((vector_size(sizeof(std::int32_t) * Lanes::c_iCount)));
 
-/// One coordinate of some atoms against the two walls across it. Returns the lanes that bounced.
+// One coordinate of some atoms against the two walls across it. Returns the lanes that bounced.
 static inline Ints Reflect(Floats& position, Ints radius, Floats r, int length)
 {
     const Floats under = position - r;
@@ -31,14 +31,14 @@ static inline Floats Negate(Floats values, Ints lanes)
     return lanes ? -values : values;
 }
 
-/// One axis of a grid: its cells and their length.
+// One axis of a grid: its cells and their length.
 struct CAxis
 {
     float last;   // number of the last cell
     float length; // world units
 };
 
-/// The cells along one axis that some atoms are in, and their edges.
+// The cells along one axis that some atoms are in, and their edges.
 struct CSpan
 {
     Floats cell;
@@ -72,7 +72,7 @@ static inline Ints BitIn(EnumNeighbour eNeighbour, Ints lanes)
     return lanes & (1 << static_cast<int>(eNeighbour));
 }
 
-/// The places (see CGridGeometry::Locate) of some atoms.
+// The places (see CGridGeometry::Locate) of some atoms.
 __attribute__((always_inline)) static inline Ints LocateAtoms(Floats x, Floats y, Floats r, const CAxis& columns,
                                                               const CAxis& rows)
 {
@@ -95,8 +95,8 @@ __attribute__((always_inline)) static inline Ints LocateAtoms(Floats x, Floats y
            BitIn(EnumNeighbour::NorthWest, v.hasLower & h.hasLower & (square >= toLeft + toTop));
 }
 
-/// Moves and locates as many whole groups of atoms as there are and returns how many atoms those were. The formulas are
-/// those of MoveAtom and CGridGeometry::Locate.
+// Moves and locates as many whole groups of atoms as there are and returns how many atoms those were. The formulas are
+// those of MoveAtom and CGridGeometry::Locate.
 static inline int MoveAtomGroups(CAtom* pAtoms, int count, const CSize<int>& world, const CGridGeometry& geometry,
                                  std::uint32_t* pPlaces)
 {

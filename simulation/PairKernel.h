@@ -6,22 +6,22 @@
 
 #include <cstdint>
 
-/// The pair tests of one cell, for a source that has defined Lanes: so many floats tested at a time.
-///
-/// The rule is: every pair i < j of the list in that order, each at the positions that the responses before it have
-/// left. Two ways lead to the same bits.
-///
-/// Sparse: from the positions at one moment, find all pairs nearer than touching plus a margin; then go through those
-/// few one by one and test them exactly, where the atoms are by then. A pair that was not found cannot touch as long as
-/// both atoms are within half the margin of where they were. When one has been pushed further, its pairs are looked for
-/// again and merged in. The search never waits for a response, which is what makes it fast.
-///
-/// Dense: where everything touches everything, atoms are pushed further all the time. There each row is tested exactly,
-/// and after each hit the rest of the row again.
-///
-/// Everything here is static: it is compiled once per instruction set, and the linker must not merge the copies.
+// The pair tests of one cell, for a source that has defined Lanes: so many floats tested at a time.
+//
+// The rule is: every pair i < j of the list in that order, each at the positions that the responses before it have
+// left. Two ways lead to the same bits.
+//
+// Sparse: from the positions at one moment, find all pairs nearer than touching plus a margin; then go through those
+// few one by one and test them exactly, where the atoms are by then. A pair that was not found cannot touch as long as
+// both atoms are within half the margin of where they were. When one has been pushed further, its pairs are looked for
+// again and merged in. The search never waits for a response, which is what makes it fast.
+//
+// Dense: where everything touches everything, atoms are pushed further all the time. There each row is tested exactly,
+// and after each hit the rest of the row again.
+//
+// Everything here is static: it is compiled once per instruction set, and the linker must not merge the copies.
 
-/// So many atoms of a cell are few: most such cells have no touching pair at all.
+// So many atoms of a cell are few: most such cells have no touching pair at all.
 constexpr int c_iFewAtoms = 16;
 
 static inline bool AreTouching(float dx, float dy, float radiusSum)
@@ -29,8 +29,8 @@ static inline bool AreTouching(float dx, float dy, float radiusSum)
     return dy * dy + dx * dx <= radiusSum * radiusSum;
 }
 
-/// Tests the pairs of row i from column firstColumn on, exactly and each after the one before, at the noted positions,
-/// which must be those of now and are kept so.
+// Tests the pairs of row i from column firstColumn on, exactly and each after the one before, at the noted positions,
+// which must be those of now and are kept so.
 static inline std::uint32_t CollideRow(const CCell& cell, int i, int firstColumn)
 {
     CCellScratch& scratch = cell.scratch;
@@ -62,7 +62,7 @@ static inline std::uint32_t CollideRow(const CCell& cell, int i, int firstColumn
     return uCollisions;
 }
 
-/// Tests all pairs behind that one, row by row.
+// Tests all pairs behind that one, row by row.
 static inline std::uint32_t CollideRows(const CCell& cell, int row, int column)
 {
     CCellScratch& scratch = cell.scratch;
@@ -81,14 +81,14 @@ static inline std::uint32_t CollideRows(const CCell& cell, int row, int column)
     return uCollisions;
 }
 
-/// The response, apart from the loop below: inlined there it would take the registers that the loop needs.
+// The response, apart from the loop below: inlined there it would take the registers that the loop needs.
 __attribute__((noinline)) static void Respond(CCellAtom& a, CCellAtom& b, CRandom& random)
 {
     RespondToTouch(a, b, a.radius + b.radius, random);
 }
 
-/// Tests the pairs found, and the late ones among them, in order. Five of six do not touch, and a processor can look
-/// ahead over some 500 instructions: the fewer a pair takes, the more responses are computed at the same time.
+// Tests the pairs found, and the late ones among them, in order. Five of six do not touch, and a processor can look
+// ahead over some 500 instructions: the fewer a pair takes, the more responses are computed at the same time.
 static inline std::uint32_t CollideFoundPairs(const CCell& cell)
 {
     std::uint32_t uCollisions = 0;
@@ -129,7 +129,7 @@ static inline std::uint32_t CollideFoundPairs(const CCell& cell)
     }
 }
 
-/// Whether any two of a few atoms touch. Where none do, none is moved, so nothing else needs to be known.
+// Whether any two of a few atoms touch. Where none do, none is moved, so nothing else needs to be known.
 static inline bool HasTouchingPair(CAtom* const* ppAtoms, int count, CCellScratch& scratch)
 {
     for (int i = 0; i < count; ++i)
@@ -152,7 +152,7 @@ static inline bool HasTouchingPair(CAtom* const* ppAtoms, int count, CCellScratc
     return uTouching != 0;
 }
 
-/// The rule as it stands, for a cell of so few atoms that looking ahead does not pay.
+// The rule as it stands, for a cell of so few atoms that looking ahead does not pay.
 static inline std::uint32_t CollideFewAtoms(CAtom* const* ppAtoms, int count, CCellScratch& scratch, CRandom& random)
 {
     std::uint32_t uCollisions = 0;
@@ -176,7 +176,7 @@ static inline std::uint32_t CollideFewAtoms(CAtom* const* ppAtoms, int count, CC
     return uCollisions;
 }
 
-/// Tests all pairs of a cell's atoms, at most c_iMaxTestedAtomsPerCell of them, and returns the number of collisions.
+// Tests all pairs of a cell's atoms, at most c_iMaxTestedAtomsPerCell of them, and returns the number of collisions.
 static inline std::uint32_t CollideCellAtoms(const CCellList& atoms, const CCellList& next, CCellScratch& scratch,
                                              CRandom& random)
 {

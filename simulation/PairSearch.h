@@ -5,35 +5,35 @@
 
 #include <cstdint>
 
-/// Finds the pairs of a cell that might touch while it is at work, for a source that has defined Lanes: so many points
-/// looked at at a time.
-///
-/// Everything here is static: it is compiled once per instruction set, and the linker must not merge the copies.
+// Finds the pairs of a cell that might touch while it is at work, for a source that has defined Lanes: so many points
+// looked at at a time.
+//
+// Everything here is static: it is compiled once per instruction set, and the linker must not merge the copies.
 
-/// What the search adds to the distance at which two atoms touch, world units. A smaller one finds fewer pairs in vain,
-/// a larger one has fewer atoms pushed too far; pushes are about 0.2 on average, and rarely 1.
+// What the search adds to the distance at which two atoms touch, world units. A smaller one finds fewer pairs in vain,
+// a larger one has fewer atoms pushed too far; pushes are about 0.2 on average, and rarely 1.
 constexpr float c_fSearchMargin = 3.0F;
 
-/// The search works with whole numbers of that many per world unit, relative to the first atom of the cell. Numbers are
-/// limited to what a cell and the largest radius need; limiting brings points nearer to each other, never further
-/// apart.
+// The search works with whole numbers of that many per world unit, relative to the first atom of the cell. Numbers are
+// limited to what a cell and the largest radius need; limiting brings points nearer to each other, never further
+// apart.
 constexpr float c_fPointsPerUnit = 16.0F;
 constexpr float c_fFarthestPoint = 6000.0F;
 
-/// Where the lanes after the last atom are: out of reach of any atom.
+// Where the lanes after the last atom are: out of reach of any atom.
 constexpr std::int32_t c_iNowhere = 16'383;
 
-/// How far an atom may be from where the search has seen it: half the margin, less what rounding to points can hide.
+// How far an atom may be from where the search has seen it: half the margin, less what rounding to points can hide.
 constexpr float c_fFarthestPush = c_fSearchMargin / 2 - 0.1F;
 
-/// A pair names its two atoms by their distance in bytes from the first of the cell: that of i in the upper 16 bits,
-/// that of j in the lower ones. So pairs are ordered as their numbers are, and the atoms are found without a
-/// multiplication.
+// A pair names its two atoms by their distance in bytes from the first of the cell: that of i in the upper 16 bits,
+// that of j in the lower ones. So pairs are ordered as their numbers are, and the atoms are found without a
+// multiplication.
 constexpr int c_iPairShift = 16;
 constexpr std::uint32_t c_uAtomStride = sizeof(CCellAtom);
 static_assert(c_iMaxTestedAtomsPerCell * c_uAtomStride < 1U << c_iPairShift);
 
-/// Is behind every pair.
+// Is behind every pair.
 constexpr std::uint32_t c_uNoPair = ~std::uint32_t{0};
 
 static inline std::uint32_t MakePair(int i, int j)
@@ -46,19 +46,19 @@ static inline CCellAtom& GetAtomAt(CCellScratch& scratch, std::uint32_t uBytes)
     return *reinterpret_cast<CCellAtom*>(reinterpret_cast<char*>(scratch.atoms) + uBytes);
 }
 
-/// All bits from that lane on, for a mask of at most 32 lanes.
+// All bits from that lane on, for a mask of at most 32 lanes.
 static inline std::uint32_t LanesFrom(int lane)
 {
     return ~std::uint32_t{0} << lane;
 }
 
-/// Both numbers in one: x below, y above.
+// Both numbers in one: x below, y above.
 static inline std::int32_t PackPoint(std::int32_t x, std::int32_t y)
 {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(y) << 16 | (static_cast<std::uint32_t>(x) & 0xFFFFU));
 }
 
-/// Makes the points of the noted positions.
+// Makes the points of the noted positions.
 static inline void MakePoints(const CCell& cell)
 {
     CCellScratch& scratch = cell.scratch;
@@ -71,8 +71,8 @@ static inline void MakePoints(const CCell& cell)
     Lanes::Fill(scratch.points + cell.count, PackPoint(c_iNowhere, c_iNowhere));
 }
 
-/// What the search finds around an atom of that radius: everything nearer than touching the largest of the cell, plus
-/// the margin.
+// What the search finds around an atom of that radius: everything nearer than touching the largest of the cell, plus
+// the margin.
 static inline Lanes::CDisc MakeSearchDisc(const CCell& cell, int index, float radius)
 {
     const CCellScratch& scratch = cell.scratch;
@@ -81,7 +81,7 @@ static inline Lanes::CDisc MakeSearchDisc(const CCell& cell, int index, float ra
     return Lanes::MakeDisc(scratch.points[index], points * points);
 }
 
-/// Finds the pairs that are near, in order, with c_uNoPair behind the last. False for a dense cell.
+// Finds the pairs that are near, in order, with c_uNoPair behind the last. False for a dense cell.
 static inline bool FindPairs(const CCell& cell)
 {
     CCellScratch& scratch = cell.scratch;
@@ -109,7 +109,7 @@ static inline bool FindPairs(const CCell& cell)
     return true;
 }
 
-/// The pairs that came up after the search, in order, as far as they are still to come; c_uNoPair is behind the last.
+// The pairs that came up after the search, in order, as far as they are still to come; c_uNoPair is behind the last.
 struct CLatePairs
 {
     std::uint32_t* pPairs;
@@ -118,7 +118,7 @@ struct CLatePairs
 
     explicit CLatePairs(CCellScratch& scratch) : pPairs(scratch.latePairs), next(0), end(0) { pPairs[0] = c_uNoPair; }
 
-    /// Puts a pair into its place unless it is there. False if there is no room.
+    // Puts a pair into its place unless it is there. False if there is no room.
     bool Insert(std::uint32_t uPair)
     {
         int place = end;
@@ -150,8 +150,8 @@ static inline bool IsPushedFar(const CCellAtom& atom)
     return !(dx * dx + dy * dy <= c_fFarthestPush * c_fFarthestPush);
 }
 
-/// An atom has been pushed so far that the search may have missed pairs with it: notes where it is now and adds its
-/// pairs behind uPair to the late ones. False if there is no room for them.
+// An atom has been pushed so far that the search may have missed pairs with it: notes where it is now and adds its
+// pairs behind uPair to the late ones. False if there is no room for them.
 __attribute__((noinline)) static bool FindAgain(const CCell& cell, CCellAtom& atom, std::uint32_t uPair,
                                                 CLatePairs& late)
 {

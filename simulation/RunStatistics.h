@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-/// What the run loop has counted, for one line of text.
+// What the run loop has counted, for one line of text.
 struct CRunStatistics
 {
     std::uint64_t totalIterations{};       // since the start of the run
@@ -16,7 +16,7 @@ struct CRunStatistics
     std::int32_t atomCount{};       // above 0
 };
 
-/// The line for the status bar: "Iter = 120   8.40 ms = 119.05 FPS     velocity: min = ...   collided = 12.50%". FPS is
-/// what the work alone would allow; collided is the average number of collisions per iteration in percent of the atoms
-/// (above 100 where each collides more than once).
+// The line for the status bar: "Iter = 120   8.40 ms = 119.05 FPS     velocity: min = ...   collided = 12.50%". FPS is
+// what the work alone would allow; collided is the average number of collisions per iteration in percent of the atoms
+// (above 100 where each collides more than once).
 CWString FormatStatisticsLine(const CRunStatistics& statistics);

@@ -2,7 +2,7 @@
 
 #include "simulation/SimulationKernels.h"
 
-/// One function per kernel and instruction set; each lives in a source that is compiled for that set alone.
+// One function per kernel and instruction set; each lives in a source that is compiled for that set alone.
 std::uint32_t CollideCell_Baseline(const CCellList& atoms, const CCellList& next, CCellScratch& scratch,
                                    CRandom& random);
 int MoveAtomGroups_Baseline(CAtom* pAtoms, int count, const CSize<int>& world, const CGridGeometry& geometry,

@@ -13,7 +13,7 @@ enum class EnumReadingDirection : std::uint8_t
     RightToLeft
 };
 
-/// A language of the user interface.
+// A language of the user interface.
 struct CLanguage
 {
     unsigned char uIndex;
@@ -24,10 +24,10 @@ struct CLanguage
 
 constexpr std::size_t c_uLanguageCount = 21;
 
-/// The language of every index that is no other's.
+// The language of every index that is no other's.
 constexpr unsigned char c_uLanguageEnglish = 7;
 
-/// The languages by index. Indices are stored outside of the program: the order is never to be changed.
+// The languages by index. Indices are stored outside of the program: the order is never to be changed.
 inline constexpr std::array<CLanguage, c_uLanguageCount> c_Languages{{
     {1, L"Arabic", EnumReadingDirection::RightToLeft, TranslateStrings_Kinetarium_Arabic},
     {2, L"Belarusian", EnumReadingDirection::LeftToRight, TranslateStrings_Kinetarium_Belarusian},
@@ -52,7 +52,7 @@ inline constexpr std::array<CLanguage, c_uLanguageCount> c_Languages{{
     {21, L"Turkish", EnumReadingDirection::LeftToRight, TranslateStrings_Kinetarium_Turkish},
 }};
 
-/// True when the languages are numbered from 1 without a gap, and named.
+// True when the languages are numbered from 1 without a gap, and named.
 constexpr bool Languages_AreSound()
 {
     std::size_t uExpected = 0;
@@ -68,7 +68,7 @@ constexpr bool Languages_AreSound()
 static_assert(Languages_AreSound(), "an index is stored outside of the program and must never change");
 static_assert(c_Languages[c_uLanguageEnglish - 1].sName == L"English");
 
-/// The language of that index; English for every index that is none.
+// The language of that index; English for every index that is none.
 constexpr const CLanguage& Languages_Find(unsigned char uIndex)
 {
     const bool bKnown = uIndex >= 1 && uIndex <= c_uLanguageCount;

@@ -5,8 +5,8 @@
 #include <span>
 #include <string_view>
 
-/// One text of the user interface: the key by which the program asks for it, and its English wording. "%i" is filled
-/// with a number by whoever shows the text; only such texts write a percent sign as "%%".
+// One text of the user interface: the key by which the program asks for it, and its English wording. "%i" is filled
+// with a number by whoever shows the text; only such texts write a percent sign as "%%".
 struct CStringRow
 {
     std::wstring_view sKey;
@@ -15,7 +15,7 @@ struct CStringRow
 
 constexpr std::size_t c_uStringCount = 39;
 
-/// Every text there is, in the order in which each language's table holds them.
+// Every text there is, in the order in which each language's table holds them.
 inline constexpr std::array<CStringRow, c_uStringCount> c_StringRows{{
     {L"Ok", L"Ok"},
     {L"Cancel", L"Cancel"},
@@ -76,13 +76,13 @@ inline constexpr std::array<CStringRow, c_uStringCount> c_StringRows{{
      L"Factor 3 is the minimum speed an atom must have to belong to the fast atoms (e.g., 1.25)."},
 }};
 
-/// The rows of the table.
+// The rows of the table.
 constexpr std::span<const CStringRow, c_uStringCount> StringTable_GetRows()
 {
     return c_StringRows;
 }
 
-/// A key is an ASCII identifier: letters, digits and "_".
+// A key is an ASCII identifier: letters, digits and "_".
 constexpr bool StringTable_IsKey(std::wstring_view sKey)
 {
     for (const wchar_t c : sKey)
@@ -95,7 +95,7 @@ constexpr bool StringTable_IsKey(std::wstring_view sKey)
     return !sKey.empty();
 }
 
-/// True when every row has a proper key and a text, and no key stands twice.
+// True when every row has a proper key and a text, and no key stands twice.
 constexpr bool StringTable_IsSound(std::span<const CStringRow> rows)
 {
     for (std::size_t uRow = 0; uRow < rows.size(); ++uRow)

@@ -10,12 +10,12 @@
 namespace
 {
 
-/// Width that the columns announce to whoever shows the table, in characters.
+// Width that the columns announce to whoever shows the table, in characters.
 constexpr int c_iColumnWidth = 255;
 
 constexpr int c_iCellsPerRow = 2;
 
-/// Adds all rows, with what stands before and after each text. There is no window here whose log could be used.
+// Adds all rows, with what stands before and after each text. There is no window here whose log could be used.
 void FillRows(CDataCube* pStrings, std::wstring_view sBefore, std::wstring_view sAfter, const CTraceSite& site)
 {
     Guarded(site, [&] {
@@ -31,13 +31,13 @@ void FillRows(CDataCube* pStrings, std::wstring_view sBefore, std::wstring_view 
     });
 }
 
-/// The English texts. The site is that of the calling filler.
+// The English texts. The site is that of the calling filler.
 void AddRows(CDataCube* pStrings, const CTraceSite& site = {nullptr, __TIMESTAMP__})
 {
     FillRows(pStrings, L"", L"", site);
 }
 
-/// What a language without a translation shows: the brackets tell a translator what is still to be done.
+// What a language without a translation shows: the brackets tell a translator what is still to be done.
 void AddRowsInBrackets(CDataCube* pStrings, const CTraceSite& site = {nullptr, __TIMESTAMP__})
 {
     FillRows(pStrings, L"[", L"]", site);

@@ -2,9 +2,9 @@
 
 class CDataCube;
 
-/// Makes *pStrings the table of all texts of the user interface in the language of that index (see Languages.h): two
-/// columns, "IDS" for the keys and "Strings" for the texts, one row per key. Whatever the table held before is gone.
-/// An index that is no language's gives English. A null table is left alone.
+// Makes *pStrings the table of all texts of the user interface in the language of that index (see Languages.h): two
+// columns, "IDS" for the keys and "Strings" for the texts, one row per key. Whatever the table held before is gone.
+// An index that is no language's gives English. A null table is left alone.
 void TranslateStrings_Kinetarium(CDataCube* pStrings, unsigned char uLanguage) noexcept;
 
 // The fillers, one per language: each adds all rows in the one order to a table that has the two columns. What fails is

@@ -22,9 +22,9 @@ public:
     CPainterDirect2D& operator=(const CPainterDirect2D&) = delete;
     ~CPainterDirect2D() override;
 
-    // Makes what is missing for drawing to \p hWnd, and one brush per class. Each failure writes one line with the
-    // result code to \p pDebugLog (null: none).
-    // \return true when all three brushes were made.
+    // Makes what is missing for drawing to hWnd, and one brush per class. Each failure writes one line with the
+    // result code to pDebugLog (null: none).
+    // Returns true when all three brushes were made.
     bool Prepare(HWND hWnd, const CColourSettings& settings, std::wstring* pDebugLog);
 
     bool HasRenderTarget() const { return static_cast<bool>(m_pRenderTarget); }

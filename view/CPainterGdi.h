@@ -10,6 +10,6 @@ public:
     void PaintFrame(const CFrame& frame) override;
 };
 
-// Draws the visible atoms of \p scene, coloured by speed, with the stock DC pen and brush of \p hDc. Sets their colour
+// Draws the visible atoms of scene, coloured by speed, with the stock DC pen and brush of hDc. Sets their colour
 // only where the class changes from one drawn atom to the next: among atoms of one class that saves two calls of three.
 void DrawAtoms_Gdi(HDC hDc, const CAtomScene& scene);

@@ -30,7 +30,7 @@ public:
     static constexpr UINT c_uDestroyMessage = WM_USER + 1;
 
     // Makes the window at once if the parent has a backdrop, and nothing otherwise. The atoms must outlive the view.
-    // \p pCreateFactory is where Direct2D is taken from.
+    // pCreateFactory is where Direct2D is taken from.
     CWndWorldView(const CWndCommon* pParent, const CSize<int>& sizeWorld, const CAtoms& atoms,
                   CreateDirect2DFactoryFunction pCreateFactory = CreateDirect2DFactory);
     CWndWorldView(const CWndWorldView&) = delete;
@@ -42,7 +42,7 @@ public:
     HWND GetWindowHandle() const override;
 
     // Takes over size, colours and factor texts for the next run, prepares Direct2D and draws a frame.
-    // \return false when the factors make no sense (then nothing is drawn) or Direct2D failed (then frames are drawn
+    // Returns false when the factors make no sense (then nothing is drawn) or Direct2D failed (then frames are drawn
     //         without it, and the next call tries again).
     bool InitializeSettings(CSize<int>& sizeWorld, bool bNoScrolling, EnumAtomColourMode eMode, unsigned long cr1,
                             CWString& sFactor1, unsigned long cr2, CWString& sFactor2, unsigned long cr3,

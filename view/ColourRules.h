@@ -24,15 +24,15 @@ constexpr std::size_t c_uColourClassCount = 3;
 using CColourSettings = std::array<AtomColourSetting, c_uColourClassCount>;
 using CFactorTexts = std::array<CWString, c_uColourClassCount>;
 
-// Reads the three factor texts into the factors of \p settings and completes the one that was left out, so that the
-// three classes add up to \p countAtoms.
-// \param countAtoms number of atoms; empty = there is no atom set, and percentages mean nothing.
-// \return false when a text is no number, when the mode is unknown or when not exactly two factors were given. The
+// Reads the three factor texts into the factors of settings and completes the one that was left out, so that the
+// three classes add up to countAtoms.
+// countAtoms: number of atoms; empty = there is no atom set, and percentages mean nothing.
+// Returns false when a text is no number, when the mode is unknown or when not exactly two factors were given. The
 //         factors that were understood are stored even then.
 bool InterpretFactors(EnumAtomColourMode eMode, const CFactorTexts& texts, std::optional<std::int32_t> countAtoms,
                       CColourSettings& settings);
 
-// Whole part of \p dValue, rounded towards zero. What does not fit the result becomes its nearest end; what is not a
+// Whole part of dValue, rounded towards zero. What does not fit the result becomes its nearest end; what is not a
 // number becomes 0.
 std::int32_t TruncateToInt32(double dValue);
 
@@ -60,7 +60,7 @@ constexpr int ClassOfSpeed(float fSpeed, const CSpeedLimits& limits)
     return iNotSlow + (iNotSlow & iFast);
 }
 
-// Class of one atom in Speed mode: \p fSpeed compared with multiples of \p fAverageSpeed.
+// Class of one atom in Speed mode: fSpeed compared with multiples of fAverageSpeed.
 constexpr int ClassOfAtom(float fSpeed, float fAverageSpeed, const CColourSettings& settings)
 {
     return ClassOfSpeed(fSpeed, GetSpeedLimits(fAverageSpeed, settings));
@@ -76,5 +76,5 @@ struct CFixedRuns
     bool operator==(const CFixedRuns&) const = default;
 };
 
-// The runs that the factors of \p settings give for \p count atoms, whatever the factors hold.
+// The runs that the factors of settings give for count atoms, whatever the factors hold.
 CFixedRuns GetFixedRuns(const CColourSettings& settings, std::int32_t count);

@@ -28,7 +28,7 @@ inline float KeepInPixelRange(float fPosition)
 }
 
 // Whole-pixel rectangle that encloses an atom's circle, right and bottom outside: the corners left + x -+ r and
-// top + y -+ r, summed in single precision. \p ptWorld is the world's left top corner in view coordinates.
+// top + y -+ r, summed in single precision. ptWorld is the world's left top corner in view coordinates.
 inline CRect GetEllipseRect(const CAtom& atom, const CPoint<int>& ptWorld)
 {
     const float fX = KeepInPixelRange(static_cast<float>(ptWorld.x) + atom.x);

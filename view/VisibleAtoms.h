@@ -25,8 +25,8 @@ constexpr float c_fDrawingMarginPixels = 2.0F;
 class CVisibleArea
 {
 public:
-    // \param rcVisible visible pixels, in view coordinates; nothing is visible in an empty one.
-    // \param ptWorld   left top corner of the world, in view coordinates.
+    // rcVisible: visible pixels, in view coordinates; nothing is visible in an empty one.
+    // ptWorld: left top corner of the world, in view coordinates.
     CVisibleArea(const CRect& rcVisible, const CPoint<int>& ptWorld)
         : m_fCentreX(Middle(rcVisible.left, rcVisible.right, ptWorld.x)),
           m_fCentreY(Middle(rcVisible.top, rcVisible.bottom, ptWorld.y)),
@@ -65,7 +65,7 @@ private:
     float m_fHalfHeight;
 };
 
-// Calls \p draw(atom) for the visible ones among the atoms [first, last) of \p pAtoms, in array order.
+// Calls draw(atom) for the visible ones among the atoms [first, last) of pAtoms, in array order.
 //
 // Goes block by block: first the places of the visible atoms are gathered without a branch, then these are drawn.
 template<class Draw>

@@ -41,12 +41,12 @@ enum class EnumScrollRequest : unsigned
 };
 
 // A bar is shown where the world is larger than the view, and also where only the other bar leaves too little room.
-// \p sizeView is the room without any bar: measured with one, a bar that is shown would keep itself necessary for
-// ever. \p sizeBars is the width of the vertical and the height of the horizontal bar.
+// sizeView is the room without any bar: measured with one, a bar that is shown would keep itself necessary for
+// ever. sizeBars is the width of the vertical and the height of the horizontal bar.
 CScrollBarsShown GetScrollBarsShown(const CSize<int>& sizeWorld, const CSize<int>& sizeView,
                                     const CSize<int>& sizeBars);
 
-// Range, page and position of a bar for a world of \p iWorldLength seen through \p iClientLength pixels. The old
+// Range, page and position of a bar for a world of iWorldLength seen through iClientLength pixels. The old
 // position is kept unless it lies behind the new end.
 CScrollBarState FitScrollBar(const CScrollBarState& old, int iWorldLength, int iClientLength);
 
@@ -54,7 +54,7 @@ CScrollBarState FitScrollBar(const CScrollBarState& old, int iWorldLength, int i
 // the position where it is. The far end is the maximum of the range: the system itself stops one page before it.
 std::optional<int> GetScrolledPosition(const CScrollBarState& bar, unsigned uRequest);
 
-// New vertical position after the wheel has turned by \p iDelta (120 per notch, positive = away from the user).
+// New vertical position after the wheel has turned by iDelta (120 per notch, positive = away from the user).
 int GetWheelPosition(int iPosition, int iDelta);
 
 // The world in the middle of the client area; it hangs over on both sides where it is larger.

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-/// A colour as Windows passes it around: 0x00BBGGRR, red in the lowest byte.
+// A colour as Windows passes it around: 0x00BBGGRR, red in the lowest byte.
 using ColourRef = std::uint32_t;
 
 constexpr unsigned c_uGreenShiftBits = 8;

@@ -3,17 +3,17 @@
 #include <chrono>
 #include <cstdint>
 
-/// A moment on the monotonic clock, for measuring how long something takes: setting the computer's time does not
-/// disturb it.
+// A moment on the monotonic clock, for measuring how long something takes: setting the computer's time does not
+// disturb it.
 class CDateTime
 {
 public:
-    /// Now.
+    // Now.
     CDateTime() { SetNow(); }
 
     void SetNow();
 
-    /// How much later this moment is than the other, below zero when it is earlier; parts of the unit are cut off.
+    // How much later this moment is than the other, below zero when it is earlier; parts of the unit are cut off.
     std::int64_t DiffInMicroSeconds(const CDateTime& earlier) const;
     std::int64_t DiffInMilliSeconds(const CDateTime& earlier) const;
 

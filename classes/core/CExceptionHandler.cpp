@@ -28,7 +28,7 @@ void Report(const std::wstring& sWhat)
         ShowSystemMessage(sReport);
 }
 
-/// Runs the report, whatever happens in it.
+// Runs the report, whatever happens in it.
 template<class F>
 void ReportSafely(F&& describe) noexcept
 {
@@ -59,7 +59,7 @@ void OnTerminate()
 namespace
 {
 
-/// Faults with this code are C++ exceptions on their way: the runtime's own filter turns them into std::terminate.
+// Faults with this code are C++ exceptions on their way: the runtime's own filter turns them into std::terminate.
 constexpr DWORD c_dwGccExceptionCode = 0x20474343;
 constexpr DWORD c_dwGccExceptionMask = 0x20FFFFFF;
 
@@ -79,7 +79,7 @@ LONG WINAPI OnFault(EXCEPTION_POINTERS* pPointers)
     return pPrevious != nullptr ? pPrevious(pPointers) : EXCEPTION_CONTINUE_SEARCH;
 }
 
-/// Returns the filter that was in force.
+// Returns the filter that was in force.
 CExceptionHandler::FunctionPointer InstallFaultFilter()
 {
     const LPTOP_LEVEL_EXCEPTION_FILTER pPrevious = SetUnhandledExceptionFilter(&OnFault);

@@ -1,6 +1,6 @@
 #pragma once
 
-/// A place in the plane: x to the right, y downwards.
+// A place in the plane: x to the right, y downwards.
 template<class T>
 struct CPoint
 {

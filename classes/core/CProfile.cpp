@@ -11,7 +11,7 @@
 
 using Clock = std::chrono::steady_clock;
 
-/// The sums of one scope text. Entries are never removed, so that an open scope can keep its address.
+// The sums of one scope text. Entries are never removed, so that an open scope can keep its address.
 struct CProfileEntry
 {
     std::atomic<std::uint64_t> uCalls{};
@@ -28,7 +28,7 @@ struct CProfileStore
     std::unordered_map<std::string, CProfileEntry> entries;
 };
 
-/// Never destroyed: scopes may still close while the process ends.
+// Never destroyed: scopes may still close while the process ends.
 CProfileStore& GetStore()
 {
     static CProfileStore& store = *new CProfileStore;

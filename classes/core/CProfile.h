@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-/// What was recorded under one scope text.
+// What was recorded under one scope text.
 struct CProfileRow
 {
     std::string sText;
@@ -16,26 +16,26 @@ struct CProfileRow
 
 struct CProfileEntry;
 
-/// A profiling scope: from construction to destruction one call of the scope named by its text. The sums of all scopes
-/// of the process are kept by text, on whichever thread they run. Opening a scope costs one look-up in a hash table
-/// under a mutex, closing it two atomic additions; the text is not kept.
+// A profiling scope: from construction to destruction one call of the scope named by its text. The sums of all scopes
+// of the process are kept by text, on whichever thread they run. Opening a scope costs one look-up in a hash table
+// under a mutex, closing it two atomic additions; the text is not kept.
 class CProfile
 {
 public:
-    /// bRecord: the call is counted and timed. bLog: entry and exit are written to the debug output and, when
-    /// pDebugLog is not null, to the log.
+    // bRecord: the call is counted and timed. bLog: entry and exit are written to the debug output and, when
+    // pDebugLog is not null, to the log.
     CProfile(const std::string& sText, std::wstring* pDebugLog, bool bRecord, bool bLog);
     ~CProfile();
     CProfile(const CProfile&) = delete;
     CProfile& operator=(const CProfile&) = delete;
 
-    /// All texts with at least one finished call since the last Reset, the largest total time first.
+    // All texts with at least one finished call since the last Reset, the largest total time first.
     static std::vector<CProfileRow> GetTable();
 
-    /// The same as text: a heading, then one line per row, times in milliseconds.
+    // The same as text: a heading, then one line per row, times in milliseconds.
     static std::string FormatTable();
 
-    /// Starts all sums again at zero. Scopes that are open count towards the new sums when they close.
+    // Starts all sums again at zero. Scopes that are open count towards the new sums when they close.
     static void Reset();
 
 private:

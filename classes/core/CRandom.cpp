@@ -7,11 +7,11 @@ namespace
 
 constexpr unsigned c_uBitsOfEngine = 64;
 
-/// A float holds every multiple of 2^-24 in [0, 1) exactly.
+// A float holds every multiple of 2^-24 in [0, 1) exactly.
 constexpr unsigned c_uBitsOfFraction = 24;
 constexpr double c_dFractionStep = 1.0 / (1 << c_uBitsOfFraction);
 
-/// So many bits make every whole number of a range of at most 256 equally likely to within 2^-24.
+// So many bits make every whole number of a range of at most 256 equally likely to within 2^-24.
 constexpr unsigned c_uBitsOfChoice = 32;
 
 std::uint64_t DrawSeedFromSystem()

@@ -3,13 +3,13 @@
 #include <cstdint>
 #include <random>
 
-/// Random numbers that are the same on every machine for the same seed: the 64-bit Mersenne Twister, whose numbers the
-/// C++ standard fixes, with our own mapping to floats and bytes (the standard's distributions differ among libraries).
-/// A copy continues with the same numbers as the original. Not for use by two threads at once.
+// Random numbers that are the same on every machine for the same seed: the 64-bit Mersenne Twister, whose numbers the
+// C++ standard fixes, with our own mapping to floats and bytes (the standard's distributions differ among libraries).
+// A copy continues with the same numbers as the original. Not for use by two threads at once.
 class CRandom
 {
 public:
-    /// Seeded from the system: every object gives other numbers.
+    // Seeded from the system: every object gives other numbers.
     CRandom();
 
     explicit CRandom(std::uint64_t uSeed);
@@ -17,12 +17,12 @@ public:
     void SetSeed(std::uint64_t uSeed);
     std::uint64_t GetSeed() const { return m_uSeed; }
 
-    /// Uniform between the two finite bounds, whichever is the larger: fLow + u (fHigh - fLow) with u one of the 2^24
-    /// multiples of 2^-24 in [0, 1), computed in double and rounded once. fLow can be drawn; fHigh only by rounding.
-    /// Equal bounds give that value.
+    // Uniform between the two finite bounds, whichever is the larger: fLow + u (fHigh - fLow) with u one of the 2^24
+    // multiples of 2^-24 in [0, 1), computed in double and rounded once. fLow can be drawn; fHigh only by rounding.
+    // Equal bounds give that value.
     float GetRandomNumber_Float(float fLow, float fHigh);
 
-    /// Uniform among the whole numbers from one bound to the other, both included.
+    // Uniform among the whole numbers from one bound to the other, both included.
     std::uint8_t GetRandomNumber_Uint8(std::uint8_t uLow, std::uint8_t uHigh);
 
 private:

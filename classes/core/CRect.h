@@ -2,7 +2,7 @@
 
 #include "classes/core/CPoint.h"
 
-/// A rectangle of whole pixels. The right and bottom edges lie just outside, as in every rectangle of Windows.
+// A rectangle of whole pixels. The right and bottom edges lie just outside, as in every rectangle of Windows.
 struct CRect
 {
     int left{};
@@ -13,17 +13,17 @@ struct CRect
     constexpr int GetWidth() const { return right - left; }
     constexpr int GetHeight() const { return bottom - top; }
 
-    /// True when no pixel lies inside, also for edges in the wrong order.
+    // True when no pixel lies inside, also for edges in the wrong order.
     constexpr bool IsEmpty() const { return right <= left || bottom <= top; }
 
     bool operator==(const CRect&) const = default;
 };
 
-/// The pixels that both rectangles share; all zero when there are none.
+// The pixels that both rectangles share; all zero when there are none.
 CRect Intersect(const CRect& rcFirst, const CRect& rcSecond);
 
-/// True for left <= x < right and top <= y < bottom: the pixels of the rectangle.
+// True for left <= x < right and top <= y < bottom: the pixels of the rectangle.
 bool ContainsHalfOpen(const CRect& rc, const CPoint<int>& pt);
 
-/// True for left <= x <= right and top <= y <= bottom: both edges count as inside.
+// True for left <= x <= right and top <= y <= bottom: both edges count as inside.
 bool ContainsInclusive(const CRect& rc, const CPoint<int>& pt);

@@ -1,6 +1,6 @@
 #pragma once
 
-/// A width and a height in the unit of T.
+// A width and a height in the unit of T.
 template<class T>
 struct CSize
 {

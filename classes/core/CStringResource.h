@@ -9,18 +9,18 @@
 
 class CDataCube;
 
-/// The texts of the user interface in one language, looked up by key. Copies are independent.
+// The texts of the user interface in one language, looked up by key. Copies are independent.
 class CStringResource
 {
 public:
     using TranslateFunction = void (*)(CDataCube*, unsigned char);
 
-    /// Asks pTranslate for the table of the language (keys in the first column, texts in the second) and takes its
-    /// texts over; what was there before is gone. Of rows with the same key the first counts. Null gives no texts.
+    // Asks pTranslate for the table of the language (keys in the first column, texts in the second) and takes its
+    // texts over; what was there before is gone. Of rows with the same key the first counts. Null gives no texts.
     void Initialize(TranslateFunction pTranslate, unsigned char uLanguage);
 
-    /// The text of the key. A key without a text gives the key itself when bKeyIfMissing, so that a forgotten text is
-    /// visible and the program still usable, and otherwise an empty text. Null and empty keys give an empty text.
+    // The text of the key. A key without a text gives the key itself when bKeyIfMissing, so that a forgotten text is
+    // visible and the program still usable, and otherwise an empty text. Null and empty keys give an empty text.
     CWString Get(const wchar_t* sKey, bool bKeyIfMissing) const;
 
     unsigned char GetLanguage() const { return m_uLanguage; }
@@ -28,7 +28,7 @@ public:
 private:
     using Entry = std::pair<std::wstring, CWString>;
 
-    /// Sorted by key.
+    // Sorted by key.
     std::vector<Entry> m_Entries;
     unsigned char m_uLanguage{};
 };

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <utility>
 
-/// A wide text with the operations that the windows and the simulation need. Indices and lengths are in wide
-/// characters; nothing here depends on the locale.
+// A wide text with the operations that the windows and the simulation need. Indices and lengths are in wide
+// characters; nothing here depends on the locale.
 class CWString
 {
 public:
@@ -19,7 +19,7 @@ public:
     CWString(std::wstring sText) : m_sText(std::move(sText)) {}
     CWString(std::wstring_view sText) : m_sText(sText) {}
 
-    /// The number's decimal text.
+    // The number's decimal text.
     template<class T>
     requires(std::integral<T> && !std::same_as<T, bool> && !std::same_as<T, char> &&
              !std::same_as<T, wchar_t>) explicit CWString(T value)
@@ -27,13 +27,13 @@ public:
     {
     }
 
-    /// Index of the first occurrence at or after iStart (below zero counts as zero), -1 when there is none.
+    // Index of the first occurrence at or after iStart (below zero counts as zero), -1 when there is none.
     int Find(std::wstring_view sWhat, int iStart = 0) const;
 
-    /// Index of the last occurrence, -1 when there is none.
+    // Index of the last occurrence, -1 when there is none.
     int FindLast(std::wstring_view sWhat) const;
 
-    /// Removes iCount characters from iStart on, all of them when iCount is below zero. What lies outside is ignored.
+    // Removes iCount characters from iStart on, all of them when iCount is below zero. What lies outside is ignored.
     CWString& Erase(int iStart, int iCount = -1);
 
     void Clear() { m_sText.clear(); }
@@ -44,7 +44,7 @@ public:
         return *this;
     }
 
-    /// Replaces the text by the formatted arguments, as FormatPrintf describes. An argument may be this very text.
+    // Replaces the text by the formatted arguments, as FormatPrintf describes. An argument may be this very text.
     template<class... A>
     CWString& Format(const wchar_t* sFormat, const A&... args)
     {
@@ -59,8 +59,8 @@ public:
     const std::wstring& Get() const { return m_sText; }
     operator std::wstring_view() const { return m_sText; }
 
-    /// Below, equal to or above zero, as in an alphabet where the letters A to Z and a to z are the same. Other letters
-    /// count by their code, since no locale is asked.
+    // Below, equal to or above zero, as in an alphabet where the letters A to Z and a to z are the same. Other letters
+    // count by their code, since no locale is asked.
     int CompareNoCase(std::wstring_view sOther) const;
 
     template<std::convertible_to<std::wstring_view> T>
@@ -79,5 +79,5 @@ private:
     std::wstring m_sText;
 };
 
-/// The two texts, one after the other.
+// The two texts, one after the other.
 CWString operator+(const CWString& sFirst, std::wstring_view sSecond);

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-/// Waits on the monotonic clock, to about a millisecond. The usual sleep of Windows ends only at the system's timer
-/// tick, every 15.6 ms, which would halve a frame rate of 60 per second; so a high-resolution timer is used there.
+// Waits on the monotonic clock, to about a millisecond. The usual sleep of Windows ends only at the system's timer
+// tick, every 15.6 ms, which would halve a frame rate of 60 per second; so a high-resolution timer is used there.
 class CWaitTimer
 {
 public:
@@ -12,8 +12,8 @@ public:
     CWaitTimer(const CWaitTimer&) = delete;
     CWaitTimer& operator=(const CWaitTimer&) = delete;
 
-    /// Returns once the clock has advanced by at least llMicroSeconds; at once for zero or less. Sleeps whole
-    /// milliseconds, rounded up, until the deadline is reached.
+    // Returns once the clock has advanced by at least llMicroSeconds; at once for zero or less. Sleeps whole
+    // milliseconds, rounded up, until the deadline is reached.
     void WaitMicroSeconds(std::int64_t llMicroSeconds);
 
 private:

@@ -37,7 +37,7 @@ void WriteToStandardError(std::wstring_view sText)
     std::fflush(stderr);
 }
 
-/// Each way out is tried, whatever became of the others.
+// Each way out is tried, whatever became of the others.
 template<class F>
 void Try(F&& write) noexcept
 {

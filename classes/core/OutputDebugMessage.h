@@ -8,19 +8,19 @@
 #include <string>
 #include <string_view>
 
-/// Guards every debug log of the process: several threads append, one prunes.
+// Guards every debug log of the process: several threads append, one prunes.
 std::mutex& DebugLog_GetMutex();
 
-/// Writes the text to the debug output (a debugger on Windows; on every system also the standard error stream when the
-/// environment variable KINETARIUM_DEBUG_OUTPUT is set) and appends it to the log when pDebugLog is not null. A
-/// diagnostic must not bring down what it diagnoses: what there is no memory for is left out.
+// Writes the text to the debug output (a debugger on Windows; on every system also the standard error stream when the
+// environment variable KINETARIUM_DEBUG_OUTPUT is set) and appends it to the log when pDebugLog is not null. A
+// diagnostic must not bring down what it diagnoses: what there is no memory for is left out.
 void WriteDebugText(std::wstring* pDebugLog, std::wstring_view sText) noexcept;
 
-/// Formats, then writes as above. A format that does not fit its arguments is written as it stands.
+// Formats, then writes as above. A format that does not fit its arguments is written as it stands.
 void WriteDebugMessage(std::wstring* pDebugLog, std::wstring_view sFormat,
                        std::span<const CPrintfArgument> arguments) noexcept;
 
-/// Writes a printf-style message; for the format see FormatPrintf. pDebugLog may be null.
+// Writes a printf-style message; for the format see FormatPrintf. pDebugLog may be null.
 template<class... A>
 void OutputDebugMessage(std::wstring* pDebugLog, const wchar_t* sFormat, const A&... args) noexcept
 {

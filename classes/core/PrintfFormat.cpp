@@ -9,7 +9,7 @@ namespace
 
 using PrintfContext = fmt::basic_printf_context<wchar_t>;
 
-/// Everything that may stand between "%" and the length modifier: flags, width, precision, argument number.
+// Everything that may stand between "%" and the length modifier: flags, width, precision, argument number.
 constexpr std::wstring_view c_sFlagsWidthPrecision = L"-+ #0123456789.*$";
 
 struct CLengthModifier
@@ -20,7 +20,7 @@ struct CLengthModifier
 
 constexpr CLengthModifier c_LengthModifiers[] = {{L"I64", L"ll"}, {L"I32", L""}};
 
-/// The format with the length modifiers of Microsoft's printf written as those of the C standard.
+// The format with the length modifiers of Microsoft's printf written as those of the C standard.
 std::wstring TranslateLengthModifiers(std::wstring_view sFormat)
 {
     std::wstring sResult;

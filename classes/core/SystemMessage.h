@@ -4,10 +4,10 @@
 
 using SystemMessageFunction = void (*)(const std::wstring& sText);
 
-/// Shows a text to the user without needing a window of the program: a system message box on Windows, the standard
-/// error stream elsewhere.
+// Shows a text to the user without needing a window of the program: a system message box on Windows, the standard
+// error stream elsewhere.
 void ShowSystemMessage(const std::wstring& sText);
 
-/// Replaces how system messages are shown, for programs without a user and for tests. Null restores the usual way.
-/// Returns what was in force before, null for the usual way.
+// Replaces how system messages are shown, for programs without a user and for tests. Null restores the usual way.
+// Returns what was in force before, null for the usual way.
 SystemMessageFunction SetSystemMessageFunction(SystemMessageFunction pFunction);

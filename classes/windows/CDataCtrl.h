@@ -14,7 +14,7 @@
 #include "classes/windows/IPanelHost.h"
 #include "classes/windows/PanelLayout.h"
 
-/// What a row is made from.
+// What a row is made from.
 struct CDataCtrlSpec
 {
     EnumDataCtrlType eType = EnumDataCtrlType::Divider;
@@ -28,7 +28,7 @@ struct CDataCtrlSpec
     bool bTransparent = true;
 };
 
-/// One row of the panel: its label and the one control of its type.
+// One row of the panel: its label and the one control of its type.
 class CDataCtrl
 {
 public:
@@ -37,22 +37,22 @@ public:
     CDataCtrl(const CDataCtrl&) = delete;
     CDataCtrl& operator=(const CDataCtrl&) = delete;
 
-    /// Makes the windows: the label first, so that it stands before its control. pPanel is the buttons' parent.
+    // Makes the windows: the label first, so that it stands before its control. pPanel is the buttons' parent.
     bool Create(CWndCommon* pPanel, short iId);
 
     const CDataCtrlSpec& GetSpec() const { return m_spec; }
     EnumShowState GetState() const { return m_spec.eState; }
-    /// Greys or ungreys label and control.
+    // Greys or ungreys label and control.
     void SetState(EnumShowState eState);
 
     HWND GetLabelWindow() const;
-    /// Null for headings and dividers.
+    // Null for headings and dividers.
     HWND GetControlWindow() const;
     CWndButton* GetButton() const { return m_pButton.get(); }
     bool IsEntry() const { return m_pEntry != nullptr; }
     bool Owns(HWND hWnd) const;
 
-    /// Appends the row's windows to a deferred placement; the content is scrolled down by iScroll pixels.
+    // Appends the row's windows to a deferred placement; the content is scrolled down by iScroll pixels.
     HDWP Place(HDWP hDefer, const CPanelRow& row, int iScroll) const;
 
     bool SetText(const CWString& sText);

@@ -11,19 +11,19 @@
 #include "classes/core/CWString.h"
 #include "classes/windows/Handles.h"
 
-/// COM objects end by Release alone: their interfaces have no virtual destructor, and need none.
+// COM objects end by Release alone: their interfaces have no virtual destructor, and need none.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-/// What a screen reader gets for a window: an object that hands every question on to the system's own object for that
-/// window. Derived classes answer what the system cannot know. Nothing may be thrown to the caller, who may sit in
-/// another process.
+// What a screen reader gets for a window: an object that hands every question on to the system's own object for that
+// window. Derived classes answer what the system cannot know. Nothing may be thrown to the caller, who may sit in
+// another process.
 class CDelegatingAccessible : public IAccessible
 {
 public:
-    /// Answers WM_GETOBJECT with the object and gives up the caller's reference to it.
+    // Answers WM_GETOBJECT with the object and gives up the caller's reference to it.
     static LRESULT Answer(WPARAM wParam, CDelegatingAccessible* pObject);
-    /// The system's own object for the window's client area; null when there is none.
+    // The system's own object for the window's client area; null when there is none.
     static CComPtr<IAccessible> MakeStandard(HWND hWnd);
 
     CDelegatingAccessible(HWND hWnd, CComPtr<IAccessible> pStandard);
@@ -63,12 +63,12 @@ public:
     HRESULT STDMETHODCALLTYPE put_accValue(VARIANT id, BSTR sValue) override;
 
 protected:
-    /// The question is about the window itself, not about a part of it.
+    // The question is about the window itself, not about a part of it.
     static bool IsSelf(const VARIANT& id);
-    /// S_FALSE for an empty text, as the interface wants it.
+    // S_FALSE for an empty text, as the interface wants it.
     static HRESULT ReturnText(const CWString& sText, BSTR* psResult);
     static HRESULT ReturnNumber(LONG iValue, VARIANT* pResult);
-    /// Invisible, unavailable, focusable and focused, as the window is at the moment.
+    // Invisible, unavailable, focusable and focused, as the window is at the moment.
     HRESULT ReturnWindowState(VARIANT* pState) const;
     HWND GetHwnd() const { return m_hWnd; }
 

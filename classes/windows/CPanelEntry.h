@@ -7,8 +7,8 @@
 
 #include "classes/windows/IPanelHost.h"
 
-/// A row's entry: the system's edit control, restricted to the characters and the length that the row takes, whether
-/// they are typed or pasted. Values set by the program are not restricted.
+// A row's entry: the system's edit control, restricted to the characters and the length that the row takes, whether
+// they are typed or pasted. Values set by the program are not restricted.
 class CPanelEntry
 {
 public:
@@ -17,10 +17,10 @@ public:
     CPanelEntry(const CPanelEntry&) = delete;
     CPanelEntry& operator=(const CPanelEntry&) = delete;
 
-    /// uSize: the largest number of characters (0: no limit).
+    // uSize: the largest number of characters (0: no limit).
     bool Create(short iId, bool bDigitsOnly, unsigned short uSize);
     HWND GetWindowHandle() const { return m_hWnd; }
-    /// Under the pointer: its frame is drawn livelier.
+    // Under the pointer: its frame is drawn livelier.
     bool IsHot() const { return m_bHot; }
 
     std::optional<LRESULT> HandleMessage(UINT uMessage, WPARAM wParam, LPARAM lParam);

@@ -8,7 +8,7 @@
 #include "classes/core/CWString.h"
 #include "classes/windows/IPanelHost.h"
 
-/// How a label is written.
+// How a label is written.
 struct CLabelLook
 {
     COLORREF crText = 0;
@@ -17,8 +17,8 @@ struct CLabelLook
     bool bHeading = false;    // bold, with a rule to the right edge
 };
 
-/// A row's label: a static control, so that screen readers find it before its control, drawn over the backdrop. A click
-/// on it gives the focus to its control.
+// A row's label: a static control, so that screen readers find it before its control, drawn over the backdrop. A click
+// on it gives the focus to its control.
 class CPanelLabel
 {
 public:

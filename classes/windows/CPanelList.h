@@ -8,7 +8,7 @@
 #include "classes/core/CWString.h"
 #include "classes/windows/IPanelHost.h"
 
-/// A row's drop-down list: the system's combo box without an entry field, with the looks of the panel's entries.
+// A row's drop-down list: the system's combo box without an entry field, with the looks of the panel's entries.
 class CPanelList
 {
 public:
@@ -18,9 +18,9 @@ public:
     CPanelList& operator=(const CPanelList&) = delete;
 
     bool Create(short iId);
-    /// Gives the closed list this height, in pixels.
+    // Gives the closed list this height, in pixels.
     void SetClosedHeight(int iHeight) const;
-    /// Lets the list itself tell screen readers its name: for systems that keep no names given to windows.
+    // Lets the list itself tell screen readers its name: for systems that keep no names given to windows.
     void SetOwnAccessibleName(const CWString& sName, const CWString& sDescription);
     HWND GetWindowHandle() const { return m_hWnd; }
 

@@ -4,7 +4,7 @@
 
 #include "classes/core/CWString.h"
 
-/// Where a drawn text stands in its rectangle. The values are fixed: callers pass them as numbers.
+// Where a drawn text stands in its rectangle. The values are fixed: callers pass them as numbers.
 enum class EnumTextHorizontal : int
 {
     Left = 1,
@@ -19,34 +19,34 @@ enum class EnumTextVertical : int
     Bottom = 6
 };
 
-/// A text that its owner draws on its own background: no window, no focus.
+// A text that its owner draws on its own background: no window, no focus.
 class CTextCtrl
 {
 public:
     void SetText(const CWString& sText) { m_sText = sText; }
     const CWString& GetText() const { return m_sText; }
 
-    /// The font is not owned; null means the system's message font. bRedraw: invalidate the drawing rectangle of the
-    /// window set with SetWindow.
+    // The font is not owned; null means the system's message font. bRedraw: invalidate the drawing rectangle of the
+    // window set with SetWindow.
     void SetFont(HFONT hFont, bool bRedraw);
     void SetWindow(HWND hWnd) { m_hWnd = hWnd; }
     void SetTextColour(COLORREF cr) { m_crText = cr; }
-    /// Transparent: what lies below shows through (the default). Otherwise the rectangle is filled with the colour.
+    // Transparent: what lies below shows through (the default). Otherwise the rectangle is filled with the colour.
     void SetBackground(bool bTransparent, COLORREF cr);
-    /// A shadow one pixel to the right and below the letters, for texts on a texture.
+    // A shadow one pixel to the right and below the letters, for texts on a texture.
     void SetShadow(bool bShadow, COLORREF cr);
 
-    /// Horizontal 1-3 and vertical 4-6 as in the enums above (anything else: left, top); the largest number of lines
-    /// (1: a single line, 0: as many as fit); bMayOverhang: the text is not cut at the rectangle's edges, so that a
-    /// right-aligned one may begin left of it.
+    // Horizontal 1-3 and vertical 4-6 as in the enums above (anything else: left, top); the largest number of lines
+    // (1: a single line, 0: as many as fit); bMayOverhang: the text is not cut at the rectangle's edges, so that a
+    // right-aligned one may begin left of it.
     void SetTextFormat(int iHorizontal, int iVertical, int iLines, bool bMayOverhang);
 
     void SetDrawingRect(const RECT* pRect);
     void GetDrawingRect(RECT* pRect) const;
-    /// Where the letters themselves come to stand.
+    // Where the letters themselves come to stand.
     RECT GetTextRect(HDC hDc) const;
 
-    /// False when there is nothing to draw: no context, no text, or an empty rectangle.
+    // False when there is nothing to draw: no context, no text, or an empty rectangle.
     bool Draw(HDC hDc) const;
 
 private:

@@ -2,7 +2,7 @@
 
 #include "classes/core/CColour.h"
 
-/// The first colour with iPercent (0 to 100) of the second mixed in, channel by channel.
+// The first colour with iPercent (0 to 100) of the second mixed in, channel by channel.
 constexpr ColourRef BlendColours(ColourRef crFirst, ColourRef crSecond, int iPercent)
 {
     constexpr int c_iWhole = 100;
@@ -14,11 +14,11 @@ constexpr ColourRef BlendColours(ColourRef crFirst, ColourRef crSecond, int iPer
                       Mix(GetBlue(crFirst), GetBlue(crSecond), iPercent));
 }
 
-/// How light a colour looks, from 0 (black) to 1 (white): the relative luminance of the sRGB standard.
+// How light a colour looks, from 0 (black) to 1 (white): the relative luminance of the sRGB standard.
 double GetLuminance(ColourRef cr);
 
-/// How well two colours can be told apart, from 1 (the same) to 21 (black and white).
+// How well two colours can be told apart, from 1 (the same) to 21 (black and white).
 double GetContrast(ColourRef crFirst, ColourRef crSecond);
 
-/// Black or white, whichever stands out more on the colour. It is never below 4.5, which is what small text needs.
+// Black or white, whichever stands out more on the colour. It is never below 4.5, which is what small text needs.
 ColourRef GetContrastColour(ColourRef crBackground);

@@ -6,10 +6,10 @@
 
 #include <utility>
 
-/// Owning types for what Windows hands out. Each is a value plus its closer: movable, not copyable, and empty after a
-/// move. None of them throws.
+// Owning types for what Windows hands out. Each is a value plus its closer: movable, not copyable, and empty after a
+// move. None of them throws.
 
-/// A GDI object (bitmap, font, brush, pen, region). It must not be selected into a device context when it is closed.
+// A GDI object (bitmap, font, brush, pen, region). It must not be selected into a device context when it is closed.
 template<class T>
 class CGdiObject
 {
@@ -46,7 +46,7 @@ using CFontHandle = CGdiObject<HFONT>;
 using CBrushHandle = CGdiObject<HBRUSH>;
 using CPenHandle = CGdiObject<HPEN>;
 
-/// A memory device context that is compatible with the given one (null: with the screen).
+// A memory device context that is compatible with the given one (null: with the screen).
 class CMemoryDc
 {
 public:
@@ -68,7 +68,7 @@ private:
     HDC m_hDc = nullptr;
 };
 
-/// The device context of a window's client area (null: of the whole screen).
+// The device context of a window's client area (null: of the whole screen).
 class CWindowDc
 {
 public:
@@ -91,7 +91,7 @@ private:
     HDC m_hDc = nullptr;
 };
 
-/// Selects an object into a device context for the life of this scope and puts the former one back.
+// Selects an object into a device context for the life of this scope and puts the former one back.
 class CSelectObject
 {
 public:
@@ -109,7 +109,7 @@ private:
     HGDIOBJ m_hOld;
 };
 
-/// A kernel object's handle (event, timer, thread). INVALID_HANDLE_VALUE counts as empty.
+// A kernel object's handle (event, timer, thread). INVALID_HANDLE_VALUE counts as empty.
 class CKernelHandle
 {
 public:
@@ -140,8 +140,8 @@ private:
     HANDLE m_hHandle = nullptr;
 };
 
-/// The thread's use of COM, for the life of this scope. A thread that uses COM in another way already keeps it that
-/// way.
+// The thread's use of COM, for the life of this scope. A thread that uses COM in another way already keeps it that
+// way.
 class CComScope
 {
 public:
@@ -164,7 +164,7 @@ private:
     bool m_bEntered = false;
 };
 
-/// A counted reference to a COM object. Taking a raw pointer takes over its reference.
+// A counted reference to a COM object. Taking a raw pointer takes over its reference.
 template<class T>
 class CComPtr
 {
@@ -180,7 +180,7 @@ public:
     }
     ~CComPtr() { Reset(); }
 
-    /// Shares an object that stays with its present owner too.
+    // Shares an object that stays with its present owner too.
     static CComPtr Share(T* pObject) noexcept
     {
         CComPtr shared(pObject);
@@ -198,7 +198,7 @@ public:
             pOld->Release();
     }
 
-    /// Where a factory function may store its result; what was held before is released.
+    // Where a factory function may store its result; what was held before is released.
     T** Receive() noexcept
     {
         Reset();

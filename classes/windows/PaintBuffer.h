@@ -4,8 +4,8 @@
 
 #include "classes/windows/Handles.h"
 
-/// Draws a rectangle of a window off-screen and copies it in one go when the scope ends, so that nothing half drawn is
-/// ever seen. Drawing uses the window's own coordinates. Without memory for the buffer it draws straight to the target.
+// Draws a rectangle of a window off-screen and copies it in one go when the scope ends, so that nothing half drawn is
+// ever seen. Drawing uses the window's own coordinates. Without memory for the buffer it draws straight to the target.
 class CPaintBuffer
 {
 public:

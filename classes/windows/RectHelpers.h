@@ -4,7 +4,7 @@
 
 #include "classes/core/CRect.h"
 
-/// Small arithmetic on the system's rectangles. All of it accepts rectangles in any coordinate system, empty ones too.
+// Small arithmetic on the system's rectangles. All of it accepts rectangles in any coordinate system, empty ones too.
 
 constexpr int GetRectWidth(const RECT& rc) noexcept
 {
@@ -19,7 +19,7 @@ constexpr bool IsRectEmpty_Plain(const RECT& rc) noexcept
     return rc.right <= rc.left || rc.bottom <= rc.top;
 }
 
-/// Moves a rectangle by dx, dy pixels; a null pointer is left alone.
+// Moves a rectangle by dx, dy pixels; a null pointer is left alone.
 constexpr void MoveRect(RECT* pRect, int dx, int dy) noexcept
 {
     if (pRect == nullptr)
@@ -30,13 +30,13 @@ constexpr void MoveRect(RECT* pRect, int dx, int dy) noexcept
     pRect->bottom += dy;
 }
 
-/// True inside the rectangle, its left and top edges included, its right and bottom edges not: the system's own rule.
+// True inside the rectangle, its left and top edges included, its right and bottom edges not: the system's own rule.
 constexpr bool PointInRect(const RECT& rc, const POINT& pt) noexcept
 {
     return pt.x >= rc.left && pt.x < rc.right && pt.y >= rc.top && pt.y < rc.bottom;
 }
 
-/// The same with all four edges included.
+// The same with all four edges included.
 constexpr bool PointInRect_Inclusive(const RECT& rc, const POINT& pt) noexcept
 {
     return pt.x >= rc.left && pt.x <= rc.right && pt.y >= rc.top && pt.y <= rc.bottom;

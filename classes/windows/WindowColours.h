@@ -2,18 +2,18 @@
 
 #include "classes/core/CColour.h"
 
-/// The colours that the controls share. They stand on the dark slate-teal backdrop.
+// The colours that the controls share. They stand on the dark slate-teal backdrop.
 
-/// The ring around whatever has the keyboard focus: warm, so that it stands out from the backdrop, from the light
-/// entries and from most swatches.
+// The ring around whatever has the keyboard focus: warm, so that it stands out from the backdrop, from the light
+// entries and from most swatches.
 constexpr ColourRef c_crFocus = MakeColour(0xFF, 0xC0, 0x4D);
-/// The thin line between the ring and a face of the same colour.
+// The thin line between the ring and a face of the same colour.
 constexpr ColourRef c_crFocusInner = MakeColour(0x14, 0x22, 0x26);
 
 constexpr ColourRef c_crBlackLine = MakeColour(0, 0, 0);
 constexpr ColourRef c_crWhiteLine = MakeColour(0xFF, 0xFF, 0xFF);
 
-/// A button's face before it is given one: the light sage of the program.
+// A button's face before it is given one: the light sage of the program.
 constexpr ColourRef c_crButtonFace = MakeColour(0xC8, 0xD8, 0xD0);
 
 constexpr ColourRef c_crEntry = MakeColour(0xF3, 0xF7, 0xF4);
@@ -25,6 +25,6 @@ constexpr ColourRef c_crEntryBorderGreyed = MakeColour(0x6E, 0x84, 0x87);
 
 constexpr ColourRef c_crLabelGreyed = MakeColour(0x93, 0xA6, 0xA8);
 
-/// A groove is a dark line above a light one; a rule beside a heading is the light one alone.
+// A groove is a dark line above a light one; a rule beside a heading is the light one alone.
 constexpr ColourRef c_crGrooveDark = MakeColour(0x16, 0x24, 0x28);
 constexpr ColourRef c_crGrooveLight = MakeColour(0x6F, 0x8A, 0x8E);

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-/// One pixel, not premultiplied.
+// One pixel, not premultiplied.
 struct CPixel
 {
     std::uint8_t red = 0;
@@ -13,7 +13,7 @@ struct CPixel
     std::uint8_t alpha = 0;
 };
 
-/// A picture in memory, rows from top to bottom.
+// A picture in memory, rows from top to bottom.
 class CImage
 {
 public:

@@ -22,7 +22,7 @@ struct COwnThrow
 {
 };
 
-/// A program's class as the guards are meant for: methods that do what the test puts in.
+// A program's class as the guards are meant for: methods that do what the test puts in.
 class CGuarded
 {
 public:

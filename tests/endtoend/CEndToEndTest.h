@@ -8,16 +8,16 @@
 #include <chrono>
 #include <filesystem>
 
-/// The program of the build tree that the test program lies in.
+// The program of the build tree that the test program lies in.
 std::filesystem::path BuiltProgram();
 
-/// A fresh copy of the program with the default settings, running, and someone who uses it.
+// A fresh copy of the program with the default settings, running, and someone who uses it.
 class CEndToEndTest : public testing::Test
 {
 protected:
     CEndToEndTest() : m_copy(BuiltProgram()), m_program(m_copy.GetPath()), m_user(m_program) {}
 
-    /// Closes the window and expects a clean end.
+    // Closes the window and expects a clean end.
     void ExpectCleanClose() const
     {
         constexpr auto c_patience = std::chrono::milliseconds(20000);

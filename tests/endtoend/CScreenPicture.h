@@ -6,18 +6,18 @@
 #include <filesystem>
 #include <vector>
 
-/// A copy of a part of the screen.
+// A copy of a part of the screen.
 class CScreenPicture
 {
 public:
-    /// Copies a rectangle given in screen coordinates, cut to the screen. Throws std::runtime_error if nothing is left.
+    // Copies a rectangle given in screen coordinates, cut to the screen. Throws std::runtime_error if nothing is left.
     explicit CScreenPicture(RECT rcPart);
 
     int GetWidth() const { return m_iWidth; }
     int GetHeight() const { return m_iHeight; }
-    /// The colour of a pixel, counted from the upper left corner.
+    // The colour of a pixel, counted from the upper left corner.
     COLORREF GetPixel(int iX, int iY) const;
-    /// Throws std::runtime_error if the file cannot be written.
+    // Throws std::runtime_error if the file cannot be written.
     void SavePng(const std::filesystem::path& file) const;
 
 private:

@@ -9,28 +9,28 @@
 #include <random>
 #include <string>
 
-/// Someone who plays with a running Kinetarium at random: clicks, keys, the wheel, sizes, full screen, colour dialogs.
-///
-/// The seed decides every choice, so that a storm can be played again; how far the program has come when an action
-/// reaches it is up to the machine. It keeps away from what ends the program, and types nothing into the entries: a
-/// factor once spoilt would keep the simulation from every later start.
+// Someone who plays with a running Kinetarium at random: clicks, keys, the wheel, sizes, full screen, colour dialogs.
+//
+// The seed decides every choice, so that a storm can be played again; how far the program has come when an action
+// reaches it is up to the machine. It keeps away from what ends the program, and types nothing into the entries: a
+// factor once spoilt would keep the simulation from every later start.
 class CStorm
 {
 public:
     CStorm(const CDrivenProgram& program, const CKinetariumUser& user, std::uint32_t uSeed);
 
-    /// Does one thing, then waits until the program answers. Throws std::runtime_error that names the action if the
-    /// program has ended or does not answer in time.
+    // Does one thing, then waits until the program answers. Throws std::runtime_error that names the action if the
+    // program has ended or does not answer in time.
     void Act();
-    /// Does each kind of thing once, whatever the seed.
+    // Does each kind of thing once, whatever the seed.
     void ActEachOnce();
-    /// Closes what is open and brings the window back to its size, without a simulation.
+    // Closes what is open and brings the window back to its size, without a simulation.
     void Settle();
 
-    /// How often each kind of action was done.
+    // How often each kind of action was done.
     const std::map<std::string, int>& GetTally() const { return m_tally; }
 
-    /// How many of them met a running simulation.
+    // How many of them met a running simulation.
     int GetCountWhileRunning() const { return m_iWhileRunning; }
 
 private:

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-/// A folder of its own for one test, removed with everything in it.
+// A folder of its own for one test, removed with everything in it.
 class CTemporaryFolder
 {
 public:
@@ -19,13 +19,13 @@ public:
     CTemporaryFolder& operator=(const CTemporaryFolder&) = delete;
     ~CTemporaryFolder();
 
-    /// The path of a file in it, in UTF-8.
+    // The path of a file in it, in UTF-8.
     std::string GetPath(const std::string& sName) const;
 
-    /// Makes a file there and returns its path.
+    // Makes a file there and returns its path.
     std::string WriteFile(const std::string& sName, std::string_view sBytes) const;
 
-    /// The names of everything in it, sorted.
+    // The names of everything in it, sorted.
     std::vector<std::string> GetNames() const;
 
 private:
@@ -34,7 +34,7 @@ private:
 
 std::string ReadFile(const std::string& sPath);
 
-/// A file that stays in the memory.
+// A file that stays in the memory.
 class CTextSink : public IByteSink
 {
 public:
@@ -49,7 +49,7 @@ private:
     bool m_bCommitted = false;
 };
 
-/// What a run of the program has left.
+// What a run of the program has left.
 struct CProgramResult
 {
     int exitCode{};
@@ -60,10 +60,10 @@ struct CProgramResult
 CProgramResult RunProgram(const std::vector<std::string>& arguments, bool bErrIsTerminal = false,
                           const std::atomic<bool>* pInterrupted = nullptr);
 
-/// The value of a line "name: value" of the summary; empty where there is none.
+// The value of a line "name: value" of the summary; empty where there is none.
 std::string GetSummaryValue(const std::string& sSummary, const std::string& sName);
 
 CAtoms MakeAtoms(std::initializer_list<CAtom> atoms);
 
-/// An atom at rest.
+// An atom at rest.
 CAtom MakeAtom(float x, float y, std::uint8_t uRadius);

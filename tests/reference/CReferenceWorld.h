@@ -10,21 +10,21 @@
 #include <optional>
 #include <vector>
 
-/// The simulation in its plain form: written to be obviously right, one growing list per cell, one pair at a time,
-/// every rule in its own order. The program's fast form must equal it bit for bit, and the benchmarks measure against
-/// it. It shares nothing with the program but the atom record and the random generator.
+// The simulation in its plain form: written to be obviously right, one growing list per cell, one pair at a time,
+// every rule in its own order. The program's fast form must equal it bit for bit, and the benchmarks measure against
+// it. It shares nothing with the program but the atom record and the random generator.
 class CReferenceWorld
 {
 public:
     CReferenceWorld(const CSize<int>& size, std::uint64_t uSeed);
 
-    /// Makes the atoms, all at the start point when there is one.
+    // Makes the atoms, all at the start point when there is one.
     void Populate(int count, std::uint8_t minRadius, std::uint8_t maxRadius, std::optional<CPoint<int>> start);
 
-    /// Moves, enters, collides, measures. Returns the number of collisions handled.
+    // Moves, enters, collides, measures. Returns the number of collisions handled.
     std::uint32_t Advance();
 
-    /// The steps of Advance, for tests and benchmarks of a single one.
+    // The steps of Advance, for tests and benchmarks of a single one.
     void ClearCells();
     void MoveAndEnter();
     void Enter(CAtom& atom);
@@ -62,5 +62,5 @@ private:
     float m_fAvg = 0;
 };
 
-/// The plain form of the response to one pair.
+// The plain form of the response to one pair.
 void ReferenceCollision(CAtom& a, CAtom& b, CRandom& random);

@@ -9,8 +9,8 @@ struct CExpectedText
     std::wstring_view sText;
 };
 
-/// What a user reads, written out a second time: a text or an order that changes unnoticed in the program's own table
-/// does not change here.
+// What a user reads, written out a second time: a text or an order that changes unnoticed in the program's own table
+// does not change here.
 inline constexpr std::array<CExpectedText, 39> c_ExpectedTexts{{
     {L"Ok", L"Ok"},
     {L"Cancel", L"Cancel"},

@@ -3,7 +3,7 @@
 #include <string>
 #include <windows.h>
 
-/// A message as the user sees it. The handle is null when none appeared.
+// A message as the user sees it. The handle is null when none appeared.
 struct CShownMessage
 {
     HWND hWnd = nullptr;
@@ -13,11 +13,11 @@ struct CShownMessage
     std::wstring sButton;
 };
 
-/// Waits until the owner has a message box with a button, and reads it.
+// Waits until the owner has a message box with a button, and reads it.
 CShownMessage WaitForMessageBox(HWND hOwner);
 
-/// The visible popup of the owner, or null at once.
+// The visible popup of the owner, or null at once.
 HWND FindPopup(HWND hOwner);
 
-/// Presses the message's button and waits until the message is gone; false when it stayed.
+// Presses the message's button and waits until the message is gone; false when it stayed.
 bool CloseMessageBox(const CShownMessage& message);

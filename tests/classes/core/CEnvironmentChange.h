@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-/// Sets an environment variable of this process for as long as the object lives; null removes it.
+// Sets an environment variable of this process for as long as the object lives; null removes it.
 class CEnvironmentChange
 {
 public:

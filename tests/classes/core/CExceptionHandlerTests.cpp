@@ -21,7 +21,7 @@ constexpr const char* c_sSwitch = "KINETARIUM_DEBUG_OUTPUT";
     throw std::runtime_error("nobody catches this");
 }
 
-/// Lets an exception meet no handler at all.
+// Lets an exception meet no handler at all.
 [[noreturn]] void ThrowThroughNoexcept() noexcept
 {
     Throw();

@@ -15,7 +15,7 @@ protected:
     Profile() { CProfile::Reset(); }
     ~Profile() override { CProfile::Reset(); }
 
-    /// The recorded row of that text, an empty one when there is none.
+    // The recorded row of that text, an empty one when there is none.
     static CProfileRow Find(const std::string& sText)
     {
         for (const CProfileRow& row : CProfile::GetTable())

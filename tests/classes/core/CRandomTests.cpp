@@ -15,7 +15,7 @@ namespace
 constexpr std::uint64_t c_uSeed = 2026;
 constexpr int c_iDraws = 100'000;
 
-/// The single-precision square root of two.
+// The single-precision square root of two.
 constexpr float c_fRoot2 = 1.41421354F;
 
 TEST(Random, TheSameSeedGivesTheSameNumbers)

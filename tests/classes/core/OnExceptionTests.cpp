@@ -16,7 +16,7 @@ struct COwnThrow
     int iValue;
 };
 
-/// An exception whose text is not there.
+// An exception whose text is not there.
 struct CSilentException : std::exception
 {
     const char* what() const noexcept override { return nullptr; }

@@ -13,7 +13,7 @@ namespace
 
 constexpr const char* c_sSwitch = "KINETARIUM_DEBUG_OUTPUT";
 
-/// What write sends to the standard error stream.
+// What write sends to the standard error stream.
 template<class F>
 std::string CaptureStandardError(F&& write)
 {

@@ -18,7 +18,7 @@ constexpr double c_dLargest = std::numeric_limits<double>::max();
 constexpr double c_dUntouched = -12345.0;
 constexpr std::size_t c_uMegabyte = 1'000'000;
 
-/// Both forms must agree on every text; the result is the double's.
+// Both forms must agree on every text; the result is the double's.
 bool Read(std::wstring_view sText, double* pOut)
 {
     CBigFloat big;

@@ -11,8 +11,8 @@
 #include "classes/windows/CWndButton.h"
 #include "classes/windows/CWndCommon.h"
 
-/// A main window with the program's own shape: settings panel, button and status bar on the backdrop. It records what
-/// reaches it.
+// A main window with the program's own shape: settings panel, button and status bar on the backdrop. It records what
+// reaches it.
 class CTestMainWindow : public CWndCommon
 {
 public:
@@ -25,12 +25,12 @@ public:
     CTestMainWindow();
     ~CTestMainWindow() override;
 
-    /// A client area of the given size, at the top left of the screen. False when anything failed.
+    // A client area of the given size, at the top left of the screen. False when anything failed.
     bool Create(int iWidth, int iHeight);
     void AddRows();
     void AddStatusBar();
     bool AddButton();
-    /// Dispatches whatever is waiting, several times over, so that what that causes is done too.
+    // Dispatches whatever is waiting, several times over, so that what that causes is done too.
     void Pump();
 
     LRESULT WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);

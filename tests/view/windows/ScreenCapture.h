@@ -21,9 +21,9 @@ struct CPixels
 // What the screen shows where the window's client area lies. The window must be on top.
 CPixels CaptureClientArea(HWND hWnd);
 
-// Captures the client area again and again until \p accept is content, and gives up after some seconds. What is drawn
+// Captures the client area again and again until accept is content, and gives up after some seconds. What is drawn
 // reaches the screen when the display gets round to it: a render target has a thread of its own, and a new window is
-// shown a moment after it is made. Before each capture \p draw may draw the frame again.
+// shown a moment after it is made. Before each capture draw may draw the frame again.
 CPixels CaptureUntil(HWND hWnd, const std::function<void()>& draw, const std::function<bool(const CPixels&)>& accept);
 
 // The left top width x height pixels of a device context.
