@@ -25,6 +25,8 @@ public:
     CDrivenProgram(const CDrivenProgram&) = delete;
     CDrivenProgram& operator=(const CDrivenProgram&) = delete;
 
+    // Stays owned by this object.
+    HANDLE GetHandle() const { return m_hProcess; }
     DWORD GetProcessId() const { return m_uProcessId; }
     bool IsRunning() const;
     // The exit code; throws std::runtime_error if the program has not ended in time.

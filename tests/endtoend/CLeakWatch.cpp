@@ -1,0 +1,52 @@
+#include "tests/endtoend/CLeakWatch.h"
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+
+namespace
+{
+// The system keeps a few objects of its own that come and go: what is left of them does not grow with the rounds, and
+// is below what one object lost in every tenth round of the shortest form would leave.
+constexpr int c_iThreadSlack = 1;
+constexpr int c_iHandleSlack = 10;
+constexpr int c_iGdiSlack = 15;
+constexpr std::uint64_t c_uHeapSlack = 16 * 1024; // bytes
+} // namespace
+
+CLeakWatch::CLeakWatch(const CDrivenProgram& program)
+    : m_program(program), m_heap(program.GetHandle(), program.GetProcessId())
+{
+}
+
+CLeakWatch::CCounts CLeakWatch::Count() const
+{
+    // The heaps first: the probe's thread is gone when the threads are counted.
+    const CHeapCount heap = m_heap.Count();
+    return {m_program.Count(), heap};
+}
+
+void CLeakWatch::Begin()
+{
+    m_before = Count();
+}
+
+std::string CLeakWatch::Describe(const CCounts& counts)
+{
+    const CProcessCounts& process = counts.process;
+    return std::to_string(process.threads) + " threads, " + std::to_string(process.handles) + " handles, " +
+           std::to_string(process.gdiObjects) + " GDI objects, " + std::to_string(process.userObjects) +
+           " user objects, " + std::to_string(counts.heap.blocks) + " heap blocks of " +
+           std::to_string(counts.heap.bytes) + " bytes";
+}
+
+void CLeakWatch::ExpectNothingLeft(const std::string& sAfterWhat) const
+{
+    const CCounts after = Count();
+    std::cout << sAfterWhat << "\n  before: " << Describe(m_before) << "\n  after:  " << Describe(after) << std::endl;
+    EXPECT_LE(after.process.threads, m_before.process.threads + c_iThreadSlack) << sAfterWhat;
+    EXPECT_LE(after.process.handles, m_before.process.handles + c_iHandleSlack) << sAfterWhat;
+    EXPECT_LE(after.process.gdiObjects, m_before.process.gdiObjects + c_iGdiSlack) << sAfterWhat;
+    EXPECT_LE(after.process.userObjects, m_before.process.userObjects) << sAfterWhat;
+    EXPECT_LE(after.heap.bytes, m_before.heap.bytes + c_uHeapSlack) << sAfterWhat;
+}

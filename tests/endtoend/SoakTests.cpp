@@ -1,0 +1,207 @@
+#include "tests/endtoend/CEndToEndTest.h"
+#include "tests/endtoend/CLeakWatch.h"
+#include "tests/endtoend/CPanelUser.h"
+#include "tests/endtoend/CSoakPlan.h"
+#include "tests/endtoend/CStorm.h"
+#include "tests/endtoend/UserInput.h"
+#include "tests/endtoend/WaitUntil.h"
+
+#include <chrono>
+#include <iostream>
+#include <random>
+#include <string>
+
+namespace
+{
+constexpr auto c_patience = std::chrono::milliseconds(20000);
+constexpr int c_iWarmUpRounds = 10;
+
+// What is done again and again may leave nothing behind; how often it is done, the plan says.
+class Soak : public CEndToEndTest
+{
+protected:
+    Soak() : m_leaks(m_program), m_random(m_plan.seed)
+    {
+        std::cout << "seed " << m_plan.seed << " (" << c_sSoakSeedVariable << ")" << std::endl;
+    }
+
+    int Choose(int iLow, int iHigh)
+    {
+        return iLow + static_cast<int>(m_random() % static_cast<unsigned>(iHigh - iLow + 1));
+    }
+
+    POINT ChoosePointInWorld()
+    {
+        const RECT rc = m_user.GetWorldRectangle();
+        return {Choose(0, rc.right - rc.left - 1), Choose(0, rc.bottom - rc.top - 1)};
+    }
+
+    void WaitForRun() const
+    {
+        WaitUntil("a run", c_patience,
+                  [&] { return m_user.GetButtonText() == L"Stop" && IsWindowEnabled(m_user.GetButton()) != FALSE; });
+    }
+
+    bool IsFullScreen() const { return IsWindowVisible(m_user.GetStatusBar()) == FALSE; }
+
+    void ToggleFullScreen()
+    {
+        const bool bBefore = IsFullScreen();
+        constexpr int c_iWays = 3;
+        const int iWay = Choose(1, c_iWays);
+        const RECT rc = m_user.GetWorldRectangle();
+        if (iWay == 1)
+        {
+            m_user.PressKeyInWindow(VK_F11);
+        }
+        else if (iWay == 2 && bBefore)
+        {
+            m_user.PressKeyInWindow(VK_ESCAPE);
+        }
+        else
+        {
+            ClickRight({(rc.left + rc.right) / 2, (rc.top + rc.bottom) / 2});
+        }
+        WaitUntil("the change of the screen", c_patience, [&] { return IsFullScreen() != bBefore; });
+        // Either way the world starts anew, in its new size.
+        WaitForRun();
+    }
+
+    const CSoakPlan m_plan = ReadSoakPlan();
+    CLeakWatch m_leaks;
+    std::mt19937 m_random;
+};
+} // namespace
+
+// Every start makes a worker, drawing resources and a world, and every stop gives them back.
+TEST_F(Soak, RoundsOfStartAndStopLeaveNothingBehind)
+{
+    const auto playRound = [&] {
+        m_user.PressStart();
+        Sleep(static_cast<DWORD>(Choose(0, m_plan.longestPauseMilliseconds)));
+        m_user.PressStop();
+    };
+    for (int iRound = 0; iRound < c_iWarmUpRounds; ++iRound)
+    {
+        playRound();
+    }
+    m_leaks.Begin();
+    for (int iRound = 0; iRound < m_plan.startStopRounds; ++iRound)
+    {
+        playRound();
+    }
+    m_leaks.ExpectNothingLeft("after " + std::to_string(m_plan.startStopRounds) + " rounds of start and stop");
+    ExpectCleanClose();
+}
+
+// A click stops the run and starts another where it fell. Some come faster than that takes: they fall into the stop,
+// which goes on answering messages while it waits.
+TEST_F(Soak, ClicksInTheWorldLeaveOneWorkerAndNothingBehind)
+{
+    constexpr int c_iPatientIn = 2; // one click of so many is followed by a wait
+    const auto clickOnce = [&] {
+        m_user.ClickWorld(ChoosePointInWorld());
+        if (Choose(1, c_iPatientIn) == 1)
+        {
+            WaitForRun();
+        }
+    };
+    const auto comeToRest = [&] {
+        m_user.RestMouse();
+        m_user.WaitForStatistics(0);
+        WaitForRun();
+    };
+    m_user.PressStart();
+    for (int iClick = 0; iClick < c_iWarmUpRounds; ++iClick)
+    {
+        clickOnce();
+    }
+    comeToRest();
+    m_leaks.Begin();
+    for (int iClick = 0; iClick < m_plan.clicks; ++iClick)
+    {
+        clickOnce();
+    }
+    comeToRest();
+    m_leaks.ExpectNothingLeft("after " + std::to_string(m_plan.clicks) + " clicks in the world");
+    const int iThreadsOfRun = m_program.Count().threads;
+    m_user.PressStop();
+    EXPECT_LT(m_program.Count().threads, iThreadsOfRun);
+    ExpectCleanClose();
+}
+
+TEST_F(Soak, FullScreenTogglesLeaveNothingBehind)
+{
+    constexpr int c_iWarmUpToggles = 2 * c_iWarmUpRounds;
+    m_user.PressStart();
+    for (int iToggle = 0; iToggle < c_iWarmUpToggles; ++iToggle)
+    {
+        ToggleFullScreen();
+    }
+    m_leaks.Begin();
+    for (int iToggle = 0; iToggle < m_plan.fullScreenToggles; ++iToggle)
+    {
+        ToggleFullScreen();
+    }
+    m_leaks.ExpectNothingLeft("after " + std::to_string(m_plan.fullScreenToggles) + " full-screen toggles");
+    ExpectCleanClose();
+}
+
+TEST_F(Soak, AStormOfRandomInputLeavesTheProgramAliveAndNothingBehind)
+{
+    CStorm storm(m_program, m_user, m_plan.seed);
+    constexpr int c_iWarmUpActions = 40;
+    storm.ActEachOnce();
+    for (int i = 0; i < c_iWarmUpActions; ++i)
+    {
+        storm.Act();
+    }
+    storm.Settle();
+    m_leaks.Begin();
+
+    m_user.ClickWorldMiddle();
+    const auto end = std::chrono::steady_clock::now() + m_plan.storm;
+    while (std::chrono::steady_clock::now() < end)
+    {
+        storm.Act();
+    }
+    storm.Settle();
+
+    for (const auto& [sAction, iTimes] : storm.GetTally())
+    {
+        std::cout << "  " << iTimes << " x " << sAction << "\n";
+    }
+    std::cout << "  " << storm.GetCountWhileRunning() << " of them while a simulation ran\n";
+    m_leaks.ExpectNothingLeft("after " + std::to_string(m_plan.storm.count()) + " s of random input");
+    EXPECT_GT(storm.GetCountWhileRunning(), 0);
+    ASSERT_TRUE(m_program.IsRunning());
+    ExpectCleanClose();
+}
+
+TEST_F(Soak, ALongRunOfAHundredThousandAtomsGrowsByNothing)
+{
+    const CPanelUser panel(m_user);
+    panel.Enter(EnumPanelRow::Width, L"9999");
+    panel.Enter(EnumPanelRow::Height, L"9999");
+    panel.Enter(EnumPanelRow::TotalAtoms, L"100000");
+    m_user.PressStart();
+    m_user.RestMouse();
+    CStatistics line;
+    constexpr int c_iWarmUpLines = 3;
+    for (int iLine = 0; iLine < c_iWarmUpLines; ++iLine)
+    {
+        line = m_user.WaitForStatistics(line.iterations);
+    }
+    const std::uint64_t uFirst = line.iterations;
+    m_leaks.Begin();
+    const auto end = std::chrono::steady_clock::now() + m_plan.run;
+    while (std::chrono::steady_clock::now() < end)
+    {
+        line = m_user.WaitForStatistics(line.iterations);
+    }
+    std::cout << line.iterations - uFirst
+              << " iterations\n  last line: " << std::string(line.line.begin(), line.line.end()) << "\n";
+    m_leaks.ExpectNothingLeft("after " + std::to_string(m_plan.run.count()) + " s with 100,000 atoms");
+    m_user.PressStop();
+    ExpectCleanClose();
+}
