@@ -1,7 +1,15 @@
 #!/usr/bin/env bash
-# Fails if a C++ file is laid out differently from .clang-format. Versions of clang-format differ in details: 14 decides.
+# Fails if a C++ file is laid out differently from .clang-format; with --fix it lays them out instead. Versions of
+# clang-format differ in details: 14 decides.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+
+mode=(--dry-run -Werror)
+case "${1:-}" in
+"") ;;
+--fix) mode=(-i) ;;
+*) echo "usage: check-format.sh [--fix]" >&2 && exit 2 ;;
+esac
 
 formatter=$(command -v clang-format-14 || command -v clang-format)
 case "$("$formatter" --version)" in
@@ -15,5 +23,5 @@ list_files() {
         find . \( -path ./build -o -path ./out \) -prune -o \( -name '*.cpp' -o -name '*.h' \) -print0
 }
 
-list_files | xargs -0 "$formatter" --dry-run -Werror
+list_files | xargs -0 "$formatter" "${mode[@]}"
 echo "Format: as .clang-format says"
