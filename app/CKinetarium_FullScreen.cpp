@@ -23,6 +23,8 @@ void CKinetarium::ToggleFullscreen()
 void CKinetarium::ToggleFullscreen_Leave()
 {
     StopSimulation();
+    // From here on the window is laid out as a framed one: its parts are in their places when they are shown.
+    m_bFullscreen = false;
     const LONG lStyle = GetWindowLongW(m_hWnd, GWL_STYLE);
     SetWindowLongW(m_hWnd, GWL_STYLE, lStyle | static_cast<LONG>(WS_OVERLAPPEDWINDOW));
     SetWindowPlacement(m_hWnd, &m_WindowPlacement);
@@ -31,7 +33,6 @@ void CKinetarium::ToggleFullscreen_Leave()
     ShowWindow(m_hStatusBar, SW_SHOW);
     ShowWindow(m_pDataCtrlGroup->GetWindowHandle(), SW_SHOW);
     ShowWindow(m_StartButton.GetWindowHandle(), SW_SHOW);
-    m_bFullscreen = false;
 }
 
 bool CKinetarium::ToggleFullscreen_Enter()
@@ -47,14 +48,15 @@ bool CKinetarium::ToggleFullscreen_Enter()
     m_WindowPlacement = placement;
 
     StopSimulation();
+    // The change of size lays the window out. Were the panel still there, it would jump to the screen's edge first.
+    m_bFullscreen = true;
+    ShowWindow(m_hStatusBar, SW_HIDE);
+    ShowWindow(m_pDataCtrlGroup->GetWindowHandle(), SW_HIDE);
+    ShowWindow(m_StartButton.GetWindowHandle(), SW_HIDE);
     const LONG lStyle = GetWindowLongW(m_hWnd, GWL_STYLE);
     SetWindowLongW(m_hWnd, GWL_STYLE, lStyle & ~static_cast<LONG>(WS_OVERLAPPEDWINDOW));
     const RECT& rc = monitor.rcMonitor;
     SetWindowPos(m_hWnd, HWND_TOP, rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top,
                  SWP_NOOWNERZORDER | SWP_FRAMECHANGED);
-    ShowWindow(m_hStatusBar, SW_HIDE);
-    ShowWindow(m_pDataCtrlGroup->GetWindowHandle(), SW_HIDE);
-    ShowWindow(m_StartButton.GetWindowHandle(), SW_HIDE);
-    m_bFullscreen = true;
     return true;
 }
