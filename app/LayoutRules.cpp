@@ -1,6 +1,9 @@
 #include "app/LayoutRules.h"
 
+#include "classes/core/SaturateToInt.h"
+
 #include <algorithm>
+#include <cstdint>
 
 namespace
 {
@@ -24,20 +27,22 @@ constexpr int c_iViewFromBottom = 45;
 constexpr int c_iVersionWidth = 50;
 constexpr int c_iVersionHeight = 65;
 
-CRect RectangleAt(int left, int top, int width, int height)
+// Every sum of pixels is formed in 64 bits: the world's size may be any two numbers of the settings file.
+CRect RectangleAt(std::int64_t left, std::int64_t top, std::int64_t width, std::int64_t height)
 {
-    return {left, top, left + std::max(width, 0), top + std::max(height, 0)};
+    return {SaturateToInt(left), SaturateToInt(top), SaturateToInt(left + std::max<std::int64_t>(width, 0)),
+            SaturateToInt(top + std::max<std::int64_t>(height, 0))};
 }
 
 // A bar that becomes necessary in one direction takes room in the other, so the view grows by it before both lengths
 // are cut to what there is. The vertical bar is decided first.
 CRect PlaceWorldView(const CSize<int>& client, const CSize<int>& world, const CLayoutMeasures& measures)
 {
-    const int availableWidth = client.cx - c_iViewFromRight;
-    const int availableHeight = client.cy - c_iViewFromBottom;
+    const std::int64_t availableWidth = std::int64_t{client.cx} - c_iViewFromRight;
+    const std::int64_t availableHeight = std::int64_t{client.cy} - c_iViewFromBottom;
 
-    int width = world.cx;
-    int height = world.cy;
+    std::int64_t width = world.cx;
+    std::int64_t height = world.cy;
     if (availableHeight < height)
         width += measures.verticalScrollBarWidth;
     if (availableWidth < width)
@@ -53,15 +58,19 @@ CRect PlaceWorldView(const CSize<int>& client, const CSize<int>& world, const CL
 CWindowedLayout ComputeWindowedLayout(const CSize<int>& client, const CSize<int>& world,
                                       const CLayoutMeasures& measures)
 {
+    const std::int64_t width = client.cx;
+    const std::int64_t height = client.cy;
+    const std::int64_t clockRight = width - measures.statusBarMargin;
     CWindowedLayout layout;
-    layout.statusPartRightEdges = {client.cx - measures.statusBarMargin - c_iClockPartsWidth,
-                                   client.cx - measures.statusBarMargin - c_iTimePartWidth, -1};
+    layout.statusPartRightEdges = {SaturateToInt(clockRight - c_iClockPartsWidth),
+                                   SaturateToInt(clockRight - c_iTimePartWidth), -1};
     layout.statusBar = {0, client.cy, 0, client.cy};
-    layout.startButton = RectangleAt(client.cx - c_iButtonFromRight, c_iButtonTop, c_iButtonWidth, c_iButtonHeight);
-    layout.settingsPanel = RectangleAt(client.cx - c_iPanelFromRight, c_iPanelTop, c_iPanelWidth,
-                                       client.cy - c_iPanelFromBottom - c_iPanelTop);
+    layout.startButton = RectangleAt(width - c_iButtonFromRight, c_iButtonTop, c_iButtonWidth, c_iButtonHeight);
+    layout.settingsPanel =
+        RectangleAt(width - c_iPanelFromRight, c_iPanelTop, c_iPanelWidth, height - c_iPanelFromBottom - c_iPanelTop);
     layout.worldView = PlaceWorldView(client, world, measures);
-    layout.versionText = {client.cx - c_iVersionWidth, client.cy - c_iVersionHeight, client.cx, client.cy};
+    layout.versionText = {SaturateToInt(width - c_iVersionWidth), SaturateToInt(height - c_iVersionHeight), client.cx,
+                          client.cy};
     return layout;
 }
 

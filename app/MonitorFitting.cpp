@@ -1,6 +1,7 @@
 #include "app/MonitorFitting.h"
 
 #include "app/LayoutRules.h"
+#include "classes/core/SaturateToInt.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -74,8 +75,10 @@ bool CornersShowOn(const CRect& window, const CRect& monitor)
 
 CRect MoveToCornerOf(const CRect& monitor)
 {
-    return {monitor.left, monitor.top, std::min(monitor.left + Layout::c_iDefaultWindowWidth, monitor.right),
-            std::min(monitor.top + Layout::c_iDefaultWindowHeight, monitor.bottom)};
+    const std::int64_t right = std::int64_t{monitor.left} + Layout::c_iDefaultWindowWidth;
+    const std::int64_t bottom = std::int64_t{monitor.top} + Layout::c_iDefaultWindowHeight;
+    return {monitor.left, monitor.top, std::min(SaturateToInt(right), monitor.right),
+            std::min(SaturateToInt(bottom), monitor.bottom)};
 }
 } // namespace
 

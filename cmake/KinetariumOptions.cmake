@@ -14,10 +14,25 @@ target_compile_options(KinetariumOptions INTERFACE
   # no longer give the same world on every machine.
   -ffp-contract=off)
 
-if(KINETARIUM_SANITIZE)
-  target_compile_options(KinetariumOptions INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_link_options(KinetariumOptions INTERFACE -fsanitize=address,undefined)
+# Numbers that leave an integer's range are undefined behaviour too, but not everywhere part of "undefined".
+set(KINETARIUM_SANITIZER_OPTIONS
+  -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all -fno-omit-frame-pointer)
+if(KINETARIUM_SANITIZE OR KINETARIUM_FUZZ)
+  target_compile_options(KinetariumOptions INTERFACE ${KINETARIUM_SANITIZER_OPTIONS})
+  target_link_options(KinetariumOptions INTERFACE ${KINETARIUM_SANITIZER_OPTIONS})
+endif()
+
+if(KINETARIUM_SANITIZE_THREADS)
+  target_compile_options(KinetariumOptions INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
+  target_link_options(KinetariumOptions INTERFACE -fsanitize=thread)
+endif()
+
+if(KINETARIUM_FUZZ)
+  if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    message(FATAL_ERROR "KINETARIUM_FUZZ needs clang++: use the preset native-fuzz.")
+  endif()
+  # Warnings are settled with GCC: clang has others, and does not know all that some files switch off.
+  target_compile_options(KinetariumOptions INTERFACE -fsanitize=fuzzer-no-link -Wno-error -Wno-unknown-warning-option)
 endif()
 
 if(WIN32)

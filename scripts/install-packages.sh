@@ -1,10 +1,13 @@
 #!/usr/bin/env bash
-# Installs the packages of scripts/packages.txt that are missing. Quick when none is. Needs Debian 12 and, if something is
-# missing, root.
+# Installs the packages of scripts/packages.txt, or of the lists named, that are missing. Quick when none is. Needs
+# Debian 12 and, if something is missing, root.
+#
+#   install-packages.sh [LIST...]
 set -euo pipefail
 cd "$(dirname "$0")"
 
-wanted=$(sed -e 's/#.*//' -e '/^[[:space:]]*$/d' packages.txt | awk '{ print $1 }')
+[ $# -gt 0 ] || set -- packages.txt
+wanted=$(sed -e 's/#.*//' -e '/^[[:space:]]*$/d' "$@" | awk '{ print $1 }')
 
 missing=()
 for package in $wanted; do

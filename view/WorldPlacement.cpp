@@ -1,8 +1,9 @@
 #include "view/WorldPlacement.h"
 
+#include "classes/core/SaturateToInt.h"
+
 #include <algorithm>
 #include <cstdint>
-#include <limits>
 
 namespace
 {
@@ -10,32 +11,25 @@ namespace
 constexpr int c_iLineStep = 10;    // pixels per click on an arrow of a scroll bar
 constexpr int c_iWheelDivisor = 2; // a notch of 120 moves 60 pixels
 
-// Sums of two positions are formed wide: a thumb may be dragged to any 32-bit value.
-int ToInt(std::int64_t iValue)
-{
-    constexpr std::int64_t c_iLowest = std::numeric_limits<int>::min();
-    constexpr std::int64_t c_iHighest = std::numeric_limits<int>::max();
-    return static_cast<int>(std::clamp(iValue, c_iLowest, c_iHighest));
-}
-
 int MoveForward(const CScrollBarState& bar, int iStep)
 {
-    return ToInt(std::min<std::int64_t>(std::int64_t{bar.iPosition} + iStep, bar.iMax));
+    return SaturateToInt(std::min<std::int64_t>(std::int64_t{bar.iPosition} + iStep, bar.iMax));
 }
 
 int MoveBack(const CScrollBarState& bar, int iStep)
 {
-    return ToInt(std::max<std::int64_t>(std::int64_t{bar.iPosition} - iStep, bar.iMin));
+    return SaturateToInt(std::max<std::int64_t>(std::int64_t{bar.iPosition} - iStep, bar.iMin));
 }
 
 int Centre(int iClientLength, int iWorldLength)
 {
-    return ToInt((std::int64_t{iClientLength} - iWorldLength) / 2);
+    return SaturateToInt((std::int64_t{iClientLength} - iWorldLength) / 2);
 }
 
 CRect MakeWorldRect(int iLeft, int iTop, const CSize<int>& sizeWorld)
 {
-    return CRect{iLeft, iTop, ToInt(std::int64_t{iLeft} + sizeWorld.cx), ToInt(std::int64_t{iTop} + sizeWorld.cy)};
+    return CRect{iLeft, iTop, SaturateToInt(std::int64_t{iLeft} + sizeWorld.cx),
+                 SaturateToInt(std::int64_t{iTop} + sizeWorld.cy)};
 }
 
 } // namespace
@@ -43,8 +37,10 @@ CRect MakeWorldRect(int iLeft, int iTop, const CSize<int>& sizeWorld)
 CScrollBarsShown GetScrollBarsShown(const CSize<int>& sizeWorld, const CSize<int>& sizeView, const CSize<int>& sizeBars)
 {
     CScrollBarsShown shown{sizeWorld.cy > sizeView.cy, sizeWorld.cx > sizeView.cx};
-    shown.bHorizontal = shown.bHorizontal || (shown.bVertical && sizeWorld.cx > sizeView.cx - sizeBars.cx);
-    shown.bVertical = shown.bVertical || (shown.bHorizontal && sizeWorld.cy > sizeView.cy - sizeBars.cy);
+    const std::int64_t width = std::int64_t{sizeView.cx} - sizeBars.cx;
+    const std::int64_t height = std::int64_t{sizeView.cy} - sizeBars.cy;
+    shown.bHorizontal = shown.bHorizontal || (shown.bVertical && sizeWorld.cx > width);
+    shown.bVertical = shown.bVertical || (shown.bHorizontal && sizeWorld.cy > height);
     return shown;
 }
 
@@ -86,7 +82,7 @@ std::optional<int> GetScrolledPosition(const CScrollBarState& bar, unsigned uReq
 
 int GetWheelPosition(int iPosition, int iDelta)
 {
-    return ToInt(std::int64_t{iPosition} - iDelta / c_iWheelDivisor);
+    return SaturateToInt(std::int64_t{iPosition} - iDelta / c_iWheelDivisor);
 }
 
 CRect PlaceWorld_Centred(const CSize<int>& sizeWorld, const CSize<int>& sizeClient)
@@ -96,9 +92,14 @@ CRect PlaceWorld_Centred(const CSize<int>& sizeWorld, const CSize<int>& sizeClie
 
 CRect PlaceWorld_Scrolled(const CSize<int>& sizeWorld, const CScrolledView& view)
 {
-    const int iLeft = view.shown.bHorizontal ? ToInt(-std::int64_t{view.iHorizontalPosition})
+    const int iLeft = view.shown.bHorizontal ? SaturateToInt(-std::int64_t{view.iHorizontalPosition})
                                              : Centre(view.sizeClient.cx, sizeWorld.cx);
-    const int iTop =
-        view.shown.bVertical ? ToInt(-std::int64_t{view.iVerticalPosition}) : Centre(view.sizeClient.cy, sizeWorld.cy);
+    const int iTop = view.shown.bVertical ? SaturateToInt(-std::int64_t{view.iVerticalPosition})
+                                          : Centre(view.sizeClient.cy, sizeWorld.cy);
     return MakeWorldRect(iLeft, iTop, sizeWorld);
+}
+
+CRect MirrorHorizontally(const CRect& rc, int iWidth)
+{
+    return CRect{iWidth - rc.right, rc.top, iWidth - rc.left, rc.bottom};
 }

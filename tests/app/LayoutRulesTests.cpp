@@ -1,6 +1,7 @@
 #include "app/LayoutRules.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace
 {
@@ -70,6 +71,28 @@ TEST(Layout, NoPartOfATinyWindowHasANegativeSize)
     EXPECT_GE(layout.worldView.GetHeight(), 0);
     EXPECT_EQ(layout.settingsPanel.GetHeight(), 0);
     EXPECT_EQ(layout.startButton.GetWidth(), 130);
+}
+
+// Before the first start the world has the size that the settings file says, and a file can say anything.
+TEST(Layout, AWorldOfAnySizeGetsTheRoomThatThereIs)
+{
+    constexpr int lowest = std::numeric_limits<int>::min();
+    constexpr int highest = std::numeric_limits<int>::max();
+
+    EXPECT_EQ(ComputeWindowedLayout(c_Client, {highest, highest}, c_Measures).worldView,
+              (CRect{10, 10, 10 + 724, 10 + 616}));
+    const CRect nothing = ComputeWindowedLayout(c_Client, {lowest, lowest}, c_Measures).worldView;
+    EXPECT_EQ(nothing.GetWidth(), 0);
+    EXPECT_EQ(nothing.GetHeight(), 0);
+}
+
+TEST(Layout, PartsOfAClientAreaOfLessThanNothingEndAtTheEndOfTheIntegers)
+{
+    constexpr int lowest = std::numeric_limits<int>::min();
+    const CWindowedLayout layout = ComputeWindowedLayout({lowest, lowest}, {512, 512}, c_Measures);
+
+    EXPECT_EQ(layout.statusPartRightEdges[0], lowest);
+    EXPECT_EQ(layout.versionText, (CRect{lowest, lowest, lowest, lowest}));
 }
 
 TEST(Layout, FullScreenShowsOnlyTheWorldView)

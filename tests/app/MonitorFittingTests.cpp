@@ -119,6 +119,15 @@ TEST(MonitorFitting, ExtremeNumbersFromTheFileNeitherOverflowNorEscapeTheMonitor
               (CRect{0, 0, 1000, 700}));
 }
 
+TEST(MonitorFitting, AMonitorAtTheEndOfTheIntegersTakesTheWindowToo)
+{
+    constexpr int highest = std::numeric_limits<int>::max();
+    const std::vector<CMonitorArea> far{{{highest - 500, highest - 300, highest, highest}, true}};
+
+    EXPECT_EQ(FitRectangleOnMonitors({0, 0, 1000, 700}, far, c_Screen).window,
+              (CRect{highest - 500, highest - 300, highest, highest}));
+}
+
 TEST(MonitorFitting, AnEmptyMonitorListFallsBackToThePrimaryScreen)
 {
     const CMonitorFit fit = FitRectangleOnMonitors({0, 0, 0, 0}, {}, {1280, 1024});

@@ -47,6 +47,13 @@ TEST(ScrollBarsShown, OneBarCanMakeTheOtherNecessary)
     EXPECT_EQ(c_BothBars, GetScrollBarsShown({700 - c_iBar + 1, 601}, c_sizeView, c_sizeBars));
 }
 
+TEST(ScrollBarsShown, LengthsAtTheEndOfTheRangeOfAnIntegerDoNotOverflow)
+{
+    EXPECT_EQ(c_BothBars, GetScrollBarsShown({c_iMaxInt, c_iMaxInt}, {c_iMinInt, c_iMinInt}, {c_iMaxInt, c_iMaxInt}));
+    EXPECT_EQ(c_BothBars, GetScrollBarsShown({10, 1}, {9, c_iMinInt}, c_sizeBars));
+    EXPECT_EQ(c_NoBars, GetScrollBarsShown({c_iMinInt, c_iMinInt}, c_sizeView, {c_iMinInt, c_iMinInt}));
+}
+
 TEST(PlaceWorld, ASmallerWorldIsCentredInBothDirections)
 {
     const CRect rc = PlaceWorld_Scrolled({500, 401}, {c_NoBars, c_sizeView, 33, 44});
@@ -182,4 +189,12 @@ TEST(Wheel, TheLargestTurnIsHarmless)
 {
     EXPECT_EQ(-16283, GetWheelPosition(100, 32767));
     EXPECT_EQ(16484, GetWheelPosition(100, -32768));
+}
+
+TEST(WorldPlacement, FromTheOtherSideAWorldHasTheSameSizeAndItsDistancesChangePlaces)
+{
+    EXPECT_EQ((CRect{70, 5, 95, 25}), MirrorHorizontally({5, 5, 30, 25}, 100));
+    EXPECT_EQ((CRect{-600, 0, 100, 20}), MirrorHorizontally({0, 0, 700, 20}, 100)); // scrolled to the beginning
+    EXPECT_EQ((CRect{0, 0, 700, 20}), MirrorHorizontally({-600, 0, 100, 20}, 100)); // and to the end
+    EXPECT_EQ((CRect{20, 0, 80, 60}), MirrorHorizontally({20, 0, 80, 60}, 100));    // in the middle
 }

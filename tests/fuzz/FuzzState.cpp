@@ -8,7 +8,7 @@
 #include "simulation/CAtoms.h"
 #include "simulation/CCollisionGrid.h"
 #include "simulation/Iteration.h"
-#include "tests/headless/fuzz/FuzzTarget.h"
+#include "tests/fuzz/FuzzTarget.h"
 #include "tests/headless/HeadlessTesting.h"
 
 #include <sstream>

@@ -1,4 +1,4 @@
-#include "tests/headless/fuzz/FuzzTarget.h"
+#include "tests/fuzz/FuzzTarget.h"
 
 #include <cstdio>
 #include <cstdlib>

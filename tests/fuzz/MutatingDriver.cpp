@@ -1,7 +1,6 @@
-#include "tests/headless/fuzz/FuzzTarget.h"
+#include "tests/fuzz/FuzzTarget.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -16,54 +15,25 @@
 // them to the target. What it lacks is the knowledge of which change reached new code; the long searches are
 // libFuzzer's.
 //
-//   DRIVER FOLDER COUNT
+//   DRIVER FOLDER WORDS COUNT
+//
+// WORDS is a dictionary in libFuzzer's form: what the targets look for, and what they must refuse.
 namespace
 {
 
-// What the readers look for, and what they must refuse.
-constexpr std::array<std::string_view, 34> c_sWords = {",",
-                                                       "\n",
-                                                       "\r\n",
-                                                       "\r",
-                                                       "-",
-                                                       ".",
-                                                       "e",
-                                                       "nan",
-                                                       "inf",
-                                                       "1e38",
-                                                       "-1e39",
-                                                       "1e-45",
-                                                       "3.4028235e38",
-                                                       "16777216",
-                                                       "0",
-                                                       "255",
-                                                       "256",
-                                                       "0x1F",
-                                                       "=",
-                                                       "[",
-                                                       "]",
-                                                       "[Settings]\n",
-                                                       "\"",
-                                                       "%",
-                                                       ";",
-                                                       "100000000",
-                                                       "4294967296",
-                                                       "x,y,vx,vy,radius\n",
-                                                       "50,50,1e19,0,5\n",
-                                                       "1e8,1e8,0,0,255\n",
-                                                       "\xFF\xFE",
-                                                       "\xEF\xBB\xBF",
-                                                       "Atoms_colour_mode=0\n",
-                                                       "Tot_atoms="};
 constexpr std::size_t c_uMostChanges = 8;    // of one input
 constexpr std::size_t c_uMostBytes = 20'000; // of one input
 constexpr std::size_t c_uMostMoved = 60;     // bytes copied or removed at once
 constexpr std::uint64_t c_uSeed = 20'240'229;
+constexpr int c_iHexadecimal = 16;
 
 class CMutator
 {
 public:
-    explicit CMutator(std::vector<std::string> seeds) : m_Seeds(std::move(seeds)) {}
+    CMutator(std::vector<std::string> seeds, std::vector<std::string> words)
+        : m_Seeds(std::move(seeds)), m_Words(std::move(words))
+    {
+    }
 
     std::string MakeInput()
     {
@@ -97,7 +67,7 @@ private:
         switch (Draw(Count))
         {
         case Word:
-            sText.replace(uPlace, Draw(2) * Draw(c_uMostChanges), c_sWords[Draw(c_sWords.size())]);
+            sText.replace(uPlace, Draw(2) * Draw(c_uMostChanges), m_Words[Draw(m_Words.size())]);
             break;
         case Byte:
             sText.replace(uPlace, Draw(2), 1, static_cast<char>(m_Random()));
@@ -116,6 +86,7 @@ private:
     }
 
     std::vector<std::string> m_Seeds;
+    std::vector<std::string> m_Words;
     std::mt19937_64 m_Random{c_uSeed};
 };
 
@@ -137,6 +108,44 @@ std::vector<std::string> ReadSeeds(const char* sFolder)
     return seeds;
 }
 
+// One line of a dictionary: "word", where \xNN stands for a byte and a backslash for the character behind it.
+std::string ReadWord(const std::string& sLine)
+{
+    const std::size_t uEnd = sLine.rfind('"');
+    std::string sWord;
+    for (std::size_t u = 1; u < uEnd; ++u)
+    {
+        if (sLine[u] != '\\')
+        {
+            sWord += sLine[u];
+        }
+        else if (sLine[u + 1] == 'x')
+        {
+            sWord += static_cast<char>(std::strtoul(sLine.substr(u + 2, 2).c_str(), nullptr, c_iHexadecimal));
+            u += sizeof("xNN") - 1;
+        }
+        else
+        {
+            sWord += sLine[++u];
+        }
+    }
+    return sWord;
+}
+
+std::vector<std::string> ReadWords(const char* sFile)
+{
+    std::vector<std::string> words;
+    std::ifstream stream(sFile);
+    for (std::string sLine; std::getline(stream, sLine);)
+    {
+        if (sLine.starts_with('"'))
+        {
+            words.push_back(ReadWord(sLine));
+        }
+    }
+    return words;
+}
+
 void Try(const std::string& sText)
 {
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(sText.data()), sText.size());
@@ -146,13 +155,15 @@ void Try(const std::string& sText)
 
 int main(int count, char** pArguments)
 {
-    constexpr int c_iArguments = 3;
-    Require(count == c_iArguments, "usage: DRIVER FOLDER COUNT");
+    constexpr int c_iArguments = 4;
+    Require(count == c_iArguments, "usage: DRIVER FOLDER WORDS COUNT");
     const std::vector<std::string> seeds = ReadSeeds(pArguments[1]);
     Require(!seeds.empty(), "the folder holds no files");
     std::for_each(seeds.begin(), seeds.end(), Try);
-    CMutator mutator(seeds);
-    const long inputs = std::strtol(pArguments[2], nullptr, 0);
+    const std::vector<std::string> words = ReadWords(pArguments[2]);
+    Require(!words.empty(), "the dictionary holds no words");
+    CMutator mutator(seeds, words);
+    const long inputs = std::strtol(pArguments[c_iArguments - 1], nullptr, 0);
     Require(inputs > 0, "the number of inputs is not above zero");
     for (long input = 0; input < inputs; ++input)
     {

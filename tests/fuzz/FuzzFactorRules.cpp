@@ -1,0 +1,163 @@
+#include "simulation/Parameters.h"
+#include "simulation/SimulationConstants.h"
+#include "tests/fuzz/CFuzzInput.h"
+#include "tests/fuzz/FuzzTarget.h"
+#include "tests/fuzz/PlainNumber.h"
+#include "view/ColourRules.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <string_view>
+
+namespace
+{
+
+constexpr double c_dEpsilonOfFactors = 1e-10;
+
+// A double cannot hold every number below zero, but nobody reads the sign of a text more simply than this.
+bool IsBelowZero(const CWString& sText)
+{
+    const std::size_t uSign = sText.Get().find(L'-');
+    const std::size_t uExponent = std::min(sText.Get().find_first_of(L"eE"), sText.Get().size());
+    const std::wstring sMantissa = sText.Get().substr(0, uExponent);
+    return uSign < uExponent && sMantissa.find_first_of(L"123456789") != std::wstring::npos;
+}
+
+// Where the exponent has so few digits, no number is rounded to zero.
+bool HasShortExponent(const CWString& sText)
+{
+    constexpr std::size_t c_uMostDigits = 5;
+    const std::size_t uExponent = std::min(sText.Get().find_first_of(L"eE"), sText.Get().size());
+    return sText.Get().size() - uExponent <= c_uMostDigits;
+}
+
+bool IsPercentText(const CWString& sText)
+{
+    return !sText.IsEmpty() && sText.Get().find(L'%') + 1 == sText.Get().size();
+}
+
+std::wstring_view GetExpectedKey(const CWString& sText, EnumAtomColourMode eMode)
+{
+    if (!IsPlainNumber(sText) || IsBelowZero(sText))
+    {
+        return L"Colour_factor_n_is_invalid";
+    }
+    const bool bRefused = eMode == EnumAtomColourMode::Speed && IsPercentText(sText);
+    return bRefused ? std::wstring_view(L"Colour_factor_n_is_invalid_for_speed_mode") : std::wstring_view();
+}
+
+// The messages are those of the factors one by one, or the one about their number.
+bool CheckMessages(const CFactorTexts& factors, EnumAtomColourMode eMode)
+{
+    const std::vector<CFactorMessage> messages = CheckFactors(factors, eMode);
+    std::size_t uMessage = 0;
+    std::size_t uGiven = 0;
+    for (std::size_t u = 0; u < factors.size(); ++u)
+    {
+        uGiven += factors[u].IsEmpty() ? 0 : 1;
+        const std::wstring_view sKey = factors[u].IsEmpty() ? std::wstring_view() : GetExpectedKey(factors[u], eMode);
+        if (!sKey.empty())
+        {
+            Require(uMessage < messages.size(), "a bad factor has no message");
+            Require(messages[uMessage].key == sKey && messages[uMessage].factorNumber == static_cast<int>(u) + 1,
+                    "a bad factor has another message");
+            ++uMessage;
+        }
+    }
+    if (uMessage == 0 && uGiven != 2)
+    {
+        Require(messages.size() == 1 && messages.front().factorNumber == 0, "the number of factors is not checked");
+        return false;
+    }
+    Require(messages.size() == uMessage, "a good factor has a message");
+    return messages.empty();
+}
+
+// A given factor in Fixed mode: a whole number of atoms, or the rounded share of all.
+double GetExpectedCount(const CWString& sText, std::int32_t count)
+{
+    const double dValue = *ReadPlainNumber(sText);
+    const double dCount = IsPercentText(sText) ? count * dValue / c_dPercent : dValue;
+    constexpr double c_dLargest = std::numeric_limits<double>::max();
+    return std::round(std::clamp(dCount, -c_dLargest, c_dLargest));
+}
+
+void CheckFixed(const CFactorTexts& factors, std::int32_t count)
+{
+    CColourSettings settings{};
+    Require(InterpretFactors(EnumAtomColourMode::Fixed, factors, count, settings), "checked factors are refused");
+    double dGiven = 0.0;
+    double dLeftOver = 0.0;
+    for (std::size_t u = 0; u < factors.size(); ++u)
+    {
+        const double dFactor = settings[u].dFactor;
+        Require(std::isfinite(dFactor) && dFactor >= 0.0 && dFactor == std::trunc(dFactor),
+                "a factor is no count of atoms");
+        if (factors[u].IsEmpty())
+        {
+            dLeftOver = dFactor;
+        }
+        else
+        {
+            Require(dFactor == GetExpectedCount(factors[u], count), "a factor has another value");
+            dGiven += std::min(dFactor, static_cast<double>(std::numeric_limits<std::int32_t>::max()));
+        }
+    }
+    Require(dLeftOver == std::max(count - dGiven, 0.0), "the classes do not add up to the atoms");
+    const CFixedRuns runs = GetFixedRuns(settings, count);
+    Require(0 <= runs.a && runs.a <= runs.b && runs.b <= runs.count && runs.count == count,
+            "the runs are out of order");
+    Require(runs.a == std::min<double>(settings[0].dFactor, count), "the first run has another length");
+    Require(runs.b - runs.a == std::min<double>(settings[1].dFactor, count - runs.a),
+            "the second run has another length");
+}
+
+void CheckSpeed(const CFactorTexts& factors, std::int32_t count)
+{
+    CColourSettings settings{};
+    const bool bGood = InterpretFactors(EnumAtomColourMode::Speed, factors, count, settings);
+    const std::optional<double> first = ReadPlainNumber(factors[0]);
+    const std::optional<double> third = ReadPlainNumber(factors[2]);
+    const bool bExpected = first && third && *first >= -c_dEpsilonOfFactors && *third >= -c_dEpsilonOfFactors;
+    Require(bGood == bExpected, "the two outer factors decide otherwise");
+    Require(!first || settings[0].dFactor == *first, "factor 1 has another value");
+    Require(!third || settings[2].dFactor == *third, "factor 3 has another value");
+    Require(!bGood || (settings[1].dFactor >= 0.0 && settings[1].dFactor <= count),
+            "the middle factor is no count of atoms");
+}
+
+// Whatever the texts are: no atoms, no percentages; and an unknown mode is none.
+void CheckRefusals(const CFactorTexts& factors)
+{
+    CColourSettings settings{};
+    const bool bPercentage = std::any_of(factors.begin(), factors.end(), IsPercentText);
+    const bool bGood = InterpretFactors(EnumAtomColourMode::Fixed, factors, std::nullopt, settings);
+    Require(!bGood || !bPercentage, "a share of no atoms is accepted");
+    constexpr auto c_eUnknown = static_cast<EnumAtomColourMode>(2);
+    Require(!InterpretFactors(c_eUnknown, factors, 1, settings), "an unknown mode is accepted");
+}
+
+} // namespace
+
+// A line with the number of atoms, and three lines with the factors as typed.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t uCount)
+{
+    CFuzzInput input(pBytes, uCount);
+    const std::int32_t count =
+        static_cast<std::int32_t>(std::wcstol(input.TakeLine().c_str(), nullptr, 0) % (c_iMaxTotalAtoms + 1));
+    const CFactorTexts factors = {input.TakeLine(), input.TakeLine(), input.TakeLine()};
+    if (count < 0 || !std::all_of(factors.begin(), factors.end(), HasShortExponent))
+    {
+        return 0;
+    }
+    if (CheckMessages(factors, EnumAtomColourMode::Fixed))
+    {
+        CheckFixed(factors, count);
+    }
+    CheckMessages(factors, EnumAtomColourMode::Speed);
+    CheckSpeed(factors, count);
+    CheckRefusals(factors);
+    return 0;
+}
