@@ -17,4 +17,6 @@ endif()
 add_library(KinetariumHeaders INTERFACE)
 target_include_directories(KinetariumHeaders SYSTEM INTERFACE "${KINETARIUM_DEPENDENCIES}")
 target_compile_definitions(KinetariumHeaders INTERFACE FMT_HEADER_ONLY=1)
+# The same for them: a header is named as it is included.
+target_compile_options(KinetariumHeaders INTERFACE "-fmacro-prefix-map=${KINETARIUM_DEPENDENCIES}/=")
 target_link_libraries(KinetariumOptions INTERFACE KinetariumHeaders)

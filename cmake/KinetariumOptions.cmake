@@ -12,7 +12,9 @@ target_compile_options(KinetariumOptions INTERFACE
   $<$<BOOL:${KINETARIUM_WARNINGS_AS_ERRORS}>:-Werror>
   # A target with fused multiply-add would otherwise round once where another rounds twice, and the same seed would
   # no longer give the same world on every machine.
-  -ffp-contract=off)
+  -ffp-contract=off
+  # Diagnostics name a source by its path in this folder, wherever that lies: two checkouts give the same program.
+  "-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=")
 
 # Numbers that leave an integer's range are undefined behaviour too, but not everywhere part of "undefined".
 set(KINETARIUM_SANITIZER_OPTIONS
@@ -25,6 +27,12 @@ endif()
 if(KINETARIUM_SANITIZE_THREADS)
   target_compile_options(KinetariumOptions INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
   target_link_options(KinetariumOptions INTERFACE -fsanitize=thread)
+endif()
+
+# Several test programs and threads count into one file.
+if(KINETARIUM_COVERAGE)
+  target_compile_options(KinetariumOptions INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(KinetariumOptions INTERFACE --coverage)
 endif()
 
 if(KINETARIUM_FUZZ)
@@ -41,6 +49,11 @@ if(WIN32)
     _WIN32_WINNT=0x0A00 WINVER=0x0A00 NTDDI_VERSION=0x0A000004)
   # Spills of wide vector registers must not assume a stack alignment that the Windows ABI does not give.
   target_compile_options(KinetariumOptions INTERFACE -Wa,-muse-unaligned-vector-move)
+  # A buffer that overflows ends the program before anything uses what it overwrote. The checks of the C library's
+  # functions need an optimising build.
+  target_compile_options(KinetariumOptions INTERFACE -fstack-protector-strong)
+  target_link_options(KinetariumOptions INTERFACE -fstack-protector-strong)
+  target_compile_definitions(KinetariumOptions INTERFACE $<$<NOT:$<CONFIG:Debug>>:_FORTIFY_SOURCE=2>)
   # One self-contained program: nothing but the system's own libraries is imported. High-entropy ASLR and DEP are on;
   # without the time stamp of the link, two builds of one tree are the same file.
   target_link_options(KinetariumOptions INTERFACE
