@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Fills build/deps/include with the header-only libraries of both builds:
+# Fills build/deps/include with the header-only libraries of both builds, and build/deps/licences with the terms of what
+# does not come from an installed package:
 #   fmt           version 11, newer than Debian 12's: taken from a later Debian suite through an apt root of its own, with
 #                 the Debian keyring checking every file; nothing on the machine is upgraded or even looked at
 #   boost, CLI, stb
@@ -11,7 +12,8 @@ fmt_suites="${KINETARIUM_FMT_SUITES:-forky sid}"
 fmt_versions='11.*'
 deps="$PWD/build/deps"
 include="$deps/include"
-mkdir -p "$include"
+licences="$deps/licences"
+mkdir -p "$include" "$licences"
 
 fail() {
     echo "error: $*" >&2
@@ -22,6 +24,10 @@ for name in boost CLI stb; do
     [ -d "/usr/include/$name" ] || fail "/usr/include/$name is missing; run scripts/install-packages.sh first"
     ln -sfn "/usr/include/$name" "$include/$name"
 done
+
+has_fmt_licence() {
+    [ -s "$licences/fmt.txt" ]
+}
 
 has_fmt_11() {
     [ -f "$include/fmt/base.h" ] && grep -qE '^#define FMT_VERSION 11[0-9]{4}$' "$include/fmt/base.h"
@@ -55,13 +61,17 @@ fetch_fmt_from() {
         apt-get "${options[@]}" update -qq && apt-get "${options[@]}" download -qq "libfmt-dev=$fmt_versions"
     ) || return 1
     dpkg -x "$root"/download/libfmt-dev_*.deb "$root/unpacked" || return 1
-    rm -rf "$include/fmt"
-    cp -r "$root/unpacked/usr/include/fmt" "$include/fmt"
+    # Headers that are there stay: new ones would have everything compiled anew.
+    if ! has_fmt_11; then
+        rm -rf "$include/fmt"
+        cp -r "$root/unpacked/usr/include/fmt" "$include/fmt"
+    fi
+    cp "$root/unpacked/usr/share/doc/libfmt-dev/copyright" "$licences/fmt.txt"
     rm -rf "$root"
-    has_fmt_11
+    has_fmt_11 && has_fmt_licence
 }
 
-if ! has_fmt_11; then
+if ! has_fmt_11 || ! has_fmt_licence; then
     for suite in $fmt_suites; do
         echo "Fetching the headers of {fmt} 11 from Debian $suite"
         if fetch_fmt_from "$suite"; then
@@ -69,5 +79,5 @@ if ! has_fmt_11; then
         fi
         echo "  not available from $suite"
     done
-    has_fmt_11 || fail "no Debian suite of '$fmt_suites' gave libfmt-dev $fmt_versions"
+    has_fmt_11 && has_fmt_licence || fail "no Debian suite of '$fmt_suites' gave libfmt-dev $fmt_versions"
 fi
