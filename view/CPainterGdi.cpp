@@ -41,6 +41,10 @@ void CPainterGdi::PaintFrame(const CFrame& frame)
     {
         return;
     }
+    // In a view that is laid out from right to left the context would mirror the frame: atoms would start elsewhere
+    // than where the user clicked.
+    constexpr DWORD c_dwLeftToRight = 0;
+    SetLayout(dcWindow.Get(), c_dwLeftToRight);
     const CMemoryDc dcMemory(dcWindow.Get());
     if (!dcMemory)
     {

@@ -57,7 +57,7 @@ public:
     // Width and height of the world in pixels, one per world unit.
     const CSize<int>& GetWorldSize() const { return m_sizeWorld; }
 
-    // Where the world lies in the view; carries the scroll position.
+    // Where the world lies in the view, counted from its left edge; carries the scroll position.
     CRect GetWorldRect() const;
 
     static LRESULT CALLBACK WndProcWrapper(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);

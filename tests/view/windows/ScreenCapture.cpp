@@ -11,14 +11,19 @@ COLORREF CPixels::GetColour(int x, int y) const
     return RGB((uPixel >> (2 * c_uByte)) & c_uMask, (uPixel >> c_uByte) & c_uMask, uPixel & c_uMask);
 }
 
-CPixels CaptureClientArea(HWND hWnd)
+RECT GetClientAreaOnScreen(HWND hWnd)
 {
     RECT rc{};
     GetClientRect(hWnd, &rc);
-    POINT pt{};
-    ClientToScreen(hWnd, &pt);
+    MapWindowPoints(hWnd, nullptr, reinterpret_cast<POINT*>(&rc), 2);
+    return rc;
+}
+
+CPixels CaptureClientArea(HWND hWnd)
+{
+    const RECT rc = GetClientAreaOnScreen(hWnd);
     const CWindowDc screen(nullptr);
-    return CaptureContext(screen.Get(), pt.x, pt.y, rc.right, rc.bottom);
+    return CaptureContext(screen.Get(), rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top);
 }
 
 CPixels CaptureUntil(HWND hWnd, const std::function<void()>& draw, const std::function<bool(const CPixels&)>& accept)

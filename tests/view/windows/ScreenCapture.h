@@ -18,6 +18,9 @@ struct CPixels
     bool operator==(const CPixels&) const = default;
 };
 
+// The client area in screen coordinates, left edge on the left also where the x axis of the window runs to the left.
+RECT GetClientAreaOnScreen(HWND hWnd);
+
 // What the screen shows where the window's client area lies. The window must be on top.
 CPixels CaptureClientArea(HWND hWnd);
 

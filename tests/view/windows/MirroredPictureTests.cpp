@@ -1,0 +1,52 @@
+#include "tests/view/windows/CViewPictureTest.h"
+
+// In a view that is laid out from right to left the bars change sides, but physics does not: the world is drawn as in
+// any other view, so that a click starts the atoms where the user sees it.
+
+namespace
+{
+
+constexpr unsigned char c_byArabic = 1;
+constexpr std::int32_t c_iAtoms = 60;
+constexpr std::uint8_t c_uRadius = 12;
+
+class MirroredViewPicture : public CViewPictureTest
+{
+protected:
+    void OpenMirrored(const CSize<int>& sizeWorld, std::int32_t count)
+    {
+        Open(sizeWorld, 300, 200, EnumPicDrawMode::Tiled, c_byArabic);
+        ASSERT_NE(0, GetWindowLongW(GetViewHandle(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL);
+        Scatter(count, c_uRadius);
+    }
+};
+
+} // namespace
+
+TEST_F(MirroredViewPicture, Direct2DDrawsTheWorldUnmirrored)
+{
+    ShowDirect2D();
+    OpenMirrored({260, 160}, c_iAtoms);
+    ASSERT_TRUE(Start_Speed());
+    ExpectScreen(MakeScene(c_fEdgeDirect2D));
+}
+
+TEST_F(MirroredViewPicture, GdiDrawsTheWorldUnmirroredToo)
+{
+    GetDirect2DSpy().hrFactory = E_FAIL;
+    OpenMirrored({260, 160}, c_iAtoms);
+    EXPECT_FALSE(Start_Speed());
+    ExpectScreen(MakeScene(c_fEdgeGdi));
+}
+
+TEST_F(MirroredViewPicture, GdiDrawsAScrolledWorldWhereTheBarsSay)
+{
+    GetDirect2DSpy().hrFactory = E_FAIL;
+    OpenMirrored({700, 500}, 4 * c_iAtoms);
+    EXPECT_FALSE(Start_Speed());
+    Send(WM_HSCROLL, MAKEWPARAM(SB_PAGEDOWN, 0));
+    Send(WM_VSCROLL, MAKEWPARAM(SB_PAGEDOWN, 0));
+    EXPECT_LT(m_pView->GetWorldRect().left, -100);
+    EXPECT_EQ(-GetBar(SB_HORZ).nPos, m_pView->GetWorldRect().left);
+    ExpectScreen(MakeScene(c_fEdgeGdi));
+}
