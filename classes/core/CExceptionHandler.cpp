@@ -1,9 +1,11 @@
 #include "classes/core/CExceptionHandler.h"
 
+#include "classes/core/CFixedText.h"
 #include "classes/core/CWString.h"
 #include "classes/core/ExceptionText.h"
 #include "classes/core/OutputDebugMessage.h"
 #include "classes/core/SystemMessage.h"
+#include "classes/core/Utf8.h"
 
 #include <atomic>
 #include <cstdlib>
@@ -19,6 +21,9 @@ namespace
 std::atomic<std::wstring*> g_pDebugLog{};
 std::atomic<bool> g_bShow{};
 std::atomic<std::terminate_handler> g_pPreviousTerminate{};
+std::atomic<UnhandledErrorFunction> g_pReporter{};
+
+constexpr std::size_t c_uDescriptionSize = 1024; // bytes, enough for any text worth reading
 
 void Report(const std::wstring& sWhat)
 {
@@ -43,8 +48,32 @@ void ReportSafely(F&& describe) noexcept
     }
 }
 
+void CallReporter(const CUnhandledError& error)
+{
+    if (const UnhandledErrorFunction pReporter = g_pReporter.load())
+        pReporter(error);
+}
+
+// Into storage on the stack, so that an exception for want of memory is reported too.
+void DescribeException(CFixedText& text) noexcept
+{
+    try
+    {
+        text.Add(Utf8FromWide(DescribeCurrentException()).c_str());
+    }
+    catch (...)
+    {
+        text.Clear();
+        text.Add("an exception that there is no memory to describe");
+    }
+}
+
 void OnTerminate()
 {
+    char description[c_uDescriptionSize];
+    CFixedText text(description, sizeof description);
+    DescribeException(text);
+    CallReporter({text.Get(), nullptr});
     ReportSafely([] { return DescribeCurrentException(); });
     const std::terminate_handler pPrevious = g_pPreviousTerminate.load();
     if (pPrevious != nullptr)
@@ -69,12 +98,15 @@ LONG WINAPI OnFault(EXCEPTION_POINTERS* pPointers)
 {
     const EXCEPTION_RECORD& record = *pPointers->ExceptionRecord;
     if ((record.ExceptionCode & c_dwGccExceptionMask) != c_dwGccExceptionCode)
+    {
+        CallReporter({nullptr, pPointers});
         ReportSafely([&record] {
             CWString sText;
             sText.Format(L"fault 0x%08x at address %p", static_cast<std::uint32_t>(record.ExceptionCode),
                          static_cast<const void*>(record.ExceptionAddress));
             return sText.Get();
         });
+    }
     const LPTOP_LEVEL_EXCEPTION_FILTER pPrevious = g_pPreviousFilter.load();
     return pPrevious != nullptr ? pPrevious(pPointers) : EXCEPTION_CONTINUE_SEARCH;
 }
@@ -121,6 +153,11 @@ CExceptionHandler::CExceptionHandler(std::wstring* pDebugLog, bool bShow)
     // With two of these objects the inner one must not call itself.
     if (m_pPreviousTerminate != &OnTerminate)
         g_pPreviousTerminate.store(m_pPreviousTerminate);
+}
+
+void CExceptionHandler::SetReporter(UnhandledErrorFunction pReporter) noexcept
+{
+    g_pReporter.store(pReporter);
 }
 
 CExceptionHandler::~CExceptionHandler()

@@ -2,6 +2,15 @@
 
 #include <string>
 
+// An error that ends the process, one of the two.
+struct CUnhandledError
+{
+    const char* exception = nullptr; // an exception's type and text in UTF-8
+    void* fault = nullptr;           // a fault, as the system describes it (on Windows an EXCEPTION_POINTERS)
+};
+
+using UnhandledErrorFunction = void (*)(const CUnhandledError& error);
+
 // The process's last resort, one object for the life of the program: what nothing else caught (a C++ exception, on
 // Windows also a fault such as an access violation) is named in the debug output and the log before the process ends.
 // The destructor gives the process back the handlers that it had before.
@@ -16,6 +25,10 @@ public:
     ~CExceptionHandler();
     CExceptionHandler(const CExceptionHandler&) = delete;
     CExceptionHandler& operator=(const CExceptionHandler&) = delete;
+
+    // From now on the function is called with each such error before anything else is done about it, on the thread
+    // where it happened. It may end the process itself. Null: nothing is called.
+    static void SetReporter(UnhandledErrorFunction pReporter) noexcept;
 
 private:
     std::wstring* m_pPreviousLog;
