@@ -108,6 +108,7 @@ private:
     void StartSimulation_SetWorldSize();
     void StartSimulation_WriteBack(const CStartParameters& parameters);
     void StartSimulation_Begin(CStartParameters& parameters);
+    void StartSimulation_NoteForCrash(const CStartParameters& parameters) const;
     void RunSimulation();
     void StopSimulation();
     void StopSimulation_WaitForWorker();

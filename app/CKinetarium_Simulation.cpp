@@ -1,5 +1,8 @@
 #include "app/CKinetarium.h"
 #include "app/CWindowFrameSink.h"
+#include "classes/core/CFixedText.h"
+#include "classes/core/CrashNote.h"
+#include "classes/windows/CCrashReport.h"
 #include "classes/windows/CMessageBox.h"
 #include "diagnostics/Guard.h"
 #include "simulation/Parameters.h"
@@ -10,6 +13,7 @@
 
 namespace
 {
+constexpr const char* c_sNoSimulation = "no simulation";
 constexpr DWORD c_dwStopPoll = 10; // ms between two looks at the message queue while the worker ends
 
 constexpr std::array<const wchar_t*, 3> c_sFactorKeys{L"Colour_1_factor", L"Colour_2_factor", L"Colour_3_factor"};
@@ -133,10 +137,25 @@ void CKinetarium::StartSimulation_Begin(CStartParameters& parameters)
     m_bWorkerFinished = false;
     m_bSimulationRunning = true;
     m_pSimulationThread = std::make_unique<std::thread>([this] { RunSimulation(); });
+    StartSimulation_NoteForCrash(parameters);
+}
+
+void CKinetarium::StartSimulation_NoteForCrash(const CStartParameters& parameters) const
+{
+    constexpr std::size_t c_uNoteSize = 200;
+    char storage[c_uNoteSize];
+    CFixedText note(storage, sizeof storage);
+    note.Add("simulation of ").AddNumber(static_cast<std::uint64_t>(m_Atoms.GetCount())).Add(" atoms of radius ");
+    note.AddNumber(m_MinRadius).Add(" to ").AddNumber(m_MaxRadius).Add(" in a world of ");
+    note.AddNumber(static_cast<std::uint64_t>(m_WorldSize.cx)).Add(" x ");
+    note.AddNumber(static_cast<std::uint64_t>(m_WorldSize.cy));
+    note.Add(parameters.colourMode == EnumAtomColourMode::Speed ? ", speed mode" : ", fixed mode");
+    SetCrashNote(note.Add(m_bFullscreen ? ", full screen" : "").Get());
 }
 
 void CKinetarium::RunSimulation()
 {
+    CCrashReport::PrepareThread();
     CWorkerFinishedEvent finished(m_hSimulationDone, m_bWorkerFinished);
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
         CWindowFrameSink sink(m_pWorldView->GetWindowHandle(), m_hStatusBar);
@@ -157,6 +176,7 @@ void CKinetarium::StopSimulation()
             StopSimulation_WaitForWorker();
             m_pSimulationThread->join();
             m_pSimulationThread.reset();
+            SetCrashNote(c_sNoSimulation);
             m_StartButton.SetText(GetText(L"Start"));
             EnableWindow(m_StartButton.GetWindowHandle(), TRUE);
         }

@@ -2,6 +2,7 @@
 #include "app/ControlTable.h"
 #include "app/SettingsRules.h"
 #include "classes/windows/CWndToolTip.h"
+#include "classes/windows/ModuleFolder.h"
 #include "classes/windows/ShowSetTimer.h"
 #include "diagnostics/Guard.h"
 #include "strings/TranslateStrings_Kinetarium.h"
@@ -31,8 +32,6 @@ constexpr UINT_PTR c_uClockTimer = 1;
 constexpr UINT c_uClockPeriod = 1000; // ms
 constexpr UINT_PTR c_uPruneTimer = 2;
 constexpr UINT c_uPrunePeriod = 10000; // ms
-
-constexpr DWORD c_dwPathLimit = 32768; // the longest path that the system knows, in characters
 } // namespace
 
 bool CKinetarium::InitializeWindow()
@@ -75,18 +74,9 @@ bool CKinetarium::InitializeWindow()
 
 CWString CKinetarium::MakeIniPath()
 {
-    std::wstring sPath(c_dwPathLimit, L'\0');
-    sPath.resize(GetModuleFileNameW(nullptr, sPath.data(), c_dwPathLimit));
-
-    CWString sIniPath(sPath);
-    const int iLastBackslash = sIniPath.FindLast(L"\\");
-    if (iLastBackslash < 0)
-    {
-        sIniPath.Clear();
-        return sIniPath;
-    }
-    sIniPath.Erase(iLastBackslash + 1);
-    sIniPath += SettingsFile::c_sFileName;
+    CWString sIniPath = GetModuleFolder();
+    if (!sIniPath.IsEmpty())
+        sIniPath += SettingsFile::c_sFileName;
     return sIniPath;
 }
 

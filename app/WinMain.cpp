@@ -1,6 +1,9 @@
 #include "app/CKinetarium.h"
 #include "classes/core/CCpuCapabilities.h"
 #include "classes/core/CExceptionHandler.h"
+#include "classes/core/CrashNote.h"
+#include "classes/windows/CCrashReport.h"
+#include "classes/windows/ModuleFolder.h"
 #include "diagnostics/Guard.h"
 
 #include <windows.h>
@@ -15,6 +18,8 @@ int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int)
 {
     Guarded({nullptr, __TIMESTAMP__}, [&] {
         const CExceptionHandler exceptionHandler(nullptr, false);
+        const CCrashReport crashReport({GetModuleFolder().Get(), "Kinetarium", KINETARIUM_VERSION, __TIMESTAMP__});
+        SetCrashNote("no simulation so far");
         const CKinetarium application(nullptr, hInstance);
     });
     return 0;
