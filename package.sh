@@ -1,0 +1,138 @@
+#!/usr/bin/env bash
+# Makes what is handed out to users. See --help.
+set -euo pipefail
+called_from=$PWD
+cd "$(dirname "$0")"
+
+usage() {
+    cat <<'TEXT'
+usage: ./package.sh [--output FOLDER] [--check-reproducible] [--help]
+
+Installs the packages that are missing (Debian 12, as root), fetches {fmt} 11, builds the last commit (not what is
+changed since) from scratch, and makes in out/:
+
+  Kinetarium-VERSION-windows-x64.zip          to unpack and use: programs, guide, licences
+  Kinetarium-VERSION-windows-x64-setup.exe    the same as an installer for one user
+  Kinetarium-VERSION-windows-x64-symbols.zip  the programs with their symbols, to read a crash report with
+  SHA256SUMS                                  of the three
+
+The same commit gives the same bytes, wherever its checkout lies and whenever it is built, with the same packages
+installed. Called again for the same commit, it builds only what is missing.
+
+  --output FOLDER       another folder than out/
+  --check-reproducible  makes all of it twice, here and from a second checkout in another place, and fails if any byte
+                        differs
+  --help                this text
+TEXT
+}
+
+fail() {
+    echo "error: $*" >&2
+    exit 1
+}
+
+output=out
+check=no
+while [ $# -gt 0 ]; do
+    case "$1" in
+    --output)
+        [ -n "${2:-}" ] || fail "--output needs a folder"
+        output=$(cd "$called_from" && realpath -m "$2") && shift 2
+        ;;
+    --check-reproducible) check=yes && shift ;;
+    --help | -h) usage && exit 0 ;;
+    *) usage >&2 && exit 2 ;;
+    esac
+done
+
+step() {
+    printf '\n== %s\n' "$*"
+}
+
+# The checkout may belong to somebody else than root.
+git() {
+    command git -c safe.directory='*' "$@"
+}
+
+step "Packages"
+scripts/install-packages.sh
+step "Libraries that Debian 12 does not have"
+scripts/fetch-dependencies.sh
+
+commit=$(git rev-parse --verify HEAD 2>/dev/null) || fail "this is no checkout of the repository: there is no commit to build"
+[ -z "$(git status --porcelain --untracked-files=no)" ] ||
+    echo "Note: what is changed since the last commit is not in the package."
+
+# Nothing of the machine's own settings may show in the result. Every source gets the time of the commit, which is the
+# time that the program's diagnostics print for it.
+SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
+export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C
+unset CFLAGS CXXFLAGS CPPFLAGS LDFLAGS CMAKE_C_COMPILER_LAUNCHER CMAKE_CXX_COMPILER_LAUNCHER
+export KINETARIUM_DEPENDENCIES="$PWD/build/deps/include"
+work="build/package/$commit"
+
+step "Windows build of commit ${commit:0:12}"
+for other in build/package/*/; do
+    [ "$other" = "$work/" ] || rm -rf "$other"
+done
+if [ ! -f "$work/configured" ]; then
+    rm -rf "$work"
+    mkdir -p "$work/source"
+    git archive --format=tar HEAD | tar -x -C "$work/source"
+    # A commit packages itself, with its own rules.
+    cmake --preset windows-release -S "$work/source" -B "$work/tree" --log-level=WARNING \
+        -DKINETARIUM_DEPENDENCIES="$KINETARIUM_DEPENDENCIES" >"$work/configure.log" 2>&1 ||
+        { cat "$work/configure.log" >&2; exit 1; }
+    touch "$work/configured"
+fi
+cmake --build "$work/tree" --target Kinetarium kinetarium-headless
+version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$work/tree/CMakeCache.txt")
+[ -n "$version" ] || fail "the build does not say its version"
+
+# archive FOLDER ZIP: names in order, no owners, no times but the commit's.
+archive() {
+    local folder zip
+    folder=$(cd "$1" && pwd)
+    zip=$(realpath -m "$2")
+    rm -f "$zip"
+    (cd "$(dirname "$folder")" && find "$(basename "$folder")" -type f | sort | zip -X -9 -q "$zip" -@)
+}
+
+step "Packages of version $version"
+name="Kinetarium-$version-windows-x64"
+made="$work/made"
+rm -rf "$made"
+mkdir -p "$made" "$work/symbols/$name-symbols"
+"$work/source/packaging/stage.sh" "$work/tree/bin" "$version" "$work/Kinetarium-$version"
+archive "$work/Kinetarium-$version" "$made/$name.zip"
+for program in Kinetarium.exe kinetarium-headless.exe; do
+    install -m 755 "$work/tree/bin/$program" "$work/symbols/$name-symbols/"
+    touch --date "@$SOURCE_DATE_EPOCH" "$work/symbols/$name-symbols/$program"
+done
+archive "$work/symbols/$name-symbols" "$made/$name-symbols.zip"
+"$work/source/packaging/make-installer.sh" "$work/Kinetarium-$version" "$version" "$made/$name-setup.exe"
+(cd "$made" && sha256sum "$name-setup.exe" "$name-symbols.zip" "$name.zip" >SHA256SUMS)
+
+mkdir -p "$output"
+install -m 644 "$made"/* "$output/"
+(cd "$output" && ls -l "$name"* && cat SHA256SUMS)
+[ "$check" = yes ] || exit 0
+
+step "The same from a second checkout in another place"
+other=$(mktemp -d)
+trap 'rm -rf "$other"' EXIT
+mkdir "$other/a second checkout"
+cp -r "$(git rev-parse --absolute-git-dir)" "$other/a second checkout/.git"
+git -C "$other/a second checkout" reset --hard --quiet
+(cd "$other/a second checkout" && umask 077 && TZ=Asia/Tokyo ./package.sh --output "$other/out")
+step "Comparison"
+differing=0
+for file in "$name.zip" "$name-setup.exe" "$name-symbols.zip"; do
+    if cmp "$made/$file" "$other/out/$file"; then
+        echo "$file: the same bytes"
+    else
+        differing=$((differing + 1))
+    fi
+done
+[ "$differing" -eq 0 ] || fail "$differing of 3 files differ"
+echo "Reproducible: two checkouts give the same bytes"

@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# Makes the installer of a folder of files: make-installer.sh FOLDER VERSION INSTALLER
+#
+# The installer puts every file of FOLDER where it lies there, and its uninstaller deletes these and no others. The same
+# files with the same times give the same installer.
+set -euo pipefail
+[ $# -eq 3 ] || { echo "usage: make-installer.sh FOLDER VERSION INSTALLER" >&2; exit 2; }
+folder=$(cd "$1" && pwd)
+version=$2
+mkdir -p "$(dirname "$3")"
+installer=$(realpath -m "$3")
+cd "$(dirname "$0")"
+icon=$(realpath ../resources/Kinetarium.ico)
+
+lists=$(mktemp -d)
+trap 'rm -rf "$lists"' EXIT
+export LC_ALL=C
+
+# A path as the installer writes it.
+windows_path() {
+    printf '%s' "$1" | tr / '\\'
+}
+
+while IFS= read -r file; do
+    place=$(dirname "$file")
+    place=$(windows_path "${place#.}")
+    printf 'SetOutPath "$INSTDIR%s"\nFile "%s"\n' "${place:+\\${place#\\}}" "$folder/$file" >>"$lists/install.nsh"
+    printf 'Delete "$INSTDIR\\%s"\n' "$(windows_path "$file")" >>"$lists/uninstall.nsh"
+done < <(cd "$folder" && find . -type f -printf '%P\n' | sort)
+# The innermost folders first.
+while IFS= read -r place; do
+    printf 'RMDir "$INSTDIR\\%s"\n' "$(windows_path "$place")" >>"$lists/uninstall.nsh"
+done < <(cd "$folder" && find . -mindepth 1 -type d -printf '%P\n' | sort -r)
+
+size=$(find "$folder" -type f -printf '%s\n' | awk '{ sum += $1 } END { print int((sum + 1023) / 1024) }')
+rm -f "$installer"
+makensis -V2 -WX -NOCD "-DVERSION=$version" "-DOUTPUT=$installer" "-DICON=$icon" "-DLISTS=$lists" "-DSIZE=$size" \
+    Kinetarium.nsi
