@@ -4,6 +4,7 @@
 #include "classes/core/CrashNote.h"
 #include "classes/windows/CCrashReport.h"
 #include "classes/windows/ModuleFolder.h"
+#include "classes/windows/SafeLibrarySearch.h"
 #include "diagnostics/Guard.h"
 
 #include <windows.h>
@@ -16,6 +17,8 @@ const CCpuCapabilities s_CpuCapabilities;
 
 int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int)
 {
+    // Before anything could load a library. Where the system refuses this, the program runs all the same.
+    SearchLibrariesInSystemFolderOnly();
     Guarded({nullptr, __TIMESTAMP__}, [&] {
         const CExceptionHandler exceptionHandler(nullptr, false);
         const CCrashReport crashReport({GetModuleFolder().Get(), "Kinetarium", KINETARIUM_VERSION, __TIMESTAMP__});
