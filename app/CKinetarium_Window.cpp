@@ -3,6 +3,7 @@
 #include "app/SettingsRules.h"
 #include "classes/windows/CWndToolTip.h"
 #include "classes/windows/ModuleFolder.h"
+#include "classes/windows/RegisterOwnClass.h"
 #include "classes/windows/ShowSetTimer.h"
 #include "diagnostics/Guard.h"
 #include "strings/TranslateStrings_Kinetarium.h"
@@ -92,7 +93,8 @@ bool CKinetarium::InitializeWindow_Create()
     windowClass.hCursor = m_hCursorNormal;
     windowClass.lpszClassName = c_sWindowClass;
     windowClass.hIconSm = m_hIconSmall;
-    RegisterClassExW(&windowClass);
+    if (!RegisterOwnClass(windowClass))
+        return false;
 
     m_sIniPath = MakeIniPath();
     RECT rcWindow{};

@@ -1,6 +1,7 @@
 #include "view/CWndWorldView.h"
 
 #include "classes/windows/Handles.h"
+#include "classes/windows/RegisterOwnClass.h"
 #include "classes/windows/ShowCreateWindow.h"
 #include "diagnostics/Guard.h"
 #include "view/ScrollBar.h"
@@ -60,7 +61,10 @@ bool CWndWorldView::InitializeWindow()
         {
             return false;
         }
-        RegisterViewClass();
+        if (!RegisterViewClass())
+        {
+            return false;
+        }
         m_hWnd = CreateViewWindow();
         if (m_hWnd == nullptr)
         {
@@ -79,7 +83,7 @@ bool CWndWorldView::InitializeWindow()
 }
 
 // The class stays registered; a second view finds it there.
-void CWndWorldView::RegisterViewClass() const
+bool CWndWorldView::RegisterViewClass() const
 {
     WNDCLASSEXW windowClass{};
     windowClass.cbSize = sizeof(windowClass);
@@ -91,7 +95,7 @@ void CWndWorldView::RegisterViewClass() const
     windowClass.hCursor = m_hCursorNormal;
     windowClass.hbrBackground = m_hBackgroundBrush;
     windowClass.lpszClassName = c_sClassName;
-    RegisterClassExW(&windowClass);
+    return RegisterOwnClass(windowClass);
 }
 
 // Without position and size: the parent's layout places it.

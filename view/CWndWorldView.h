@@ -66,7 +66,7 @@ private:
     static constexpr std::size_t c_uMessageCount = 12;
 
     bool InitializeWindow();
-    void RegisterViewClass() const;
+    bool RegisterViewClass() const;
     HWND CreateViewWindow() const;
     LRESULT WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
 

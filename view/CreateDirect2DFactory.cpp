@@ -12,8 +12,7 @@ using D2D1CreateFactoryFunction = HRESULT(WINAPI*)(D2D1_FACTORY_TYPE, REFIID, co
 // Never freed: objects of the library may outlive whoever asked for them.
 HMODULE LoadDirect2D()
 {
-    static const HMODULE c_hModule = LoadLibraryExW(L"d2d1.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    return c_hModule;
+    return LoadLibraryExW(L"d2d1.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "classes/windows/CDataCtrl.h"
 #include "classes/windows/PanelLayout.h"
+#include "classes/windows/RegisterOwnClass.h"
 #include "classes/windows/ShowCreateWindow.h"
 #include "classes/windows/SystemLooks.h"
 #include "classes/windows/WindowColours.h"
@@ -17,14 +18,11 @@ bool RegisterPanelClass(HINSTANCE hInstance, HCURSOR hCursor)
 {
     WNDCLASSEXW record{};
     record.cbSize = sizeof(record);
-    if (GetClassInfoExW(hInstance, c_sPanelClass, &record))
-        return true;
-    record.cbSize = sizeof(record);
     record.lpfnWndProc = WndProcForward<CDataCtrlGroup>;
     record.hInstance = hInstance;
     record.hCursor = hCursor;
     record.lpszClassName = c_sPanelClass;
-    return RegisterClassExW(&record) != 0;
+    return RegisterOwnClass(record);
 }
 } // namespace
 

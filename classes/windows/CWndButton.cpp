@@ -4,6 +4,7 @@
 #include "classes/windows/ColourMath.h"
 #include "classes/windows/MessageTable.h"
 #include "classes/windows/RectHelpers.h"
+#include "classes/windows/RegisterOwnClass.h"
 #include "classes/windows/ShowCreateWindow.h"
 #include "classes/windows/WindowColours.h"
 #include "classes/windows/WindowText.h"
@@ -15,15 +16,12 @@ bool RegisterButtonClass(HINSTANCE hInstance)
 {
     WNDCLASSEXW record{};
     record.cbSize = sizeof(record);
-    if (GetClassInfoExW(hInstance, c_sButtonClass, &record))
-        return true;
-    record.cbSize = sizeof(record);
     record.style = CS_HREDRAW | CS_VREDRAW;
     record.lpfnWndProc = WndProcForward<CWndButton>;
     record.hInstance = hInstance;
     record.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     record.lpszClassName = c_sButtonClass;
-    return RegisterClassExW(&record) != 0;
+    return RegisterOwnClass(record);
 }
 } // namespace
 

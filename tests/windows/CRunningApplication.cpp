@@ -37,6 +37,14 @@ bool CKinetariumProbe::IsStopping(const CKinetarium& application)
 {
     return application.m_StopGate.IsStopping();
 }
+bool CKinetariumProbe::IsRunFlagSet(const CKinetarium& application)
+{
+    return application.m_bSimulationRunning;
+}
+bool CKinetariumProbe::IsWorkerFinished(const CKinetarium& application)
+{
+    return application.m_bWorkerFinished;
+}
 bool CKinetariumProbe::IsFullScreen(const CKinetarium& application)
 {
     return application.m_bFullscreen;

@@ -18,6 +18,8 @@ class CKinetariumProbe
 public:
     static bool HasWorker(const CKinetarium& application);
     static bool IsStopping(const CKinetarium& application);
+    static bool IsRunFlagSet(const CKinetarium& application);
+    static bool IsWorkerFinished(const CKinetarium& application);
     static bool IsFullScreen(const CKinetarium& application);
     static int GetAtomCount(const CKinetarium& application);
     static CSize<int> GetWorldSize(const CKinetarium& application);
