@@ -31,6 +31,10 @@ constexpr CBitNumbers MakeBitNumbers()
 
 static constexpr CBitNumbers c_BitNumbers = MakeBitNumbers();
 
+// Each instruction set has Lanes of its own, and where nothing is inlined the linker would keep one of them for all.
+namespace // NOLINT(cert-dcl59-cpp): one source includes this
+{
+
 // Eight floats at a time.
 struct Lanes
 {
@@ -138,3 +142,5 @@ struct Lanes
         return _mm256_movemask_epi8(reinterpret_cast<__m256i>(lanes)) != 0;
     }
 };
+
+} // namespace

@@ -6,6 +6,10 @@
 #include <cstdint>
 #include <immintrin.h>
 
+// Each instruction set has Lanes of its own, and where nothing is inlined the linker would keep one of them for all.
+namespace // NOLINT(cert-dcl59-cpp): one source includes this
+{
+
 // Sixteen floats at a time.
 struct Lanes
 {
@@ -118,3 +122,5 @@ struct Lanes
         return _mm512_test_epi32_mask(all, all) != 0;
     }
 };
+
+} // namespace

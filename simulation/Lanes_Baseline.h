@@ -6,6 +6,10 @@
 #include <cstdint>
 #include <emmintrin.h>
 
+// Each instruction set has Lanes of its own, and where nothing is inlined the linker would keep one of them for all.
+namespace // NOLINT(cert-dcl59-cpp): one source includes this
+{
+
 // Four floats at a time, with what every x86-64 processor has.
 struct Lanes
 {
@@ -121,3 +125,5 @@ struct Lanes
         return _mm_movemask_epi8(reinterpret_cast<__m128i>(lanes)) != 0;
     }
 };
+
+} // namespace

@@ -31,6 +31,9 @@ static inline Floats Negate(Floats values, Ints lanes)
     return lanes ? -values : values;
 }
 
+namespace // NOLINT(cert-dcl59-cpp): compiled once per instruction set, and the linker must not merge the copies
+{
+
 // One axis of a grid: its cells and their length.
 struct CAxis
 {
@@ -49,6 +52,8 @@ struct CSpan
     Ints hasLower;
     Ints hasHigher;
 };
+
+} // namespace
 
 static inline CSpan FindSpan(Floats position, Floats r, const CAxis& axis)
 {

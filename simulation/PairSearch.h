@@ -109,6 +109,9 @@ static inline bool FindPairs(const CCell& cell)
     return true;
 }
 
+namespace // NOLINT(cert-dcl59-cpp): compiled once per instruction set, and the linker must not merge the copies
+{
+
 // The pairs that came up after the search, in order, as far as they are still to come; c_uNoPair is behind the last.
 struct CLatePairs
 {
@@ -142,6 +145,8 @@ struct CLatePairs
         return true;
     }
 };
+
+} // namespace
 
 static inline bool IsPushedFar(const CCellAtom& atom)
 {
