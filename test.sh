@@ -5,21 +5,23 @@ cd "$(dirname "$0")"
 
 usage() {
     cat <<'TEXT'
-usage: ./test.sh [--asan] [--help]
+usage: ./test.sh [--asan | --tsan] [--help]
 
 Installs the packages that are missing (Debian 12, as root), fetches {fmt} 11, checks the layout of the source, builds
 the native and the Windows half and runs every test of both, the Windows ones under Wine on a display of their own.
 The last lines are CTest's summary; the exit code is 0 only if everything passed. A second call does only what changed.
 
   --asan   instead: the native half with the address and undefined-behaviour sanitizers
+  --tsan   instead: the native half with the thread sanitizer
   --help   this text
 TEXT
 }
 
-asan=no
+sanitized=
 for argument in "$@"; do
     case "$argument" in
-    --asan) asan=yes ;;
+    --asan) sanitized=native-asan ;;
+    --tsan) sanitized=native-tsan ;;
     --help | -h) usage && exit 0 ;;
     *) usage >&2 && exit 2 ;;
     esac
@@ -38,11 +40,11 @@ scripts/check-format.sh
 
 tests=(ctest --output-on-failure --no-tests=error --parallel "$(nproc)")
 
-if [ "$asan" = yes ]; then
+if [ -n "$sanitized" ]; then
     step "Native build with sanitizers"
-    scripts/build.sh native-asan
+    scripts/build.sh "$sanitized"
     step "Tests"
-    exec "${tests[@]}" --test-dir build/native-asan
+    exec "${tests[@]}" --test-dir "build/$sanitized"
 fi
 
 step "Native build"
