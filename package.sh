@@ -69,19 +69,23 @@ SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C
 unset CFLAGS CXXFLAGS CPPFLAGS LDFLAGS CMAKE_C_COMPILER_LAUNCHER CMAKE_CXX_COMPILER_LAUNCHER
 export KINETARIUM_DEPENDENCIES="$PWD/build/deps/include"
-work="build/package/$commit"
+work="$PWD/build/package/$commit"
 
 step "Windows build of commit ${commit:0:12}"
-for other in build/package/*/; do
+for other in "$PWD"/build/package/*/; do
     [ "$other" = "$work/" ] || rm -rf "$other"
 done
 if [ ! -f "$work/configured" ]; then
     rm -rf "$work"
     mkdir -p "$work/source"
     git archive --format=tar HEAD | tar -x -C "$work/source"
-    # A commit packages itself, with its own rules.
+    # The names and lines of all functions, for those who read a crash report; no machine code depends on them. They
+    # too say nothing of where this is.
+    symbols="-g1 \"-fdebug-prefix-map=$work/source=.\" \"-fdebug-prefix-map=$work/tree=.\""
+    symbols="$symbols \"-fdebug-prefix-map=$KINETARIUM_DEPENDENCIES/=\""
     cmake --preset windows-release -S "$work/source" -B "$work/tree" --log-level=WARNING \
-        -DKINETARIUM_DEPENDENCIES="$KINETARIUM_DEPENDENCIES" >"$work/configure.log" 2>&1 ||
+        -DKINETARIUM_DEPENDENCIES="$KINETARIUM_DEPENDENCIES" -DCMAKE_C_FLAGS="$symbols" -DCMAKE_CXX_FLAGS="$symbols" \
+        >"$work/configure.log" 2>&1 ||
         { cat "$work/configure.log" >&2; exit 1; }
     touch "$work/configured"
 fi
