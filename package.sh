@@ -2,7 +2,8 @@
 # Makes what is handed out to users. See --help.
 set -euo pipefail
 called_from=$PWD
-cd "$(dirname "$0")"
+# The compiler writes down where things really are.
+cd -P "$(dirname "$0")"
 
 usage() {
     cat <<'TEXT'
@@ -68,7 +69,8 @@ commit=$(git rev-parse --verify HEAD 2>/dev/null) || fail "this is no checkout o
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C
 unset CFLAGS CXXFLAGS CPPFLAGS LDFLAGS CMAKE_C_COMPILER_LAUNCHER CMAKE_CXX_COMPILER_LAUNCHER
-export KINETARIUM_DEPENDENCIES="$PWD/build/deps/include"
+KINETARIUM_DEPENDENCIES=$(realpath build/deps/include)
+export KINETARIUM_DEPENDENCIES
 work="$PWD/build/package/$commit"
 
 step "Windows build of commit ${commit:0:12}"

@@ -95,6 +95,11 @@ std::optional<DWORD> ReadListedNumber(const std::wstring& sName)
     return uNumber;
 }
 
+void RemoveFromList()
+{
+    RegDeleteTreeW(HKEY_CURRENT_USER, c_sListed);
+}
+
 std::filesystem::path StartMenuEntry()
 {
     return UserFolder(FOLDERID_Programs) / "Kinetarium.lnk";

@@ -14,6 +14,8 @@ DWORD RunToEnd(const std::filesystem::path& program, const std::wstring& sArgume
 bool IsListed();
 std::optional<std::wstring> ReadListedText(const std::wstring& sName);
 std::optional<DWORD> ReadListedNumber(const std::wstring& sName);
+// Does nothing if it is not there.
+void RemoveFromList();
 
 // The user's folders.
 std::filesystem::path StartMenuEntry();

@@ -78,14 +78,15 @@ protected:
     }
     ~Installer() override { Clear(); }
 
+    // Whatever a failed test has left, without the help of what it tested.
     void Clear() const
     {
-        if (IsListed())
-            UninstallAsListed();
         std::error_code ignored;
         std::filesystem::remove_all(m_place, ignored);
         std::filesystem::remove_all(DefaultPlace(), ignored);
+        std::filesystem::remove(StartMenuEntry(), ignored);
         std::filesystem::remove(DesktopEntry(), ignored);
+        RemoveFromList();
     }
 
     // Installs silently; the folder comes last and without quotes, whatever blanks it has.
