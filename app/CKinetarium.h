@@ -65,6 +65,27 @@ private:
         std::array<COLORREF, 3> colours{};
     };
 
+    // The way from one world to the next, however it is left; what had to wait for its end is posted then.
+    class CChangeOfWorld
+    {
+    public:
+        explicit CChangeOfWorld(CKinetarium& application) : m_Application(application)
+        {
+            m_Changing.emplace(application.m_StopGate);
+        }
+        ~CChangeOfWorld()
+        {
+            m_Changing.reset();
+            m_Application.PostDeferredRequests();
+        }
+        CChangeOfWorld(const CChangeOfWorld&) = delete;
+        CChangeOfWorld& operator=(const CChangeOfWorld&) = delete;
+
+    private:
+        CKinetarium& m_Application;
+        std::optional<CStopGate::CChanging> m_Changing;
+    };
+
     // Lifetime and window
     void Run(HINSTANCE hInstance);
     bool InitializeWindow();
@@ -112,7 +133,7 @@ private:
     void RunSimulation();
     void StopSimulation();
     void StopSimulation_WaitForWorker();
-    void StopSimulation_PostDeferredRequests();
+    void PostDeferredRequests();
 
     // Settings file
     void Settings_Load();

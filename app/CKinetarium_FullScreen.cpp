@@ -8,13 +8,16 @@ void CKinetarium::ToggleFullscreen()
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
         if (m_StopGate.Defer_ToggleFullScreen())
             return;
-        if (m_bFullscreen)
-            ToggleFullscreen_Leave();
-        else if (!ToggleFullscreen_Enter())
-            return;
+        {
+            const CChangeOfWorld change(*this);
+            if (m_bFullscreen)
+                ToggleFullscreen_Leave();
+            else if (!ToggleFullscreen_Enter())
+                return;
 
-        SetControlPositions(-1, -1);
-        OperateMessagePump(nullptr);
+            SetControlPositions(-1, -1);
+            OperateMessagePump(nullptr);
+        }
         // The world follows the window, so it is always made anew.
         StartSimulation(nullptr);
     });

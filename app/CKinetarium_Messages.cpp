@@ -250,8 +250,11 @@ std::optional<LRESULT> CKinetarium::On_LeftButtonUp(WPARAM, LPARAM lParam)
         return 0;
 
     const CPoint<int> start{point.x - rcView.left, point.y - rcView.top};
-    StopSimulation();
-    OperateMessagePump(nullptr);
+    {
+        const CChangeOfWorld change(*this);
+        StopSimulation();
+        OperateMessagePump(nullptr);
+    }
     StartSimulation(&start);
     return 0;
 }
@@ -268,7 +271,7 @@ std::optional<LRESULT> CKinetarium::On_DeferredToggle(WPARAM, LPARAM)
     return 0;
 }
 
-void CKinetarium::StopSimulation_PostDeferredRequests()
+void CKinetarium::PostDeferredRequests()
 {
     const CStopGate::CRequests requests = m_StopGate.TakeRequests();
     if (requests.close)

@@ -180,7 +180,7 @@ void CKinetarium::StopSimulation()
             m_StartButton.SetText(GetText(L"Start"));
             EnableWindow(m_StartButton.GetWindowHandle(), TRUE);
         }
-        StopSimulation_PostDeferredRequests();
+        PostDeferredRequests();
     });
 }
 

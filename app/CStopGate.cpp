@@ -4,27 +4,29 @@
 
 bool CStopGate::Defer_Close()
 {
-    if (m_bStopping)
+    if (MustWait())
         m_Requests.close = true;
-    return m_bStopping;
+    return MustWait();
 }
 
 bool CStopGate::Defer_ToggleFullScreen()
 {
-    if (m_bStopping)
+    if (MustWait())
         m_Requests.toggleFullScreen = !m_Requests.toggleFullScreen;
-    return m_bStopping;
+    return MustWait();
 }
 
 bool CStopGate::Defer_Click(const CPoint<int>& point)
 {
-    if (m_bStopping)
+    if (MustWait())
         m_Requests.click = point;
-    return m_bStopping;
+    return MustWait();
 }
 
 CStopGate::CRequests CStopGate::TakeRequests()
 {
+    if (MustWait())
+        return {};
     CRequests requests = std::exchange(m_Requests, CRequests{});
     if (requests.close)
         requests.toggleFullScreen = false;

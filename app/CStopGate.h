@@ -36,18 +36,37 @@ public:
         CStopGate& m_Gate;
     };
 
+    // Marks the way from one world to the next as going on for as long as it lives: a stop, and what comes between it
+    // and the next start. That dispatches messages too; a request among them that began a way of its own would be
+    // followed by the next one, each inside the one before, as deep as the user is quick.
+    class CChanging
+    {
+    public:
+        explicit CChanging(CStopGate& gate) : m_Gate(gate) { m_Gate.m_bChanging = true; }
+        ~CChanging() { m_Gate.m_bChanging = false; }
+        CChanging(const CChanging&) = delete;
+        CChanging& operator=(const CChanging&) = delete;
+
+    private:
+        CStopGate& m_Gate;
+    };
+
     bool IsStopping() const { return m_bStopping; }
 
-    // Each returns true when a stop is going on: the request is then remembered, and the caller has nothing to do.
+    // Each returns true when a stop or a change is going on: the request is then remembered, and the caller has nothing
+    // to do.
     bool Defer_Close();
     bool Defer_ToggleFullScreen();
     bool Defer_Click(const CPoint<int>& point);
 
-    // Hands out what was remembered, and forgets it. A second toggle undoes the first; of several clicks the last
-    // counts.
+    // Hands out what was remembered, and forgets it; nothing while it must still wait. A second toggle undoes the
+    // first; of several clicks the last counts.
     CRequests TakeRequests();
 
 private:
+    bool MustWait() const { return m_bStopping || m_bChanging; }
+
     bool m_bStopping = false;
+    bool m_bChanging = false;
     CRequests m_Requests;
 };

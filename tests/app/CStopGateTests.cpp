@@ -72,3 +72,21 @@ TEST(StopGate, ATakenRequestIsForgotten)
     EXPECT_TRUE(gate.TakeRequests().toggleFullScreen);
     EXPECT_FALSE(gate.TakeRequests().toggleFullScreen);
 }
+
+TEST(StopGate, WhatArrivesDuringAChangeWaitsForItsEnd)
+{
+    CStopGate gate;
+    {
+        const CStopGate::CChanging changing(gate);
+        {
+            const CStopGate::CStopping stopping(gate);
+            EXPECT_TRUE(gate.Defer_ToggleFullScreen());
+        }
+        EXPECT_FALSE(gate.IsStopping());
+        EXPECT_FALSE(gate.TakeRequests().toggleFullScreen) << "the stop is over, but not the change";
+        EXPECT_TRUE(gate.Defer_Click({1, 2}));
+        EXPECT_TRUE(gate.Defer_Close());
+    }
+    EXPECT_FALSE(gate.Defer_Click({3, 4}));
+    EXPECT_TRUE(gate.TakeRequests().close);
+}
