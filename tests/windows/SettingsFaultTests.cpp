@@ -113,6 +113,11 @@ TEST_F(SettingsFaults, AVanishedDriveOrFolderOrNoPathAtAllGivesTheDefaults)
     {
         g_sProgramPath = sProgram;
         ExpectUsableProgram(L"512");
+        const CRunningApplication application(true);
+        application.Do([&](CKinetarium& inside) {
+            const bool bHasFolder = sProgram.find(L'\\') != std::wstring::npos;
+            EXPECT_EQ(CKinetariumProbe::GetIniPath(inside).IsEmpty(), !bHasFolder);
+        });
     }
     EXPECT_FALSE(std::filesystem::exists(sFolder));
 }

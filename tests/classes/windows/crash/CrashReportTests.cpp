@@ -61,7 +61,7 @@ protected:
 };
 } // namespace
 
-TEST_F(CrashReport, OfAnAccessViolationTellsWhatAndWhere)
+TEST_F(CrashReport, OfAnAccessViolationTellsWhatAndWhereWithADumpAndOneMessage)
 {
     const CCrashResult result(m_folder, L"access");
     EXPECT_EQ(result.exitCode, c_dwAccessViolation);
@@ -84,11 +84,8 @@ TEST_F(CrashReport, OfAnAccessViolationTellsWhatAndWhere)
     EXPECT_NE(result.report.find("Calls, the innermost first:\r\n  " + place[1].str() + "\r\n"), std::string::npos)
         << result.report;
     EXPECT_TRUE(result.Says("\n  kernel32\\.dll\\+0x[0-9a-f]+\r\n")) << "the walk ends too early\n" << result.report;
-}
 
-TEST_F(CrashReport, HasADumpBesideItAndIsNamedInOneMessage)
-{
-    const CCrashResult result(m_folder, L"access");
+    // The dump beside it, and the message that names it.
     const std::vector<std::string> names = m_folder.List();
     ASSERT_EQ(names.size(), 2u);
     EXPECT_TRUE(std::regex_match(names[1], std::regex("Crashing-crash-\\d{8}-\\d{6}\\.txt"))) << names[1];
@@ -121,7 +118,7 @@ TEST_F(CrashReport, OfADivisionByZeroNamesIt)
 
 TEST_F(CrashReport, OfAnExceptionThatNobodyCatchesNamesItsTypeAndText)
 {
-    for (const wchar_t* sHow : {L"throw", L"throw thread", L"noexcept"})
+    for (const wchar_t* sHow : {L"throw thread", L"noexcept"})
     {
         const CEmptyFolder folder;
         const CCrashResult result(folder, sHow);
@@ -156,15 +153,11 @@ TEST_F(CrashReport, SixCrashesLeaveFivePairsAndForeignFilesStay)
         m_folder.Write(sStem + ".txt", "an old report");
         m_folder.Write(sStem + ".dmp", "an old dump");
     };
-    for (const char* sDay : {"01", "02", "03", "04"})
+    for (const char* sDay : {"01", "02", "03", "04", "05"})
         writePair(std::string("Crashing-crash-200101") + sDay + "-000000");
     m_folder.Write("Crashing.ini", "settings");
     m_folder.Write("Crashing-crash-notes.txt", "mine");
     std::filesystem::create_directory(m_folder.GetPath() / "Crashing-crash-20000101-000000.txt");
-
-    const CCrashResult fifth(m_folder, L"access");
-    EXPECT_EQ(m_folder.List(".dmp").size(), 5u);
-    EXPECT_EQ(m_folder.Read("Crashing-crash-20010101-000000.txt"), "an old report");
 
     const CCrashResult sixth(m_folder, L"access");
     EXPECT_EQ(m_folder.List(".dmp").size(), 5u);
