@@ -3,6 +3,7 @@
 ;   VERSION    three numbers with points
 ;   OUTPUT     the installer's file
 ;   ICON       its icon
+;   PICTURE    what is beside the text of the last page
 ;   LISTS      the folder of install.nsh, which unpacks every file, and uninstall.nsh, which deletes every one of them
 ;   SIZE       of all files together, in KiB
 ;
@@ -45,6 +46,7 @@ VIAddVersionKey "LegalCopyright" ""
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${PICTURE}"
 !define MUI_ABORTWARNING
 !define MUI_COMPONENTSPAGE_NODESC
 !define MUI_FINISHPAGE_RUN "$INSTDIR\Kinetarium.exe"

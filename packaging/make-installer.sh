@@ -10,7 +10,7 @@ version=$2
 mkdir -p "$(dirname "$3")"
 installer=$(realpath -m "$3")
 cd "$(dirname "$0")"
-icon=$(realpath ../resources/Kinetarium.ico)
+resources=$(realpath ../resources)
 
 lists=$(mktemp -d)
 trap 'rm -rf "$lists"' EXIT
@@ -34,5 +34,5 @@ done < <(cd "$folder" && find . -mindepth 1 -type d -printf '%P\n' | sort -r)
 
 size=$(find "$folder" -type f -printf '%s\n' | awk '{ sum += $1 } END { print int((sum + 1023) / 1024) }')
 rm -f "$installer"
-makensis -V2 -WX -NOCD "-DVERSION=$version" "-DOUTPUT=$installer" "-DICON=$icon" "-DLISTS=$lists" "-DSIZE=$size" \
-    Kinetarium.nsi
+makensis -V2 -WX -NOCD "-DVERSION=$version" "-DOUTPUT=$installer" "-DICON=$resources/Kinetarium.ico" \
+    "-DPICTURE=$resources/backdrop.bmp" "-DLISTS=$lists" "-DSIZE=$size" Kinetarium.nsi
