@@ -98,8 +98,3 @@ CRect PlaceWorld_Scrolled(const CSize<int>& sizeWorld, const CScrolledView& view
                                           : Centre(view.sizeClient.cy, sizeWorld.cy);
     return MakeWorldRect(iLeft, iTop, sizeWorld);
 }
-
-CRect MirrorHorizontally(const CRect& rc, int iWidth)
-{
-    return CRect{iWidth - rc.right, rc.top, iWidth - rc.left, rc.bottom};
-}

@@ -190,11 +190,3 @@ TEST(Wheel, TheLargestTurnIsHarmless)
     EXPECT_EQ(-16283, GetWheelPosition(100, 32767));
     EXPECT_EQ(16484, GetWheelPosition(100, -32768));
 }
-
-TEST(WorldPlacement, FromTheOtherSideAWorldHasTheSameSizeAndItsDistancesChangePlaces)
-{
-    EXPECT_EQ((CRect{70, 5, 95, 25}), MirrorHorizontally({5, 5, 30, 25}, 100));
-    EXPECT_EQ((CRect{-600, 0, 100, 20}), MirrorHorizontally({0, 0, 700, 20}, 100)); // scrolled to the beginning
-    EXPECT_EQ((CRect{0, 0, 700, 20}), MirrorHorizontally({-600, 0, 100, 20}, 100)); // and to the end
-    EXPECT_EQ((CRect{20, 0, 80, 60}), MirrorHorizontally({20, 0, 80, 60}, 100));    // in the middle
-}
