@@ -113,6 +113,7 @@ protected:
             SCOPED_TRACE("call " + std::to_string(iCall));
             ASSERT_TRUE(TryFailure(iCall, eFailure));
             EXPECT_EQ(GetFailingDirect2D().alive, 0);
+            EXPECT_EQ(GetFailingDirect2D().misuses, 0);
         }
     }
 

@@ -49,7 +49,7 @@ class CCounted : public I
 {
 public:
     CCounted() { ++GetFailingDirect2D().alive; }
-    virtual ~CCounted() { --GetFailingDirect2D().alive; }
+    virtual ~CCounted() { --GetFailingDirect2D().alive; } // NOLINT(modernize-use-override): not all I have one
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
     ULONG STDMETHODCALLTYPE AddRef() override { return ++m_uCount; }
     ULONG STDMETHODCALLTYPE Release() override
@@ -140,9 +140,17 @@ public:
     }
     void STDMETHODCALLTYPE FillRectangle(const D2D1_RECT_F*, ID2D1Brush*) override {}
     void STDMETHODCALLTYPE FillEllipse(const D2D1_ELLIPSE*, ID2D1Brush*) override { ++GetFailingDirect2D().ellipses; }
-    void STDMETHODCALLTYPE BeginDraw() override {}
+    void STDMETHODCALLTYPE BeginDraw() override
+    {
+        if (m_bDrawing)
+            ++GetFailingDirect2D().misuses;
+        m_bDrawing = true;
+    }
     HRESULT STDMETHODCALLTYPE EndDraw(D2D1_TAG*, D2D1_TAG*) override
     {
+        if (!m_bDrawing)
+            ++GetFailingDirect2D().misuses;
+        m_bDrawing = false;
         m_bLost = m_bLost || GetFailingDirect2D().loseTarget;
         if (m_bLost)
         {
@@ -157,6 +165,7 @@ public:
     HRESULT STDMETHODCALLTYPE Resize(const D2D1_SIZE_U*) override { return DoCall("Resize"); }
 
 private:
+    bool m_bDrawing = false;
     bool m_bLost = false;
 };
 

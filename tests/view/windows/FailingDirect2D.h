@@ -28,6 +28,7 @@ struct CFailingDirect2D
     std::vector<std::string> calls; // those that can fail, by name
     int frames = 0;                 // that were drawn to their end
     int ellipses = 0;
+    int misuses = 0; // a frame that was begun twice, or ended without a beginning
     int targets = 0; // that were made
     int alive = 0;   // objects that nobody has released
 };
