@@ -35,6 +35,18 @@ TEST(IniText, NumbersAreWhatTheValueBeginsWith)
     EXPECT_EQ(-1, ReadNumber("4294967295"));
 }
 
+TEST(IniText, NumbersCanBeWrittenInFourBases)
+{
+    EXPECT_EQ(0xFE01, ReadNumber("0xfE01"));
+    EXPECT_EQ(0xABC, ReadNumber("0xABCg"));
+    EXPECT_EQ(-15, ReadNumber("-0o17"));
+    EXPECT_EQ(1, ReadNumber("0o18"));
+    EXPECT_EQ(5, ReadNumber("0b101"));
+    EXPECT_EQ(2, ReadNumber("0b102"));
+    EXPECT_EQ(0, ReadNumber("0x"));
+    EXPECT_EQ(0, ReadNumber("0d9"));
+}
+
 TEST(IniText, AnEmptyOrMissingNumberIsTheDefault)
 {
     EXPECT_EQ(-77, ReadNumber(""));

@@ -279,6 +279,13 @@ TEST(StringToNumber, EveryDoubleComesBackFromItsText)
     }
 }
 
+TEST(StringToNumber, OnlyADoubleCanBeAskedForByType)
+{
+    double dValue = c_dUntouched;
+    EXPECT_FALSE(StringToNumber(L"1", &dValue, static_cast<EnumNumberType>(1), true, nullptr));
+    EXPECT_EQ(dValue, c_dUntouched);
+}
+
 TEST(StringToNumber, NoLocaleChangesTheDecimalSign)
 {
     const CCommaLocale locale;
