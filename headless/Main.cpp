@@ -21,9 +21,9 @@ void Interrupt(int)
 
 int RunMain(const std::vector<std::string>& arguments)
 {
-    // An interrupted run ends in order, so that no temporary file stays behind.
-    std::signal(SIGINT, &Interrupt);
-    std::signal(SIGTERM, &Interrupt);
+    // An interrupted run ends in order, so that no temporary file stays behind. Where the system refuses, it just ends.
+    static_cast<void>(std::signal(SIGINT, &Interrupt));
+    static_cast<void>(std::signal(SIGTERM, &Interrupt));
     SetStandardOutputBinary();
     std::ios::sync_with_stdio(false);
     return HeadlessMain(arguments, CConsole{std::cout, std::cerr, IsStandardErrorTerminal(), &g_bInterrupted});

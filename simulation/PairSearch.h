@@ -166,6 +166,8 @@ __attribute__((noinline)) static bool FindAgain(const CCell& cell, CCellAtom& at
     scratch.x[index] = atom.searchedX = atom.x;
     scratch.y[index] = atom.searchedY = atom.y;
     Lanes::MakePoints(scratch, index & ~(Lanes::c_iCount - 1), c_fPointsPerUnit, c_fFarthestPoint);
+    // In the last block that has made points of lanes without an atom too.
+    Lanes::Fill(scratch.points + cell.count, PackPoint(c_iNowhere, c_iNowhere));
     const Lanes::CDisc disc = MakeSearchDisc(cell, index, scratch.radius[index]);
     for (int block = 0; block < cell.count; block += Lanes::c_iCount)
     {

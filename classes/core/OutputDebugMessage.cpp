@@ -33,8 +33,9 @@ void WriteToStandardError(std::wstring_view sText)
     if (!GetEnvironmentText("KINETARIUM_DEBUG_OUTPUT").has_value())
         return;
     const std::string sNarrow = Utf8FromWide(sText);
-    std::fwrite(sNarrow.data(), 1, sNarrow.size(), stderr);
-    std::fflush(stderr);
+    // Where this cannot be written, nothing can tell of it.
+    static_cast<void>(std::fwrite(sNarrow.data(), 1, sNarrow.size(), stderr));
+    static_cast<void>(std::fflush(stderr));
 }
 
 // Each way out is tried, whatever became of the others.

@@ -101,7 +101,8 @@ int CDataCtrlGroup::GetCount() const
 
 short CDataCtrlGroup::GetCtrlIndex(const CWString& sLabel) const
 {
-    for (short i = 0; i < GetCount(); ++i)
+    const auto count = static_cast<short>(GetCount());
+    for (short i = 0; i < count; ++i)
         if (GetCtrl(i)->GetSpec().sLabel == sLabel)
             return i;
     return -1;
@@ -109,7 +110,8 @@ short CDataCtrlGroup::GetCtrlIndex(const CWString& sLabel) const
 
 short CDataCtrlGroup::GetCtrlIndex(HWND hWnd) const
 {
-    for (short i = 0; i < GetCount(); ++i)
+    const auto count = static_cast<short>(GetCount());
+    for (short i = 0; i < count; ++i)
         if (GetCtrl(i)->Owns(hWnd))
             return i;
     return -1;

@@ -60,6 +60,7 @@ void CWndToolTip::ShowToolTip(const CWString& sText, HWND hMain, HWND hControl)
     RemoveTool();
     if (sText.IsEmpty() || !IsWindow(hControl) || !EnsureWindow(hMain))
         return;
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the message takes a text that may be written to
     CWString sCopy = sText;
     TTTOOLINFOW tool{};
     tool.cbSize = sizeof(tool);
