@@ -92,6 +92,7 @@ CPixel PixelAt(int iX, int iY, int iSide, std::span<const CDisc> discs)
     for (int iSample = 0; iSample < c_iSamplesPerPixel * c_iSamplesPerPixel; ++iSample)
     {
         const double dInX = (iSample % c_iSamplesPerPixel + 0.5) / c_iSamplesPerPixel;
+        // NOLINTNEXTLINE(bugprone-integer-division): the number of the sample's row
         const double dInY = (iSample / c_iSamplesPerPixel + 0.5) / c_iSamplesPerPixel;
         const CSample sample = SampleAt((iX + dInX) / iSide, (iY + dInY) / iSide, discs);
         sum.red += sample.red;
@@ -103,6 +104,7 @@ CPixel PixelAt(int iX, int iY, int iSide, std::span<const CDisc> discs)
     {
         return {};
     }
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): levels are not below zero, and the same everywhere this way
     const auto toByte = [](double dLevel) { return static_cast<std::uint8_t>(dLevel + 0.5); };
     return {toByte(sum.red / sum.alpha), toByte(sum.green / sum.alpha), toByte(sum.blue / sum.alpha),
             toByte(sum.alpha * c_dFullLevel / (c_iSamplesPerPixel * c_iSamplesPerPixel))};

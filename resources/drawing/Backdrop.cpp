@@ -88,6 +88,7 @@ double Grain(int iX, int iY)
 
 std::uint8_t ToByte(double dLevel)
 {
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): levels are not below zero, and the same everywhere this way
     return static_cast<std::uint8_t>(dLevel + 0.5);
 }
 } // namespace

@@ -25,6 +25,7 @@ using Bytes = std::vector<std::uint8_t>;
 Bytes DrawIconFile()
 {
     std::vector<CImage> images;
+    images.reserve(c_aIconSides.size());
     for (const int iSide : c_aIconSides)
     {
         images.push_back(DrawAtomIcon(iSide));
