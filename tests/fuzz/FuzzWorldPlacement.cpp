@@ -85,7 +85,10 @@ public:
         {
             const int iDelta = static_cast<short>(iAmount);
             const int iPosition = GetWheelPosition(bar.iPosition, iDelta);
-            Require(iPosition == bar.iPosition - iDelta / 2, "the wheel moves otherwise");
+            const std::int64_t iExpected = std::int64_t{bar.iPosition} - iDelta / 2;
+            Require(iPosition == std::clamp<std::int64_t>(iExpected, std::numeric_limits<int>::min(),
+                                                          std::numeric_limits<int>::max()),
+                    "the wheel moves otherwise");
             bar.iPosition = KeepAsTheSystemDoes(bar, iPosition);
         }
         else
