@@ -29,6 +29,14 @@ static inline bool AreTouching(float dx, float dy, float radiusSum)
     return dy * dy + dx * dx <= radiusSum * radiusSum;
 }
 
+// The lanes behind the last atom hold a position that is no number: they touch nothing.
+static inline void FillLanesBehind(CCellScratch& scratch, int count)
+{
+    Lanes::Fill(scratch.x + count, __builtin_nanf(""));
+    Lanes::Fill(scratch.y + count, 0.0F);
+    Lanes::Fill(scratch.radius + count, 0.0F);
+}
+
 // Tests the pairs of row i from column firstColumn on, exactly and each after the one before, at the noted positions,
 // which must be those of now and are kept so.
 static inline std::uint32_t CollideRow(const CCell& cell, int i, int firstColumn)
@@ -71,8 +79,7 @@ static inline std::uint32_t CollideRows(const CCell& cell, int row, int column)
         scratch.x[i] = scratch.atoms[i].x;
         scratch.y[i] = scratch.atoms[i].y;
     }
-    // The lanes after the last atom touch nothing.
-    Lanes::Fill(scratch.x + cell.count, __builtin_nanf(""));
+    FillLanesBehind(scratch, cell.count);
     std::uint32_t uCollisions = CollideRow(cell, row, column + 1);
     for (int i = row + 1; i < cell.count - 1; ++i)
     {
@@ -138,7 +145,7 @@ static inline bool HasTouchingPair(CAtom* const* ppAtoms, int count, CCellScratc
         scratch.y[i] = ppAtoms[i]->y;
         scratch.radius[i] = static_cast<float>(ppAtoms[i]->radius);
     }
-    Lanes::Fill(scratch.x + count, __builtin_nanf(""));
+    FillLanesBehind(scratch, count);
     std::uint32_t uTouching = 0;
     for (int block = 0; block < count; block += Lanes::c_iCount)
     {
