@@ -9,10 +9,14 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstddef>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <set>
 #include <string>
+#include <system_error>
 
 namespace
 {
@@ -22,18 +26,40 @@ constexpr DWORD c_uRunning = 4;
 
 using Names = std::set<std::string>;
 
-// The paths of all files below a folder.
-Names FilesIn(const std::filesystem::path& folder)
+// The paths of all files below a folder; nothing while the folder changes under the reader.
+std::optional<Names> TryFilesIn(const std::filesystem::path& folder)
 {
     Names names;
-    if (!std::filesystem::exists(folder))
-        return names;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+    std::error_code error;
+    for (std::filesystem::recursive_directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error))
     {
-        if (!entry.is_directory())
-            names.insert(std::filesystem::relative(entry.path(), folder).generic_string());
+        if (!entry->is_directory(error) && !error)
+            names.insert(entry->path().lexically_relative(folder).generic_string());
     }
-    return names;
+    return error ? std::nullopt : std::optional(names);
+}
+
+// The paths of all files below a folder; none if there is no such folder. The uninstaller may still be removing the
+// last empty folders when the system no longer lists the program.
+Names FilesIn(const std::filesystem::path& folder)
+{
+    std::optional<Names> names;
+    WaitUntil("the folder to be at rest", c_patience, [&] {
+        names = std::filesystem::exists(folder) ? TryFilesIn(folder) : Names{};
+        return names.has_value();
+    });
+    return *names;
+}
+
+// How many files and folders lie in a folder itself.
+std::ptrdiff_t CountEntries(const std::filesystem::path& folder)
+{
+    std::error_code error;
+    std::ptrdiff_t iCount = 0;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
+        ++iCount;
+    return error ? -1 : iCount;
 }
 
 std::string ReadFile(const std::filesystem::path& file)
@@ -162,7 +188,7 @@ TEST_F(Installer, WhatItInstalledRunsForItsUserAndUninstallingLeavesNothingButTh
     UninstallAsListed();
     EXPECT_EQ(FilesIn(m_place), Names{"Kinetarium.ini"});
     EXPECT_EQ(ReadFile(m_place / "Kinetarium.ini"), sSettings);
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_place), {}), 1);
+    WaitUntil("the folders to go", c_patience, [&] { return CountEntries(m_place) == 1; });
     EXPECT_FALSE(IsListed());
     EXPECT_FALSE(std::filesystem::exists(StartMenuEntry()));
 }
