@@ -1,7 +1,5 @@
 #include "tests/endtoend/CDrivenProgram.h"
 
-#include "tests/endtoend/ProcessCounts.h"
-
 #include <tlhelp32.h>
 
 #include <algorithm>

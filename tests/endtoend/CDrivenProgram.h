@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/endtoend/ProcessCounts.h"
+
 #include <windows.h>
 
 #include <chrono>
@@ -10,8 +12,8 @@
 struct CProcessCounts
 {
     int threads = 0;
-    int handles = 0;     // kernel handles
-    int gdiObjects = 0;  // device contexts, bitmaps, fonts, brushes, pens, regions
+    int handles = 0; // kernel handles
+    CGdiCount gdiObjects;
     int userObjects = 0; // windows above all, menus, cursors
 };
 

@@ -2,6 +2,7 @@
 
 #include "tests/endtoend/UserInput.h"
 #include "tests/endtoend/WaitUntil.h"
+#include "tests/endtoend/WindowSearch.h"
 
 #include <array>
 #include <chrono>
@@ -15,55 +16,6 @@ namespace
 constexpr auto c_startPatience = std::chrono::milliseconds(60000);
 constexpr auto c_actionPatience = std::chrono::milliseconds(20000);
 constexpr auto c_linePatience = std::chrono::milliseconds(30000);
-
-std::wstring ClassOf(HWND hWindow)
-{
-    constexpr int c_iLongest = 64;
-    std::array<wchar_t, c_iLongest> name{};
-    GetClassNameW(hWindow, name.data(), c_iLongest);
-    return name.data();
-}
-
-using Predicate = std::function<bool(HWND)>;
-struct CSearch
-{
-    const Predicate& isWanted;
-    HWND hFound = nullptr;
-};
-
-BOOL CALLBACK VisitWindow(HWND hWindow, LPARAM iSearch)
-{
-    auto& search = *reinterpret_cast<CSearch*>(iSearch);
-    if (search.isWanted(hWindow))
-    {
-        search.hFound = hWindow;
-    }
-    return search.hFound == nullptr ? TRUE : FALSE;
-}
-
-HWND FindTopWindow(const Predicate& isWanted)
-{
-    CSearch search{isWanted};
-    EnumWindows(VisitWindow, reinterpret_cast<LPARAM>(&search));
-    return search.hFound;
-}
-
-HWND FindDescendant(HWND hParent, const Predicate& isWanted)
-{
-    CSearch search{isWanted};
-    EnumChildWindows(hParent, VisitWindow, reinterpret_cast<LPARAM>(&search));
-    return search.hFound;
-}
-
-HWND FindDescendantByClass(HWND hParent, const std::wstring& sClass)
-{
-    return FindDescendant(hParent, [&](HWND hWindow) { return ClassOf(hWindow) == sClass; });
-}
-
-POINT MiddleOf(const RECT& rc)
-{
-    return {(rc.left + rc.right) / 2, (rc.top + rc.bottom) / 2};
-}
 
 std::string Narrow(const std::wstring& sText);
 

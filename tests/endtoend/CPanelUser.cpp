@@ -3,6 +3,7 @@
 #include "tests/endtoend/Keyboard.h"
 #include "tests/endtoend/UserInput.h"
 #include "tests/endtoend/WaitUntil.h"
+#include "tests/endtoend/WindowSearch.h"
 
 #include <chrono>
 #include <stdexcept>
@@ -11,14 +12,6 @@ namespace
 {
 constexpr auto c_patience = std::chrono::milliseconds(20000);
 constexpr int c_iFirstControlId = 200; // the number of the panel's first row
-
-std::wstring ClassOf(HWND hWindow)
-{
-    constexpr int c_iLongest = 64;
-    wchar_t sClass[c_iLongest] = L"";
-    GetClassNameW(hWindow, sClass, c_iLongest);
-    return sClass;
-}
 
 std::string Narrow(const std::wstring& sText)
 {
@@ -29,40 +22,6 @@ std::string Narrow(const std::wstring& sText)
         sResult += c >= L' ' && c <= c_cLastAscii ? static_cast<char>(c) : '?';
     }
     return sResult;
-}
-
-struct CDialogSearch
-{
-    HWND hOwner;
-    HWND hFound;
-};
-
-BOOL CALLBACK MatchDialog(HWND hWindow, LPARAM iSearch)
-{
-    auto& search = *reinterpret_cast<CDialogSearch*>(iSearch);
-    if (GetWindow(hWindow, GW_OWNER) != search.hOwner || IsWindowVisible(hWindow) == FALSE ||
-        ClassOf(hWindow) != L"#32770")
-    {
-        return TRUE;
-    }
-    search.hFound = hWindow;
-    return FALSE;
-}
-
-BOOL CALLBACK ReadPart(HWND hWindow, LPARAM iMessage)
-{
-    auto& message = *reinterpret_cast<CSeenMessage*>(iMessage);
-    const std::wstring sText = ReadText(hWindow);
-    if (ClassOf(hWindow) == L"Button")
-    {
-        message.button = sText;
-        ++message.buttons;
-    }
-    else if (!sText.empty())
-    {
-        message.text += sText;
-    }
-    return TRUE;
 }
 } // namespace
 
@@ -189,16 +148,12 @@ void CPanelUser::ChooseMode(const std::wstring& sMode) const
 void CPanelUser::ClickStart() const
 {
     BringToFront(m_user.GetMainWindow());
-    RECT rc{};
-    GetWindowRect(m_user.GetButton(), &rc);
-    ClickLeft({(rc.left + rc.right) / 2, (rc.top + rc.bottom) / 2});
+    ClickLeft(MiddleOf(m_user.GetButton()));
 }
 
 HWND CPanelUser::FindDialog() const
 {
-    CDialogSearch search{m_user.GetMainWindow(), nullptr};
-    EnumWindows(MatchDialog, reinterpret_cast<LPARAM>(&search));
-    return search.hFound;
+    return FindDialogOf(m_user.GetMainWindow());
 }
 
 CSeenMessage CPanelUser::WaitForMessage() const
@@ -210,7 +165,19 @@ CSeenMessage CPanelUser::WaitForMessage() const
     CSeenMessage message;
     message.hWindow = hWindow;
     message.title = ReadText(hWindow);
-    EnumChildWindows(hWindow, ReadPart, reinterpret_cast<LPARAM>(&message));
+    for (const HWND hPart : CollectDescendants(hWindow, [](HWND) { return true; }))
+    {
+        const std::wstring sText = ReadText(hPart);
+        if (ClassOf(hPart) == L"Button")
+        {
+            message.button = sText;
+            ++message.buttons;
+        }
+        else
+        {
+            message.text += sText;
+        }
+    }
     return message;
 }
 

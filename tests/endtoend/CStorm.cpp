@@ -3,6 +3,7 @@
 #include "tests/endtoend/MouseGestures.h"
 #include "tests/endtoend/UserInput.h"
 #include "tests/endtoend/WaitUntil.h"
+#include "tests/endtoend/WindowSearch.h"
 
 #include <algorithm>
 #include <array>
@@ -17,56 +18,6 @@ constexpr auto c_dialogPatience = std::chrono::milliseconds(1000);
 constexpr DWORD c_uRestMilliseconds = 100; // between two looks at whether all is at rest
 constexpr int c_iLooksAtRest = 5;
 constexpr DWORD c_uBreathMilliseconds = 30; // between two looks at a dialog that may open or close
-
-std::wstring ClassOf(HWND hWindow)
-{
-    constexpr int c_iLongest = 64;
-    std::array<wchar_t, c_iLongest> name{};
-    GetClassNameW(hWindow, name.data(), c_iLongest);
-    return name.data();
-}
-
-struct CDialogSearch
-{
-    HWND hOwner;
-    HWND hFound;
-};
-
-BOOL CALLBACK MatchDialog(HWND hWindow, LPARAM iSearch)
-{
-    auto& search = *reinterpret_cast<CDialogSearch*>(iSearch);
-    if (GetWindow(hWindow, GW_OWNER) == search.hOwner && IsWindowVisible(hWindow) != FALSE &&
-        ClassOf(hWindow) == L"#32770")
-    {
-        search.hFound = hWindow;
-    }
-    return search.hFound == nullptr ? TRUE : FALSE;
-}
-
-POINT MiddleOf(HWND hWindow)
-{
-    RECT rc{};
-    GetWindowRect(hWindow, &rc);
-    return {(rc.left + rc.right) / 2, (rc.top + rc.bottom) / 2};
-}
-
-// The nearest point that the mouse can reach.
-POINT OnScreen(POINT point)
-{
-    return {std::clamp<LONG>(point.x, 0, GetSystemMetrics(SM_CXSCREEN) - 1),
-            std::clamp<LONG>(point.y, 0, GetSystemMetrics(SM_CYSCREEN) - 1)};
-}
-
-BOOL CALLBACK CollectButton(HWND hWindow, LPARAM iButtons)
-{
-    auto& buttons = *reinterpret_cast<std::vector<HWND>*>(iButtons);
-    // The colour buttons are the ones without a text.
-    if (ClassOf(hWindow) == L"CWndButton" && ReadText(hWindow).empty() && WindowFromPoint(MiddleOf(hWindow)) == hWindow)
-    {
-        buttons.push_back(hWindow);
-    }
-    return TRUE;
-}
 } // namespace
 
 struct CStorm::CAction
@@ -120,6 +71,27 @@ void CStorm::ActEachOnce()
     {
         Do(action);
     }
+}
+
+void CStorm::VisitEverything()
+{
+    constexpr int c_iGrip = 2; // pixels from the outside of the frame
+    const RECT rc = m_user.GetWindowRectangle();
+    const POINT middle = MiddleOf(rc);
+    for (const LONG iX : {rc.left + c_iGrip, middle.x, rc.right - 1 - c_iGrip})
+    {
+        for (const LONG iY : {rc.top + c_iGrip, middle.y, rc.bottom - 1 - c_iGrip})
+        {
+            MoveMouse(OnScreen({iX, iY}));
+        }
+    }
+    for (const HWND hWindow : CollectDescendants(m_user.GetMainWindow(), [](HWND hAny) {
+             return IsWindowVisible(hAny) != FALSE && WindowFromPoint(MiddleOf(hAny)) == hAny;
+         }))
+    {
+        MoveMouse(MiddleOf(hWindow));
+    }
+    WaitForAnswer("a visit with the mouse");
 }
 
 void CStorm::Do(const CAction& action)
@@ -228,9 +200,12 @@ void CStorm::OpenColourDialog()
     {
         return;
     }
-    std::vector<HWND> buttons;
-    EnumChildWindows(m_user.GetMainWindow(), CollectButton, reinterpret_cast<LPARAM>(&buttons));
-    // They may all be scrolled out of the panel, or lie beyond the screen.
+    // The colour buttons are the ones without a text. They may all be scrolled out of the panel, or lie beyond the
+    // screen.
+    const std::vector<HWND> buttons = CollectDescendants(m_user.GetMainWindow(), [](HWND hWindow) {
+        return ClassOf(hWindow) == L"CWndButton" && ReadText(hWindow).empty() &&
+               WindowFromPoint(MiddleOf(hWindow)) == hWindow;
+    });
     if (buttons.empty())
     {
         return;
@@ -302,9 +277,7 @@ void CStorm::WaitForAnswer(const std::string& sAfter) const
 
 HWND CStorm::FindDialog() const
 {
-    CDialogSearch search{m_user.GetMainWindow(), nullptr};
-    EnumWindows(MatchDialog, reinterpret_cast<LPARAM>(&search));
-    return search.hFound;
+    return FindDialogOf(m_user.GetMainWindow());
 }
 
 bool CStorm::IsFullScreen() const

@@ -24,6 +24,9 @@ public:
     void Act();
     // Does each kind of thing once, whatever the seed.
     void ActEachOnce();
+    // Moves the mouse over the frame's edges and corners and over every control. The system keeps each pointer that it
+    // has shown once, which is no leak.
+    void VisitEverything();
     // Closes what is open and brings the window back to its size, without a simulation.
     void Settle();
 

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <map>
 #include <stdexcept>
 #include <vector>
 
@@ -42,6 +43,29 @@ struct CGdiEntry
 };
 static_assert(sizeof(CGdiEntry) == 24, "one entry of the table takes 24 bytes");
 
+std::string NameGdiKind(std::uint8_t uType)
+{
+    switch (uType)
+    {
+    case 0x01:
+        return "device contexts";
+    case 0x04:
+        return "regions";
+    case 0x05:
+        return "surfaces";
+    case 0x08:
+        return "palettes";
+    case 0x09:
+        return "bitmaps";
+    case 0x0A:
+        return "fonts";
+    case 0x10:
+        return "brushes and pens";
+    default:
+        return "of kind " + std::to_string(uType);
+    }
+}
+
 template<class T>
 void ReadOther(HANDLE hProcess, const void* pFrom, T* pTo, std::size_t uCount)
 {
@@ -52,6 +76,7 @@ void ReadOther(HANDLE hProcess, const void* pFrom, T* pTo, std::size_t uCount)
         throw std::runtime_error("the memory of the program cannot be read");
     }
 }
+
 struct CWindowCount
 {
     DWORD uProcessId;
@@ -118,11 +143,11 @@ int CountHandles(DWORD uProcessId)
     return iCount;
 }
 
-int CountGdiObjects(HANDLE hProcess)
+CGdiCount CountGdiObjects(HANDLE hProcess)
 {
     if (const DWORD uCount = GetGuiResources(hProcess, GR_GDIOBJECTS); uCount != 0)
     {
-        return static_cast<int>(uCount);
+        return {static_cast<int>(uCount), {}};
     }
     // Wine does not count them, but keeps the table that Windows keeps.
     PROCESS_BASIC_INFORMATION basic{};
@@ -134,12 +159,21 @@ int CountGdiObjects(HANDLE hProcess)
     ReadOther(hProcess, reinterpret_cast<const std::byte*>(basic.PebBaseAddress) + c_uGdiTableInPeb, &pTable, 1);
     std::vector<CGdiEntry> table(c_uGdiTableEntries);
     ReadOther(hProcess, pTable, table.data(), table.size());
-    int iCount = 0;
+    CGdiCount count;
+    std::map<std::string, int> kinds;
     for (const CGdiEntry& entry : table)
     {
-        iCount += entry.type != 0 ? 1 : 0;
+        if (entry.type != 0)
+        {
+            ++count.total;
+            ++kinds[NameGdiKind(entry.type)];
+        }
     }
-    return iCount;
+    for (const auto& [sKind, iCount] : kinds)
+    {
+        count.kinds += (count.kinds.empty() ? "" : ", ") + std::to_string(iCount) + " " + sKind;
+    }
+    return count;
 }
 
 int CountUserObjects(HANDLE hProcess)

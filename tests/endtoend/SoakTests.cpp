@@ -151,6 +151,7 @@ TEST_F(Soak, AStormOfRandomInputLeavesTheProgramAliveAndNothingBehind)
 {
     CStorm storm(m_program, m_user, m_plan.seed);
     constexpr int c_iWarmUpActions = 40;
+    storm.VisitEverything();
     storm.ActEachOnce();
     for (int i = 0; i < c_iWarmUpActions; ++i)
     {
