@@ -72,7 +72,7 @@ void MeasureFrames(benchmark::State& state, const CRect& rcVisible, DrawAtoms dr
     atomScene.settings = MakeSettings();
     atomScene.rcVisible = rcVisible;
     std::int64_t drawn = 0;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         CCountingPainter painter(atomScene.ptWorld);
         drawAtoms(atomScene, painter);
@@ -124,7 +124,7 @@ void ColourClasses(benchmark::State& state)
     const CScene& scene = GetScene(state);
     CBenchmarkWorld world(scene);
     const CSpeedLimits limits = GetSpeedLimits(world.atoms.GetAvgVelocity(), MakeSettings());
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         std::int64_t sum = 0;
         for (std::int32_t i = 0; i < world.atoms.GetCount(); ++i)

@@ -46,10 +46,10 @@ double MeasureIteration(CBenchmarkWorld& world)
     world.Settle();
     const double first = MeasureMilliseconds(1, advance);
     const int iterations = std::max(1, static_cast<int>(c_dMillisecondsPerTurn / first));
-    std::vector<double> times;
-    for (int turn = 0; turn < c_iTurns; ++turn)
+    std::vector<double> times(c_iTurns);
+    for (double& milliseconds : times)
     {
-        times.push_back(MeasureMilliseconds(iterations, advance));
+        milliseconds = MeasureMilliseconds(iterations, advance);
     }
     return GetMedian(times);
 }
@@ -78,7 +78,7 @@ void PrintRow(std::int32_t count, int length)
                 static_cast<double>(count) / world.grid.GetCellCount(), MeasureCollisionPercent(world),
                 milliseconds * c_dMicrosecondsPerMillisecond, milliseconds * c_dNanosecondsPerMillisecond / count,
                 bytes / count, bytes / (1 << 20));
-    std::fflush(stdout);
+    static_cast<void>(std::fflush(stdout));
 }
 
 void PrintHead(const char* sTitle)

@@ -34,7 +34,7 @@ void IterationBySet(benchmark::State& state)
     const CSimulationKernels& kernels = GetKernelSet(state, scene);
     CBenchmarkWorld world(scene);
     world.Settle();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         benchmark::DoNotOptimize(AdvanceOneIteration(world.atoms, world.grid, world.size, world.random, kernels));
     }
@@ -49,7 +49,7 @@ void MoveAndEnter(benchmark::State& state)
     const CSimulationKernels& kernels = GetKernelSet(state, scene);
     CBenchmarkWorld world(scene);
     const auto count = world.atoms.GetCount();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         world.grid.Clear();
         std::uint32_t* const pPlaces = world.grid.InsertMany(world.atoms.GetAtoms(), static_cast<std::size_t>(count));
@@ -151,7 +151,7 @@ void PairTests(benchmark::State& state)
         return;
     }
     std::uint32_t uCollisions = 0;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         uCollisions += CollideAll(world, kernels, scratch);
     }

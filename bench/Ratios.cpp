@@ -45,7 +45,7 @@ bool PrintRatio(const CScene& scene)
     const double fastMs = GetMedian(fastTimes);
     std::printf("%-28s %10.4f ms %10.4f ms %7.2f   %s\n", scene.name, plainMs, fastMs, plainMs / fastMs,
                 bEqual ? "equal" : "DIFFERENT");
-    std::fflush(stdout);
+    static_cast<void>(std::fflush(stdout));
     return bEqual;
 }
 

@@ -15,7 +15,7 @@ void Iteration(benchmark::State& state)
     const CScene& scene = GetScene(state);
     CBenchmarkWorld world(scene);
     world.Settle();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         benchmark::DoNotOptimize(AdvanceOneIteration(world.atoms, world.grid, world.size, world.random));
     }
@@ -31,7 +31,7 @@ void PlainIteration(benchmark::State& state)
     {
         world.Advance();
     }
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         benchmark::DoNotOptimize(world.Advance());
     }
@@ -42,7 +42,7 @@ void Enter(benchmark::State& state)
 {
     const CScene& scene = GetScene(state);
     CBenchmarkWorld world(scene);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         world.grid.Clear();
         for (std::int32_t i = 0; i < world.atoms.GetCount(); ++i)
@@ -58,7 +58,7 @@ void Statistics(benchmark::State& state)
 {
     const CScene& scene = GetScene(state);
     CBenchmarkWorld world(scene);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         ComputeVelocityStatistics(world.atoms);
         benchmark::DoNotOptimize(world.atoms.GetAvgVelocity());
@@ -70,7 +70,7 @@ void Population(benchmark::State& state)
 {
     const CScene& scene = GetScene(state);
     CBenchmarkWorld world(scene);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         Populate(world.atoms, world.grid, scene.world, scene.atoms, scene.minRadius, scene.maxRadius, nullptr,
                  world.random);
@@ -110,7 +110,7 @@ void Response(benchmark::State& state)
 {
     CRandom random(1);
     CPair pair = MakePair();
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         Overlap(pair);
         HandleAtomCollision(pair.first, pair.second, random);
@@ -124,7 +124,7 @@ void ResponsesOfManyPairs(benchmark::State& state)
     constexpr int c_iPairs = 256;
     CRandom random(1);
     std::vector<CPair> pairs(c_iPairs, MakePair());
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
     {
         for (CPair& pair : pairs)
         {

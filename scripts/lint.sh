@@ -74,7 +74,7 @@ echo "Lint: clang-tidy, $count sources"
         -p "$tree/windows" <"$tree/windows.txt" 2>/dev/null || true
 } >"$tree/clang-tidy.log"
 # A header's finding is reported with every source that includes it. The headers of libraries are not ours to mend.
-grep -aE '(warning|error): ' "$tree/clang-tidy.log" | grep -av "^$PWD/build/" | sort -u >"$tree/clang-tidy.findings" || true
+grep -aE "^$PWD/.*(warning|error): " "$tree/clang-tidy.log" | grep -av "^$PWD/build/" | sort -u >"$tree/clang-tidy.findings" || true
 
 echo "Lint: cppcheck"
 cppcheck --quiet -j "$(nproc)" --std=c++20 --language=c++ --enable=warning,style,performance,portability \

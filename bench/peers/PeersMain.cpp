@@ -43,7 +43,7 @@ void ComparePeer(const char* sName, MakeGas makeGas, const CScene& scene, std::s
     const double theirs = MeasureStep([&pGas] { pGas->Step(); });
     std::printf("%-28s %-10s %12.4f %12.4f %8.1f %8.3f\n", scene.name, sName, ours, theirs, theirs / ours,
                 pGas->GetEnergy() / energy);
-    std::fflush(stdout);
+    static_cast<void>(std::fflush(stdout));
 }
 
 void CompareScene(const CScene& scene)

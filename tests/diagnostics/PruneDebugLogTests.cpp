@@ -49,12 +49,12 @@ TEST(PruneDebugLog, TheReservedStorageStays)
     constexpr std::size_t uReserved = 100'000;
     std::wstring sLog;
     sLog.reserve(uReserved);
-    const wchar_t* const pStorage = sLog.data();
+    const void* const pStorage = sLog.data();
     sLog.assign(uReserved, L'x');
     PruneDebugLog(sLog, uReserved / 2);
     EXPECT_EQ(sLog.size(), uReserved / 2);
     EXPECT_GE(sLog.capacity(), uReserved);
-    EXPECT_EQ(sLog.data(), pStorage);
+    EXPECT_EQ(static_cast<const void*>(sLog.data()), pStorage);
 }
 
 TEST(PruneDebugLog, AMessageOfAnotherThreadIsNeverTornOrLost)

@@ -48,7 +48,7 @@ std::wstring CFuzzInput::TakeLine()
 std::string CFuzzInput::TakeWord()
 {
     m_sText.remove_prefix(std::min(m_sText.find_first_not_of(c_sBlanks), m_sText.size()));
-    const std::string sWord(m_sText.substr(0, m_sText.find_first_of(c_sBlanks)));
+    std::string sWord(m_sText.substr(0, m_sText.find_first_of(c_sBlanks)));
     m_sText.remove_prefix(sWord.size());
     return sWord;
 }

@@ -65,9 +65,9 @@ std::string ComposeFile(const CRunSettings& settings)
     for (std::size_t u = 0; u < settings.colours.size(); ++u)
     {
         const std::string sKey = "Atom_colour_" + std::to_string(u + 1);
+        sFile.append(sKey).append("=").append(std::to_string(settings.colours[u])).append("\r\n");
         // The quotation marks keep blanks that may stand around a number.
-        sFile += sKey + "=" + std::to_string(settings.colours[u]) + "\r\n" + sKey + "_factor=\"" +
-                 ToNarrow(settings.factors[u]) + "\"\r\n";
+        sFile.append(sKey).append("_factor=\"").append(ToNarrow(settings.factors[u])).append("\"\r\n");
     }
     return sFile;
 }

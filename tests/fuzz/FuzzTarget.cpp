@@ -7,7 +7,7 @@ void Require(bool bCondition, const char* sWhat)
 {
     if (!bCondition)
     {
-        std::fprintf(stderr, "finding: %s\n", sWhat);
+        static_cast<void>(std::fprintf(stderr, "finding: %s\n", sWhat));
         std::abort();
     }
 }

@@ -34,7 +34,7 @@ CDecodedPicture Decode(const std::string& sBytes)
     EXPECT_NE(nullptr, pPixels);
     if (pPixels != nullptr)
     {
-        picture.pixels.assign(pPixels, pPixels + picture.width * picture.height * picture.channels);
+        picture.pixels.assign(pPixels, pPixels + std::ptrdiff_t{picture.width} * picture.height * picture.channels);
         stbi_image_free(pPixels);
     }
     return picture;
@@ -79,7 +79,9 @@ TEST(PngFile, TheProgramDrawsTheWorldOfItsLastIteration)
     const CDecodedPicture picture = Decode(ReadFile(sPicture));
     ASSERT_EQ(60, picture.width);
     ASSERT_EQ(30, picture.height);
-    const auto pixel = [&picture](int x, int y) { return &picture.pixels[static_cast<std::size_t>((y * 60 + x) * 3)]; };
+    const auto pixel = [&picture](std::size_t x, std::size_t y) {
+        return &picture.pixels[(y * std::size_t{60} + x) * 3];
+    };
     EXPECT_EQ(0, std::memcmp(pixel(30, 15), "\x12\x34\x56", 3));
     EXPECT_EQ(0, std::memcmp(pixel(20, 15), "\xFF\xFF\xFF", 3));
 }

@@ -99,7 +99,8 @@ TEST(Atoms, MovingASetLeavesTheOldOneEmpty)
     EXPECT_EQ(moved.GetCount(), 3);
     EXPECT_EQ(moved[2].x, 7.0F);
     EXPECT_EQ(moved.GetTotVelocity(), 3.0F);
-    EXPECT_EQ(atoms.GetCount(), 0); // NOLINT(bugprone-use-after-move): this is what is tested
+    // This is what is tested.
+    EXPECT_EQ(atoms.GetCount(), 0); // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
     atoms = std::move(moved);
     EXPECT_EQ(atoms.GetCount(), 3);
     EXPECT_EQ(atoms.GetAvgVelocity(), 4.0F);

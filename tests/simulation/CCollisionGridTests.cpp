@@ -223,7 +223,7 @@ TEST(CollisionGrid, ClearingAndResizingEmptyEveryCell)
 // Positions are drawn near the cells' edges, where rounding decides, with every radius that an atom can store.
 TEST(CollisionGrid, EveryAtomGoesIntoTheSameCellsAsInThePlainForm)
 {
-    std::mt19937 draw(7); // NOLINT(cert-msc51-cpp): a fixed seed makes a failure repeatable
+    std::mt19937 draw(7);
     const std::array<CSize<int>, 4> worlds = {CSize<int>{101, 257}, {512, 999}, {9999, 350}, {60, 202}};
     for (const CSize<int>& size : worlds)
     {

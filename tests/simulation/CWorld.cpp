@@ -1,25 +1,9 @@
 #include "tests/simulation/CWorld.h"
 
 #include "classes/core/CCpuCapabilities.h"
+#include "tests/simulation/SameAtom.h"
 
-#include <bit>
 #include <cmath>
-
-namespace
-{
-
-bool IsSameFloat(float a, float b)
-{
-    return std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b);
-}
-
-bool IsSameAtom(const CAtom& a, const CAtom& b)
-{
-    return IsSameFloat(a.x, b.x) && IsSameFloat(a.y, b.y) && IsSameFloat(a.speed, b.speed) && IsSameFloat(a.vx, b.vx) &&
-           IsSameFloat(a.vy, b.vy) && a.radius == b.radius && a.reserved == b.reserved;
-}
-
-} // namespace
 
 std::span<const CSimulationKernels> GetAllKernels()
 {

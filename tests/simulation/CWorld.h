@@ -12,7 +12,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <algorithm>
 #include <span>
 #include <vector>
 

@@ -68,7 +68,7 @@ void CompareScene(const CScene& scene, int iterations, const CSimulationKernels&
 
 TEST(Differential, RandomWorldsGoOnBitForBitAsInThePlainForm)
 {
-    std::mt19937 draw(2026); // NOLINT(cert-msc51-cpp): a fixed seed makes a failure repeatable
+    std::mt19937 draw(2026);
     for (int i = 0; i < c_iRandomScenes; ++i)
     {
         const CScene scene = DrawScene(draw);

@@ -124,8 +124,8 @@ std::vector<CAtom> MakeCrowd(std::size_t count)
     std::vector<CAtom> atoms;
     for (std::size_t i = 0; i + 1 < count; ++i)
     {
-        atoms.push_back(
-            MakeAtom(2 + 3 * static_cast<float>(i % c_uPerRow), 2 + 3 * static_cast<float>(i / c_uPerRow), 0, 0, 1));
+        const std::size_t row = i / c_uPerRow;
+        atoms.push_back(MakeAtom(2 + 3 * static_cast<float>(i % c_uPerRow), 2 + 3 * static_cast<float>(row), 0, 0, 1));
     }
     CAtom last = atoms.back();
     last.x += 1.5F;

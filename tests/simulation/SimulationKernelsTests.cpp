@@ -93,7 +93,7 @@ TEST(SimulationKernels, AProcessorWithAllInstructionSetsHasAllKernels)
 // Every number of atoms around the widths of the vectors, from hardly touching to heaped up.
 TEST(SimulationKernels, ACellOfAnySizeComesOutAsByTheRule)
 {
-    std::mt19937 draw(1); // NOLINT(cert-msc51-cpp): a fixed seed makes a failure repeatable
+    std::mt19937 draw(1);
     for (std::size_t count = 0; count <= 70; ++count)
     {
         for (const float width : {5.0F, 40.0F, 100.0F, 300.0F})
@@ -110,7 +110,7 @@ TEST(SimulationKernels, ACellOfAnySizeComesOutAsByTheRule)
 // Between a gas and a heap lies the density where atoms are pushed further than the search has looked, time and again.
 TEST(SimulationKernels, CellsOfEveryDensityComeOutAsByTheRule)
 {
-    std::mt19937 draw(2); // NOLINT(cert-msc51-cpp): a fixed seed makes a failure repeatable
+    std::mt19937 draw(2);
     for (const std::size_t count : {100U, 200U, 333U, 500U, 777U, 1000U})
     {
         for (const int maxRadius : {1, 2, 3, 4, 5, 8, 12, 32})
@@ -125,7 +125,7 @@ TEST(SimulationKernels, AtomsAtOnePointComeOutAsByTheRule)
 {
     for (const std::size_t count : {2U, 17U, 100U, 1000U})
     {
-        std::mt19937 draw(3); // NOLINT(cert-msc51-cpp): a fixed seed makes a failure repeatable
+        std::mt19937 draw(3);
         std::vector<CAtom> atoms = DrawCell(draw, count, 100, 5);
         for (CAtom& atom : atoms)
         {
@@ -140,7 +140,7 @@ TEST(SimulationKernels, AtomsAtOnePointComeOutAsByTheRule)
 // Edge cells hold whatever has left the world, however far away; near and far ones must not disturb each other.
 TEST(SimulationKernels, AtomsFarApartOrNowhereInOneCellComeOutAsByTheRule)
 {
-    std::mt19937 draw(4); // NOLINT(cert-msc51-cpp): a fixed seed makes a failure repeatable
+    std::mt19937 draw(4);
     for (const std::size_t count : {5U, 40U, 120U})
     {
         std::vector<CAtom> atoms = DrawCell(draw, count, 60, 8);

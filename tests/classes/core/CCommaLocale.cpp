@@ -9,12 +9,12 @@ CCommaLocale::CCommaLocale() : m_sBefore(std::setlocale(LC_ALL, nullptr))
 {
     // By the names of one system and of the other; a name that is not known changes nothing.
     for (const char* sName : {"de_DE.UTF-8", "German_Germany.1252", "fr_FR.UTF-8"})
-        std::setlocale(LC_ALL, sName);
+        static_cast<void>(std::setlocale(LC_ALL, sName));
 }
 
 CCommaLocale::~CCommaLocale()
 {
-    std::setlocale(LC_ALL, m_sBefore.c_str());
+    static_cast<void>(std::setlocale(LC_ALL, m_sBefore.c_str()));
 }
 
 // NOLINTEND(concurrency-mt-unsafe)

@@ -48,7 +48,7 @@ TEST(DataCube, AColumnKeepsWhatDescribesIt)
 TEST(DataCube, TextsLongerThanTheColumnsWidthStayWhole)
 {
     CDataCube table = MakeTable();
-    const std::wstring sLong(10 * c_iWidth, L'x');
+    const std::wstring sLong(std::size_t{10} * c_iWidth, L'x');
     table.AddRow(c_iAtEnd, 2, L"long", sLong);
     EXPECT_EQ(table.GetCell(2, 1), sLong);
 }

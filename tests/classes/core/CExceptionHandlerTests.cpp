@@ -27,10 +27,16 @@ constexpr const char* c_sSwitch = "KINETARIUM_DEBUG_OUTPUT";
     Throw();
 }
 
+// At once, because the process is about to die.
+void Say(const char* sText)
+{
+    static_cast<void>(std::fputs(sText, stderr));
+    static_cast<void>(std::fflush(stderr));
+}
+
 [[noreturn]] void EndOrderly()
 {
-    std::fputs("the handler that was there before\n", stderr);
-    std::fflush(stderr);
+    Say("the handler that was there before\n");
     std::_Exit(3);
 }
 
@@ -67,8 +73,7 @@ void DieWithTheLogShown()
     static std::wstring sLog;
     SetSystemMessageFunction([](const std::wstring& sText) {
         const bool bWhole = sText == L"Unhandled exception: std::runtime_error \"nobody catches this\"";
-        std::fputs(bWhole && sLog == sText + L"\n" ? "shown and logged\n" : "something else\n", stderr);
-        std::fflush(stderr);
+        Say(bWhole && sLog == sText + L"\n" ? "shown and logged\n" : "something else\n");
     });
     const CExceptionHandler handler(&sLog, true);
     ThrowThroughNoexcept();

@@ -64,6 +64,7 @@ TEST_F(Profile, ScopesOfManyThreadsLoseNoCall)
     constexpr int iCalls = 5000;
     {
         std::vector<std::jthread> threads;
+        threads.reserve(iThreads);
         for (int iThread = 0; iThread < iThreads; ++iThread)
             threads.emplace_back([iThread] {
                 for (int i = 0; i < iCalls; ++i)
