@@ -16,12 +16,13 @@ else()
   set(KINETARIUM_WORLD native)
 endif()
 
-# kinetarium_test(NAME [WINDOWED] [WITHOUT_DIRECT2D] [TIMEOUT seconds] SOURCES source... LIBRARIES library...)
-# A test program of one folder. WINDOWED programs open real windows: they carry the program's own manifest and pictures,
-# and because they share one desktop and its keyboard focus, their tests run one at a time. WITHOUT_DIRECT2D: under Wine
-# there is none, so that the program draws with GDI, which Wine can show.
+# kinetarium_test(NAME [DESKTOP name] [WITHOUT_DIRECT2D] [TIMEOUT seconds] SOURCES source... LIBRARIES library...)
+# A test program of one folder. Those with a DESKTOP open real windows: they carry the program's own manifest and
+# pictures, and because they share the desktop and its keyboard focus, their tests run one at a time. It is "first" or
+# "second": test.sh has two of them side by side, and where there is only one, scripts/wine-emulator.sh lets one wait for
+# the other. WITHOUT_DIRECT2D: under Wine there is none, so that the program draws with GDI, which Wine can show.
 function(kinetarium_test NAME)
-  cmake_parse_arguments(PARSE_ARGV 1 TEST "WINDOWED;WITHOUT_DIRECT2D" "TIMEOUT" "SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 TEST "WITHOUT_DIRECT2D" "DESKTOP;TIMEOUT" "SOURCES;LIBRARIES")
   if(NOT TEST_TIMEOUT)
     set(TEST_TIMEOUT 60)
   endif()
@@ -29,9 +30,22 @@ function(kinetarium_test NAME)
   # Apart from the programs: a test of the application leaves a settings file beside itself.
   set_target_properties(${NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests-bin")
   target_link_libraries(${NAME} PRIVATE ${TEST_LIBRARIES} KinetariumOptions GTest::gmock GTest::gtest_main)
+  # Reading the framework's headers is half of what compiling a test takes: they are read once for all test programs.
+  get_property(precompiled GLOBAL PROPERTY KINETARIUM_PRECOMPILED_TESTS)
+  if(precompiled)
+    target_precompile_headers(${NAME} REUSE_FROM ${precompiled})
+  else()
+    target_precompile_headers(${NAME} PRIVATE <gtest/gtest.h>)
+    set_property(GLOBAL PROPERTY KINETARIUM_PRECOMPILED_TESTS ${NAME})
+  endif()
+  if(WIN32)
+    # What the compiler guesses of a copy inside the system's headers it keeps to itself, but not of precompiled ones.
+    target_compile_options(${NAME} PRIVATE -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
+  endif()
   set(properties TIMEOUT ${TEST_TIMEOUT} LABELS ${KINETARIUM_WORLD})
-  if(TEST_WINDOWED)
-    list(APPEND properties RESOURCE_LOCK desktop)
+  if(TEST_DESKTOP)
+    list(APPEND properties
+      RESOURCE_LOCK "desktop ${TEST_DESKTOP}" ENVIRONMENT_MODIFICATION "KINETARIUM_DESKTOP=set:${TEST_DESKTOP}")
     kinetarium_resources(${NAME})
   endif()
   if(TEST_WITHOUT_DIRECT2D)

@@ -6,6 +6,10 @@ set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 
+# This compiler lets a caller keep values in registers that its own copy of an inline function leaves alone, though the
+# linker may take the copy of another source, which was compiled with other flags and uses them.
+set(CMAKE_CXX_FLAGS_INIT -fno-ipa-ra)
+
 set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

@@ -49,9 +49,18 @@ export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml=;winemenubuilder.exe
 # renderer can lock each other out for ever. It is also a third faster.
 export WINE_D3D_CONFIG="${WINE_D3D_CONFIG:-csmt=0x0}"
 
+# One test at a time on a desktop; those of the second one move over if there is a second one.
+if [ -n "${KINETARIUM_DESKTOP:-}" ]; then
+    if [ "$KINETARIUM_DESKTOP" = second ] && [ -n "${KINETARIUM_SECOND_PREFIX:-}" ]; then
+        export WINEPREFIX="$KINETARIUM_SECOND_PREFIX" DISPLAY="$KINETARIUM_SECOND_DISPLAY"
+    fi
+    exec 7>"$WINEPREFIX.desktop"
+    flock 7
+fi
+
 output=$(mktemp) || fail "no room for a temporary file"
 trap 'rm -f "$output"' EXIT
-wine "$@" </dev/null >"$output" 2>&1
+wine "$@" </dev/null >"$output" 2>&1 7>&-
 code=$?
 cat "$output"
 exit "$code"

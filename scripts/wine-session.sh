@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
 # Runs a command with a Wine and a display of its own, and ends both afterwards:
 #
-#   wine-session.sh [--prefix FOLDER] [--size WIDTHxHEIGHT] [--this-display] COMMAND [ARGUMENT...]
+#   wine-session.sh [--prefix FOLDER] [--size WIDTHxHEIGHT] [--this-display] [--second] COMMAND [ARGUMENT...]
 #
 #   --prefix FOLDER    the Wine prefix, made if it is missing (build/windows-release/wine)
 #   --size WIDTHxHEIGHT  of the display and of Wine's desktop on it (1280x1024)
 #   --this-display     open windows on the display that DISPLAY names instead of a private one
+#   --second           only offer this Wine and display, as KINETARIUM_SECOND_PREFIX and KINETARIUM_SECOND_DISPLAY, to
+#                      tests that may run beside those of another session, which the command is to start
 #
 # The exit code is that of the command. Whatever way this ends (the command's end, a signal, even SIGKILL) the display
 # and every program of the prefix are ended too, and nothing else is: they are known by process id and prefix.
@@ -15,6 +17,7 @@ cd "$(dirname "$0")/.." || exit 1
 prefix=build/windows-release/wine
 size=1280x1024
 private=yes
+second=no
 
 fail() {
     echo "wine-session: $*" >&2
@@ -26,6 +29,7 @@ while [ $# -gt 0 ]; do
     --prefix) prefix=${2:?--prefix needs a folder} && shift 2 ;;
     --size) size=${2:?--size needs WIDTHxHEIGHT} && shift 2 ;;
     --this-display) private=no && shift ;;
+    --second) second=yes && shift ;;
     --) shift && break ;;
     -*) fail "unknown option $1" ;;
     *) break ;;
@@ -155,6 +159,10 @@ fi
 # A server that stays makes a program's start 20 times quicker than one that ends with every program.
 wineserver -p </dev/null >/dev/null 2>&1 8>&-
 run timeout --foreground 120 wine wineboot >/dev/null 2>&1 || fail "Wine does not start in $prefix"
+
+if [ "$second" = yes ]; then
+    export KINETARIUM_SECOND_PREFIX="$WINEPREFIX" KINETARIUM_SECOND_DISPLAY="$DISPLAY"
+fi
 
 run "$@"
 finish $?
