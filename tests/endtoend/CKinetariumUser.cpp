@@ -17,8 +17,6 @@ constexpr auto c_startPatience = std::chrono::milliseconds(60000);
 constexpr auto c_actionPatience = std::chrono::milliseconds(20000);
 constexpr auto c_linePatience = std::chrono::milliseconds(30000);
 
-std::string Narrow(const std::wstring& sText);
-
 // What may have kept a click from its target.
 std::string DescribeInput()
 {
@@ -29,17 +27,6 @@ std::string DescribeInput()
     GetGUIThreadInfo(0, &info);
     return "; the mouse is over a " + Narrow(ClassOf(WindowFromPoint(pt))) + ", the window in front is a " +
            Narrow(ClassOf(GetForegroundWindow())) + ", the mouse belongs to a " + Narrow(ClassOf(info.hwndCapture));
-}
-
-std::string Narrow(const std::wstring& sText)
-{
-    std::string sResult;
-    for (const wchar_t c : sText)
-    {
-        constexpr wchar_t c_cLastAscii = 0x7E;
-        sResult += c >= L' ' && c <= c_cLastAscii ? static_cast<char>(c) : '?';
-    }
-    return sResult;
 }
 } // namespace
 

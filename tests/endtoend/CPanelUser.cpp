@@ -12,17 +12,6 @@ namespace
 {
 constexpr auto c_patience = std::chrono::milliseconds(20000);
 constexpr int c_iFirstControlId = 200; // the number of the panel's first row
-
-std::string Narrow(const std::wstring& sText)
-{
-    std::string sResult;
-    for (const wchar_t c : sText)
-    {
-        constexpr wchar_t c_cLastAscii = 0x7E;
-        sResult += c >= L' ' && c <= c_cLastAscii ? static_cast<char>(c) : '?';
-    }
-    return sResult;
-}
 } // namespace
 
 CPanelUser::CPanelUser(const CKinetariumUser& user)

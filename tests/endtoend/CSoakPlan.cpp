@@ -1,28 +1,28 @@
 #include "tests/endtoend/CSoakPlan.h"
 
-#include <cstdlib>
+#include "classes/core/EnvironmentText.h"
+
 #include <random>
 #include <stdexcept>
 #include <string>
 
 namespace
 {
-using std::chrono_literals::operator""s;
+using std::chrono::seconds;
 
-constexpr CSoakPlan c_short{0, 60, 60, 100, 16, 8s, 8s};
-constexpr CSoakPlan c_long{0, 60, 2000, 500, 300, 60s, 600s};
+constexpr CSoakPlan c_short{0, 60, 60, 100, 16, seconds(8), seconds(8)};
+constexpr CSoakPlan c_long{0, 60, 2000, 500, 300, seconds(60), seconds(600)};
 } // namespace
 
 CSoakPlan ReadSoakPlan()
 {
-    const char* sForm = std::getenv(c_sSoakVariable);
-    const std::string sFormText = sForm != nullptr ? sForm : "short";
-    if (sFormText != "short" && sFormText != "long")
+    const std::wstring sForm = GetEnvironmentText(c_sSoakVariable).value_or(L"short");
+    if (sForm != L"short" && sForm != L"long")
     {
         throw std::invalid_argument(std::string(c_sSoakVariable) + " is neither \"short\" nor \"long\"");
     }
-    CSoakPlan plan = sFormText == "long" ? c_long : c_short;
-    const char* sSeed = std::getenv(c_sSoakSeedVariable);
-    plan.seed = sSeed != nullptr ? static_cast<std::uint32_t>(std::stoul(sSeed)) : std::random_device()();
+    CSoakPlan plan = sForm == L"long" ? c_long : c_short;
+    const std::optional<std::wstring> sSeed = GetEnvironmentText(c_sSoakSeedVariable);
+    plan.seed = sSeed ? static_cast<std::uint32_t>(std::stoul(*sSeed)) : std::random_device()();
     return plan;
 }

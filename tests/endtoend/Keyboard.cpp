@@ -63,6 +63,6 @@ void TurnWheel(POINT point, int iNotches)
     INPUT input{};
     input.type = INPUT_MOUSE;
     input.mi.dwFlags = MOUSEEVENTF_WHEEL;
-    input.mi.mouseData = static_cast<DWORD>(iNotches * WHEEL_DELTA);
+    input.mi.mouseData = static_cast<DWORD>(iNotches) * WHEEL_DELTA;
     Send({input});
 }

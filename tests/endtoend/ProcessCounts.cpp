@@ -155,7 +155,7 @@ CGdiCount CountGdiObjects(HANDLE hProcess)
     {
         throw std::runtime_error("no environment block of the program");
     }
-    const CGdiEntry* pTable = nullptr;
+    const void* pTable = nullptr;
     ReadOther(hProcess, reinterpret_cast<const std::byte*>(basic.PebBaseAddress) + c_uGdiTableInPeb, &pTable, 1);
     std::vector<CGdiEntry> table(c_uGdiTableEntries);
     ReadOther(hProcess, pTable, table.data(), table.size());

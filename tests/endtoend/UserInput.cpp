@@ -57,7 +57,8 @@ void MoveMouse(POINT point)
 {
     constexpr int c_iPollsAtRest = 4;
     int iAtRest = 0;
-    WaitUntil("the mouse to arrive", c_patience, [&] {
+    const std::string sPlace = std::to_string(point.x) + ", " + std::to_string(point.y);
+    WaitUntil("the mouse to arrive at " + sPlace, c_patience, [&] {
         iAtRest = IsMouseAt(point) ? iAtRest + 1 : 0;
         if (iAtRest == 0)
         {
@@ -111,4 +112,15 @@ std::wstring ReadText(HWND hWindow)
     }
     sText.resize(uLength);
     return sText;
+}
+
+std::string Narrow(const std::wstring& sText)
+{
+    std::string sResult;
+    for (const wchar_t c : sText)
+    {
+        constexpr wchar_t c_cLastAscii = 0x7E;
+        sResult += c >= L' ' && c <= c_cLastAscii ? static_cast<char>(c) : '?';
+    }
+    return sResult;
 }

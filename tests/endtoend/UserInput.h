@@ -25,3 +25,6 @@ void BringToFront(HWND hWindow);
 
 // The text of a window of another program; empty if it does not answer in time.
 std::wstring ReadText(HWND hWindow);
+
+// The text for a failure message, with question marks for what is not plain ASCII.
+std::string Narrow(const std::wstring& sText);

@@ -28,7 +28,7 @@ std::filesystem::path UserFolder(REFKNOWNFOLDERID folder)
 {
     wchar_t* sPath = nullptr;
     const HRESULT hResult = SHGetKnownFolderPath(folder, KF_FLAG_CREATE, nullptr, &sPath);
-    const std::filesystem::path path(SUCCEEDED(hResult) ? sPath : L"");
+    std::filesystem::path path(SUCCEEDED(hResult) ? sPath : L"");
     CoTaskMemFree(sPath);
     Require(!path.empty(), "one of the user's folders is missing");
     return path;

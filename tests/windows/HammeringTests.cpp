@@ -10,8 +10,8 @@
 namespace
 {
 constexpr LPARAM c_iKeyReleased = static_cast<LPARAM>(0xC0000001);
-constexpr int c_iPresses = 201;                  // an odd number: the last one counts
-constexpr std::uintptr_t c_uDeepest = 64 * 1024; // bytes of stack; a press inside another takes two to three thousand
+constexpr int c_iPresses = 201;                   // an odd number: the last one counts
+constexpr std::uintptr_t c_uDeepest = 64U * 1024; // bytes of stack; a press inside another takes two to three thousand
 
 std::uintptr_t s_uShallowest = 0;
 std::uintptr_t s_uDeepest = 0;
@@ -19,7 +19,8 @@ std::uintptr_t s_uDeepest = 0;
 // Called for each message that leaves the queue: notes where the stack stands.
 LRESULT CALLBACK NoteStack(int iCode, WPARAM wParam, LPARAM lParam)
 {
-    const auto uHere = reinterpret_cast<std::uintptr_t>(&iCode);
+    // A number, which nobody takes for a place to read from.
+    const auto uHere = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
     s_uShallowest = std::max(s_uShallowest, uHere);
     s_uDeepest = std::min(s_uDeepest, uHere);
     return CallNextHookEx(nullptr, iCode, wParam, lParam);

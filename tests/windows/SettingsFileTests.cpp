@@ -198,7 +198,7 @@ TEST_F(SettingsFile_InTheApplication, AFolderInTheFilesPlaceBreaksNothing)
 
 TEST_F(SettingsFile_InTheApplication, ALargeFileOfNoiseStartsTheProgramWithDefaults)
 {
-    constexpr std::size_t size = 10 * 1024 * 1024;
+    constexpr std::size_t size = std::size_t{10} * 1024 * 1024;
     std::mt19937 noise(1);
     std::string sNoise(size, '\0');
     for (char& c : sNoise)

@@ -14,7 +14,7 @@ namespace
 {
 std::wstring TakeText(BSTR sText)
 {
-    const std::wstring sResult = sText != nullptr ? sText : L"";
+    std::wstring sResult = sText != nullptr ? sText : L"";
     SysFreeString(sText);
     return sResult;
 }
@@ -123,7 +123,7 @@ TEST_F(Accessibility, AnObjectThatOutlivesItsButtonFailsInsteadOfReachingIt)
 TEST_F(Accessibility, BeforeEachEntryAndListStandsAVisibleLabelWithItsText)
 {
     CDataCtrlGroup& panel = m_Main.GetPanel();
-    for (short i = 0; i < panel.GetCount(); ++i)
+    for (const short i : m_Main.GetRows())
     {
         const HWND hControl = panel.GetCtrlTabHandle(i);
         if (hControl == nullptr)

@@ -14,7 +14,7 @@ TEST_F(DataCtrlGroup, RowsAreFoundByTheirLabelAndByTheirWindows)
     EXPECT_EQ(Panel().GetCtrlIndex(L"Colour 3 factor"), 16);
     EXPECT_EQ(Panel().GetCtrlIndex(L"colour 3 factor"), -1) << "letter for letter";
     EXPECT_EQ(Panel().GetCtrlIndex(CWString()), -1);
-    for (short i = 0; i < Panel().GetCount(); ++i)
+    for (const short i : m_Main.GetRows())
     {
         const CWString sLabel = Panel().GetLabel(i);
         EXPECT_EQ(Panel().GetCtrlIndex(sLabel), i);
@@ -42,11 +42,13 @@ TEST_F(DataCtrlGroup, HeadingsAndDividersHaveNothingThatTakesTheFocus)
 
 TEST_F(DataCtrlGroup, OnlyColourRowsHaveAButton)
 {
-    for (short i = -1; i <= Panel().GetCount(); ++i)
+    for (const short i : m_Main.GetRows())
     {
         const bool bColour = i == 3 || i == 11 || i == 13 || i == 15;
         EXPECT_EQ(Panel().GetButton(i) != nullptr, bColour) << i;
     }
+    EXPECT_EQ(Panel().GetButton(-1), nullptr);
+    EXPECT_EQ(Panel().GetButton(17), nullptr);
 }
 
 TEST_F(DataCtrlGroup, NumbersComeBackAsTheyWereSet)

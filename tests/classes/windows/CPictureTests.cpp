@@ -235,7 +235,8 @@ TEST(BackdropTexture, ItsOppositeEdgesFitTogether)
     const std::vector<std::uint32_t> pixels = MakeBackdropTexture();
     constexpr int c_iLength = c_iBackdropTextureLength;
     const auto Red = [&](int x, int y) {
-        const std::size_t uIndex = static_cast<std::size_t>((y % c_iLength) * c_iLength + x % c_iLength);
+        const auto uIndex =
+            static_cast<std::size_t>(y % c_iLength) * c_iLength + static_cast<std::size_t>(x % c_iLength);
         return static_cast<int>((pixels[uIndex] >> 16) & 0xFF);
     };
     int iLargestInside = 0;

@@ -21,7 +21,7 @@ protected:
     std::vector<HWND> Stops()
     {
         std::vector<HWND> stops{m_Main.GetStartButton().GetWindowHandle()};
-        for (short i = 0; i < m_Main.GetPanel().GetCount(); ++i)
+        for (const short i : m_Main.GetRows())
             if (const HWND hStop = m_Main.GetPanel().GetCtrlTabHandle(i); hStop != nullptr)
                 stops.push_back(hStop);
         return stops;

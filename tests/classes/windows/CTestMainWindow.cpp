@@ -8,6 +8,8 @@
 #include <commctrl.h>
 #include <uxtheme.h>
 
+#include <cstddef>
+#include <numeric>
 #include <stdexcept>
 
 namespace
@@ -104,7 +106,7 @@ void CTestMainWindow::AddRows()
     const HWND hList = m_pPanel->GetCtrlHandle(L"Colour mode", 0);
     SendMessageW(hList, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"Fixed"));
     SendMessageW(hList, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"Speed"));
-    for (short i = 0; i < m_pPanel->GetCount(); ++i)
+    for (const short i : GetRows())
         m_TabOrder.AddWindow(m_pPanel->GetCtrlTabHandle(i), m_pPanel->GetLabel(i).c_str());
     SetControlPositions(-1, -1);
     Pump();
@@ -135,6 +137,13 @@ void CTestMainWindow::Pump()
     constexpr int c_iRounds = 4;
     for (int i = 0; i < c_iRounds; ++i)
         OperateMessagePump(nullptr);
+}
+
+std::vector<short> CTestMainWindow::GetRows() const
+{
+    std::vector<short> rows(static_cast<std::size_t>(m_pPanel->GetCount()));
+    std::iota(rows.begin(), rows.end(), short{0});
+    return rows;
 }
 
 void CTestMainWindow::SetControlPositions(int, int)

@@ -38,6 +38,8 @@ public:
     void UpdateStatusBar(HWND hControl, const POINT& pt) override;
 
     CDataCtrlGroup& GetPanel() { return *m_pPanel; }
+    // The numbers of the panel's rows, from the first to the last.
+    std::vector<short> GetRows() const;
     CWndButton& GetStartButton() { return m_Button; }
     CTabOrder& TabOrder() { return m_TabOrder; }
     HWND StatusBar() const { return m_hStatusBar; }

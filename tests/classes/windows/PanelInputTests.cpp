@@ -120,7 +120,7 @@ TEST_F(PanelInput, SelectingCopyingCuttingAndUndoingWork)
 
 TEST_F(PanelInput, F11AndEscapeReachTheMainWindowFromEveryControl)
 {
-    for (short i = 0; i < Panel().GetCount(); ++i)
+    for (const short i : m_Main.GetRows())
     {
         const HWND hControl = Panel().GetCtrlTabHandle(i);
         if (hControl == nullptr)

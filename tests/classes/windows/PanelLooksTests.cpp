@@ -24,7 +24,7 @@ TEST_F(PanelLooks, AtTheDefaultSizeEverythingIsInViewAndAligned)
     ASSERT_EQ(rcClient.right, 240);
     EXPECT_EQ(GetWindowLongW(m_hPanel, GWL_STYLE) & WS_VSCROLL, 0) << "no scroll bar";
     int iLastBottom = 0;
-    for (short i = 0; i < Panel().GetCount(); ++i)
+    for (const short i : m_Main.GetRows())
     {
         const CWString sLabel = Panel().GetLabel(i);
         const HWND hLabel = Panel().GetCtrlHandle(sLabel, 1);
@@ -56,7 +56,7 @@ TEST_F(PanelLooks, NoLabelIsCutOff)
 {
     const CWindowDc dc(m_hPanel);
     const CSelectObject font(dc.Get(), m_Main.GetFont());
-    for (short i = 0; i < Panel().GetCount(); ++i)
+    for (const short i : m_Main.GetRows())
     {
         // The longest form that a language without a translation of its own shows.
         const std::wstring sText = L"[" + Panel().GetLabel(i).Get() + L"]";

@@ -32,7 +32,7 @@ TEST_F(LowDataCtrlGroup, APanelLowerThanItsRowsHasAScrollBarThatDoesNotCoverThem
     RECT rcClient{};
     GetClientRect(m_hPanel, &rcClient);
     EXPECT_LT(rcClient.right, 240);
-    for (short i = 0; i < Panel().GetCount(); ++i)
+    for (const short i : m_Main.GetRows())
     {
         const HWND hControl = Panel().GetCtrlTabHandle(i);
         EXPECT_TRUE(hControl == nullptr || InPanel(hControl).right < rcClient.right) << i;

@@ -32,7 +32,7 @@ void CExpectedPicture::DrawAtom(const CExpectedScene& scene, const CAtom& atom, 
         for (int x = 0; x < m_size.cx; ++x)
         {
             const double dDistance = std::hypot(x + c_dHalf - dX, y + c_dHalf - dY);
-            CExpectedPixel& pixel = m_pixels[static_cast<std::size_t>(y * m_size.cx + x)];
+            CExpectedPixel& pixel = m_pixels[IndexOf(x, y)];
             if (dDistance <= atom.radius - dTolerance)
             {
                 pixel = {cr, false};
@@ -47,5 +47,5 @@ void CExpectedPicture::DrawAtom(const CExpectedScene& scene, const CAtom& atom, 
 
 const CExpectedPixel& CExpectedPicture::Get(int x, int y) const
 {
-    return m_pixels[static_cast<std::size_t>(y * m_size.cx + x)];
+    return m_pixels[IndexOf(x, y)];
 }

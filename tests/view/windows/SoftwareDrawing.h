@@ -6,6 +6,7 @@
 
 #include <windows.h>
 
+#include <cstddef>
 #include <functional>
 #include <vector>
 
@@ -35,6 +36,11 @@ public:
     const CExpectedPixel& Get(int x, int y) const;
 
 private:
+    // In the pixels, which stand row by row.
+    std::size_t IndexOf(int x, int y) const
+    {
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(m_size.cx) + static_cast<std::size_t>(x);
+    }
     void DrawAtom(const CExpectedScene& scene, const CAtom& atom, COLORREF cr);
 
     CSize<int> m_size;
