@@ -1,6 +1,6 @@
 #pragma once
 
-#include "classes/windows/CDataCtrlGroup.h"
+#include "classes/windows/panel/CDataCtrlGroup.h"
 
 #include <array>
 

@@ -2,7 +2,7 @@
 #include "classes/core/CCpuCapabilities.h"
 #include "classes/core/CExceptionHandler.h"
 #include "classes/core/CrashNote.h"
-#include "classes/windows/CCrashReport.h"
+#include "classes/windows/crash/CCrashReport.h"
 #include "classes/windows/ModuleFolder.h"
 #include "classes/windows/SafeLibrarySearch.h"
 #include "diagnostics/Guard.h"

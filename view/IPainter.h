@@ -1,6 +1,6 @@
 #pragma once
 
-#include "classes/windows/CPicture.h"
+#include "classes/windows/picture/CPicture.h"
 #include "view/AtomScene.h"
 
 #include <windows.h>

@@ -1,6 +1,6 @@
 #include "classes/windows/CWndButton.h"
 
-#include "classes/windows/ButtonAccessible.h"
+#include "classes/windows/accessibility/ButtonAccessible.h"
 #include "classes/windows/ColourMath.h"
 #include "classes/windows/MessageTable.h"
 #include "classes/windows/RectHelpers.h"

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "classes/core/CWString.h"
-#include "classes/windows/CPicture.h"
 #include "classes/windows/CWndCommon.h"
+#include "classes/windows/picture/CPicture.h"
 
 // The notification code of a click, sent as WM_NOTIFY to the button's parent.
 constexpr UINT c_uButtonClicked = 0x202;

@@ -1,9 +1,9 @@
 #include "classes/windows/CWndCommon.h"
 
 #include "classes/core/OutputDebugMessage.h"
-#include "classes/windows/BackdropTexture.h"
 #include "classes/windows/LanguageChoice.h"
 #include "classes/windows/MessagePump.h"
+#include "classes/windows/picture/BackdropTexture.h"
 #include "classes/windows/RectHelpers.h"
 #include "classes/windows/SystemLooks.h"
 #include "classes/windows/ThreadQuit.h"

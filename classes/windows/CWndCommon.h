@@ -7,10 +7,10 @@
 
 #include "classes/core/CStringResource.h"
 #include "classes/core/CWString.h"
-#include "classes/windows/CPicture.h"
 #include "classes/windows/CTabOrder.h"
 #include "classes/windows/CWndToolTip.h"
 #include "classes/windows/Handles.h"
+#include "classes/windows/picture/CPicture.h"
 
 class CDataCube;
 

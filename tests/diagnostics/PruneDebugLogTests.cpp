@@ -3,6 +3,8 @@
 #include "classes/core/OutputDebugMessage.h"
 
 #include <gtest/gtest.h>
+
+#include <cstdint>
 #include <limits>
 #include <thread>
 
@@ -49,12 +51,12 @@ TEST(PruneDebugLog, TheReservedStorageStays)
     constexpr std::size_t uReserved = 100'000;
     std::wstring sLog;
     sLog.reserve(uReserved);
-    const void* const pStorage = sLog.data();
+    const auto uStorage = reinterpret_cast<std::uintptr_t>(sLog.data());
     sLog.assign(uReserved, L'x');
     PruneDebugLog(sLog, uReserved / 2);
     EXPECT_EQ(sLog.size(), uReserved / 2);
     EXPECT_GE(sLog.capacity(), uReserved);
-    EXPECT_EQ(static_cast<const void*>(sLog.data()), pStorage);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(sLog.data()), uStorage);
 }
 
 TEST(PruneDebugLog, AMessageOfAnotherThreadIsNeverTornOrLost)

@@ -12,10 +12,17 @@
 
 namespace fs = std::filesystem;
 
-CTemporaryFolder::CTemporaryFolder()
+namespace
+{
+std::string MakeFolderName()
 {
     std::random_device random;
-    m_Path = fs::temp_directory_path() / ("kinetarium-headless-" + std::to_string(random()) + std::to_string(random()));
+    return "kinetarium-headless-" + std::to_string(random()) + std::to_string(random());
+}
+} // namespace
+
+CTemporaryFolder::CTemporaryFolder() : m_Path(fs::temp_directory_path() / MakeFolderName())
+{
     fs::create_directories(m_Path);
 }
 

@@ -15,7 +15,7 @@ constexpr double c_dPairTestsPerScene = 6e5; // bounds the plain form to a few m
 // A number from low to high whose logarithm is evenly spread, so that small worlds come up as often as large ones.
 int DrawSpread(std::mt19937& draw, int low, int high)
 {
-    std::uniform_real_distribution<double> power(std::log(low), std::log(high + 1.0));
+    std::uniform_real_distribution<double> power(std::log(low), std::log1p(high));
     return std::clamp(static_cast<int>(std::exp(power(draw))), low, high);
 }
 

@@ -1,10 +1,10 @@
 // The parts of the library that are a function or two each.
 #include "classes/windows/CDisplayMonitors.h"
 #include "classes/windows/ColourMath.h"
-#include "classes/windows/CTextCtrl.h"
 #include "classes/windows/CWndToolTip.h"
 #include "classes/windows/Handles.h"
 #include "classes/windows/MessageTable.h"
+#include "classes/windows/panel/CTextCtrl.h"
 #include "classes/windows/RectHelpers.h"
 #include "classes/windows/RoundedRect.h"
 #include "classes/windows/ShowCreateWindow.h"

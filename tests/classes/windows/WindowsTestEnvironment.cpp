@@ -1,7 +1,7 @@
 #include "tests/classes/windows/WindowsTestEnvironment.h"
 
-#include "classes/windows/CPictureBits.h"
 #include "classes/windows/Handles.h"
+#include "classes/windows/picture/CPictureBits.h"
 
 #include <chrono>
 #include <cstring>

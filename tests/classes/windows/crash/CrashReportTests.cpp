@@ -1,6 +1,6 @@
 #include "classes/core/CExceptionHandler.h"
 #include "classes/core/CrashFiles.h"
-#include "classes/windows/CrashStages.h"
+#include "classes/windows/crash/CrashStages.h"
 #include "tests/classes/windows/crash/CCrashedProgram.h"
 #include "tests/classes/windows/crash/ReadDump.h"
 

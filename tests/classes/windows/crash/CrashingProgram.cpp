@@ -6,7 +6,7 @@
 
 #include "classes/core/CExceptionHandler.h"
 #include "classes/core/CrashNote.h"
-#include "classes/windows/CCrashReport.h"
+#include "classes/windows/crash/CCrashReport.h"
 
 #include <windows.h>
 

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "classes/windows/crash/CCrashReport.h"
+
+#include <windows.h>
+
+#include <cstddef>
+
+// The steps of a crash report, in their order, and what they work on. Each runs on a thread of its own, never two at a
+// time; none of them may be needed by another that comes after it.
+
+inline constexpr std::size_t c_uCrashLineSize = 512;
+
+// The crash of this process.
+struct CCrash
+{
+    const CCrashReportSettings* settings = nullptr;
+    DWORD thread = 0;
+    bool mainThread = false;
+    const char* exception = nullptr; // its type and text; null for a fault
+    EXCEPTION_RECORD record{};
+    CONTEXT context{};
+    EXCEPTION_POINTERS pointers{};
+
+    // From the first step on.
+    char error[c_uCrashLineSize] = {};
+    char stem[c_uCrashLineSize] = {};
+    HANDLE report = INVALID_HANDLE_VALUE;
+    DWORD openError = ERROR_SUCCESS;
+};
+
+// Static: where a crash happens there may be no heap.
+CCrash& GetCrash() noexcept;
+
+// What can be said without looking at the stack, safely on disk before anything else is tried.
+void CrashStep_Report();
+
+// One line for a debugger.
+void CrashStep_DebugOutput();
+
+void CrashStep_Stack();
+void CrashStep_Dump();
+void CrashStep_DeleteOld();
+void CrashStep_TellUser();

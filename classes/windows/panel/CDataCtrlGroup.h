@@ -1,0 +1,131 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "classes/core/CWString.h"
+#include "classes/windows/CWndCommon.h"
+#include "classes/windows/panel/EnumDataCtrlType.h"
+#include "classes/windows/panel/IPanelHost.h"
+#include "classes/windows/panel/PanelLayout.h"
+#include "classes/windows/picture/CPicture.h"
+
+class CDataCtrl;
+class CWndButton;
+
+// A panel of labelled settings, one per row: labels on the left, controls on the right, aligned on one edge. It draws
+// the main window's backdrop behind itself without a seam. When it is lower than its rows it scrolls: by its bar, by
+// the mouse wheel over anything in it, and by the focus moving to a row that is out of sight.
+//
+// Controls are found by their label (letter for letter) or by their index, the number of the row from 0.
+// A colour button's click (WM_NOTIFY 0x202, hwndFrom is the button) and a list's notifications (WM_COMMAND) are handed
+// on to the main window, and so are F11 and Escape when they are released in a control, except for the Escape that
+// closes an open list. Every control has its label as accessible name.
+class CDataCtrlGroup : public CWndCommon, private IPanelHost
+{
+public:
+    // The panel's window is made at once, empty and of no size; GetWindowHandle() is null when that failed.
+    // iFirstId: the control identifier of row 0. dLabelShare: the share of the width that belongs to the labels.
+    // bFrame: a thin border. pBackdrop null: the parent's backdrop.
+    CDataCtrlGroup(const CWndCommon* pParent, short iFirstId, double dLabelShare, bool bFrame,
+                   const CPicture* pBackdrop);
+    ~CDataCtrlGroup() override;
+
+    // Appends a row and returns its index; -1 on failure. uSize: the largest number of characters of an entry (0: no
+    // limit). byFlag is kept with the row for the caller. crText is the label's colour, crShadow that of the shadow
+    // behind it (bTransparent) or of the label's background (otherwise).
+    short AddControl(EnumDataCtrlType eType, EnumShowState eState, const CWString& sLabel, const CWString& sDesc,
+                     unsigned short uSize, unsigned char byFlag, COLORREF crText, COLORREF crShadow, bool bTransparent);
+
+    int GetCount() const;
+    // The index of the row with that label, or of the row that the window belongs to (as control, label or part of
+    // either); -1: none. Dividers have no window of their own, headings only their label.
+    short GetCtrlIndex(const CWString& sLabel) const;
+    short GetCtrlIndex(HWND hWnd) const;
+    // Part 0: the control. Part 1: its label. Null when there is none.
+    HWND GetCtrlHandle(const CWString& sLabel, int iPart) const;
+    // The window that takes the keyboard focus; null for headings and dividers.
+    HWND GetCtrlTabHandle(short iIndex) const;
+    // Null unless the row holds a colour button.
+    CWndButton* GetButton(short iIndex) const;
+    CWString GetLabel(short iIndex) const;
+    CWString GetDesc(short iIndex) const;
+    EnumDataCtrlType GetType(short iIndex) const;
+    unsigned short GetSize(short iIndex) const;
+    unsigned char GetFlag(short iIndex) const;
+
+    // Sets an entry's or button's text, or selects the list item with that text. False for no such row (or item).
+    // Values given by the program are not limited to the row's size: only what the user enters is. The part is 0.
+    bool SetValue(short iIndex, const wchar_t* sText, short iPart = 0);
+    bool SetValue(const CWString& sLabel, std::int32_t iValue, short iPart = 0);
+    bool SetValue(const CWString& sLabel, std::uint32_t uValue, short iPart = 0);
+    bool SetValue(const CWString& sLabel, std::uint8_t byValue, short iPart = 0);
+
+    // Numbers are an optional sign and the leading digits of the text (0 when there are none), kept within the type's
+    // range. A colour button's number is its colour, a list's the index of its selection (-1, as unsigned 0: none).
+    std::int32_t GetValue_Int32(const CWString& sLabel) const;
+    std::uint32_t GetValue_Uint32(const CWString& sLabel) const;
+    std::uint8_t GetValue_Uint8(const CWString& sLabel) const;
+    // The text of an entry or button, or of the selected item of a list.
+    CWString GetValue_String(const CWString& sLabel) const;
+
+    void ShowState_SetState(short iIndex, EnumShowState eState);
+    EnumShowState ShowState_GetState(short iIndex) const;
+
+    // The height that all rows need, in pixels.
+    int GetContentHeight() const;
+    // Scrolls by as little as brings the row into view.
+    void EnsureVisible(short iIndex);
+
+    void SetControlPositions(int cx, int cy) override;
+    LRESULT WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
+
+private:
+    HWND Host_GetWindow() const override;
+    HINSTANCE Host_GetInstance() const override;
+    HFONT Host_GetFont(bool bBold) const override;
+    std::wstring* Host_GetDebugLog() const override;
+    void Host_DrawBehind(HDC hDc, HWND hChild) override;
+    void Host_RowFocused(short iIndex, bool bFocused) override;
+    bool Host_ScrollByWheel(short iDelta) override;
+
+    std::optional<LRESULT> OnPaint(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnEraseBackground(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnPrintClient(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnSize(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnMove(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnVScroll(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnMouseWheel(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnLButtonDown(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnNotify(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnCommand(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnKeyUp(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnControlColour(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnSetFont(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnGetFont(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnNcDestroy(WPARAM wParam, LPARAM lParam);
+
+    bool CreatePanelWindow(bool bFrame);
+    CDataCtrl* GetCtrl(short iIndex) const;
+    CDataCtrl* FindCtrl(const CWString& sLabel) const;
+    void ScrollTo(int iPosition);
+    int GetScrollPosition() const;
+    void UpdateScrollBar();
+    void PlaceRows();
+    CPanelLayout GetLayout() const;
+    void DrawPanel(HDC hDc);
+
+    std::vector<std::unique_ptr<CDataCtrl>> m_ctrls;
+    CBrushHandle m_EntryBrush;
+    CBrushHandle m_EntryBrushGreyed;
+    CFontHandle m_FontBold;
+    double m_dLabelShare;
+    short m_iFirstId;
+    LRESULT m_iConfirmed = -1; // the list item that was last announced as chosen
+    int m_iWheelRest = 0;      // wheel movement that has not yet made a whole pixel
+    bool m_bLayingOut = false;
+};

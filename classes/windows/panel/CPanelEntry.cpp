@@ -1,0 +1,132 @@
+#include "classes/windows/panel/CPanelEntry.h"
+
+#include "classes/windows/ClipboardText.h"
+#include "classes/windows/MainWindowKeys.h"
+#include "classes/windows/panel/EntryText.h"
+#include "classes/windows/ShowCreateWindow.h"
+#include "classes/windows/SubclassForward.h"
+
+#include <limits>
+
+namespace
+{
+// What Ctrl with a letter arrives as: the letter's place in the alphabet.
+constexpr WPARAM c_wCtrlA = 0x01;
+constexpr WPARAM c_wTab = 0x09;
+constexpr WPARAM c_wEnter = 0x0D;
+constexpr WPARAM c_wCtrlV = 0x16;
+constexpr WPARAM c_wEscape = 0x1B;
+constexpr WPARAM c_wFirstPrintable = 0x20;
+} // namespace
+
+CPanelEntry::~CPanelEntry()
+{
+    DestroySubclassedWindow<CPanelEntry>(m_hWnd);
+}
+
+bool CPanelEntry::Create(short iId, bool bDigitsOnly, unsigned short uSize)
+{
+    m_bDigitsOnly = bDigitsOnly;
+    m_uSize = uSize;
+    const DWORD uStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | (bDigitsOnly ? ES_NUMBER : 0u);
+    m_hWnd = CreateWindowExW(0, WC_EDITW, nullptr, uStyle, 0, 0, 0, 0, m_host.Host_GetWindow(),
+                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(iId)), m_host.Host_GetInstance(), nullptr);
+    if (m_hWnd == nullptr)
+        return false;
+    ShowCreateWindow(GetDebugLog(), this, L"CPanelEntry", L"m_hWnd", m_hWnd, nullptr);
+    SendMessageW(m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(m_host.Host_GetFont(false)), FALSE);
+    SendMessageW(m_hWnd, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+    if (uSize != 0)
+        SendMessageW(m_hWnd, EM_SETLIMITTEXT, uSize, 0);
+    return SubclassWindow_Object(m_hWnd, this);
+}
+
+std::optional<LRESULT> CPanelEntry::HandleMessage(UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    switch (uMessage)
+    {
+    case WM_CHAR:
+        return OnChar(wParam);
+    case WM_PASTE:
+        Paste();
+        return 0;
+    case WM_KEYDOWN:
+        return OnKeyDown(wParam);
+    case WM_KEYUP:
+        return OnKeyUp(wParam, lParam);
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+    {
+        const LRESULT result = DefSubclassProc(m_hWnd, uMessage, wParam, lParam);
+        m_host.Host_RowFocused(m_iIndex, uMessage == WM_SETFOCUS);
+        return result;
+    }
+    case WM_MOUSEWHEEL:
+        if (m_host.Host_ScrollByWheel(static_cast<short>(HIWORD(wParam))))
+            return 0;
+        return std::nullopt;
+    default:
+        return std::nullopt;
+    }
+}
+
+// Control characters (copy, cut, undo, delete backwards) are the control's own, but Enter, Escape and Tab would only
+// make it beep.
+std::optional<LRESULT> CPanelEntry::OnChar(WPARAM wParam) const
+{
+    if (wParam == c_wEnter || wParam == c_wEscape || wParam == c_wTab)
+        return 0;
+    if (wParam == c_wCtrlA)
+    {
+        SendMessageW(m_hWnd, EM_SETSEL, 0, -1);
+        return 0;
+    }
+    if (wParam == c_wCtrlV)
+    {
+        SendMessageW(m_hWnd, WM_PASTE, 0, 0);
+        return 0;
+    }
+    if (wParam >= c_wFirstPrintable && !EntryTakes(static_cast<wchar_t>(wParam), m_bDigitsOnly))
+        return 0;
+    return std::nullopt;
+}
+
+// The older key for pasting must not get around the filter either.
+std::optional<LRESULT> CPanelEntry::OnKeyDown(WPARAM wParam) const
+{
+    if (wParam != VK_INSERT || GetKeyState(VK_SHIFT) >= 0 || GetKeyState(VK_CONTROL) < 0)
+        return std::nullopt;
+    SendMessageW(m_hWnd, WM_PASTE, 0, 0);
+    return 0;
+}
+
+std::optional<LRESULT> CPanelEntry::OnKeyUp(WPARAM wParam, LPARAM lParam) const
+{
+    if (!IsMainWindowKey(wParam))
+        return std::nullopt;
+    ForwardKeyUp(m_hWnd, wParam, lParam);
+    return 0;
+}
+
+// How many characters may take the place of the selection.
+std::size_t CPanelEntry::GetRoom() const
+{
+    if (m_uSize == 0)
+        return std::numeric_limits<std::size_t>::max();
+    DWORD uStart = 0;
+    DWORD uEnd = 0;
+    SendMessageW(m_hWnd, EM_GETSEL, reinterpret_cast<WPARAM>(&uStart), reinterpret_cast<LPARAM>(&uEnd));
+    const std::size_t uKept = static_cast<std::size_t>(GetWindowTextLengthW(m_hWnd)) - (uEnd - uStart);
+    return uKept >= m_uSize ? 0 : m_uSize - uKept;
+}
+
+// Nothing of the clipboard that fits is no reason to delete the selection. Undoing takes back the paste alone, not what
+// was typed before it.
+void CPanelEntry::Paste() const
+{
+    const std::wstring sText = FilterPastedText(ReadClipboardText(m_hWnd), m_bDigitsOnly, GetRoom());
+    if (sText.empty())
+        return;
+    SendMessageW(m_hWnd, EM_EMPTYUNDOBUFFER, 0, 0);
+    SendMessageW(m_hWnd, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(sText.c_str()));
+}

@@ -1,0 +1,223 @@
+#include "classes/windows/panel/CPanelList.h"
+
+#include "classes/windows/accessibility/ListAccessible.h"
+#include "classes/windows/MainWindowKeys.h"
+#include "classes/windows/PaintBuffer.h"
+#include "classes/windows/panel/EntryFrame.h"
+#include "classes/windows/RectHelpers.h"
+#include "classes/windows/ShowCreateWindow.h"
+#include "classes/windows/SubclassForward.h"
+
+namespace
+{
+constexpr int c_iDroppedHeight = 200; // room for the list; it opens only as high as its items need
+constexpr int c_iTextInset = 6;
+constexpr int c_iArrowRight = 12; // from the right edge to the arrow's middle
+constexpr int c_iArrowHalf = 4;
+constexpr LPARAM c_iRepeated = LPARAM{1} << 30;            // the bit of a key message that says the key was down before
+constexpr WPARAM c_wClosedField = static_cast<WPARAM>(-1); // the number of the closed list's own field
+
+std::wstring GetSelectedText(HWND hList)
+{
+    const LRESULT iSelected = SendMessageW(hList, CB_GETCURSEL, 0, 0);
+    const LRESULT iLength =
+        iSelected >= 0 ? SendMessageW(hList, CB_GETLBTEXTLEN, static_cast<WPARAM>(iSelected), 0) : 0;
+    if (iLength <= 0)
+        return {};
+    std::wstring sText(static_cast<std::size_t>(iLength) + 1, L'\0');
+    SendMessageW(hList, CB_GETLBTEXT, static_cast<WPARAM>(iSelected), reinterpret_cast<LPARAM>(sText.data()));
+    sText.resize(static_cast<std::size_t>(iLength));
+    return sText;
+}
+
+// A triangle of whole rows: sharp at any size, without pen or polygon edges.
+void DrawArrow(HDC hDc, const RECT& rcClient, COLORREF cr)
+{
+    const int iMiddle = rcClient.right - c_iArrowRight;
+    const int iTop = (rcClient.top + rcClient.bottom - c_iArrowHalf) / 2;
+    SetDCBrushColor(hDc, cr);
+    for (int i = 0; i < c_iArrowHalf; ++i)
+    {
+        const RECT rcRow{iMiddle - c_iArrowHalf + i, iTop + i, iMiddle + c_iArrowHalf - i, iTop + i + 1};
+        FillRect(hDc, &rcRow, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    }
+}
+} // namespace
+
+CPanelList::~CPanelList()
+{
+    DestroySubclassedWindow<CPanelList>(m_hWnd);
+}
+
+bool CPanelList::Create(short iId)
+{
+    m_hWnd = CreateWindowExW(0, WC_COMBOBOXW, nullptr,
+                             WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS, 0, 0,
+                             0, c_iDroppedHeight, m_host.Host_GetWindow(),
+                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(iId)), m_host.Host_GetInstance(), nullptr);
+    if (m_hWnd == nullptr)
+        return false;
+    ShowCreateWindow(GetDebugLog(), this, L"CPanelList", L"m_hWnd", m_hWnd, nullptr);
+    SendMessageW(m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(m_host.Host_GetFont(false)), FALSE);
+    return SubclassWindow_Object(m_hWnd, this);
+}
+
+// The control adds a border to the height of its field; how much depends on the theme, and what it reports as the
+// field's height need not be what it was given. So the result is measured, and the field corrected by what is wrong.
+void CPanelList::SetClosedHeight(int iHeight) const
+{
+    constexpr int c_iAttempts = 3;
+    int iField = static_cast<int>(SendMessageW(m_hWnd, CB_GETITEMHEIGHT, c_wClosedField, 0));
+    for (int i = 0; i < c_iAttempts; ++i)
+    {
+        RECT rc{};
+        GetWindowRect(m_hWnd, &rc);
+        iField += iHeight - GetRectHeight(rc);
+        if (GetRectHeight(rc) == iHeight || iField <= 0)
+            return;
+        SendMessageW(m_hWnd, CB_SETITEMHEIGHT, c_wClosedField, iField);
+    }
+}
+
+bool CPanelList::IsDropped() const
+{
+    return SendMessageW(m_hWnd, CB_GETDROPPEDSTATE, 0, 0) != FALSE;
+}
+
+std::optional<LRESULT> CPanelList::HandleMessage(UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    switch (uMessage)
+    {
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_PAINT:
+        Paint();
+        return 0;
+    case WM_PRINTCLIENT:
+    {
+        RECT rcClient{};
+        GetClientRect(m_hWnd, &rcClient);
+        Draw(reinterpret_cast<HDC>(wParam), rcClient);
+        return 0;
+    }
+    case WM_GETOBJECT:
+        return OnGetObject(wParam, lParam);
+    case WM_KEYDOWN:
+        return OnKeyDown(wParam, lParam);
+    case WM_KEYUP:
+        return OnKeyUp(wParam, lParam);
+    case WM_MOUSEMOVE:
+    case WM_MOUSELEAVE:
+        SetHot(uMessage == WM_MOUSEMOVE);
+        return std::nullopt;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+    {
+        const LRESULT result = DefSubclassProc(m_hWnd, uMessage, wParam, lParam);
+        InvalidateRect(m_hWnd, nullptr, FALSE);
+        m_host.Host_RowFocused(m_iIndex, uMessage == WM_SETFOCUS);
+        return result;
+    }
+    case CB_SETCURSEL:
+    case WM_ENABLE:
+    {
+        const LRESULT result = DefSubclassProc(m_hWnd, uMessage, wParam, lParam);
+        InvalidateRect(m_hWnd, nullptr, FALSE);
+        return result;
+    }
+    case WM_MOUSEWHEEL: // a closed list must not change its selection because the pointer happens to pass over it
+        if (!IsDropped())
+        {
+            m_host.Host_ScrollByWheel(static_cast<short>(HIWORD(wParam)));
+            return 0;
+        }
+        return std::nullopt;
+    default:
+        return std::nullopt;
+    }
+}
+
+std::optional<LRESULT> CPanelList::OnKeyDown(WPARAM wParam, LPARAM lParam)
+{
+    if (wParam == VK_ESCAPE && (lParam & c_iRepeated) == 0)
+        m_bEscapeUsed = IsDropped();
+    return std::nullopt;
+}
+
+std::optional<LRESULT> CPanelList::OnKeyUp(WPARAM wParam, LPARAM lParam)
+{
+    if (!IsMainWindowKey(wParam))
+        return std::nullopt;
+    if (wParam == VK_ESCAPE && (m_bEscapeUsed || IsDropped()))
+    {
+        m_bEscapeUsed = false;
+        return std::nullopt;
+    }
+    if (IsDropped())
+        SendMessageW(m_hWnd, CB_SHOWDROPDOWN, FALSE, 0);
+    ForwardKeyUp(m_hWnd, wParam, lParam);
+    return 0;
+}
+
+void CPanelList::SetOwnAccessibleName(const CWString& sName, const CWString& sDescription)
+{
+    m_sAccessibleName = sName;
+    m_sAccessibleDescription = sDescription;
+}
+
+std::optional<LRESULT> CPanelList::OnGetObject(WPARAM wParam, LPARAM lParam) const
+{
+    if (m_sAccessibleName.IsEmpty() || static_cast<DWORD>(lParam) != static_cast<DWORD>(OBJID_CLIENT))
+        return std::nullopt;
+    return ListAccessible_Answer(m_hWnd, wParam, m_sAccessibleName, m_sAccessibleDescription);
+}
+
+void CPanelList::SetHot(bool bHot)
+{
+    if (m_bHot == bHot)
+        return;
+    m_bHot = bHot;
+    InvalidateRect(m_hWnd, nullptr, FALSE);
+    if (!bHot)
+        return;
+    TRACKMOUSEEVENT track{};
+    track.cbSize = sizeof(track);
+    track.dwFlags = TME_LEAVE;
+    track.hwndTrack = m_hWnd;
+    TrackMouseEvent(&track);
+}
+
+void CPanelList::Paint()
+{
+    PAINTSTRUCT paint{};
+    const HDC hDc = BeginPaint(m_hWnd, &paint);
+    if (hDc != nullptr)
+    {
+        RECT rcClient{};
+        GetClientRect(m_hWnd, &rcClient);
+        const CPaintBuffer buffer(hDc, rcClient);
+        Draw(buffer.Get(), rcClient);
+    }
+    EndPaint(m_hWnd, &paint);
+}
+
+void CPanelList::Draw(HDC hDc, const RECT& rcClient)
+{
+    m_host.Host_DrawBehind(hDc, m_hWnd);
+    CEntryLook look;
+    look.bFocus = GetFocus() == m_hWnd;
+    look.bEnabled = IsWindowEnabled(m_hWnd) != FALSE;
+    look.bHot = m_bHot;
+    DrawEntryFrame(hDc, rcClient, look);
+    DrawArrow(hDc, rcClient, GetEntryTextColour(look));
+
+    RECT rcText{rcClient.left + c_iTextInset, rcClient.top, rcClient.right - c_iArrowRight - c_iArrowHalf - 2,
+                rcClient.bottom};
+    const std::wstring sText = GetSelectedText(m_hWnd);
+    const CSelectObject font(hDc, m_host.Host_GetFont(false));
+    const int iOldMode = SetBkMode(hDc, TRANSPARENT);
+    SetTextColor(hDc, GetEntryTextColour(look));
+    DrawTextW(hDc, sText.c_str(), static_cast<int>(sText.size()), &rcText,
+              DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+    SetBkMode(hDc, iOldMode);
+}

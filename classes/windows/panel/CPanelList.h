@@ -1,0 +1,47 @@
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+
+#include "classes/core/CWString.h"
+#include "classes/windows/panel/IPanelHost.h"
+
+// A row's drop-down list: the system's combo box without an entry field, with the looks of the panel's entries.
+class CPanelList
+{
+public:
+    CPanelList(IPanelHost& host, short iIndex) : m_host(host), m_iIndex(iIndex) {}
+    ~CPanelList();
+    CPanelList(const CPanelList&) = delete;
+    CPanelList& operator=(const CPanelList&) = delete;
+
+    bool Create(short iId);
+    // Gives the closed list this height, in pixels.
+    void SetClosedHeight(int iHeight) const;
+    // Lets the list itself tell screen readers its name: for systems that keep no names given to windows.
+    void SetOwnAccessibleName(const CWString& sName, const CWString& sDescription);
+    HWND GetWindowHandle() const { return m_hWnd; }
+
+    std::optional<LRESULT> HandleMessage(UINT uMessage, WPARAM wParam, LPARAM lParam);
+    std::wstring* GetDebugLog() const { return m_host.Host_GetDebugLog(); }
+    void OnWindowGone() { m_hWnd = nullptr; }
+
+private:
+    bool IsDropped() const;
+    std::optional<LRESULT> OnKeyDown(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnKeyUp(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnGetObject(WPARAM wParam, LPARAM lParam) const;
+    void SetHot(bool bHot);
+    void Paint();
+    void Draw(HDC hDc, const RECT& rcClient);
+
+    IPanelHost& m_host;
+    short m_iIndex;
+    HWND m_hWnd = nullptr;
+    CWString m_sAccessibleName;
+    CWString m_sAccessibleDescription;
+    bool m_bHot = false;
+    bool m_bEscapeUsed = false; // Escape has just closed the list: its release means nothing more
+};
