@@ -11,6 +11,7 @@
 #include "tests/fuzz/FuzzTarget.h"
 #include "tests/headless/HeadlessTesting.h"
 
+#include <cmath>
 #include <sstream>
 #include <string>
 
@@ -44,6 +45,19 @@ std::string Save(const CAtoms& atoms)
     return sink.GetText();
 }
 
+// What every atom of an accepted state has, whatever the file says.
+void CheckAtoms(const CAtoms& atoms)
+{
+    for (std::int32_t index = 0; index < atoms.GetCount(); ++index)
+    {
+        const CAtom& atom = atoms[index];
+        Require(std::isfinite(atom.x) && std::isfinite(atom.y), "an atom is nowhere");
+        Require(std::isfinite(atom.vx) && std::isfinite(atom.vy), "an atom goes nowhere");
+        Require(atom.speed == std::sqrt(atom.vx * atom.vx + atom.vy * atom.vy), "an atom has another speed");
+        Require(atom.radius > 0, "an atom has no radius");
+    }
+}
+
 // Everything the program does with a state that it has accepted.
 void UseState(CAtoms& atoms)
 {
@@ -74,6 +88,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t uC
     {
         return 0;
     }
+    CheckAtoms(atoms);
     const std::string sSaved = Save(atoms);
     CAtoms again;
     Require(Load(sSaved, again), "a saved state is refused");

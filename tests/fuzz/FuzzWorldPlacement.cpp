@@ -70,7 +70,7 @@ void CheckPlacedDirection(int iLow, int iHigh, int iWorld, int iClient, bool bSc
     }
 }
 
-// A user at the scroll bars, until the input ends.
+// A user at the scroll bars and the edges of the window, until the input ends.
 class CScrollingUser
 {
 public:
@@ -80,8 +80,13 @@ public:
     {
         CScrollBarState& bar = bVertical ? m_VerticalBar : m_HorizontalBar;
         constexpr int c_iWheel = 100;
+        constexpr int c_iResize = 101;
         bar.iTrackPosition = iAmount;
-        if (iRequest == c_iWheel)
+        if (iRequest == c_iResize)
+        {
+            (bVertical ? m_Case.view.cy : m_Case.view.cx) = std::max(iAmount, 0);
+        }
+        else if (iRequest == c_iWheel)
         {
             const int iDelta = static_cast<short>(iAmount);
             const int iPosition = GetWheelPosition(bar.iPosition, iDelta);
@@ -153,7 +158,8 @@ void TryExtremes(const CCase& c, CFuzzInput input)
 
 } // namespace
 
-// Numbers: world, view, scroll bars, and then any number of steps: a request, an amount, and whether it is vertical.
+// Numbers: world, view, scroll bars, and then any number of steps: a request or a new size, an amount, and whether it
+// is vertical.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t uCount)
 {
     constexpr int c_iMostSteps = 200;
