@@ -1,0 +1,104 @@
+#include "app/CKinetarium.h"
+#include "tests/windows/FaultTesting.h"
+
+#include <atomic>
+#include <cerrno>
+#include <gtest/gtest.h>
+#include <winsock2.h>
+
+// The system refuses the program a service that it otherwise always grants: a thread, an event, sockets. Afterwards the
+// program must be as usable as before.
+
+namespace
+{
+std::atomic<int> g_iCalls{0}; // of the replaced functions below
+
+uintptr_t RefuseThread(void*, unsigned, unsigned (*)(void*), void*, unsigned, unsigned*)
+{
+    ++g_iCalls;
+    errno = EAGAIN;
+    return 0;
+}
+
+// Only the event of the simulation is born signalled.
+HANDLE WINAPI RefuseSignalledEvent(SECURITY_ATTRIBUTES* pSecurity, BOOL bManual, BOOL bSignalled, const wchar_t* sName)
+{
+    if (!bSignalled)
+        return CreateEventExW(pSecurity, sName, bManual ? DWORD{CREATE_EVENT_MANUAL_RESET} : 0, EVENT_ALL_ACCESS);
+    ++g_iCalls;
+    SetLastError(ERROR_NO_SYSTEM_RESOURCES);
+    return nullptr;
+}
+
+int WINAPI RefuseSockets(WORD, WSADATA*)
+{
+    ++g_iCalls;
+    return WSASYSNOTREADY;
+}
+
+int WINAPI CountCleanup()
+{
+    ++g_iCalls;
+    return 0;
+}
+
+class RefusedServices : public testing::Test
+{
+protected:
+    RefusedServices() { g_iCalls = 0; }
+};
+} // namespace
+
+TEST_F(RefusedServices, ARefusedWorkerLeavesStopOnTheButtonWhoseNextPressStartsAgain)
+{
+    CRunningApplication application;
+    application.SetControlText(L"Tot_atoms", L"8");
+    {
+        const CReplacedImport refusing("_beginthreadex", RefuseThread);
+        Start(application);
+    }
+    EXPECT_EQ(g_iCalls, 1);
+    EXPECT_FALSE(HasWorker(application));
+    EXPECT_EQ(application.GetButtonText(), L"Stop");
+    application.Do([](CKinetarium& inside) { EXPECT_TRUE(CKinetariumProbe::IsRunFlagSet(inside)); });
+    ExpectUsable(application);
+    EXPECT_TRUE(application.Close());
+}
+
+TEST_F(RefusedServices, AfterARefusedWorkerTheWindowClosesAsEver)
+{
+    CRunningApplication application;
+    {
+        const CReplacedImport refusing("_beginthreadex", RefuseThread);
+        Start(application);
+    }
+    Stop(application);
+    EXPECT_EQ(application.GetButtonText(), L"Stop");
+    EXPECT_TRUE(application.Close());
+}
+
+TEST_F(RefusedServices, WithoutTheFinishedEventEveryStopStillEndsItsWorker)
+{
+    const CReplacedImport refusing("CreateEventW", RefuseSignalledEvent);
+    CRunningApplication application;
+    EXPECT_EQ(g_iCalls, 1);
+    ExpectUsable(application);
+    ExpectUsable(application);
+    Start(application);
+    EXPECT_TRUE(application.Close()) << "with a simulation running";
+}
+
+TEST_F(RefusedServices, WithoutSocketsTheProgramEndsAtOnceWithoutAWindow)
+{
+    {
+        const CReplacedImport refusing("WSAStartup", RefuseSockets);
+        EXPECT_TRUE(RunsToItsEnd());
+        EXPECT_EQ(g_iCalls, 1);
+        const CReplacedImport counting("WSACleanup", CountCleanup);
+        EXPECT_TRUE(RunsToItsEnd());
+        EXPECT_EQ(g_iCalls, 2) << "what was not started is not cleaned up";
+    }
+    CRunningApplication application;
+    ExpectUsable(application);
+    EXPECT_TRUE(application.Close());
+}
