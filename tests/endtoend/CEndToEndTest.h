@@ -17,6 +17,9 @@ class CEndToEndTest : public testing::Test
 protected:
     CEndToEndTest() : m_copy(BuiltProgram()), m_program(m_copy.GetPath()), m_user(m_program) {}
 
+    // In full screen the world has the place of the status bar too.
+    bool IsFullScreen() const { return IsWindowVisible(m_user.GetStatusBar()) == FALSE; }
+
     // Closes the window and expects a clean end.
     void ExpectCleanClose() const
     {

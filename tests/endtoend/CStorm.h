@@ -1,12 +1,12 @@
 #pragma once
 
+#include "tests/endtoend/CChance.h"
 #include "tests/endtoend/CKinetariumUser.h"
 
 #include <windows.h>
 
 #include <cstdint>
 #include <map>
-#include <random>
 #include <string>
 
 // Someone who plays with a running Kinetarium at random: clicks, keys, the wheel, sizes, full screen, colour dialogs.
@@ -57,12 +57,10 @@ private:
     void WaitForAnswer(const std::string& sAfter) const;
     HWND FindDialog() const;
     bool IsFullScreen() const;
-    int Choose(int iLow, int iHigh);
-    POINT ChoosePoint(HWND hWindow);
 
     const CDrivenProgram& m_program;
     const CKinetariumUser& m_user;
-    std::mt19937 m_random;
+    CChance m_chance;
     RECT m_rcBefore{};
     std::map<std::string, int> m_tally;
     int m_iWhileRunning = 0;

@@ -1,3 +1,4 @@
+#include "tests/endtoend/CChance.h"
 #include "tests/endtoend/CEndToEndTest.h"
 #include "tests/endtoend/CLeakWatch.h"
 #include "tests/endtoend/CPanelUser.h"
@@ -8,7 +9,6 @@
 
 #include <chrono>
 #include <iostream>
-#include <random>
 #include <string>
 
 namespace
@@ -20,20 +20,15 @@ constexpr int c_iWarmUpRounds = 10;
 class Soak : public CEndToEndTest
 {
 protected:
-    Soak() : m_leaks(m_program), m_random(m_plan.seed)
+    Soak() : m_leaks(m_program), m_chance(m_plan.seed)
     {
         std::cout << "seed " << m_plan.seed << " (" << c_sSoakSeedVariable << ")" << std::endl;
-    }
-
-    int Choose(int iLow, int iHigh)
-    {
-        return iLow + static_cast<int>(m_random() % static_cast<unsigned>(iHigh - iLow + 1));
     }
 
     POINT ChoosePointInWorld()
     {
         const RECT rc = m_user.GetWorldRectangle();
-        return {Choose(0, rc.right - rc.left - 1), Choose(0, rc.bottom - rc.top - 1)};
+        return {m_chance.Choose(0, rc.right - rc.left - 1), m_chance.Choose(0, rc.bottom - rc.top - 1)};
     }
 
     void WaitForRun() const
@@ -50,13 +45,11 @@ protected:
         WaitForRun();
     }
 
-    bool IsFullScreen() const { return IsWindowVisible(m_user.GetStatusBar()) == FALSE; }
-
     void ToggleFullScreen()
     {
         const bool bBefore = IsFullScreen();
         constexpr int c_iWays = 3;
-        const int iWay = Choose(1, c_iWays);
+        const int iWay = m_chance.Choose(1, c_iWays);
         const RECT rc = m_user.GetWorldRectangle();
         if (iWay == 1)
         {
@@ -77,7 +70,7 @@ protected:
 
     const CSoakPlan m_plan = ReadSoakPlan();
     CLeakWatch m_leaks;
-    std::mt19937 m_random;
+    CChance m_chance;
 };
 } // namespace
 
@@ -86,7 +79,7 @@ TEST_F(Soak, RoundsOfStartAndStopLeaveNothingBehind)
 {
     const auto playRound = [&] {
         m_user.PressStart();
-        Sleep(static_cast<DWORD>(Choose(0, m_plan.longestPauseMilliseconds)));
+        Sleep(static_cast<DWORD>(m_chance.Choose(0, m_plan.longestPauseMilliseconds)));
         m_user.PressStop();
     };
     for (int iRound = 0; iRound < c_iWarmUpRounds; ++iRound)
@@ -109,7 +102,7 @@ TEST_F(Soak, ClicksInTheWorldLeaveOneWorkerAndNothingBehind)
     constexpr int c_iPatientIn = 2; // one click of so many is followed by a wait
     const auto clickOnce = [&] {
         m_user.ClickWorld(ChoosePointInWorld());
-        if (Choose(1, c_iPatientIn) == 1)
+        if (m_chance.Choose(1, c_iPatientIn) == 1)
         {
             WaitForRun();
         }

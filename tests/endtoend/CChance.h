@@ -1,0 +1,29 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <random>
+
+// What someone who plays at random chooses. The seed decides every choice, so that a game can be played again.
+class CChance
+{
+public:
+    explicit CChance(std::uint32_t uSeed) : m_random(uSeed) {}
+
+    // A number from `iLow` to `iHigh`, both of them included.
+    int Choose(int iLow, int iHigh);
+
+    // A point of the window's client area that is on the screen, in pixels of the screen.
+    POINT ChoosePoint(HWND hWindow);
+
+    // An element of a container that is not empty.
+    template<class Container>
+    auto ChooseFrom(const Container& container)
+    {
+        return container[static_cast<std::size_t>(Choose(0, static_cast<int>(container.size()) - 1))];
+    }
+
+private:
+    std::mt19937 m_random;
+};

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "tests/endtoend/CEndToEndTest.h"
+#include "tests/endtoend/CPanelUser.h"
+
+#include <chrono>
+
+// The settings panel used from another process with real keys and clicks.
+class CSettingsTest : public CEndToEndTest
+{
+protected:
+    static constexpr auto c_patience = std::chrono::milliseconds(20000);
+    // Time in which something that must not happen would have happened.
+    static constexpr DWORD c_uSettleMilliseconds = 300;
+
+    CSettingsTest();
+
+    CPanelUser m_panel;
+};
