@@ -1,147 +1,18 @@
-#include "tests/view/windows/CViewTest.h"
+#include "tests/view/windows/CScrollingTest.h"
 
-#include <gtest/gtest.h>
+// What moves the world behind the view: the bars, their thumbs and the wheel.
 
 namespace
 {
 
-class WorldViewScrolling : public CViewTest
-{
-protected:
-    // A world of 9,999 x 9,999 behind a view of 320 x 240.
-    void OpenLarge()
-    {
-        Open({9999, 9999}, 320, 240);
-        m_pView->SetControlPositions(-1, -1); // the bars have changed the client area since
-    }
-
-    void Scroll(UINT uMessage, unsigned uRequest) { EXPECT_EQ(0, Send(uMessage, MAKEWPARAM(uRequest, 0))); }
-
-    void SetPosition(int iBar, int iPosition)
-    {
-        SetScrollPos(GetViewHandle(), iBar, iPosition, FALSE);
-        m_pView->SetControlPositions(-1, -1);
-    }
-
-    void TurnWheel(int iDelta) { EXPECT_EQ(0, Send(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(iDelta)))); }
-
-    // The place of the world must always be what the bars say.
-    void ExpectPosition(int iHorizontal, int iVertical)
-    {
-        EXPECT_EQ(iHorizontal, GetBar(SB_HORZ).nPos);
-        EXPECT_EQ(iVertical, GetBar(SB_VERT).nPos);
-        EXPECT_EQ((CRect{-iHorizontal, -iVertical, 9999 - iHorizontal, 9999 - iVertical}), m_pView->GetWorldRect());
-    }
-};
-
-const int c_iBarWidth = GetSystemMetrics(SM_CXVSCROLL);
-const int c_iBarHeight = GetSystemMetrics(SM_CYHSCROLL);
+using WorldViewScrolling = CScrollingTest;
 
 } // namespace
-
-TEST_F(WorldViewScrolling, ASmallerWorldHasNoBarsAndIsCentred)
-{
-    Open({300, 201}, 500, 400);
-    EXPECT_FALSE(HasBar(WS_HSCROLL));
-    EXPECT_FALSE(HasBar(WS_VSCROLL));
-    EXPECT_EQ((CSize<int>{500, 400}), GetClient());
-    EXPECT_EQ((CRect{100, 99, 400, 300}), m_pView->GetWorldRect());
-}
-
-TEST_F(WorldViewScrolling, AWiderWorldHasOnlyTheHorizontalBarAndIsCentredInTheHeightLeft)
-{
-    Open({1000, 100}, 500, 400);
-    EXPECT_TRUE(HasBar(WS_HSCROLL));
-    EXPECT_FALSE(HasBar(WS_VSCROLL));
-    EXPECT_EQ((CSize<int>{500, 400 - c_iBarHeight}), GetClient());
-    const int iTop = (400 - c_iBarHeight - 100) / 2;
-    EXPECT_EQ((CRect{0, iTop, 1000, iTop + 100}), m_pView->GetWorldRect());
-    EXPECT_EQ(999, GetBar(SB_HORZ).nMax);
-    EXPECT_EQ(500U, GetBar(SB_HORZ).nPage);
-}
-
-TEST_F(WorldViewScrolling, AHigherWorldHasOnlyTheVerticalBarAndIsCentredInTheWidthLeft)
-{
-    Open({100, 1000}, 500, 400);
-    EXPECT_FALSE(HasBar(WS_HSCROLL));
-    EXPECT_TRUE(HasBar(WS_VSCROLL));
-    const int iLeft = (500 - c_iBarWidth - 100) / 2;
-    EXPECT_EQ((CRect{iLeft, 0, iLeft + 100, 1000}), m_pView->GetWorldRect());
-}
-
-TEST_F(WorldViewScrolling, ALargerWorldHasBothBarsOverItsWholeRange)
-{
-    OpenLarge();
-    EXPECT_TRUE(HasBar(WS_HSCROLL));
-    EXPECT_TRUE(HasBar(WS_VSCROLL));
-    EXPECT_EQ(0, GetBar(SB_VERT).nMin);
-    EXPECT_EQ(9998, GetBar(SB_VERT).nMax);
-    EXPECT_EQ(static_cast<UINT>(240 - c_iBarHeight), GetBar(SB_VERT).nPage);
-    EXPECT_EQ(9998, GetBar(SB_HORZ).nMax);
-    EXPECT_EQ(static_cast<UINT>(320 - c_iBarWidth), GetBar(SB_HORZ).nPage);
-    ExpectPosition(0, 0);
-}
-
-TEST_F(WorldViewScrolling, TheBarsGoWhenTheViewGrowsAndComeBackWhenItShrinks)
-{
-    Open({400, 300}, 200, 100);
-    EXPECT_TRUE(HasBar(WS_HSCROLL));
-    EXPECT_TRUE(HasBar(WS_VSCROLL));
-    // Exactly as large as the world: only without the bars does it fit.
-    MoveView(0, 0, 400, 300);
-    EXPECT_FALSE(HasBar(WS_HSCROLL));
-    EXPECT_FALSE(HasBar(WS_VSCROLL));
-    EXPECT_EQ((CRect{0, 0, 400, 300}), m_pView->GetWorldRect());
-    MoveView(0, 0, 399, 299);
-    EXPECT_TRUE(HasBar(WS_HSCROLL));
-    EXPECT_TRUE(HasBar(WS_VSCROLL));
-}
-
-// A world that has become smaller must not keep the bars of the one before, though they have made the view narrower.
-TEST_F(WorldViewScrolling, TheBarsGoWhenTheNextWorldFits)
-{
-    Open({512, 512}, 200, 200);
-    EXPECT_TRUE(HasBar(WS_HSCROLL));
-    EXPECT_TRUE(HasBar(WS_VSCROLL));
-    m_sizeWorld = {200, 200};
-    ASSERT_TRUE(Start_Speed());
-    EXPECT_FALSE(HasBar(WS_HSCROLL));
-    EXPECT_FALSE(HasBar(WS_VSCROLL));
-    EXPECT_EQ((CRect{0, 0, 200, 200}), m_pView->GetWorldRect());
-}
-
-TEST_F(WorldViewScrolling, GrowingTheViewPullsThePositionBackIntoTheNewRange)
-{
-    Open({1000, 1000}, 200, 200);
-    SetPosition(SB_VERT, 5000);
-    SetPosition(SB_HORZ, 5000);
-    MoveView(0, 0, 600, 500);
-    m_pView->SetControlPositions(-1, -1);
-    EXPECT_EQ(1000 - (500 - c_iBarHeight), GetBar(SB_VERT).nPos);
-    EXPECT_EQ(1000 - (600 - c_iBarWidth), GetBar(SB_HORZ).nPos);
-    EXPECT_EQ(-GetBar(SB_VERT).nPos, m_pView->GetWorldRect().top);
-    EXPECT_EQ(-GetBar(SB_HORZ).nPos, m_pView->GetWorldRect().left);
-}
-
-TEST_F(WorldViewScrolling, ShrinkingTheViewUntilABarIsShownKeepsThePositionInTheRange)
-{
-    Open({1000, 1000}, 1100, 600);
-    EXPECT_FALSE(HasBar(WS_HSCROLL));
-    SetPosition(SB_VERT, 1000);
-    const int iVertical = GetBar(SB_VERT).nPos;
-    EXPECT_EQ(400, iVertical);
-    MoveView(0, 0, 500, 600);
-    EXPECT_TRUE(HasBar(WS_HSCROLL));
-    EXPECT_EQ(0, GetBar(SB_HORZ).nPos);
-    EXPECT_LE(GetBar(SB_VERT).nPos, 1000 - (600 - c_iBarHeight));
-    EXPECT_GE(GetBar(SB_VERT).nPos, iVertical);
-    EXPECT_EQ(-GetBar(SB_VERT).nPos, m_pView->GetWorldRect().top);
-}
 
 TEST_F(WorldViewScrolling, EachRequestOfTheVerticalBarMovesTheWorld)
 {
     OpenLarge();
-    const int iPage = 240 - c_iBarHeight;
+    const int iPage = 240 - m_iBarHeight;
     SetPosition(SB_VERT, 1000);
     Scroll(WM_VSCROLL, SB_LINEDOWN);
     ExpectPosition(0, 1010);
@@ -164,7 +35,7 @@ TEST_F(WorldViewScrolling, EachRequestOfTheVerticalBarMovesTheWorld)
 TEST_F(WorldViewScrolling, EachRequestOfTheHorizontalBarMovesTheWorld)
 {
     OpenLarge();
-    const int iPage = 320 - c_iBarWidth;
+    const int iPage = 320 - m_iBarWidth;
     Scroll(WM_HSCROLL, SB_PAGEDOWN);
     Scroll(WM_HSCROLL, SB_LINEDOWN);
     ExpectPosition(iPage + 10, 0);
@@ -214,7 +85,7 @@ TEST_F(WorldViewScrolling, DraggingTheThumbMovesTheWorld)
     GetWindowRect(GetViewHandle(), &rcWindow);
     constexpr int c_iIntoThumb = 4;
     constexpr int c_iDrag = 60; // pixels, of about 200 that the thumb can travel
-    const POINT ptScreen{rcWindow.right - c_iBarWidth / 2,
+    const POINT ptScreen{rcWindow.right - m_iBarWidth / 2,
                          rcWindow.top + GetSystemMetrics(SM_CYVSCROLL) + c_iIntoThumb};
     POINT ptClient = ptScreen;
     ScreenToClient(GetViewHandle(), &ptClient);
@@ -258,7 +129,7 @@ TEST_F(WorldViewScrolling, TheWheelStopsAtTheEnds)
     ExpectPosition(0, 0);
     Scroll(WM_VSCROLL, SB_BOTTOM);
     TurnWheel(-WHEEL_DELTA);
-    ExpectPosition(0, 9999 - (240 - c_iBarHeight));
+    ExpectPosition(0, 9999 - (240 - m_iBarHeight));
 }
 
 TEST_F(WorldViewScrolling, WithoutScrollingTheWheelDoesNothing)
@@ -273,32 +144,4 @@ TEST_F(WorldViewScrolling, WithoutScrollingTheWheelDoesNothing)
     EXPECT_EQ(1000, GetBar(SB_VERT).nPos);
     EXPECT_EQ(rcWorld, m_pView->GetWorldRect());
     EXPECT_EQ(iFrames, GetDirect2DSpy().iBeginDraw);
-}
-
-TEST_F(WorldViewScrolling, WithoutScrollingALargerWorldIsCentredAndTheBarsStayAsTheyAre)
-{
-    OpenLarge();
-    Scatter(3, 5);
-    ASSERT_TRUE(Start_Speed(true));
-    EXPECT_TRUE(HasBar(WS_HSCROLL));
-    EXPECT_TRUE(HasBar(WS_VSCROLL));
-    const CSize<int> size = GetClient();
-    EXPECT_EQ((size.cx - 9999) / 2, m_pView->GetWorldRect().left);
-    EXPECT_EQ((size.cy - 9999) / 2, m_pView->GetWorldRect().top);
-    EXPECT_EQ(9999, m_pView->GetWorldRect().GetWidth());
-}
-
-TEST_F(WorldViewScrolling, TheRenderTargetFollowsTheClientArea)
-{
-    OpenLarge();
-    Scatter(3, 5);
-    ASSERT_TRUE(Start_Speed());
-    EXPECT_EQ(320 - c_iBarWidth, GetDirect2DSpy().sizeCreated.cx);
-    EXPECT_EQ(240 - c_iBarHeight, GetDirect2DSpy().sizeCreated.cy);
-    MoveView(0, 0, 500, 400);
-    ASSERT_FALSE(GetDirect2DSpy().resizes.empty());
-    EXPECT_EQ(500 - c_iBarWidth, GetDirect2DSpy().resizes.back().cx);
-    EXPECT_EQ(400 - c_iBarHeight, GetDirect2DSpy().resizes.back().cy);
-    ASSERT_TRUE(Start_Speed(true));
-    EXPECT_EQ(500 - c_iBarWidth, GetDirect2DSpy().resizes.back().cx);
 }

@@ -1,30 +1,18 @@
-#include "view/ColourRules.h"
+#include "tests/view/ColourTesting.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <cstdint>
-#include <limits>
 #include <optional>
-#include <random>
-#include <string>
+
+// What the texts of the three factors mean in each mode, and which of them are refused.
 
 namespace
 {
 
 constexpr std::int32_t c_iAtoms = 200;
 constexpr double c_dUntouched = 42.0;
-constexpr std::int32_t c_iMaxInt = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t c_iMinInt = std::numeric_limits<std::int32_t>::min();
-
-CColourSettings MakeSettings(double d0, double d1, double d2)
-{
-    CColourSettings settings{};
-    settings[0].dFactor = d0;
-    settings[1].dFactor = d1;
-    settings[2].dFactor = d2;
-    return settings;
-}
 
 CFactorTexts Texts(const wchar_t* s0, const wchar_t* s1, const wchar_t* s2)
 {
@@ -221,100 +209,4 @@ TEST(ColourFactors, AnUnknownModeFailsAndTouchesNothing)
     const CInterpreted result = Interpret(c_eUnknown, Texts(L"10", L"", L"20"));
     EXPECT_FALSE(result.bOk);
     EXPECT_EQ(c_dUntouched, result.settings[0].dFactor);
-}
-
-TEST(SpeedClass, AnAtomOnTheSlowLimitIsSlowAndOneOnTheFastLimitIsFast)
-{
-    const CColourSettings settings = MakeSettings(0.75, 0.0, 1.25);
-    EXPECT_EQ(0, ClassOfAtom(1.5F, 2.0F, settings));
-    EXPECT_EQ(2, ClassOfAtom(2.5F, 2.0F, settings));
-    EXPECT_EQ(1, ClassOfAtom(std::nextafter(1.5F, 2.0F), 2.0F, settings));
-    EXPECT_EQ(1, ClassOfAtom(std::nextafter(2.5F, 2.0F), 2.0F, settings));
-}
-
-TEST(SpeedClass, AnAtomAtRestIsSlow)
-{
-    EXPECT_EQ(0, ClassOfAtom(0.0F, 0.0F, MakeSettings(0.75, 0.0, 1.25)));
-    EXPECT_EQ(0, ClassOfAtom(0.0F, 3.0F, MakeSettings(0.0, 0.0, 1.25)));
-}
-
-TEST(SpeedClass, WhereTheLimitsOverlapTheSlowClassWins)
-{
-    EXPECT_EQ(0, ClassOfAtom(1.0F, 1.0F, MakeSettings(2.0, 0.0, 0.5)));
-    EXPECT_EQ(0, ClassOfAtom(2.0F, 1.0F, MakeSettings(2.0, 0.0, 2.0)));
-}
-
-TEST(SpeedClass, TheMiddleFactorPlaysNoPart)
-{
-    EXPECT_EQ(1, ClassOfAtom(1.0F, 1.0F, MakeSettings(0.75, 1e300, 1.25)));
-    EXPECT_EQ(1, ClassOfAtom(1.0F, 1.0F, MakeSettings(0.75, -1.0, 1.25)));
-}
-
-// 0.1F * 0.7 is a different number in single and in double precision; the float speed nearest to the product lies above
-// the exact one, so that only the comparison in double precision keeps it out of the slow class.
-TEST(SpeedClass, TheComparisonIsMadeInDoublePrecision)
-{
-    constexpr float c_fAverage = 0.1F;
-    const CColourSettings settings = MakeSettings(0.7, 0.0, 2.0);
-    const double dLimit = static_cast<double>(c_fAverage) * settings[0].dFactor;
-    const float fNearest = static_cast<float>(dLimit);
-    const float fBelow = static_cast<double>(fNearest) > dLimit ? std::nextafter(fNearest, 0.0F) : fNearest;
-    const float fAbove = std::nextafter(fBelow, 1.0F);
-    ASSERT_LE(static_cast<double>(fBelow), dLimit);
-    ASSERT_GT(static_cast<double>(fAbove), dLimit);
-    EXPECT_EQ(0, ClassOfAtom(fBelow, c_fAverage, settings));
-    EXPECT_EQ(1, ClassOfAtom(fAbove, c_fAverage, settings));
-}
-
-TEST(SpeedClass, ASpeedThatIsNotANumberIsInTheMiddle)
-{
-    EXPECT_EQ(1, ClassOfAtom(std::nanf(""), 1.0F, MakeSettings(0.75, 0.0, 1.25)));
-    EXPECT_EQ(1, ClassOfAtom(1.0F, std::nanf(""), MakeSettings(0.75, 0.0, 1.25)));
-}
-
-TEST(Truncation, GoesTowardsZeroAndStopsAtTheEndsOfTheRange)
-{
-    EXPECT_EQ(2, TruncateToInt32(2.9));
-    EXPECT_EQ(-2, TruncateToInt32(-2.9));
-    EXPECT_EQ(c_iMaxInt, TruncateToInt32(1e300));
-    EXPECT_EQ(c_iMinInt, TruncateToInt32(-1e300));
-    EXPECT_EQ(c_iMaxInt, TruncateToInt32(2147483647.5));
-    EXPECT_EQ(c_iMinInt, TruncateToInt32(-2147483648.5));
-    EXPECT_EQ(c_iMaxInt, TruncateToInt32(std::numeric_limits<double>::infinity()));
-    EXPECT_EQ(0, TruncateToInt32(std::nan("")));
-}
-
-TEST(FixedRuns, AreTakenFromTheFirstTwoFactorsTruncated)
-{
-    EXPECT_EQ((CFixedRuns{10, 150, 200}), GetFixedRuns(MakeSettings(10.9, 140.9, 50.0), 200));
-    EXPECT_EQ((CFixedRuns{0, 0, 200}), GetFixedRuns(MakeSettings(0.0, 0.0, 200.0), 200));
-}
-
-TEST(FixedRuns, StopAtTheCount)
-{
-    EXPECT_EQ((CFixedRuns{5, 5, 5}), GetFixedRuns(MakeSettings(10.0, 20.0, 0.0), 5));
-    EXPECT_EQ((CFixedRuns{3, 5, 5}), GetFixedRuns(MakeSettings(3.0, 20.0, 0.0), 5));
-    EXPECT_EQ((CFixedRuns{0, 0, 0}), GetFixedRuns(MakeSettings(10.0, 20.0, 0.0), 0));
-    EXPECT_EQ((CFixedRuns{0, 0, 0}), GetFixedRuns(MakeSettings(10.0, 20.0, 0.0), -1));
-}
-
-// After a refused start the factors of the other mode may still be there when the next frame is drawn.
-TEST(FixedRuns, AlwaysLieInOrderInsideTheArrayWhateverTheFactorsHold)
-{
-    std::mt19937_64 random(7);
-    const std::array<double, 11> values{
-        -1.0,        0.0,          0.75,          3.0,  -1e300,
-        1e300,       2147483647.0, -2147483648.0, 1e10, std::numeric_limits<double>::infinity(),
-        std::nan("")};
-    std::uniform_int_distribution<std::size_t> pick(0, values.size() - 1);
-    for (int i = 0; i < 2000; ++i)
-    {
-        const auto count = static_cast<std::int32_t>(random() % 10U);
-        const CFixedRuns runs =
-            GetFixedRuns(MakeSettings(values[pick(random)], values[pick(random)], values[pick(random)]), count);
-        ASSERT_LE(0, runs.a);
-        ASSERT_LE(runs.a, runs.b);
-        ASSERT_LE(runs.b, runs.count);
-        ASSERT_EQ(count, runs.count);
-    }
 }
