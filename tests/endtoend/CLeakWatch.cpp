@@ -13,7 +13,7 @@ constexpr int c_iHandleSlack = 10;
 // Of GDI objects it keeps what it has loaded once: three bitmaps for each mouse pointer, a bitmap and a brush for the
 // pattern of a scroll bar's shaft.
 constexpr int c_iGdiSlack = 8;
-constexpr std::uint64_t c_uHeapSlack = 16U * 1024; // bytes
+constexpr std::uint64_t c_uHeapSlack = std::uint64_t{16} * 1024; // bytes
 } // namespace
 
 CLeakWatch::CLeakWatch(const CDrivenProgram& program)

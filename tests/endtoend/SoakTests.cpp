@@ -173,7 +173,7 @@ TEST_F(Soak, AStormOfRandomInputLeavesTheProgramAliveAndNothingBehind)
     std::cout << "  " << storm.GetCountWhileRunning() << " of them while a simulation ran\n";
     // Wine's themed controls lose a small block each when a dialog of the system closes, also in a program that does
     // nothing but open it: 15 of 24 bytes for the colour dialog.
-    constexpr std::uint64_t c_uLostPerDialog = 15U * 24;
+    constexpr std::uint64_t c_uLostPerDialog = std::uint64_t{15} * 24;
     m_leaks.ExpectNothingLeft("after " + std::to_string(m_plan.storm.count()) + " s of random input",
                               c_uLostPerDialog * static_cast<std::uint64_t>(storm.GetTally().at("colour dialog")));
     EXPECT_GT(storm.GetCountWhileRunning(), 0);
