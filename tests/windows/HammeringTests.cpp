@@ -11,8 +11,8 @@ namespace
 {
 constexpr LPARAM c_iKeyReleased = static_cast<LPARAM>(0xC0000001);
 constexpr int c_iPresses = 201; // an odd number: the last one counts
-constexpr std::uintptr_t c_uDeepest =
-    std::uintptr_t{64} * 1024; // bytes of stack; a press inside another takes two to three thousand
+// Bytes of stack; a press inside another takes two to three thousand.
+constexpr std::uintptr_t c_uDeepest = std::uintptr_t{64} * 1024;
 
 std::uintptr_t s_uShallowest = 0;
 std::uintptr_t s_uDeepest = 0;
