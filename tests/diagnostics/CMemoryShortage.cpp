@@ -1,8 +1,6 @@
 #include "tests/diagnostics/CMemoryShortage.h"
 
-#include <cstddef>
-#include <cstdlib>
-#include <new>
+#include "tests/ReplacedAllocation.h"
 
 namespace
 {
@@ -21,22 +19,7 @@ CMemoryShortage::~CMemoryShortage()
     g_bShortage = false;
 }
 
-// These replace the allocation functions of the whole test program.
-
-void* operator new(std::size_t uSize)
+bool MayAllocate(std::size_t /*uBytes*/) noexcept
 {
-    void* const pMemory = g_bShortage ? nullptr : std::malloc(uSize > 0 ? uSize : 1);
-    if (pMemory == nullptr)
-        throw std::bad_alloc();
-    return pMemory;
-}
-
-void operator delete(void* pMemory) noexcept
-{
-    std::free(pMemory);
-}
-
-void operator delete(void* pMemory, std::size_t) noexcept
-{
-    std::free(pMemory);
+    return !g_bShortage;
 }

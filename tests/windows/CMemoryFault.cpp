@@ -1,9 +1,9 @@
 #include "tests/windows/CMemoryFault.h"
 
+#include "tests/ReplacedAllocation.h"
+
 #include <atomic>
-#include <cstdlib>
 #include <limits>
-#include <new>
 #include <windows.h>
 
 namespace
@@ -16,27 +16,6 @@ std::atomic<std::size_t> g_uBytes{c_uNever};
 std::atomic<std::size_t> g_uPlace{c_uNever}; // how many may still succeed before one fails
 std::atomic<std::size_t> g_uFailed{0};
 
-bool Fails(std::size_t uSize)
-{
-    if (g_uBytes == c_uNever && g_uPlace == c_uNever)
-        return false;
-    if ((GetCurrentThreadId() == g_dwThread) == g_bOtherThreads)
-        return false;
-    const bool bHere = g_uPlace != c_uNever && g_uPlace-- == 0;
-    if (!bHere && uSize < g_uBytes)
-        return false;
-    ++g_uFailed;
-    return true;
-}
-
-void* Allocate(std::size_t uSize)
-{
-    void* const pMemory = Fails(uSize) ? nullptr : std::malloc(uSize == 0 ? 1 : uSize);
-    if (pMemory == nullptr)
-        throw std::bad_alloc();
-    return pMemory;
-}
-
 void Begin(bool bOtherThreads, std::size_t uBytes, std::size_t uPlace)
 {
     g_uFailed = 0;
@@ -47,36 +26,17 @@ void Begin(bool bOtherThreads, std::size_t uBytes, std::size_t uPlace)
 }
 } // namespace
 
-// These replace the allocation functions of the whole test program.
-
-void* operator new(std::size_t uSize)
+bool MayAllocate(std::size_t uBytes) noexcept
 {
-    return Allocate(uSize);
-}
-
-void* operator new[](std::size_t uSize)
-{
-    return Allocate(uSize);
-}
-
-void operator delete(void* pMemory) noexcept
-{
-    std::free(pMemory);
-}
-
-void operator delete[](void* pMemory) noexcept
-{
-    std::free(pMemory);
-}
-
-void operator delete(void* pMemory, std::size_t /*uSize*/) noexcept
-{
-    std::free(pMemory);
-}
-
-void operator delete[](void* pMemory, std::size_t /*uSize*/) noexcept
-{
-    std::free(pMemory);
+    if (g_uBytes == c_uNever && g_uPlace == c_uNever)
+        return true;
+    if ((GetCurrentThreadId() == g_dwThread) == g_bOtherThreads)
+        return true;
+    const bool bHere = g_uPlace != c_uNever && g_uPlace-- == 0;
+    if (!bHere && uBytes < g_uBytes)
+        return true;
+    ++g_uFailed;
+    return false;
 }
 
 CMemoryFault::CMemoryFault(EnumWhere eWhere, std::size_t uBytes)
