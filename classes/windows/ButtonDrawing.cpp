@@ -1,7 +1,8 @@
 // How a button looks: a part of CWndButton with a file of its own.
+#include "classes/windows/ClientDrawing.h"
 #include "classes/windows/ColourMath.h"
 #include "classes/windows/CWndButton.h"
-#include "classes/windows/PaintBuffer.h"
+#include "classes/windows/Handles.h"
 #include "classes/windows/RectHelpers.h"
 #include "classes/windows/RoundedRect.h"
 #include "classes/windows/WindowColours.h"
@@ -59,16 +60,7 @@ void CWndButton::Invalidate() const
 
 std::optional<LRESULT> CWndButton::OnPaint(WPARAM, LPARAM)
 {
-    PAINTSTRUCT paint{};
-    const HDC hDc = BeginPaint(m_hWnd, &paint);
-    if (hDc != nullptr)
-    {
-        RECT rcClient{};
-        GetClientRect(m_hWnd, &rcClient);
-        const CPaintBuffer buffer(hDc, rcClient);
-        Draw(buffer.Get(), rcClient);
-    }
-    EndPaint(m_hWnd, &paint);
+    PaintClient(m_hWnd, [this](HDC hDc, const RECT& rcClient) { Draw(hDc, rcClient); });
     return 0;
 }
 
@@ -80,9 +72,7 @@ std::optional<LRESULT> CWndButton::OnEraseBackground(WPARAM, LPARAM)
 
 std::optional<LRESULT> CWndButton::OnPrintClient(WPARAM wParam, LPARAM)
 {
-    RECT rcClient{};
-    GetClientRect(m_hWnd, &rcClient);
-    Draw(reinterpret_cast<HDC>(wParam), rcClient);
+    PrintClient(m_hWnd, wParam, [this](HDC hDc, const RECT& rcClient) { Draw(hDc, rcClient); });
     return 0;
 }
 

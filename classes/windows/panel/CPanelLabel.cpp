@@ -1,6 +1,7 @@
 #include "classes/windows/panel/CPanelLabel.h"
 
-#include "classes/windows/PaintBuffer.h"
+#include "classes/windows/ClientDrawing.h"
+#include "classes/windows/Handles.h"
 #include "classes/windows/RectHelpers.h"
 #include "classes/windows/ShowCreateWindow.h"
 #include "classes/windows/SubclassForward.h"
@@ -51,15 +52,11 @@ std::optional<LRESULT> CPanelLabel::HandleMessage(UINT uMessage, WPARAM wParam, 
     case WM_ERASEBKGND:
         return 1;
     case WM_PAINT:
-        Paint();
+        PaintClient(m_hWnd, [this](HDC hDc, const RECT& rcClient) { Draw(hDc, rcClient); });
         return 0;
     case WM_PRINTCLIENT:
-    {
-        RECT rcClient{};
-        GetClientRect(m_hWnd, &rcClient);
-        Draw(reinterpret_cast<HDC>(wParam), rcClient);
+        PrintClient(m_hWnd, wParam, [this](HDC hDc, const RECT& rcClient) { Draw(hDc, rcClient); });
         return 0;
-    }
     case WM_LBUTTONDOWN:
         if (m_hPartner != nullptr && IsWindowEnabled(m_hPartner))
             SetFocus(m_hPartner);
@@ -71,20 +68,6 @@ std::optional<LRESULT> CPanelLabel::HandleMessage(UINT uMessage, WPARAM wParam, 
     default:
         return std::nullopt;
     }
-}
-
-void CPanelLabel::Paint()
-{
-    PAINTSTRUCT paint{};
-    const HDC hDc = BeginPaint(m_hWnd, &paint);
-    if (hDc != nullptr)
-    {
-        RECT rcClient{};
-        GetClientRect(m_hWnd, &rcClient);
-        const CPaintBuffer buffer(hDc, rcClient);
-        Draw(buffer.Get(), rcClient);
-    }
-    EndPaint(m_hWnd, &paint);
 }
 
 void CPanelLabel::Draw(HDC hDc, const RECT& rcClient)

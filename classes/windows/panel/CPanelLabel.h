@@ -37,7 +37,6 @@ public:
     void OnWindowGone() { m_hWnd = nullptr; }
 
 private:
-    void Paint();
     void Draw(HDC hDc, const RECT& rcClient);
     void DrawRule(HDC hDc, const RECT& rcClient, int iTextRight) const;
 

@@ -1,8 +1,9 @@
 #include "classes/windows/panel/CPanelList.h"
 
 #include "classes/windows/accessibility/ListAccessible.h"
+#include "classes/windows/ClientDrawing.h"
+#include "classes/windows/Handles.h"
 #include "classes/windows/MainWindowKeys.h"
-#include "classes/windows/PaintBuffer.h"
 #include "classes/windows/panel/EntryFrame.h"
 #include "classes/windows/RectHelpers.h"
 #include "classes/windows/ShowCreateWindow.h"
@@ -91,15 +92,11 @@ std::optional<LRESULT> CPanelList::HandleMessage(UINT uMessage, WPARAM wParam, L
     case WM_ERASEBKGND:
         return 1;
     case WM_PAINT:
-        Paint();
+        PaintClient(m_hWnd, [this](HDC hDc, const RECT& rcClient) { Draw(hDc, rcClient); });
         return 0;
     case WM_PRINTCLIENT:
-    {
-        RECT rcClient{};
-        GetClientRect(m_hWnd, &rcClient);
-        Draw(reinterpret_cast<HDC>(wParam), rcClient);
+        PrintClient(m_hWnd, wParam, [this](HDC hDc, const RECT& rcClient) { Draw(hDc, rcClient); });
         return 0;
-    }
     case WM_GETOBJECT:
         return OnGetObject(wParam, lParam);
     case WM_KEYDOWN:
@@ -185,20 +182,6 @@ void CPanelList::SetHot(bool bHot)
     track.dwFlags = TME_LEAVE;
     track.hwndTrack = m_hWnd;
     TrackMouseEvent(&track);
-}
-
-void CPanelList::Paint()
-{
-    PAINTSTRUCT paint{};
-    const HDC hDc = BeginPaint(m_hWnd, &paint);
-    if (hDc != nullptr)
-    {
-        RECT rcClient{};
-        GetClientRect(m_hWnd, &rcClient);
-        const CPaintBuffer buffer(hDc, rcClient);
-        Draw(buffer.Get(), rcClient);
-    }
-    EndPaint(m_hWnd, &paint);
 }
 
 void CPanelList::Draw(HDC hDc, const RECT& rcClient)

@@ -34,7 +34,6 @@ private:
     std::optional<LRESULT> OnKeyUp(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnGetObject(WPARAM wParam, LPARAM lParam) const;
     void SetHot(bool bHot);
-    void Paint();
     void Draw(HDC hDc, const RECT& rcClient);
 
     IPanelHost& m_host;
