@@ -23,32 +23,35 @@ public:
         std::optional<CPoint<int>> click; // client pixels of the main window
     };
 
-    // Marks a stop as going on for as long as it lives.
-    class CStopping
+    // Holds a mark for as long as it lives.
+    class CMarked
     {
     public:
-        explicit CStopping(CStopGate& gate) : m_Gate(gate) { m_Gate.m_bStopping = true; }
-        ~CStopping() { m_Gate.m_bStopping = false; }
-        CStopping(const CStopping&) = delete;
-        CStopping& operator=(const CStopping&) = delete;
+        CMarked(const CMarked&) = delete;
+        CMarked& operator=(const CMarked&) = delete;
+
+    protected:
+        explicit CMarked(bool& bMark) : m_bMark(bMark) { m_bMark = true; }
+        ~CMarked() { m_bMark = false; }
 
     private:
-        CStopGate& m_Gate;
+        bool& m_bMark;
     };
 
-    // Marks the way from one world to the next as going on for as long as it lives: a stop, and what comes between it
-    // and the next start. That dispatches messages too; a request among them that began a way of its own would be
-    // followed by the next one, each inside the one before, as deep as the user is quick.
-    class CChanging
+    // Marks a stop as going on.
+    class CStopping : CMarked
     {
     public:
-        explicit CChanging(CStopGate& gate) : m_Gate(gate) { m_Gate.m_bChanging = true; }
-        ~CChanging() { m_Gate.m_bChanging = false; }
-        CChanging(const CChanging&) = delete;
-        CChanging& operator=(const CChanging&) = delete;
+        explicit CStopping(CStopGate& gate) : CMarked(gate.m_bStopping) {}
+    };
 
-    private:
-        CStopGate& m_Gate;
+    // Marks the way from one world to the next as going on: a stop, and what comes between it and the next start. That
+    // dispatches messages too; a request among them that began a way of its own would be followed by the next one, each
+    // inside the one before, as deep as the user is quick.
+    class CChanging : CMarked
+    {
+    public:
+        explicit CChanging(CStopGate& gate) : CMarked(gate.m_bChanging) {}
     };
 
     bool IsStopping() const { return m_bStopping; }
