@@ -54,7 +54,7 @@ TEST(WaitTimer, TimersOfSeveralThreadsDoNotDisturbEachOther)
         threads.emplace_back([iThread] {
             CWaitTimer timer;
             for (int i = 0; i < 5; ++i)
-                EXPECT_GE(MeasureWait(timer, iThread * 1500), iThread * 1500);
+                EXPECT_GE(MeasureWait(timer, std::int64_t{iThread} * 1500), std::int64_t{iThread} * 1500);
         });
 }
 

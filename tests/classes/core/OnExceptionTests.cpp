@@ -27,7 +27,7 @@ std::wstring Describe(const T& exception)
 {
     try
     {
-        throw exception;
+        throw exception; // NOLINT(misc-throw-by-value-catch-by-reference): a pointer too is thrown by somebody
     }
     catch (...)
     {

@@ -63,6 +63,7 @@ TEST(OutputDebugMessage, MessagesOfManyThreadsComeOutWhole)
     std::wstring sLog;
     {
         std::vector<std::jthread> threads;
+        threads.reserve(iThreads);
         for (int iThread = 0; iThread < iThreads; ++iThread)
             threads.emplace_back([&sLog, iThread] {
                 for (int i = 0; i < iMessages; ++i)

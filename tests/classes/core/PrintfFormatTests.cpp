@@ -110,7 +110,8 @@ TEST(PrintfFormat, FloatsPrintAsTheCLibraryPrintsThem)
     for (const double dValue : values)
     {
         std::array<char, 2048> expected{};
-        std::snprintf(expected.data(), expected.size(), "%.2f %.3f %10.1f %e", dValue, dValue, dValue, dValue);
+        ASSERT_GT(
+            std::snprintf(expected.data(), expected.size(), "%.2f %.3f %10.1f %e", dValue, dValue, dValue, dValue), 0);
         const std::string sExpected(expected.data());
         EXPECT_EQ(Format(L"%.2f %.3f %10.1f %e", dValue, dValue, dValue, dValue),
                   std::wstring(sExpected.begin(), sExpected.end()));
