@@ -1,5 +1,5 @@
 #include "app/CKinetarium.h"
-#include "classes/windows/CWndToolTip.h"
+#include "classes/windows/window/CWndToolTip.h"
 #include "diagnostics/Guard.h"
 
 #include <commctrl.h>

@@ -2,9 +2,9 @@
 #include "app/MonitorFitting.h"
 #include "app/SettingsRules.h"
 #include "classes/core/OutputDebugMessage.h"
-#include "classes/windows/CDisplayMonitors.h"
-#include "classes/windows/Handles.h"
-#include "classes/windows/RectHelpers.h"
+#include "classes/windows/system/CDisplayMonitors.h"
+#include "classes/windows/system/Handles.h"
+#include "classes/windows/system/RectHelpers.h"
 #include "diagnostics/Guard.h"
 
 #include <commctrl.h>

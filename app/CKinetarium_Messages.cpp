@@ -2,7 +2,7 @@
 #include "app/SettingsRules.h"
 #include "classes/core/CRect.h"
 #include "classes/core/OutputDebugMessage.h"
-#include "classes/windows/RectHelpers.h"
+#include "classes/windows/system/RectHelpers.h"
 #include "diagnostics/Guard.h"
 #include "diagnostics/PruneDebugLog.h"
 

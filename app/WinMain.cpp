@@ -3,8 +3,8 @@
 #include "classes/core/CExceptionHandler.h"
 #include "classes/core/CrashNote.h"
 #include "classes/windows/crash/CCrashReport.h"
-#include "classes/windows/ModuleFolder.h"
-#include "classes/windows/SafeLibrarySearch.h"
+#include "classes/windows/system/ModuleFolder.h"
+#include "classes/windows/system/SafeLibrarySearch.h"
 #include "diagnostics/Guard.h"
 
 #include <windows.h>

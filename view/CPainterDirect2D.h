@@ -1,6 +1,6 @@
 #pragma once
 
-#include "classes/windows/Handles.h"
+#include "classes/windows/system/Handles.h"
 #include "view/ColourRules.h"
 #include "view/CreateDirect2DFactory.h"
 #include "view/IPainter.h"

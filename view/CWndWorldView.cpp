@@ -1,8 +1,8 @@
 #include "view/CWndWorldView.h"
 
-#include "classes/windows/Handles.h"
-#include "classes/windows/RegisterOwnClass.h"
-#include "classes/windows/ShowCreateWindow.h"
+#include "classes/windows/system/Handles.h"
+#include "classes/windows/system/RegisterOwnClass.h"
+#include "classes/windows/system/ShowCreateWindow.h"
 #include "diagnostics/Guard.h"
 #include "view/ScrollBar.h"
 

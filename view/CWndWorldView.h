@@ -2,9 +2,9 @@
 
 #include "classes/core/CSize.h"
 #include "classes/core/CWString.h"
-#include "classes/windows/CWndCommon.h"
-#include "classes/windows/MessageTable.h"
-#include "classes/windows/picture/CPicture.h"
+#include "classes/windows/drawing/CPicture.h"
+#include "classes/windows/system/MessageTable.h"
+#include "classes/windows/window/CWndCommon.h"
 #include "simulation/CAtoms.h"
 #include "simulation/EnumAtomColourMode.h"
 #include "view/ColourRules.h"

@@ -1,6 +1,6 @@
 #include "view/CWndWorldView.h"
 
-#include "classes/windows/RectHelpers.h"
+#include "classes/windows/system/RectHelpers.h"
 #include "diagnostics/Guard.h"
 
 namespace

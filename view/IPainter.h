@@ -1,6 +1,6 @@
 #pragma once
 
-#include "classes/windows/picture/CPicture.h"
+#include "classes/windows/drawing/CPicture.h"
 #include "view/AtomScene.h"
 
 #include <windows.h>

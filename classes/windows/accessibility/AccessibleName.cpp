@@ -1,6 +1,6 @@
 #include "classes/windows/accessibility/AccessibleName.h"
 
-#include "classes/windows/Handles.h"
+#include "classes/windows/system/Handles.h"
 
 #include <objbase.h>
 #include <oleauto.h>

@@ -9,7 +9,7 @@
 #include <atomic>
 
 #include "classes/core/CWString.h"
-#include "classes/windows/Handles.h"
+#include "classes/windows/system/Handles.h"
 
 // COM objects end by Release alone: their interfaces have no virtual destructor, and need none.
 #pragma GCC diagnostic push

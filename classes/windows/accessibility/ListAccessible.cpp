@@ -1,8 +1,8 @@
 #include "classes/windows/accessibility/ListAccessible.h"
 
 #include "classes/windows/accessibility/CDelegatingAccessible.h"
-#include "classes/windows/WindowText.h"
-#include "classes/windows/WndProcForward.h"
+#include "classes/windows/system/WindowText.h"
+#include "classes/windows/system/WndProcForward.h"
 
 #include <utility>
 

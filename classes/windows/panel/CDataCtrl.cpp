@@ -1,10 +1,10 @@
 #include "classes/windows/panel/CDataCtrl.h"
 
+#include "classes/core/EntryText.h"
 #include "classes/windows/accessibility/AccessibleName.h"
-#include "classes/windows/panel/EntryText.h"
-#include "classes/windows/RectHelpers.h"
-#include "classes/windows/SystemLooks.h"
-#include "classes/windows/WindowText.h"
+#include "classes/windows/drawing/SystemLooks.h"
+#include "classes/windows/system/RectHelpers.h"
+#include "classes/windows/system/WindowText.h"
 
 #include <algorithm>
 #include <string>

@@ -6,13 +6,13 @@
 #include <memory>
 
 #include "classes/core/CWString.h"
-#include "classes/windows/CWndButton.h"
+#include "classes/core/EnumDataCtrlType.h"
+#include "classes/core/PanelLayout.h"
+#include "classes/windows/button/CWndButton.h"
 #include "classes/windows/panel/CPanelEntry.h"
 #include "classes/windows/panel/CPanelLabel.h"
 #include "classes/windows/panel/CPanelList.h"
-#include "classes/windows/panel/EnumDataCtrlType.h"
 #include "classes/windows/panel/IPanelHost.h"
-#include "classes/windows/panel/PanelLayout.h"
 
 // What a row is made from.
 struct CDataCtrlSpec

@@ -1,12 +1,12 @@
 #include "classes/windows/panel/CDataCtrlGroup.h"
 
+#include "classes/core/PanelLayout.h"
+#include "classes/windows/drawing/SystemLooks.h"
+#include "classes/windows/drawing/WindowColours.h"
 #include "classes/windows/panel/CDataCtrl.h"
-#include "classes/windows/panel/PanelLayout.h"
-#include "classes/windows/RegisterOwnClass.h"
-#include "classes/windows/ShowCreateWindow.h"
-#include "classes/windows/SystemLooks.h"
-#include "classes/windows/WindowColours.h"
-#include "classes/windows/WndProcForward.h"
+#include "classes/windows/system/RegisterOwnClass.h"
+#include "classes/windows/system/ShowCreateWindow.h"
+#include "classes/windows/system/WndProcForward.h"
 
 #include <limits>
 

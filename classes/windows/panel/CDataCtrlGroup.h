@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "classes/core/CWString.h"
-#include "classes/windows/CWndCommon.h"
-#include "classes/windows/panel/EnumDataCtrlType.h"
+#include "classes/core/EnumDataCtrlType.h"
+#include "classes/core/PanelLayout.h"
+#include "classes/windows/drawing/CPicture.h"
 #include "classes/windows/panel/IPanelHost.h"
-#include "classes/windows/panel/PanelLayout.h"
-#include "classes/windows/picture/CPicture.h"
+#include "classes/windows/window/CWndCommon.h"
 
 class CDataCtrl;
 class CWndButton;

@@ -1,10 +1,10 @@
 #include "classes/windows/panel/CPanelEntry.h"
 
-#include "classes/windows/ClipboardText.h"
-#include "classes/windows/MainWindowKeys.h"
-#include "classes/windows/panel/EntryText.h"
-#include "classes/windows/ShowCreateWindow.h"
-#include "classes/windows/SubclassForward.h"
+#include "classes/core/EntryText.h"
+#include "classes/windows/system/ClipboardText.h"
+#include "classes/windows/system/ShowCreateWindow.h"
+#include "classes/windows/system/SubclassForward.h"
+#include "classes/windows/window/MainWindowKeys.h"
 
 #include <limits>
 

@@ -1,11 +1,11 @@
 #include "classes/windows/panel/CPanelLabel.h"
 
-#include "classes/windows/ClientDrawing.h"
-#include "classes/windows/Handles.h"
-#include "classes/windows/RectHelpers.h"
-#include "classes/windows/ShowCreateWindow.h"
-#include "classes/windows/SubclassForward.h"
-#include "classes/windows/WindowColours.h"
+#include "classes/windows/drawing/ClientDrawing.h"
+#include "classes/windows/drawing/WindowColours.h"
+#include "classes/windows/system/Handles.h"
+#include "classes/windows/system/RectHelpers.h"
+#include "classes/windows/system/ShowCreateWindow.h"
+#include "classes/windows/system/SubclassForward.h"
 
 namespace
 {

@@ -1,13 +1,13 @@
 #include "classes/windows/panel/CPanelList.h"
 
 #include "classes/windows/accessibility/ListAccessible.h"
-#include "classes/windows/ClientDrawing.h"
-#include "classes/windows/Handles.h"
-#include "classes/windows/MainWindowKeys.h"
-#include "classes/windows/panel/EntryFrame.h"
-#include "classes/windows/RectHelpers.h"
-#include "classes/windows/ShowCreateWindow.h"
-#include "classes/windows/SubclassForward.h"
+#include "classes/windows/drawing/ClientDrawing.h"
+#include "classes/windows/drawing/EntryFrame.h"
+#include "classes/windows/system/Handles.h"
+#include "classes/windows/system/RectHelpers.h"
+#include "classes/windows/system/ShowCreateWindow.h"
+#include "classes/windows/system/SubclassForward.h"
+#include "classes/windows/window/MainWindowKeys.h"
 
 namespace
 {

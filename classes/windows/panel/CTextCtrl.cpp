@@ -1,7 +1,7 @@
 #include "classes/windows/panel/CTextCtrl.h"
 
-#include "classes/windows/Handles.h"
-#include "classes/windows/RectHelpers.h"
+#include "classes/windows/system/Handles.h"
+#include "classes/windows/system/RectHelpers.h"
 
 #include <algorithm>
 

@@ -1,13 +1,13 @@
 // The panel's window procedure and what it draws itself: a part of CDataCtrlGroup with a file of its own.
-#include "classes/windows/MainWindowKeys.h"
-#include "classes/windows/MessageTable.h"
-#include "classes/windows/PaintBuffer.h"
+#include "classes/core/PanelLayout.h"
+#include "classes/windows/drawing/EntryFrame.h"
+#include "classes/windows/drawing/PaintBuffer.h"
+#include "classes/windows/drawing/WindowColours.h"
 #include "classes/windows/panel/CDataCtrl.h"
 #include "classes/windows/panel/CDataCtrlGroup.h"
-#include "classes/windows/panel/EntryFrame.h"
-#include "classes/windows/panel/PanelLayout.h"
-#include "classes/windows/RectHelpers.h"
-#include "classes/windows/WindowColours.h"
+#include "classes/windows/system/MessageTable.h"
+#include "classes/windows/system/RectHelpers.h"
+#include "classes/windows/window/MainWindowKeys.h"
 
 namespace
 {

@@ -1,8 +1,8 @@
 // Where the rows stand and how they scroll: a part of CDataCtrlGroup with a file of its own.
+#include "classes/core/PanelLayout.h"
 #include "classes/windows/panel/CDataCtrl.h"
 #include "classes/windows/panel/CDataCtrlGroup.h"
-#include "classes/windows/panel/PanelLayout.h"
-#include "classes/windows/RectHelpers.h"
+#include "classes/windows/system/RectHelpers.h"
 
 #include <algorithm>
 

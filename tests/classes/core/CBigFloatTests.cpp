@@ -32,7 +32,9 @@ TEST(BigFloat, HoldsEveryDoubleAndGivesItBack)
     for (const double dValue :
          {1.0, -1.0, 0.1, 1.0 / 3, 123456789.987654321, c_dLargest, -c_dLargest, std::numeric_limits<double>::min(),
           std::numeric_limits<double>::denorm_min(), 5e-324, std::nextafter(1.0, 2.0), 9007199254740993.0})
+    {
         EXPECT_EQ(CBigFloat(dValue).ToDouble(), dValue) << dValue;
+    }
 }
 
 TEST(BigFloat, HasNeitherInfinitiesNorNotANumber)

@@ -25,7 +25,7 @@ TEST(CpuCapabilities, AProcessorWithTheLongestVectorsHasTheMiddleOnesToo)
 TEST(CpuCapabilities, TheEnvironmentDecidesWhatTheProcessUses)
 {
     const bool bBaseline = CCpuCapabilities::IsBaselineSetting(GetEnvironmentText("KINETARIUM_CPU").value_or(L""));
-    EXPECT_EQ(CCpuCapabilities(), CCpuCapabilities(bBaseline));
+    EXPECT_EQ(CCpuCapabilities(bBaseline), CCpuCapabilities());
     // What the run with the variable set looks for.
     std::puts(bBaseline ? "the baseline is forced" : "the machine decides");
 }
@@ -35,7 +35,7 @@ TEST(CpuCapabilities, ALaterChangeOfTheEnvironmentChangesNothing)
     // A kernel chosen at the start must not disagree with a test's idea of it later on.
     const CCpuCapabilities before;
     const CEnvironmentChange change("KINETARIUM_CPU", before == CCpuCapabilities(true) ? "all" : "baseline");
-    EXPECT_EQ(CCpuCapabilities(), before);
+    EXPECT_EQ(before, CCpuCapabilities());
 }
 
 TEST(CpuCapabilities, OnlyTheExactWordForcesTheBaseline)

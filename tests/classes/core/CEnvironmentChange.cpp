@@ -20,10 +20,14 @@ void Change(const std::string& sName, const std::wstring* pValue)
     // The tests that change the environment have no other thread running.
     // NOLINTBEGIN(concurrency-mt-unsafe)
     if (pValue != nullptr)
+    {
         setenv(sName.c_str(), Utf8FromWide(*pValue).c_str(), 1);
+    }
     else
+    {
         unsetenv(sName.c_str());
-        // NOLINTEND(concurrency-mt-unsafe)
+    }
+    // NOLINTEND(concurrency-mt-unsafe)
 #endif
 }
 

@@ -139,10 +139,10 @@ TEST(ExceptionHandler, AloneItChangesNothingForExceptionsThatAreCaught)
     const std::terminate_handler pBefore = std::get_terminate();
     {
         const CExceptionHandler handler(nullptr, false);
-        EXPECT_NE(std::get_terminate(), pBefore);
+        EXPECT_NE(pBefore, std::get_terminate());
         EXPECT_THROW(throw std::runtime_error("caught"), std::runtime_error);
     }
-    EXPECT_EQ(std::get_terminate(), pBefore);
+    EXPECT_EQ(pBefore, std::get_terminate());
 }
 
 } // namespace

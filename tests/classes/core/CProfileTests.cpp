@@ -21,7 +21,9 @@ protected:
         for (const CProfileRow& row : CProfile::GetTable())
         {
             if (row.sText == sText)
+            {
                 return row;
+            }
         }
         return {};
     }
@@ -30,7 +32,9 @@ protected:
 TEST_F(Profile, CallsAreCountedByText)
 {
     for (int i = 0; i < 3; ++i)
+    {
         const CProfile scope("first", nullptr, true, false);
+    }
     const CProfile once("second", nullptr, true, false);
     EXPECT_EQ(Find("first").uCalls, 3U);
     EXPECT_EQ(Find("second").uCalls, 0U) << "a scope that is still open has not been called yet";
@@ -66,6 +70,7 @@ TEST_F(Profile, ScopesOfManyThreadsLoseNoCall)
         std::vector<std::jthread> threads;
         threads.reserve(iThreads);
         for (int iThread = 0; iThread < iThreads; ++iThread)
+        {
             threads.emplace_back([iThread] {
                 for (int i = 0; i < iCalls; ++i)
                 {
@@ -74,6 +79,7 @@ TEST_F(Profile, ScopesOfManyThreadsLoseNoCall)
                                        false);
                 }
             });
+        }
     }
     EXPECT_EQ(Find("shared").uCalls, static_cast<std::uint64_t>(iThreads) * iCalls);
     EXPECT_EQ(Find("own 3 9").uCalls, static_cast<std::uint64_t>(iCalls) / 10);

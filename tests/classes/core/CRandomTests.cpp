@@ -35,7 +35,9 @@ TEST(Random, OtherSeedsGiveOtherNumbers)
     CRandom second(c_uSeed + 1);
     int iEqual = 0;
     for (int i = 0; i < 1000; ++i)
+    {
         iEqual += first.GetRandomNumber_Float(0.0F, 1.0F) == second.GetRandomNumber_Float(0.0F, 1.0F) ? 1 : 0;
+    }
     EXPECT_LT(iEqual, 5);
 }
 
@@ -46,7 +48,9 @@ TEST(Random, GoldenFloats)
                                                     0xBF30F520U, 0x3F0AEA17U, 0xBF1776D2U, 0x3F99CF75U};
     CRandom random(c_uSeed);
     for (const std::uint32_t uBits : expected)
+    {
         EXPECT_EQ(std::bit_cast<std::uint32_t>(random.GetRandomNumber_Float(-c_fRoot2, c_fRoot2)), uBits);
+    }
 }
 
 TEST(Random, GoldenBytes)
@@ -54,14 +58,18 @@ TEST(Random, GoldenBytes)
     constexpr std::array<int, 16> expected{11, 21, 16, 25, 9, 23, 10, 30, 25, 2, 15, 12, 10, 11, 1, 23};
     CRandom random(c_uSeed);
     for (const int iByte : expected)
+    {
         EXPECT_EQ(random.GetRandomNumber_Uint8(1, 32), iByte);
+    }
 }
 
 TEST(Random, GoldenAfterAMillionNumbers)
 {
     CRandom random(c_uSeed);
     for (int i = 0; i < 1'000'000; ++i)
+    {
         random.GetRandomNumber_Uint8(0, 255);
+    }
     EXPECT_EQ(std::bit_cast<std::uint32_t>(random.GetRandomNumber_Float(5.0F, 507.0F)), 0x43762DFEU);
 }
 
@@ -116,7 +124,9 @@ TEST(Random, EqualBoundsGiveThatValue)
 {
     CRandom random(c_uSeed);
     for (const float f : {0.0F, -3.25F, 0.1F, std::numeric_limits<float>::max()})
+    {
         EXPECT_EQ(random.GetRandomNumber_Float(f, f), f);
+    }
     EXPECT_EQ(random.GetRandomNumber_Uint8(7, 7), 7);
 }
 
@@ -155,7 +165,9 @@ TEST(Random, BytesReachBothBoundsEquallyOften)
     std::array<int, 256> counts{};
     CRandom random(c_uSeed);
     for (int i = 0; i < c_iDraws; ++i)
+    {
         ++counts[random.GetRandomNumber_Uint8(iLow, iHigh)];
+    }
     for (int i = 0; i < 256; ++i)
     {
         const bool bInside = i >= iLow && i <= iHigh;
@@ -168,7 +180,9 @@ TEST(Random, BytesOfTheWholeRangeAndOfBoundsInTheWrongOrder)
     std::array<int, 256> counts{};
     CRandom random(c_uSeed);
     for (int i = 0; i < c_iDraws; ++i)
+    {
         ++counts[random.GetRandomNumber_Uint8(255, 0)];
+    }
     EXPECT_EQ(std::count(counts.begin(), counts.end(), 0), 0);
     for (int i = 0; i < 1000; ++i)
     {

@@ -82,12 +82,16 @@ TEST(StringResource, AThousandKeysAreAllFound)
         pTable->AddColumn(L"IDS", c_iColumnTypeWideText, c_iAtEnd, 255, false);
         pTable->AddColumn(L"Strings", c_iColumnTypeWideText, c_iAtEnd, 255, false);
         for (int i = 999; i >= 0; --i)
+        {
             pTable->AddRow(c_iAtEnd, 2, L"key" + std::to_wstring(i), L"text" + std::to_wstring(i));
+        }
     };
     CStringResource resource;
     resource.Initialize(fill, 1);
     for (int i = 0; i < 1000; ++i)
+    {
         EXPECT_EQ(resource.Get((L"key" + std::to_wstring(i)).c_str(), true), L"text" + std::to_wstring(i));
+    }
 }
 
 } // namespace

@@ -24,7 +24,9 @@ TEST(WaitTimer, AWaitIsNeverShorterThanAsked)
 {
     CWaitTimer timer;
     for (const std::int64_t llMicroSeconds : {1, 999, 1000, 1001, 5500, 16'666})
+    {
         EXPECT_GE(MeasureWait(timer, llMicroSeconds), llMicroSeconds);
+    }
 }
 
 TEST(WaitTimer, ZeroAndLessReturnWithoutWaiting)
@@ -42,7 +44,9 @@ TEST(WaitTimer, OneTimerServesManyWaits)
     constexpr int iWaits = 50;
     const CDateTime before;
     for (int i = 0; i < iWaits; ++i)
+    {
         timer.WaitMicroSeconds(1000);
+    }
     const CDateTime after;
     EXPECT_GE(after.DiffInMilliSeconds(before), iWaits);
 }
@@ -51,11 +55,15 @@ TEST(WaitTimer, TimersOfSeveralThreadsDoNotDisturbEachOther)
 {
     std::vector<std::jthread> threads;
     for (int iThread = 1; iThread <= 4; ++iThread)
+    {
         threads.emplace_back([iThread] {
             CWaitTimer timer;
             for (int i = 0; i < 5; ++i)
+            {
                 EXPECT_GE(MeasureWait(timer, std::int64_t{iThread} * 1500), std::int64_t{iThread} * 1500);
+            }
         });
+    }
 }
 
 } // namespace

@@ -96,7 +96,9 @@ TEST(CrashFiles, OnlyTheirOwnNamesAreRecognised)
           L"Kinetarium-crash-20261121-100509-1.txt", L"Kinetarium-crash-20261121-100509-22.txt",
           L"Kinetarium-crash-20261121-100509-.txt", L"kinetarium-crash-20261121-100509.txt",
           L"My Kinetarium-crash-20261121-100509.txt", L"Other-crash-20261121-100509.txt"})
+    {
         EXPECT_EQ(GetCrashStem(sForeign, c_sProgram), L"") << testing::PrintToString(std::wstring(sForeign));
+    }
 }
 
 TEST(CrashFiles, EveryNameThatIsGivenIsRecognised)
@@ -137,21 +139,27 @@ protected:
 TEST_F(CrashFilesToDelete, AreNoneUpToFiveCrashes)
 {
     for (int iMinute = 1; iMinute <= 5; ++iMinute)
+    {
         AddPair(iMinute);
+    }
     EXPECT_TRUE(Choose(5).empty());
 }
 
 TEST_F(CrashFilesToDelete, AreBothFilesOfTheOldestOfSix)
 {
     for (int iMinute = 6; iMinute >= 1; --iMinute)
+    {
         AddPair(iMinute);
+    }
     EXPECT_EQ(Choose(6), (std::vector<std::wstring>{Name(1) + L".dmp", Name(1) + L".txt"}));
 }
 
 TEST_F(CrashFilesToDelete, AreAllButTheFiveYoungestOfMany)
 {
     for (int iMinute = 1; iMinute <= 9; ++iMinute)
+    {
         AddPair(iMinute);
+    }
     EXPECT_EQ(Choose(9).size(), 8u);
     EXPECT_EQ(Choose(9).back(), Name(4) + L".txt");
 }
@@ -159,24 +167,32 @@ TEST_F(CrashFilesToDelete, AreAllButTheFiveYoungestOfMany)
 TEST_F(CrashFilesToDelete, ADumpOrAReportAloneCountsAsACrash)
 {
     for (int iMinute = 1; iMinute <= 6; ++iMinute)
+    {
         m_names.push_back(Name(iMinute) + (iMinute % 2 == 0 ? L".txt" : L".dmp"));
+    }
     EXPECT_EQ(Choose(6), (std::vector<std::wstring>{Name(1) + L".dmp"}));
 }
 
 TEST_F(CrashFilesToDelete, ForeignFilesAreNeitherCountedNorChosen)
 {
     for (int iMinute = 1; iMinute <= 5; ++iMinute)
+    {
         AddPair(iMinute);
+    }
     for (const wchar_t* sForeign : {L"Kinetarium.exe", L"Kinetarium.ini", L"Kinetarium-crash-notes.txt",
                                     L"Kinetarium-crash-20200101-000000.zip", L"Other-crash-20200101-000000.txt"})
+    {
         m_names.emplace_back(sForeign);
+    }
     EXPECT_TRUE(Choose(5).empty());
 }
 
 TEST_F(CrashFilesToDelete, TheCrashOfThisMomentStaysThoughTheClockWasSetBack)
 {
     for (int iMinute = 1; iMinute <= 6; ++iMinute)
+    {
         AddPair(iMinute);
+    }
     EXPECT_EQ(Choose(1), (std::vector<std::wstring>{Name(2) + L".dmp", Name(2) + L".txt"}));
 }
 

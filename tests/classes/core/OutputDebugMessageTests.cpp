@@ -65,17 +65,25 @@ TEST(OutputDebugMessage, MessagesOfManyThreadsComeOutWhole)
         std::vector<std::jthread> threads;
         threads.reserve(iThreads);
         for (int iThread = 0; iThread < iThreads; ++iThread)
+        {
             threads.emplace_back([&sLog, iThread] {
                 for (int i = 0; i < iMessages; ++i)
+                {
                     OutputDebugMessage(&sLog, L"[%04i]", iThread);
+                }
             });
+        }
     }
     ASSERT_EQ(sLog.size(), std::size_t{6} * iThreads * iMessages);
     for (std::size_t u = 0; u < sLog.size(); u += 6)
+    {
         ASSERT_TRUE(sLog[u] == L'[' && sLog[u + 5] == L']');
+    }
     for (int iThread = 0; iThread < iThreads; ++iThread)
+    {
         EXPECT_EQ(std::count(sLog.begin(), sLog.end(), static_cast<wchar_t>(L'0' + iThread)),
                   iMessages + (iThread == 0 ? 3 * iThreads * iMessages : 0));
+    }
 }
 
 } // namespace

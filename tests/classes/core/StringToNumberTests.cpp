@@ -231,7 +231,9 @@ TEST(StringToNumber, EveryDoubleComesBackFromItsText)
         double dExpected = 0.0;
         std::memcpy(&dExpected, &uBits, sizeof(dExpected));
         if (!std::isfinite(dExpected))
+        {
             continue;
+        }
         std::array<wchar_t, 64> text{};
         ASSERT_GT(std::swprintf(text.data(), text.size(), L"%.17g", dExpected), 0);
         double dValue = 0.0;

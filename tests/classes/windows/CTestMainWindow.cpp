@@ -1,9 +1,9 @@
 #include "tests/classes/windows/CTestMainWindow.h"
 
-#include "classes/windows/Handles.h"
-#include "classes/windows/PaintBuffer.h"
-#include "classes/windows/RectHelpers.h"
-#include "classes/windows/WndProcForward.h"
+#include "classes/windows/drawing/PaintBuffer.h"
+#include "classes/windows/system/Handles.h"
+#include "classes/windows/system/RectHelpers.h"
+#include "classes/windows/system/WndProcForward.h"
 
 #include <commctrl.h>
 #include <uxtheme.h>

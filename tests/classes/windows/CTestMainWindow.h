@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "classes/windows/CWndButton.h"
-#include "classes/windows/CWndCommon.h"
+#include "classes/windows/button/CWndButton.h"
 #include "classes/windows/panel/CDataCtrlGroup.h"
+#include "classes/windows/window/CWndCommon.h"
 
 // A main window with the program's own shape: settings panel, button and status bar on the backdrop. It records what
 // reaches it.

@@ -1,15 +1,14 @@
 // The parts of the library that are a function or two each.
-#include "classes/windows/CDisplayMonitors.h"
-#include "classes/windows/ColourMath.h"
-#include "classes/windows/CWndToolTip.h"
-#include "classes/windows/Handles.h"
-#include "classes/windows/MessageTable.h"
+#include "classes/windows/drawing/RoundedRect.h"
 #include "classes/windows/panel/CTextCtrl.h"
-#include "classes/windows/RectHelpers.h"
-#include "classes/windows/RoundedRect.h"
-#include "classes/windows/ShowCreateWindow.h"
-#include "classes/windows/ShowSetTimer.h"
-#include "classes/windows/WndProcForward.h"
+#include "classes/windows/system/CDisplayMonitors.h"
+#include "classes/windows/system/Handles.h"
+#include "classes/windows/system/MessageTable.h"
+#include "classes/windows/system/RectHelpers.h"
+#include "classes/windows/system/ShowCreateWindow.h"
+#include "classes/windows/system/ShowSetTimer.h"
+#include "classes/windows/system/WndProcForward.h"
+#include "classes/windows/window/CWndToolTip.h"
 #include "tests/classes/windows/WindowsTestEnvironment.h"
 
 #include <commctrl.h>
@@ -52,7 +51,9 @@ TEST(DisplayMonitors, TheListHasOneMainMonitorThatBeginsAtTheOrigin)
     {
         EXPECT_GT(GetRectWidth(monitor.rc), 0);
         if (!monitor.bMain)
+        {
             continue;
+        }
         ++iMain;
         EXPECT_EQ(monitor.rc.left, 0);
         EXPECT_EQ(monitor.rc.top, 0);
@@ -130,9 +131,13 @@ struct CThrower
     LRESULT WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
     {
         if (uMessage == WM_USER)
+        {
             throw std::runtime_error("thrown on purpose");
+        }
         if (uMessage == WM_USER + 1)
+        {
             throw 42;
+        }
         return DefWindowProcW(hWnd, uMessage, wParam, lParam);
     }
     std::wstring* GetDebugLog() { return &sLog; }
@@ -172,27 +177,6 @@ TEST(WndProcForward, WhatAHandlerThrowsIsReportedAndDoesNotEscape)
     EXPECT_EQ(WndProcForward<CThrower>(nullptr, WM_USER, 0, 0), 0) << "no window, no object: the system answers";
 }
 
-TEST(ColourMath, TextIsWrittenInWhicheverOfBlackAndWhiteStandsOutMore)
-{
-    EXPECT_EQ(GetContrastColour(0xFFFFFF), 0u);
-    EXPECT_EQ(GetContrastColour(0), 0xFFFFFFu);
-    EXPECT_NEAR(GetContrast(0, 0xFFFFFF), 21.0, 1e-9);
-    for (unsigned uRed = 0; uRed < 256; uRed += 15)
-        for (unsigned uGreen = 0; uGreen < 256; uGreen += 15)
-            for (unsigned uBlue = 0; uBlue < 256; uBlue += 15)
-            {
-                const ColourRef cr = uRed | uGreen << 8 | uBlue << 16;
-                EXPECT_GE(GetContrast(cr, GetContrastColour(cr)), 4.5) << cr;
-            }
-}
-
-TEST(ColourMath, BlendingGoesFromTheFirstColourToTheSecond)
-{
-    EXPECT_EQ(BlendColours(0x102030, 0xFFFFFF, 0), 0x102030u);
-    EXPECT_EQ(BlendColours(0x102030, 0xA0B0C0, 100), 0xA0B0C0u);
-    EXPECT_EQ(BlendColours(0x000000, 0xFFFFFF, 50), 0x808080u);
-}
-
 TEST(RoundedRect, ItsMiddleIsFullItsOutsideEmptyAndItsCornersSoftAndAlike)
 {
     EXPECT_EQ(GetRoundedCoverage(10, 10, 20, 20, 5), 1.0);
@@ -201,6 +185,7 @@ TEST(RoundedRect, ItsMiddleIsFullItsOutsideEmptyAndItsCornersSoftAndAlike)
     EXPECT_EQ(GetRoundedCoverage(-1, 10, 20, 20, 5), 0.0);
     EXPECT_EQ(GetRoundedCoverage(20, 10, 20, 20, 5), 0.0);
     for (int y = 0; y < 5; ++y)
+    {
         for (int x = 0; x < 5; ++x)
         {
             const double dCoverage = GetRoundedCoverage(x, y, 20, 20, 5);
@@ -208,6 +193,7 @@ TEST(RoundedRect, ItsMiddleIsFullItsOutsideEmptyAndItsCornersSoftAndAlike)
             EXPECT_DOUBLE_EQ(GetRoundedCoverage(x, 19 - y, 20, 20, 5), dCoverage);
             EXPECT_DOUBLE_EQ(GetRoundedCoverage(y, x, 20, 20, 5), dCoverage);
         }
+    }
 }
 
 TEST(TextCtrl, ARightAlignedTextMayBeginLeftOfItsRectangle)

@@ -1,7 +1,7 @@
 #include "tests/classes/windows/WindowsTestEnvironment.h"
 
-#include "classes/windows/Handles.h"
-#include "classes/windows/picture/CPictureBits.h"
+#include "classes/windows/drawing/CPictureBits.h"
+#include "classes/windows/system/Handles.h"
 
 #include <chrono>
 #include <cstring>

@@ -1,6 +1,6 @@
 #include "tests/view/windows/CTestParent.h"
 
-#include "classes/windows/WndProcForward.h"
+#include "classes/windows/system/WndProcForward.h"
 
 namespace
 {

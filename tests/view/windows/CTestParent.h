@@ -1,6 +1,6 @@
 #pragma once
 
-#include "classes/windows/CWndCommon.h"
+#include "classes/windows/window/CWndCommon.h"
 
 #include <windows.h>
 

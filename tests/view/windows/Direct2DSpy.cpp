@@ -1,6 +1,6 @@
 #include "tests/view/windows/Direct2DSpy.h"
 
-#include "classes/windows/Handles.h"
+#include "classes/windows/system/Handles.h"
 #include "tests/view/windows/UnusedDirect2D.h"
 #include "view/CreateDirect2DFactory.h"
 

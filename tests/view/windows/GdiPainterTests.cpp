@@ -1,4 +1,4 @@
-#include "classes/windows/Handles.h"
+#include "classes/windows/system/Handles.h"
 #include "tests/view/windows/CViewTest.h"
 #include "tests/view/windows/ScreenCapture.h"
 #include "view/AtomScene.h"

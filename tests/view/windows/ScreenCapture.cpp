@@ -1,6 +1,6 @@
 #include "tests/view/windows/ScreenCapture.h"
 
-#include "classes/windows/Handles.h"
+#include "classes/windows/system/Handles.h"
 
 COLORREF CPixels::GetColour(int x, int y) const
 {

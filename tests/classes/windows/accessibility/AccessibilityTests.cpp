@@ -1,5 +1,5 @@
 // What a screen reader is told, through the system's own interface for it.
-#include "classes/windows/Handles.h"
+#include "classes/windows/system/Handles.h"
 #include "tests/classes/windows/WindowsTestEnvironment.h"
 
 #include <oleauto.h>

@@ -1,0 +1,145 @@
+// What mouse, keyboard and focus do to a button: a part of CWndButton with a file of its own.
+#include "classes/windows/button/CWndButton.h"
+#include "classes/windows/system/RectHelpers.h"
+#include "classes/windows/window/MainWindowKeys.h"
+
+namespace
+{
+constexpr LPARAM c_iRepeated = LPARAM{1} << 30; // the bit of a key message that says the key was down before
+} // namespace
+
+std::optional<LRESULT> CWndButton::OnLButtonDown(WPARAM, LPARAM)
+{
+    SetFocus(m_hWnd);
+    SetCapture(m_hWnd);
+    m_bMouseDown = true;
+    SetPressed(true);
+    return 0;
+}
+
+std::optional<LRESULT> CWndButton::OnLButtonUp(WPARAM, LPARAM lParam)
+{
+    if (!m_bMouseDown)
+        return 0;
+    RECT rcClient{};
+    GetClientRect(m_hWnd, &rcClient);
+    const POINT pt{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+    ReleaseCapture(); // ends the press
+    if (PointInRect(rcClient, pt))
+        Click();
+    return 0;
+}
+
+std::optional<LRESULT> CWndButton::OnMouseMove(WPARAM, LPARAM lParam)
+{
+    RECT rcClient{};
+    GetClientRect(m_hWnd, &rcClient);
+    const POINT pt{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+    if (m_bMouseDown)
+        SetPressed(PointInRect(rcClient, pt));
+    if (!m_bHover)
+    {
+        TRACKMOUSEEVENT track{};
+        track.cbSize = sizeof(track);
+        track.dwFlags = TME_LEAVE;
+        track.hwndTrack = m_hWnd;
+        TrackMouseEvent(&track);
+        m_bHover = true;
+        Invalidate();
+    }
+    return 0;
+}
+
+std::optional<LRESULT> CWndButton::OnMouseLeave(WPARAM, LPARAM)
+{
+    m_bHover = false;
+    Invalidate();
+    return 0;
+}
+
+std::optional<LRESULT> CWndButton::OnCaptureChanged(WPARAM, LPARAM)
+{
+    m_bMouseDown = false;
+    SetPressed(false);
+    return 0;
+}
+
+// Sent before the button is disabled, while it still has the focus: see OnEnable.
+std::optional<LRESULT> CWndButton::OnCancelMode(WPARAM, LPARAM)
+{
+    m_bFocusLost = GetFocus() == m_hWnd;
+    m_bSpaceDown = false;
+    SetPressed(false);
+    return std::nullopt; // the system gives the mouse free
+}
+
+std::optional<LRESULT> CWndButton::OnKeyDown(WPARAM wParam, LPARAM lParam)
+{
+    if ((lParam & c_iRepeated) != 0)
+        return wParam == VK_SPACE || wParam == VK_RETURN ? std::optional<LRESULT>(0) : std::nullopt;
+    if (wParam == VK_SPACE)
+    {
+        m_bSpaceDown = true;
+        SetPressed(true);
+        return 0;
+    }
+    if (wParam == VK_RETURN)
+    {
+        Click();
+        return 0;
+    }
+    return std::nullopt;
+}
+
+std::optional<LRESULT> CWndButton::OnKeyUp(WPARAM wParam, LPARAM lParam)
+{
+    if (wParam == VK_SPACE)
+    {
+        const bool bClick = m_bSpaceDown;
+        m_bSpaceDown = false;
+        SetPressed(false);
+        if (bClick)
+            Click();
+        return 0;
+    }
+    if (!IsMainWindowKey(wParam))
+        return std::nullopt;
+    ForwardKeyUp(m_hWnd, wParam, lParam);
+    return 0;
+}
+
+// The panel brings a row into view when its control is given the focus.
+std::optional<LRESULT> CWndButton::OnSetFocus(WPARAM, LPARAM)
+{
+    Invalidate();
+    NMHDR header{};
+    header.hwndFrom = m_hWnd;
+    header.idFrom = static_cast<UINT_PTR>(GetDlgCtrlID(m_hWnd));
+    header.code = c_uButtonFocused;
+    SendMessageW(GetParent(m_hWnd), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+    return 0;
+}
+
+std::optional<LRESULT> CWndButton::OnKillFocus(WPARAM, LPARAM)
+{
+    m_bSpaceDown = false;
+    SetPressed(false);
+    Invalidate();
+    return 0;
+}
+
+// A window that is disabled while it has the focus leaves the keyboard without any: no key would reach the program.
+// The main window takes the focus meanwhile, and the button gets it back unless it has moved on.
+std::optional<LRESULT> CWndButton::OnEnable(WPARAM wParam, LPARAM)
+{
+    const HWND hMain = GetAncestor(m_hWnd, GA_ROOT);
+    const HWND hFocus = GetFocus();
+    if (wParam == FALSE && m_bFocusLost && (hFocus == nullptr || hFocus == m_hWnd))
+        SetFocus(hMain);
+    else if (wParam != FALSE && m_bFocusLost && hFocus == hMain)
+        SetFocus(m_hWnd);
+    if (wParam != FALSE)
+        m_bFocusLost = false;
+    Invalidate();
+    return 0;
+}

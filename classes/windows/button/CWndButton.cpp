@@ -1,0 +1,184 @@
+#include "classes/windows/button/CWndButton.h"
+
+#include "classes/core/ColourMath.h"
+#include "classes/windows/button/ButtonAccessible.h"
+#include "classes/windows/drawing/WindowColours.h"
+#include "classes/windows/system/MessageTable.h"
+#include "classes/windows/system/RectHelpers.h"
+#include "classes/windows/system/RegisterOwnClass.h"
+#include "classes/windows/system/ShowCreateWindow.h"
+#include "classes/windows/system/WindowText.h"
+#include "classes/windows/system/WndProcForward.h"
+
+namespace
+{
+bool RegisterButtonClass(HINSTANCE hInstance)
+{
+    WNDCLASSEXW record{};
+    record.cbSize = sizeof(record);
+    record.style = CS_HREDRAW | CS_VREDRAW;
+    record.lpfnWndProc = WndProcForward<CWndButton>;
+    record.hInstance = hInstance;
+    record.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    record.lpszClassName = c_sButtonClass;
+    return RegisterOwnClass(record);
+}
+} // namespace
+
+CWndButton::CWndButton() : m_crNormal(c_crButtonFace), m_crPressed(c_crButtonFace)
+{
+    m_crText = GetContrastColour(m_crNormal);
+}
+
+CWndButton::~CWndButton()
+{
+    if (m_hWnd == nullptr)
+        return;
+    WndProc_SetObject(m_hWnd, nullptr);
+    DestroyWindow(m_hWnd);
+}
+
+bool CWndButton::Initialize(HINSTANCE hInstance, CWndCommon* pParent, bool bRightToLeft, const CPicture* pBackdrop,
+                            const CWString& sText, HFONT hFont, bool bVisible, const RECT* pRect)
+{
+    if (m_hWnd != nullptr || pParent == nullptr || !RegisterButtonClass(hInstance))
+        return false;
+    m_pParent = pParent;
+    m_pDebugLog = pParent->GetDebugLog();
+    m_hFont = hFont != nullptr ? hFont : pParent->GetFont();
+    if (const CPicture* pPicture = pBackdrop != nullptr ? pBackdrop : pParent->GetBackdrop())
+        m_picBackdrop = *pPicture;
+    const RECT rc = pRect != nullptr ? *pRect : RECT{};
+    const DWORD uStyle = WS_CHILD | WS_TABSTOP | (bVisible ? WS_VISIBLE : 0u);
+    const HWND hWnd =
+        CreateWindowExW(bRightToLeft ? WS_EX_RTLREADING : 0u, c_sButtonClass, sText.c_str(), uStyle, rc.left, rc.top,
+                        GetRectWidth(rc), GetRectHeight(rc), pParent->GetWindowHandle(), nullptr, hInstance, this);
+    if (hWnd == nullptr)
+        return false;
+    m_hWnd = hWnd;
+    ShowCreateWindow(m_pDebugLog, this, c_sButtonClass, L"m_hWnd", m_hWnd, sText.c_str());
+    return true;
+}
+
+void CWndButton::SetBackground(COLORREF crNormal, COLORREF crPressed, bool bContrastText, bool bShade, bool bRedraw)
+{
+    m_crNormal = crNormal;
+    m_crPressed = crPressed;
+    m_bShade = bShade;
+    if (bContrastText)
+        m_crText = GetContrastColour(crNormal);
+    if (!bRedraw || m_hWnd == nullptr)
+        return;
+    Invalidate();
+    UpdateWindow(m_hWnd);
+}
+
+void CWndButton::SetText(const CWString& sText)
+{
+    if (m_hWnd != nullptr)
+        SetWindowTextW(m_hWnd, sText.c_str());
+}
+
+CWString CWndButton::GetText() const
+{
+    return m_hWnd != nullptr ? ReadWindowText(m_hWnd) : CWString();
+}
+
+CWString CWndButton::GetAccessibleName() const
+{
+    return m_sAccessibleName.IsEmpty() ? GetText() : m_sAccessibleName;
+}
+
+// The parent may destroy the button while it handles the click: nothing of the object is touched afterwards.
+void CWndButton::Click()
+{
+    if (m_hWnd == nullptr || !IsWindowEnabled(m_hWnd))
+        return;
+    NMHDR header{};
+    header.hwndFrom = m_hWnd;
+    header.idFrom = static_cast<UINT_PTR>(GetDlgCtrlID(m_hWnd));
+    header.code = c_uButtonClicked;
+    SendMessageW(GetParent(m_hWnd), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+}
+
+LRESULT CWndButton::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    m_hWnd = hWnd; // the first messages arrive before the creation returns
+    static constexpr CMessageEntry<CWndButton> c_table[] = {
+        {WM_PAINT, &CWndButton::OnPaint},
+        {WM_ERASEBKGND, &CWndButton::OnEraseBackground},
+        {WM_PRINTCLIENT, &CWndButton::OnPrintClient},
+        {WM_LBUTTONDOWN, &CWndButton::OnLButtonDown},
+        {WM_LBUTTONUP, &CWndButton::OnLButtonUp},
+        {WM_MOUSEMOVE, &CWndButton::OnMouseMove},
+        {WM_MOUSELEAVE, &CWndButton::OnMouseLeave},
+        {WM_CAPTURECHANGED, &CWndButton::OnCaptureChanged},
+        {WM_CANCELMODE, &CWndButton::OnCancelMode},
+        {WM_KEYDOWN, &CWndButton::OnKeyDown},
+        {WM_KEYUP, &CWndButton::OnKeyUp},
+        {WM_SETFOCUS, &CWndButton::OnSetFocus},
+        {WM_KILLFOCUS, &CWndButton::OnKillFocus},
+        {WM_ENABLE, &CWndButton::OnEnable},
+        {WM_SETTEXT, &CWndButton::OnSetText},
+        {WM_SETFONT, &CWndButton::OnSetFont},
+        {WM_GETFONT, &CWndButton::OnGetFont},
+        {WM_GETDLGCODE, &CWndButton::OnGetDlgCode},
+        {WM_GETOBJECT, &CWndButton::OnGetObject},
+        {BM_CLICK, &CWndButton::OnClickMessage},
+        {WM_MOVE, &CWndButton::OnMove},
+        {WM_NCDESTROY, &CWndButton::OnNcDestroy},
+    };
+    return DispatchMessage_Table(*this, c_table, hWnd, uMessage, wParam, lParam);
+}
+
+std::optional<LRESULT> CWndButton::OnSetText(WPARAM wParam, LPARAM lParam)
+{
+    const LRESULT result = DefWindowProcW(m_hWnd, WM_SETTEXT, wParam, lParam);
+    Invalidate();
+    return result;
+}
+
+std::optional<LRESULT> CWndButton::OnSetFont(WPARAM wParam, LPARAM lParam)
+{
+    m_hFont = reinterpret_cast<HFONT>(wParam);
+    if (LOWORD(lParam) != FALSE)
+        Invalidate();
+    return 0;
+}
+
+std::optional<LRESULT> CWndButton::OnGetFont(WPARAM, LPARAM)
+{
+    return reinterpret_cast<LRESULT>(m_hFont);
+}
+
+std::optional<LRESULT> CWndButton::OnGetDlgCode(WPARAM, LPARAM)
+{
+    return DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON;
+}
+
+std::optional<LRESULT> CWndButton::OnGetObject(WPARAM wParam, LPARAM lParam)
+{
+    if (static_cast<DWORD>(lParam) != static_cast<DWORD>(OBJID_CLIENT))
+        return std::nullopt;
+    return ButtonAccessible_Answer(m_hWnd, wParam);
+}
+
+std::optional<LRESULT> CWndButton::OnClickMessage(WPARAM, LPARAM)
+{
+    Click();
+    return 0;
+}
+
+// The backdrop behind the corners stays where it is when the button moves.
+std::optional<LRESULT> CWndButton::OnMove(WPARAM, LPARAM)
+{
+    Invalidate();
+    return 0;
+}
+
+std::optional<LRESULT> CWndButton::OnNcDestroy(WPARAM wParam, LPARAM lParam)
+{
+    const HWND hWnd = m_hWnd;
+    m_hWnd = nullptr;
+    return DefWindowProcW(hWnd, WM_NCDESTROY, wParam, lParam);
+}
