@@ -21,17 +21,23 @@ void CKinetarium::Run(HINSTANCE hInstance)
 
     WSADATA sockets{};
     if (WSAStartup(c_wSocketsVersion, &sockets) != 0)
+    {
         return;
+    }
 
     if (InitializeWindow())
     {
         while (OperateMessagePump(nullptr))
+        {
             WaitMessage();
+        }
         // A window that was destroyed without being closed leaves the worker behind.
         StopSimulation();
     }
     else if (m_hWnd != nullptr)
+    {
         DestroyWindow(m_hWnd);
+    }
 
     WSACleanup();
 }
@@ -56,7 +62,9 @@ LRESULT CALLBACK CKinetarium::WndProcWrapper(HWND hWnd, UINT uMessage, WPARAM wP
         // Messages that arrive while the window is being created find no object yet.
         auto* pThis = reinterpret_cast<CKinetarium*>(GetWindowLongPtrW(hWnd, GWLP_USERDATA));
         if (pThis == nullptr)
+        {
             return DefWindowProcW(hWnd, uMessage, wParam, lParam);
+        }
         return pThis->WndProc(hWnd, uMessage, wParam, lParam);
     });
 }

@@ -20,7 +20,9 @@ void CKinetarium::SetButtonColour(const wchar_t* sKey, COLORREF crColour)
 {
     CWndButton* pButton = m_pDataCtrlGroup->GetButton(m_pDataCtrlGroup->GetCtrlIndex(GetText(sKey)));
     if (pButton != nullptr)
+    {
         pButton->SetBackground(crColour, crColour, true, true, true);
+    }
 }
 
 bool CKinetarium::SetColour(short iControl)
@@ -28,7 +30,9 @@ bool CKinetarium::SetColour(short iControl)
     return Traced({m_pDebugLog, __TIMESTAMP__}, false, [&] {
         CWndButton* pButton = m_pDataCtrlGroup->GetButton(iControl);
         if (pButton == nullptr)
+        {
             return false;
+        }
 
         // Custom colours start black every time: they are not part of the settings.
         std::array<COLORREF, c_uCustomColours> customColours{};
@@ -39,10 +43,14 @@ bool CKinetarium::SetColour(short iControl)
         choice.lpCustColors = customColours.data();
         choice.Flags = CC_RGBINIT | CC_FULLOPEN | CC_ANYCOLOR;
         if (!ChooseColorW(&choice))
+        {
             return false;
+        }
         // The window can be gone by now: the dialog's message loop dispatches a close as well.
         if (!m_bInitialised)
+        {
             return false;
+        }
         pButton->SetBackground(choice.rgbResult, choice.rgbResult, true, true, true);
         return true;
     });
@@ -53,15 +61,21 @@ void CKinetarium::UpdateStatusBar(HWND hControl, const POINT& /*point*/)
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
         CWString sText;
         if (hControl == m_StartButton.GetWindowHandle())
+        {
             sText = GetText(L"Start_stop_btn_desc");
+        }
         else if (m_pDataCtrlGroup != nullptr)
         {
             const short iControl = m_pDataCtrlGroup->GetCtrlIndex(hControl);
             if (iControl >= 0)
+            {
                 sText = m_pDataCtrlGroup->GetDesc(iControl);
+            }
         }
         SendMessageW(m_hStatusBar, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(sText.c_str()));
         if (m_pToolTip != nullptr)
+        {
             m_pToolTip->ShowToolTip(sText, m_hWnd, hControl);
+        }
     });
 }

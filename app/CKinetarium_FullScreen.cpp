@@ -7,13 +7,19 @@ void CKinetarium::ToggleFullscreen()
 {
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
         if (m_StopGate.Defer_ToggleFullScreen())
+        {
             return;
+        }
         {
             const CChangeOfWorld change(*this);
             if (m_bFullscreen)
+            {
                 ToggleFullscreen_Leave();
+            }
             else if (!ToggleFullscreen_Enter())
+            {
                 return;
+            }
 
             SetControlPositions(-1, -1);
             OperateMessagePump(nullptr);
@@ -43,11 +49,15 @@ bool CKinetarium::ToggleFullscreen_Enter()
     WINDOWPLACEMENT placement{};
     placement.length = sizeof placement;
     if (!GetWindowPlacement(m_hWnd, &placement))
+    {
         return false;
+    }
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
     if (!GetMonitorInfoW(MonitorFromWindow(m_hWnd, MONITOR_DEFAULTTOPRIMARY), &monitor))
+    {
         return false;
+    }
     m_WindowPlacement = placement;
 
     StopSimulation();

@@ -31,8 +31,10 @@ public:
 void DeferPosition(HDWP& hPositions, HWND hWnd, const CRect& rectangle)
 {
     if (hPositions != nullptr)
+    {
         hPositions = DeferWindowPos(hPositions, hWnd, nullptr, rectangle.left, rectangle.top, rectangle.GetWidth(),
                                     rectangle.GetHeight(), SWP_NOZORDER | SWP_NOACTIVATE);
+    }
 }
 } // namespace
 
@@ -40,7 +42,9 @@ void CKinetarium::SetControlPositions(int cx, int cy)
 {
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
         if (!m_bInitialised || s_bLayoutInProgress)
+        {
             return;
+        }
         const CLayoutScope inProgress;
 
         CSize<int> client{cx, cy};
@@ -53,11 +57,17 @@ void CKinetarium::SetControlPositions(int cx, int cy)
 
         HDWP hPositions = BeginDeferWindowPos(c_iDeferredPositions);
         if (m_bFullscreen)
+        {
             DeferPosition(hPositions, m_pWorldView->GetWindowHandle(), ComputeFullScreenView(client));
+        }
         else
+        {
             LayOut_Windowed(hPositions, client);
+        }
         if (hPositions != nullptr)
+        {
             EndDeferWindowPos(hPositions);
+        }
     });
 }
 
@@ -81,7 +91,9 @@ bool CKinetarium::FitWindowOnMonitor(RECT* pRect)
 {
     return Traced({m_pDebugLog, __TIMESTAMP__}, false, [&] {
         if (pRect == nullptr)
+        {
             return false;
+        }
         const auto& keys = SettingsFile::c_sWindowKeys;
         const CRect saved{Settings_ReadInteger(keys[0], 0), Settings_ReadInteger(keys[1], 0),
                           Settings_ReadInteger(keys[2], 0), Settings_ReadInteger(keys[3], 0)};
@@ -90,16 +102,20 @@ bool CKinetarium::FitWindowOnMonitor(RECT* pRect)
         std::vector<CMonitorArea> monitors;
         displays.GetDisplayMonitors(m_pDebugLog);
         for (const CDisplayMonitor& display : displays.GetList())
+        {
             monitors.push_back({ToRect(display.rc), display.bMain});
+        }
 
         const CMonitorFit fit =
             FitRectangleOnMonitors(saved, monitors, {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)});
         OutputDebugMessage(m_pDebugLog, L"Best fitting monitor = %u\n", static_cast<unsigned>(fit.bestMonitor));
         if (fit.switchedToMain)
+        {
             OutputDebugMessage(
                 m_pDebugLog,
                 L"The application window doesn't fit on the monitor. Switching to main display monitor %u.\n",
                 static_cast<unsigned>(fit.chosenMonitor));
+        }
         OutputDebugMessage(m_pDebugLog, L"Monitor %u  = (%i,%i) - (%i,%i)\nApp window = (%i,%i) - (%i,%i)\n",
                            static_cast<unsigned>(fit.chosenMonitor), fit.monitor.left, fit.monitor.top,
                            fit.monitor.right, fit.monitor.bottom, fit.window.left, fit.window.top, fit.window.right,
@@ -114,7 +130,9 @@ void CKinetarium::OnEraseBackground()
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
         RECT rcClient{};
         if (!m_bInitialised || !GetClientRect(m_hWnd, &rcClient))
+        {
             return;
+        }
         if (GetRectWidth(rcClient) != GetRectWidth(m_rcLastClient) ||
             GetRectHeight(rcClient) != GetRectHeight(m_rcLastClient))
         {
@@ -132,13 +150,19 @@ void CKinetarium::PaintBackground(const RECT& rcClient)
 {
     const CWindowDc windowDc(m_hWnd);
     if (!windowDc)
+    {
         return;
+    }
     const CMemoryDc memoryDc(windowDc.Get());
     if (!memoryDc)
+    {
         return;
+    }
     const CBitmapHandle bitmap(CreateCompatibleBitmap(windowDc.Get(), rcClient.right, rcClient.bottom));
     if (!bitmap)
+    {
         return;
+    }
     const CSelectObject selected(memoryDc.Get(), bitmap.Get());
 
     CPicture& backdrop = *GetBackdrop();
@@ -158,6 +182,8 @@ void CKinetarium::PaintBackground(const RECT& rcClient)
         break;
     }
     if (!m_bFullscreen)
+    {
         m_VersionText.Draw(memoryDc.Get());
+    }
     BitBlt(windowDc.Get(), 0, 0, rcClient.right, rcClient.bottom, memoryDc.Get(), 0, 0, SRCCOPY);
 }

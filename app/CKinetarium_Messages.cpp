@@ -70,7 +70,9 @@ std::optional<LRESULT> CKinetarium::On_Size(WPARAM, LPARAM)
 std::optional<LRESULT> CKinetarium::On_Close(WPARAM, LPARAM)
 {
     if (m_StopGate.Defer_Close())
+    {
         return 0;
+    }
     Settings_Save();
     // The rectangle to remember is that of the window as it stands when it is neither minimised nor maximised.
     ShowWindow(m_hWnd, SW_RESTORE);
@@ -100,7 +102,9 @@ void CKinetarium::SaveWindowRectangle()
     GetWindowRect(m_hWnd, &rcWindow);
     const std::array<LONG, 4> edges{rcWindow.left, rcWindow.top, rcWindow.right, rcWindow.bottom};
     for (std::size_t i = 0; i < edges.size(); ++i)
+    {
         Settings_Write(SettingsFile::c_sWindowKeys[i], CWString(static_cast<std::int64_t>(edges[i])));
+    }
 }
 
 std::optional<LRESULT> CKinetarium::On_EraseBackground(WPARAM, LPARAM)
@@ -112,7 +116,9 @@ std::optional<LRESULT> CKinetarium::On_EraseBackground(WPARAM, LPARAM)
 std::optional<LRESULT> CKinetarium::On_SetCursor(WPARAM, LPARAM)
 {
     if (!m_bBusy)
+    {
         return std::nullopt;
+    }
     SetCursor(m_hCursorWait);
     return 1;
 }
@@ -128,9 +134,13 @@ std::optional<LRESULT> CKinetarium::On_Notify(WPARAM, LPARAM lParam)
 {
     const auto* pHeader = reinterpret_cast<const NMHDR*>(lParam);
     if (pHeader->code != c_uButtonClicked && pHeader->code != c_uButtonDoubleClicked)
+    {
         return std::nullopt;
+    }
     if (!On_ButtonClick(pHeader->hwndFrom))
+    {
         return std::nullopt;
+    }
     return 0;
 }
 
@@ -140,9 +150,13 @@ bool CKinetarium::On_ButtonClick(HWND hButton)
     {
         // The button is disabled during a stop; a click that was under way already changes nothing.
         if (m_StopGate.IsStopping())
+        {
             return true;
+        }
         if (m_pSimulationThread != nullptr)
+        {
             StopSimulation();
+        }
         else
         {
             StartSimulation(nullptr);
@@ -155,10 +169,14 @@ bool CKinetarium::On_ButtonClick(HWND hButton)
         const short iControl = m_pDataCtrlGroup->GetCtrlIndex(GetText(sKey));
         CWndButton* pButton = m_pDataCtrlGroup->GetButton(iControl);
         if (pButton == nullptr || pButton->GetWindowHandle() != hButton)
+        {
             continue;
+        }
         const bool bChosen = SetColour(iControl);
         if (bChosen && std::wstring_view(sKey) == L"Background_colour")
+        {
             m_pWorldView->SetWorldBackgroundColour(pButton->GetBackground());
+        }
         return true;
     }
     return false;
@@ -167,9 +185,13 @@ bool CKinetarium::On_ButtonClick(HWND hButton)
 std::optional<LRESULT> CKinetarium::On_KeyUp(WPARAM wParam, LPARAM)
 {
     if (wParam != VK_F11 && wParam != VK_ESCAPE)
+    {
         return std::nullopt;
+    }
     if (wParam == VK_F11 || m_bFullscreen)
+    {
         ToggleFullscreen();
+    }
     return 0;
 }
 
@@ -178,7 +200,9 @@ std::optional<LRESULT> CKinetarium::On_Command(WPARAM wParam, LPARAM lParam)
     const HWND hList =
         m_pDataCtrlGroup != nullptr ? m_pDataCtrlGroup->GetCtrlHandle(GetText(L"Colour_mode"), 0) : nullptr;
     if (HIWORD(wParam) == CBN_SELENDOK && hList != nullptr && reinterpret_cast<HWND>(lParam) == hList)
+    {
         On_ColourModeChosen();
+    }
     return 0;
 }
 
@@ -188,9 +212,13 @@ void CKinetarium::On_ColourModeChosen()
     const LRESULT iSelection = SendMessage_Show(m_pDataCtrlGroup->GetCtrlTabHandle(iList), CB_GETCURSEL, 0, 0);
     const short iFactor = m_pDataCtrlGroup->GetCtrlIndex(GetText(L"Colour_2_factor"));
     if (iFactor < 0)
+    {
         return;
+    }
     if (iSelection == static_cast<LRESULT>(EnumAtomColourMode::Fixed))
+    {
         m_pDataCtrlGroup->ShowState_SetState(iFactor, EnumShowState::InUse);
+    }
     else if (iSelection == static_cast<LRESULT>(EnumAtomColourMode::Speed))
     {
         m_pDataCtrlGroup->SetValue(iFactor, L"", 0);
@@ -202,12 +230,18 @@ std::optional<LRESULT> CKinetarium::On_SysCommand(WPARAM wParam, LPARAM)
 {
     const WPARAM uCommand = wParam & c_uSystemCommandBits;
     if (uCommand != SC_MAXIMIZE && uCommand != SC_RESTORE)
+    {
         return std::nullopt;
+    }
     // Without this a minimised window could not be brought back from the task bar.
     if (uCommand == SC_RESTORE && IsIconic(m_hWnd))
+    {
         return std::nullopt;
+    }
     if ((uCommand == SC_MAXIMIZE) != m_bFullscreen)
+    {
         ToggleFullscreen();
+    }
     return 0;
 }
 
@@ -219,9 +253,13 @@ std::optional<LRESULT> CKinetarium::On_Timer(WPARAM wParam, LPARAM)
         return 0;
     }
     if (wParam != c_uPruneTimer)
+    {
         return std::nullopt;
+    }
     if (m_pDebugLog != nullptr && IsDebugLogFull())
+    {
         PruneDebugLog(static_cast<unsigned>(m_pDebugLog->capacity() / 2));
+    }
     return 0;
 }
 
@@ -236,7 +274,9 @@ void CKinetarium::PruneDebugLog(unsigned uKeep)
 {
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
         if (m_pDebugLog != nullptr)
+        {
             ::PruneDebugLog(*m_pDebugLog, uKeep);
+        }
     });
 }
 
@@ -247,7 +287,9 @@ std::optional<LRESULT> CKinetarium::On_LeftButtonUp(WPARAM, LPARAM lParam)
     GetClientRect(m_pWorldView->GetWindowHandle(), &rcView);
     MapWindowPoints(m_pWorldView->GetWindowHandle(), m_hWnd, reinterpret_cast<POINT*>(&rcView), 2);
     if (!ContainsInclusive(ToRect(rcView), point) || m_StopGate.Defer_Click(point))
+    {
         return 0;
+    }
 
     const CPoint<int> start{point.x - rcView.left, point.y - rcView.top};
     {
@@ -275,9 +317,15 @@ void CKinetarium::PostDeferredRequests()
 {
     const CStopGate::CRequests requests = m_StopGate.TakeRequests();
     if (requests.close)
+    {
         PostMessageW(m_hWnd, WM_CLOSE, 0, 0);
+    }
     if (requests.toggleFullScreen)
+    {
         PostMessageW(m_hWnd, c_uDeferredToggle, 0, 0);
+    }
     if (requests.click)
+    {
         PostMessageW(m_hWnd, WM_LBUTTONUP, 0, MAKELPARAM(requests.click->x, requests.click->y));
+    }
 }

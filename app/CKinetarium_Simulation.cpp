@@ -39,19 +39,25 @@ void CKinetarium::StartSimulation(const CPoint<int>* pStart)
         // A start that arrives while a message box of another start is open, or after the window was closed by a
         // message that a stop has dispatched, has nothing to start.
         if (m_pSimulationThread != nullptr || m_bStarting || !m_bInitialised)
+        {
             return;
+        }
         const CFlagScope starting(m_bStarting);
 
         std::optional<CStartParameters> parameters = StartSimulation_ReadParameters();
         if (!parameters)
+        {
             return;
+        }
         StartSimulation_SetWorldSize();
         StartSimulation_WriteBack(*parameters);
         Settings_Save();
 
         m_pWorldView->SetWorldBackgroundColour(GetButtonColour(L"Background_colour"));
         for (std::size_t i = 0; i < c_sColourKeys.size(); ++i)
+        {
             parameters->colours[i] = GetButtonColour(c_sColourKeys[i]);
+        }
 
         Populate(m_Atoms, m_CollisionGrid, m_WorldSize, parameters->totalAtoms, m_MinRadius, m_MaxRadius, pStart,
                  m_Random);
@@ -67,10 +73,14 @@ std::optional<CKinetarium::CStartParameters> CKinetarium::StartSimulation_ReadPa
     m_MaxRadius = ClampRadius(m_pDataCtrlGroup->GetValue_Uint8(GetText(L"Max_radius").c_str()));
     parameters.colourMode = StartSimulation_ReadColourMode();
     for (std::size_t i = 0; i < c_sFactorKeys.size(); ++i)
+    {
         parameters.factors[i] = m_pDataCtrlGroup->GetValue_String(GetText(c_sFactorKeys[i]).c_str());
+    }
 
     if (!StartSimulation_CheckFactors(parameters))
+    {
         return std::nullopt;
+    }
     SortRadii(m_MinRadius, m_MaxRadius);
     return parameters;
 }
@@ -91,7 +101,9 @@ bool CKinetarium::StartSimulation_CheckFactors(const CStartParameters& parameter
         CWString sText = GetText(message.key);
         // Only the texts about one factor are formats; the others hold single percent signs.
         if (message.factorNumber != 0)
+        {
             sText.Format(GetText(message.key).c_str(), message.factorNumber);
+        }
         CMessageBox messageBox(this);
         messageBox.ShowDialog(sText, GetText(message.titleKey), 1, GetText(L"Ok"));
     }
@@ -121,8 +133,10 @@ void CKinetarium::StartSimulation_WriteBack(const CStartParameters& parameters)
     m_pDataCtrlGroup->SetValue(GetText(L"Min_radius"), m_MinRadius, 0);
     m_pDataCtrlGroup->SetValue(GetText(L"Max_radius"), m_MaxRadius, 0);
     for (std::size_t i = 0; i < c_sFactorKeys.size(); ++i)
+    {
         m_pDataCtrlGroup->SetValue(m_pDataCtrlGroup->GetCtrlIndex(GetText(c_sFactorKeys[i])),
                                    parameters.factors[i].c_str(), 0);
+    }
 }
 
 void CKinetarium::StartSimulation_Begin(CStartParameters& parameters)
@@ -167,7 +181,9 @@ void CKinetarium::StopSimulation()
 {
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
         if (m_pSimulationThread == nullptr || m_StopGate.IsStopping())
+        {
             return;
+        }
         {
             const CStopGate::CStopping stopping(m_StopGate);
             // A second click must not arrive meanwhile.
@@ -191,12 +207,16 @@ void CKinetarium::StopSimulation_WaitForWorker()
     {
         const DWORD dwResult = WaitForSingleObject(m_hSimulationDone, c_dwStopPoll);
         if (dwResult == WAIT_OBJECT_0)
+        {
             return;
+        }
         if (dwResult == WAIT_FAILED)
         {
             // There is no event to wait for; the worker's own flag tells as well.
             if (m_bWorkerFinished)
+            {
                 return;
+            }
             Sleep(1);
         }
         OperateMessagePump(nullptr);

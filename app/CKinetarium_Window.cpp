@@ -41,19 +41,25 @@ bool CKinetarium::InitializeWindow()
         if (!CWndCommon::Initialize(c_sWindowClass, m_pDebugLog, HKEY_LOCAL_MACHINE, nullptr, m_hInstance,
                                     TranslateStrings_Kinetarium, c_byLanguageEnglish, c_uIconResource, 0, 0,
                                     c_iBackdropResource, c_iBackdropResource, EnumPicDrawMode::Tiled))
+        {
             return false;
+        }
         m_bInitialised = false;
         m_bBusy = true;
         SetCursor(m_hCursorWait);
 
         if (!InitializeWindow_Create() || !InitializeWindow_StatusBar())
+        {
             return false;
+        }
         m_pToolTip = std::make_unique<CWndToolTip>(0u, nullptr, HKEY_LOCAL_MACHINE);
         InitializeWindow_Panel();
         Settings_Load();
         InitializeWindow_VersionText();
         if (!InitializeWindow_StartButton())
+        {
             return false;
+        }
 
         m_pWorldView = std::make_unique<CWndWorldView>(this, m_WorldSize, m_Atoms);
         m_pWorldView->SetWorldBackgroundColour(
@@ -77,7 +83,9 @@ CWString CKinetarium::MakeIniPath()
 {
     CWString sIniPath = GetModuleFolder();
     if (!sIniPath.IsEmpty())
+    {
         sIniPath += SettingsFile::c_sFileName;
+    }
     return sIniPath;
 }
 
@@ -94,7 +102,9 @@ bool CKinetarium::InitializeWindow_Create()
     windowClass.lpszClassName = c_sWindowClass;
     windowClass.hIconSm = m_hIconSmall;
     if (!RegisterOwnClass(windowClass))
+    {
         return false;
+    }
 
     m_sIniPath = MakeIniPath();
     RECT rcWindow{};
@@ -104,7 +114,9 @@ bool CKinetarium::InitializeWindow_Create()
                              rcWindow.top, rcWindow.right - rcWindow.left, rcWindow.bottom - rcWindow.top, nullptr,
                              nullptr, m_hInstance, nullptr);
     if (m_hWnd == nullptr)
+    {
         return false;
+    }
     SetWindowLongPtrW(m_hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 
     m_crBackground = c_crBackground;
@@ -119,7 +131,9 @@ bool CKinetarium::InitializeWindow_StatusBar()
     m_hStatusBar = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, m_hWnd, nullptr,
                                    m_hInstance, nullptr);
     if (m_hStatusBar == nullptr)
+    {
         return false;
+    }
     SendMessageW(m_hStatusBar, WM_SETFONT, reinterpret_cast<WPARAM>(GetFont()), TRUE);
     // A themed status bar ignores the colour.
     SetWindowTheme(m_hStatusBar, L" ", L" ");
@@ -141,10 +155,14 @@ void CKinetarium::InitializeWindow_Panel()
             const HWND hList = m_pDataCtrlGroup->GetCtrlTabHandle(iControl);
             // The item's place in the list is the mode's number.
             for (const wchar_t* sMode : {L"Fixed", L"Speed"})
+            {
                 SendMessage_Show(hList, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(GetText(sMode).c_str()));
+            }
         }
         else if (row.type == EnumDataCtrlType::ColourButton)
+        {
             m_pDataCtrlGroup->SetValue(iControl, L"", 0); // a colour button shows nothing but its colour
+        }
     }
 }
 
@@ -162,7 +180,9 @@ bool CKinetarium::InitializeWindow_StartButton()
     const bool bRightToLeft = m_StringResource.GetLanguage() == c_byLanguageArabic;
     if (!m_StartButton.Initialize(m_hInstance, this, bRightToLeft, GetBackdrop(), GetText(L"Start"), nullptr, true,
                                   nullptr))
+    {
         return false;
+    }
     SendMessageW(m_StartButton.GetWindowHandle(), WM_SETFONT, reinterpret_cast<WPARAM>(GetFont()), TRUE);
     m_StartButton.SetBackground(m_crBackground, m_crBackground, true, true, true);
     return true;
@@ -177,7 +197,9 @@ void CKinetarium::InitializeWindow_TabOrder()
         const bool bTakesFocus = row.showState < EnumShowState::Greyed && row.type != EnumDataCtrlType::Heading &&
                                  row.type != EnumDataCtrlType::Divider;
         if (bTakesFocus)
+        {
             m_TabOrder.AddWindow(m_pDataCtrlGroup->GetCtrlTabHandle(iControl), row.key);
+        }
         ++iControl;
     }
 }
@@ -186,6 +208,8 @@ void CKinetarium::InitializeWindow_Timers()
 {
     ShowSetTimer(m_hWnd, c_uClockTimer, c_uClockPeriod, nullptr, m_pDebugLog, this, L"CKinetarium::CLOCK_TIMER");
     if (m_pDebugLog != nullptr)
+    {
         ShowSetTimer(m_hWnd, c_uPruneTimer, c_uPrunePeriod, nullptr, m_pDebugLog, this,
                      L"CKinetarium::DEBUG_LOG_PRUNE_TIMER");
+    }
 }

@@ -16,12 +16,16 @@ void CWorkerFinishedEvent::Reset() noexcept
 {
     m_bFinished = false;
     if (m_hEvent != nullptr)
+    {
         ResetEvent(m_hEvent);
+    }
 }
 
 void CWorkerFinishedEvent::Set() noexcept
 {
     m_bFinished = true;
     if (m_hEvent != nullptr)
+    {
         SetEvent(m_hEvent);
+    }
 }

@@ -44,9 +44,13 @@ CRect PlaceWorldView(const CSize<int>& client, const CSize<int>& world, const CL
     std::int64_t width = world.cx;
     std::int64_t height = world.cy;
     if (availableHeight < height)
+    {
         width += measures.verticalScrollBarWidth;
+    }
     if (availableWidth < width)
+    {
         height += measures.horizontalScrollBarHeight;
+    }
     width = std::min(width, availableWidth);
     height = std::min(height, availableHeight);
 

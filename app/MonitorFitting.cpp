@@ -27,7 +27,9 @@ std::uint64_t IntersectionArea(const CRect& a, const CRect& b)
 {
     const CRect shared = Intersect(a, b);
     if (shared.IsEmpty())
+    {
         return 0;
+    }
     return static_cast<std::uint64_t>(Width64(shared)) * static_cast<std::uint64_t>(Height64(shared));
 }
 
@@ -86,7 +88,9 @@ CMonitorFit FitRectangleOnMonitors(const CRect& saved, const std::vector<CMonito
                                    const CSize<int>& primaryScreen)
 {
     if (monitors.empty())
+    {
         return FitRectangleOnMonitors(saved, {{{0, 0, primaryScreen.cx, primaryScreen.cy}, true}}, primaryScreen);
+    }
 
     CMonitorFit fit;
     const bool nothingSaved = saved.right <= saved.left || saved.bottom <= saved.top;
@@ -99,12 +103,16 @@ CMonitorFit FitRectangleOnMonitors(const CRect& saved, const std::vector<CMonito
         const auto main =
             std::find_if(monitors.begin(), monitors.end(), [](const CMonitorArea& monitor) { return monitor.isMain; });
         if (main != monitors.end())
+        {
             fit.chosenMonitor = static_cast<std::size_t>(main - monitors.begin());
+        }
         fit.switchedToMain = true;
     }
 
     fit.monitor = monitors[fit.chosenMonitor].rectangle;
     if (!CornersShowOn(fit.window, fit.monitor))
+    {
         fit.window = MoveToCornerOf(fit.monitor);
+    }
     return fit;
 }

@@ -60,7 +60,9 @@ constexpr bool Languages_AreSound()
     {
         ++uExpected;
         if (language.uIndex != uExpected || language.sName.empty())
+        {
             return false;
+        }
     }
     return true;
 }

@@ -90,7 +90,9 @@ constexpr bool StringTable_IsKey(std::wstring_view sKey)
         const bool bLetter = (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z');
         const bool bDigit = c >= L'0' && c <= L'9';
         if (!bLetter && !bDigit && c != L'_')
+        {
             return false;
+        }
     }
     return !sKey.empty();
 }
@@ -101,11 +103,15 @@ constexpr bool StringTable_IsSound(std::span<const CStringRow> rows)
     for (std::size_t uRow = 0; uRow < rows.size(); ++uRow)
     {
         if (!StringTable_IsKey(rows[uRow].sKey) || rows[uRow].sText.empty())
+        {
             return false;
+        }
         for (std::size_t uEarlier = 0; uEarlier < uRow; ++uEarlier)
         {
             if (rows[uEarlier].sKey == rows[uRow].sKey)
+            {
                 return false;
+            }
         }
     }
     return true;

@@ -20,7 +20,9 @@ void FillRows(CDataCube* pStrings, std::wstring_view sBefore, std::wstring_view 
 {
     Guarded(site, [&] {
         if (pStrings == nullptr)
+        {
             return;
+        }
         for (const CStringRow& row : StringTable_GetRows())
         {
             CWString sText(sBefore);
@@ -49,7 +51,9 @@ void TranslateStrings_Kinetarium(CDataCube* pStrings, unsigned char uLanguage) n
 {
     Guarded({nullptr, __TIMESTAMP__}, [&] {
         if (pStrings == nullptr)
+        {
             return;
+        }
         pStrings->DeleteColumn(c_iAll);
         pStrings->AddColumn(L"IDS", c_iColumnTypeWideText, c_iAtEnd, c_iColumnWidth, false);
         pStrings->AddColumn(L"Strings", c_iColumnTypeWideText, c_iAtEnd, c_iColumnWidth, false);

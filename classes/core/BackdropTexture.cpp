@@ -48,6 +48,7 @@ std::vector<std::uint32_t> MakeBackdropTexture()
     std::uint32_t uState = 1;
     std::size_t uIndex = 0;
     for (int y = 0; y < c_iBackdropTextureLength; ++y)
+    {
         for (int x = 0; x < c_iBackdropTextureLength; ++x)
         {
             const int iGrain = static_cast<int>(NextGrain(uState) % (2 * c_iGrainDepth + 1)) - c_iGrainDepth;
@@ -55,5 +56,6 @@ std::vector<std::uint32_t> MakeBackdropTexture()
             pixels[uIndex++] = Channel(c_iRed + iOffset, c_iRedShift) | Channel(c_iGreen + iOffset, c_iGreenShift) |
                                Channel(c_iBlue + iOffset, 0);
         }
+    }
     return pixels;
 }

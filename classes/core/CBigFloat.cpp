@@ -23,14 +23,18 @@ constexpr double c_dLargest = std::numeric_limits<double>::max();
 Decimal ToDecimal(double dValue)
 {
     if (std::isnan(dValue))
+    {
         return Decimal(0);
+    }
     return Decimal(std::clamp(dValue, -c_dLargest, c_dLargest));
 }
 
 Decimal ToDecimal(CDecimalText text)
 {
     if (text.llExponent < -c_llExponentLimit)
+    {
         return Decimal(0);
+    }
     if (text.llExponent >= c_llExponentLimit)
     {
         text.sDigits = "1";
@@ -62,7 +66,9 @@ CBigFloat::~CBigFloat() = default;
 CBigFloat& CBigFloat::operator=(const CBigFloat& other)
 {
     if (this != &other)
+    {
         *this = CBigFloat(other);
+    }
     return *this;
 }
 
@@ -80,7 +86,9 @@ double CBigFloat::ToDouble() const
     double dResult = 0.0;
     const std::from_chars_result result = std::from_chars(sText.data(), sText.data() + sText.size(), dResult);
     if (result.ec != std::errc::result_out_of_range)
+    {
         return dResult;
+    }
     const bool bLarge = abs(value) > 1;
     return std::copysign(bLarge ? c_dLargest : 0.0, value.sign() < 0 ? -1.0 : 1.0);
 }

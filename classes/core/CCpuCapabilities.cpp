@@ -19,7 +19,9 @@ CCpuCapabilities::CCpuCapabilities() : CCpuCapabilities(IsBaselineForced()) {}
 CCpuCapabilities::CCpuCapabilities(bool bBaselineOnly)
 {
     if (bBaselineOnly)
+    {
         return;
+    }
     // The compiler's runtime asks the processor and checks that the operating system saves the wider registers.
     __builtin_cpu_init();
     m_bAvx2 = __builtin_cpu_supports("avx2") != 0;

@@ -40,7 +40,9 @@ public:
     bool AddRow(int iPosition, int iCells, const A&... texts)
     {
         if (iCells != static_cast<int>(sizeof...(A)))
+        {
             return false;
+        }
         return InsertRow(iPosition, {CWString(texts)...});
     }
 

@@ -30,7 +30,9 @@ void Report(const std::wstring& sWhat)
     const std::wstring sReport = L"Unhandled exception: " + sWhat;
     WriteDebugText(g_pDebugLog.load(), sReport + L"\n");
     if (g_bShow.load())
+    {
         ShowSystemMessage(sReport);
+    }
 }
 
 // Runs the report, whatever happens in it.
@@ -51,7 +53,9 @@ void ReportSafely(F&& describe) noexcept
 void CallReporter(const CUnhandledError& error)
 {
     if (const UnhandledErrorFunction pReporter = g_pReporter.load())
+    {
         pReporter(error);
+    }
 }
 
 // Into storage on the stack, so that an exception for want of memory is reported too.
@@ -77,7 +81,9 @@ void OnTerminate()
     ReportSafely([] { return DescribeCurrentException(); });
     const std::terminate_handler pPrevious = g_pPreviousTerminate.load();
     if (pPrevious != nullptr)
+    {
         pPrevious();
+    }
     std::abort();
 }
 
@@ -116,7 +122,9 @@ CExceptionHandler::FunctionPointer InstallFaultFilter()
 {
     const LPTOP_LEVEL_EXCEPTION_FILTER pPrevious = SetUnhandledExceptionFilter(&OnFault);
     if (pPrevious != &OnFault)
+    {
         g_pPreviousFilter.store(pPrevious);
+    }
     return reinterpret_cast<CExceptionHandler::FunctionPointer>(pPrevious);
 }
 
@@ -152,7 +160,9 @@ CExceptionHandler::CExceptionHandler(std::wstring* pDebugLog, bool bShow)
 {
     // With two of these objects the inner one must not call itself.
     if (m_pPreviousTerminate != &OnTerminate)
+    {
         g_pPreviousTerminate.store(m_pPreviousTerminate);
+    }
 }
 
 void CExceptionHandler::SetReporter(UnhandledErrorFunction pReporter) noexcept

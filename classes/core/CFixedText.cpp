@@ -34,13 +34,17 @@ void CFixedText::Clear() noexcept
 CFixedText& CFixedText::Add(const char* sText) noexcept
 {
     if (sText == nullptr || m_bFull)
+    {
         return *this;
+    }
     const std::size_t uWanted = std::strlen(sText);
     const std::size_t uRoom = m_uSize - 1 - m_uLength;
     std::size_t uCount = std::min(uWanted, uRoom);
     m_bFull = uCount < uWanted;
     while (m_bFull && uCount > 0 && ContinuesCharacter(sText[uCount]))
+    {
         --uCount;
+    }
     std::memcpy(m_pStorage + m_uLength, sText, uCount);
     m_uLength += uCount;
     m_pStorage[m_uLength] = '\0';

@@ -74,9 +74,13 @@ CProfile::CProfile(const std::string& sText, std::wstring* pDebugLog, bool bReco
 CProfile::~CProfile()
 {
     if (m_pEntry != nullptr)
+    {
         Record(*m_pEntry, (Clock::now() - m_Start).count());
+    }
     if (m_bLog)
+    {
         OutputDebugMessage(m_pDebugLog, L"Leave %s\n", m_sLogText);
+    }
 }
 
 std::vector<CProfileRow> CProfile::GetTable()
@@ -89,13 +93,17 @@ std::vector<CProfileRow> CProfile::GetTable()
         {
             const std::uint64_t uCalls = entry.uCalls.load(std::memory_order_relaxed);
             if (uCalls > 0)
+            {
                 rows.push_back({sText, uCalls, ToMicroSeconds(entry.llTotal.load(std::memory_order_relaxed)),
                                 ToMicroSeconds(entry.llLongest.load(std::memory_order_relaxed))});
+            }
         }
     }
     std::sort(rows.begin(), rows.end(), [](const CProfileRow& first, const CProfileRow& second) {
         if (first.llTotalMicroSeconds != second.llTotalMicroSeconds)
+        {
             return first.llTotalMicroSeconds > second.llTotalMicroSeconds;
+        }
         return first.sText < second.sText;
     });
     return rows;
@@ -107,8 +115,10 @@ std::string CProfile::FormatTable()
     const auto toMilliSeconds = [](std::int64_t ll) { return static_cast<double>(ll) / dMicroSecondsPerMilliSecond; };
     std::string sTable = fmt::format("{:>12} {:>14} {:>12}  {}\n", "calls", "total ms", "longest ms", "scope");
     for (const CProfileRow& row : GetTable())
+    {
         sTable += fmt::format("{:>12} {:>14.3f} {:>12.3f}  {}\n", row.uCalls, toMilliSeconds(row.llTotalMicroSeconds),
                               toMilliSeconds(row.llLongestMicroSeconds), row.sText);
+    }
     return sTable;
 }
 

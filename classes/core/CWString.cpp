@@ -47,10 +47,14 @@ int CWString::CompareNoCase(std::wstring_view sOther) const
         const wchar_t cFirst = FoldCase(m_sText[u]);
         const wchar_t cSecond = FoldCase(sOther[u]);
         if (cFirst != cSecond)
+        {
             return cFirst < cSecond ? -1 : 1;
+        }
     }
     if (m_sText.size() == sOther.size())
+    {
         return 0;
+    }
     return m_sText.size() < sOther.size() ? -1 : 1;
 }
 

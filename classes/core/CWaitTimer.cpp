@@ -21,7 +21,9 @@ void CWaitTimer::WaitMicroSeconds(std::int64_t llMicroSeconds)
 {
     const Clock::time_point deadline = Clock::now() + std::chrono::microseconds(llMicroSeconds);
     for (Clock::duration left = deadline - Clock::now(); left > Clock::duration::zero(); left = deadline - Clock::now())
+    {
         SleepMilliSeconds(std::chrono::ceil<std::chrono::milliseconds>(left).count());
+    }
 }
 
 #ifdef _WIN32
@@ -43,7 +45,9 @@ constexpr std::int64_t c_llTimerStepsPerMilliSecond = 10'000;
 CWaitTimer::CWaitTimer() : m_hTimer(CreateWaitableTimerExW(nullptr, nullptr, c_dwHighResolutionTimer, TIMER_ALL_ACCESS))
 {
     if (m_hTimer != nullptr)
+    {
         return;
+    }
     m_hTimer = CreateWaitableTimerW(nullptr, FALSE, nullptr);
     m_bTimerPeriodRaised = timeBeginPeriod(c_uTimerPeriodMilliSeconds) == TIMERR_NOERROR;
 }
@@ -51,9 +55,13 @@ CWaitTimer::CWaitTimer() : m_hTimer(CreateWaitableTimerExW(nullptr, nullptr, c_d
 CWaitTimer::~CWaitTimer()
 {
     if (m_bTimerPeriodRaised)
+    {
         timeEndPeriod(c_uTimerPeriodMilliSeconds);
+    }
     if (m_hTimer != nullptr)
+    {
         CloseHandle(m_hTimer);
+    }
 }
 
 void CWaitTimer::SleepMilliSeconds(std::int64_t llMilliSeconds)
@@ -61,9 +69,13 @@ void CWaitTimer::SleepMilliSeconds(std::int64_t llMilliSeconds)
     LARGE_INTEGER due{};
     due.QuadPart = -llMilliSeconds * c_llTimerStepsPerMilliSecond;
     if (m_hTimer != nullptr && SetWaitableTimer(m_hTimer, &due, 0, nullptr, nullptr, FALSE) != FALSE)
+    {
         WaitForSingleObject(m_hTimer, INFINITE);
+    }
     else
+    {
         Sleep(static_cast<DWORD>(llMilliSeconds));
+    }
 }
 
 #else

@@ -40,7 +40,9 @@ void AddCrashStem(CFixedText& text, const char* sProgram, const CCrashTime& time
     text.AddNumber(time.hour, c_uPartDigits).AddNumber(time.minute, c_uPartDigits);
     text.AddNumber(time.second, c_uPartDigits);
     if (uAttempt > 1)
+    {
         text.Add("-").AddNumber(uAttempt);
+    }
 }
 
 std::wstring GetCrashStem(const std::wstring& sFileName, const std::wstring& sProgram)
@@ -51,13 +53,17 @@ std::wstring GetCrashStem(const std::wstring& sFileName, const std::wstring& sPr
     {
         const std::wstring sWideEnding = WideFromUtf8(sEnding);
         if (sFileName.size() < uTimeEnd + sWideEnding.size())
+        {
             continue;
+        }
         const std::size_t uStem = sFileName.size() - sWideEnding.size();
         const std::wstring_view name(sFileName);
         if (name.substr(uStem) == sWideEnding && name.substr(0, sStart.size()) == sStart &&
             MatchesTime(name.substr(sStart.size(), c_sTimePattern.size())) &&
             MatchesAttempt(name.substr(uTimeEnd, uStem - uTimeEnd)))
+        {
             return sFileName.substr(0, uStem);
+        }
     }
     return {};
 }
@@ -70,7 +76,9 @@ std::vector<std::wstring> ChooseCrashFilesToDelete(const std::vector<std::wstrin
     {
         const std::wstring sStem = GetCrashStem(sName, sProgram);
         if (!sStem.empty() && sStem != sCurrent)
+        {
             others.insert(sStem);
+        }
     }
     std::set<std::wstring> old;
     std::size_t uPlace = 1; // the current one has the first
@@ -78,7 +86,9 @@ std::vector<std::wstring> ChooseCrashFilesToDelete(const std::vector<std::wstrin
     {
         ++uPlace;
         if (uPlace > uKept)
+        {
             old.insert(sStem);
+        }
     }
     std::vector<std::wstring> chosen;
     std::copy_if(names.begin(), names.end(), std::back_inserter(chosen),

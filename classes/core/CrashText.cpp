@@ -58,7 +58,9 @@ const char* NameAccess(std::uint64_t uAccess)
 void AddLine(CFixedText& text, const char* sTitle, const char* sValue)
 {
     if (sValue != nullptr)
+    {
         text.Add(sTitle).Add(sValue).Add(c_sLineEnd);
+    }
 }
 
 void AddTime(CFixedText& text, const CCrashTime& time)
@@ -80,20 +82,30 @@ void AddFault(CFixedText& text, const CFault& fault) noexcept
 {
     const char* sName = "fault";
     for (const CFaultName& row : c_FaultNames)
+    {
         if (row.code == fault.code)
+        {
             sName = row.name;
+        }
+    }
     text.Add(sName).Add(" (").AddHex(fault.code, c_uCodeDigits).Add(")");
     const bool bOfMemory = fault.code == c_uAccessViolation || fault.code == c_uInPageError;
     if (bOfMemory && fault.detailCount >= 2)
+    {
         text.Add(NameAccess(fault.details[0])).AddHex(fault.details[1]);
+    }
 }
 
 void AddCrashPlace(CFixedText& text, const CCrashPlace& place) noexcept
 {
     if (place.module[0] != '\0')
+    {
         text.Add(place.module).Add("+").AddHex(place.offset);
+    }
     else
+    {
         text.AddHex(place.address);
+    }
 }
 
 void AddCrashReport(CFixedText& text, const CCrashFacts& facts) noexcept

@@ -26,14 +26,20 @@ double RoundToWhole(double dValue)
 double Dbl_Round(double dValue, int iDigits)
 {
     if (iDigits == 0)
+    {
         return RoundToWhole(dValue);
+    }
     // A product of tens is exact up to 10^22 and the same on every machine, which std::pow is not.
     double dScale = 1.0;
     const int iPlaces = std::abs(std::clamp(iDigits, -c_iMostDigits, c_iMostDigits));
     for (int i = 0; i < iPlaces; ++i)
+    {
         dScale *= c_dBase;
+    }
     if (iDigits < 0)
+    {
         return std::isfinite(dScale) ? RoundToWhole(dValue / dScale) * dScale : 0.0;
+    }
     const double dScaled = dValue * dScale;
     return std::isfinite(dScaled) ? RoundToWhole(dScaled) / dScale : dValue;
 }

@@ -34,7 +34,9 @@ public:
     void SkipBlanks()
     {
         while (!IsAtEnd() && IsBlank(m_sText[m_uAt]))
+        {
             ++m_uAt;
+        }
     }
 
     bool TakeAnyOf(std::wstring_view sCharacters)
@@ -49,7 +51,9 @@ public:
     {
         const bool bNegative = TakeAnyOf(L"-");
         if (!bNegative)
+        {
             TakeAnyOf(L"+");
+        }
         return bNegative;
     }
 
@@ -57,7 +61,9 @@ public:
     {
         const std::size_t uFirst = m_uAt;
         while (IsAtDigit())
+        {
             ++m_uAt;
+        }
         return m_sText.substr(uFirst, m_uAt - uFirst);
     }
 
@@ -75,11 +81,17 @@ public:
         for (const wchar_t c : sDigits)
         {
             if (out.sDigits.empty() && c == L'0')
+            {
                 ++m_uLeadingZeros;
+            }
             else if (out.sDigits.size() < c_uMaxSignificantDigits)
+            {
                 out.sDigits += static_cast<char>('0' + (c - L'0'));
+            }
             else
+            {
                 m_bCutOff = m_bCutOff || c != L'0';
+            }
         }
     }
 
@@ -88,7 +100,9 @@ public:
     void Finish(CDecimalText& out) const
     {
         if (m_bCutOff)
+        {
             out.sDigits += '1';
+        }
     }
 
 private:
@@ -100,7 +114,9 @@ std::int64_t ToExponent(std::wstring_view sDigits, bool bNegative)
 {
     std::int64_t llValue = 0;
     for (const wchar_t c : sDigits)
+    {
         llValue = std::min(llValue * c_iBase + (c - L'0'), c_llExponentLimit);
+    }
     return bNegative ? -llValue : llValue;
 }
 
@@ -110,7 +126,9 @@ bool ScanDigits(CScanner& scanner, CDecimalText& out)
     const std::wstring_view sWhole = scanner.TakeDigits();
     const std::wstring_view sFraction = scanner.TakeAnyOf(L".") ? scanner.TakeDigits() : std::wstring_view();
     if (sWhole.empty() && sFraction.empty())
+    {
         return false;
+    }
     CDigitCollector collector;
     collector.Append(sWhole, out);
     collector.Append(sFraction, out);
@@ -123,7 +141,9 @@ bool ScanDigits(CScanner& scanner, CDecimalText& out)
 bool ScanExponent(CScanner& scanner, CDecimalText& out)
 {
     if (!scanner.TakeAnyOf(L"eE"))
+    {
         return true;
+    }
     const bool bNegative = scanner.TakeSign();
     const std::wstring_view sDigits = scanner.TakeDigits();
     out.llExponent += ToExponent(sDigits, bNegative);
@@ -135,7 +155,9 @@ bool ScanNumber(CScanner& scanner, CDecimalText& out)
     scanner.SkipBlanks();
     out.bNegative = scanner.TakeSign();
     if (!ScanDigits(scanner, out) || !ScanExponent(scanner, out))
+    {
         return false;
+    }
     scanner.TakeAnyOf(L"%");
     scanner.SkipBlanks();
     return scanner.IsAtEnd();
@@ -153,7 +175,9 @@ bool ScanDecimalText(std::wstring_view sText, CDecimalText* pOut, std::size_t* p
         return false;
     }
     if (result.sDigits.empty())
+    {
         result.llExponent = 0;
+    }
     *pOut = std::move(result);
     return true;
 }
@@ -162,7 +186,9 @@ std::string ToScientificText(const CDecimalText& text)
 {
     std::string sResult = text.bNegative ? "-" : "";
     if (text.sDigits.empty())
+    {
         return sResult + '0';
+    }
     sResult += text.sDigits.front();
     sResult += '.';
     sResult.append(text.sDigits, 1);

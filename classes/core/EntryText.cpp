@@ -16,7 +16,9 @@ bool IsDigit(wchar_t c)
 bool EntryTakes(wchar_t cTyped, bool bDigitsOnly)
 {
     if (bDigitsOnly)
+    {
         return IsDigit(cTyped);
+    }
     return cTyped >= c_cFirstPrintable && cTyped != c_cDelete;
 }
 
@@ -26,9 +28,13 @@ std::wstring FilterPastedText(std::wstring_view sText, bool bDigitsOnly, std::si
     for (const wchar_t c : sText.substr(0, sText.find_first_of(L"\r\n")))
     {
         if (sResult.size() >= uRoom)
+        {
             break;
+        }
         if (EntryTakes(c, bDigitsOnly))
+        {
             sResult += c;
+        }
     }
     return sResult;
 }
@@ -41,9 +47,13 @@ std::int64_t ReadLeadingNumber(std::wstring_view sText, std::int64_t iLow, std::
     std::size_t i = std::min(sText.find_first_not_of(L" \t"), sText.size());
     const bool bNegative = i < sText.size() && sText[i] == L'-';
     if (i < sText.size() && (sText[i] == L'-' || sText[i] == L'+'))
+    {
         ++i;
+    }
     std::int64_t iValue = 0;
     for (; i < sText.size() && IsDigit(sText[i]); ++i)
+    {
         iValue = std::min(iValue * c_iDecimal + (sText[i] - L'0'), c_iEnough);
+    }
     return std::clamp(bNegative ? -iValue : iValue, iLow, iHigh);
 }

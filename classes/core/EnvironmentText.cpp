@@ -15,7 +15,9 @@ std::optional<std::wstring> GetEnvironmentText(const char* sName)
     // The length of the value with its final zero, so never 0 for a variable that is set.
     const DWORD dwSize = GetEnvironmentVariableW(sWideName.c_str(), nullptr, 0);
     if (dwSize == 0)
+    {
         return std::nullopt;
+    }
     std::wstring sValue(dwSize, L'\0');
     const DWORD dwLength = GetEnvironmentVariableW(sWideName.c_str(), sValue.data(), dwSize);
     // Longer only if another thread has just changed it: then what was asked for is gone.
@@ -25,7 +27,9 @@ std::optional<std::wstring> GetEnvironmentText(const char* sName)
     // Nothing in this program changes the environment, which is what makes reading it unsafe among threads.
     const char* sValue = std::getenv(sName); // NOLINT(concurrency-mt-unsafe)
     if (sValue == nullptr)
+    {
         return std::nullopt;
+    }
     return WideFromUtf8(sValue);
 #endif
 }

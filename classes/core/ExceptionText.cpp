@@ -25,7 +25,9 @@ std::string DemangleType(const std::type_info& type)
 std::wstring DescribeCurrentException()
 {
     if (!std::current_exception())
+    {
         return L"no exception";
+    }
     const std::type_info* pType = abi::__cxa_current_exception_type();
     std::wstring sText = pType != nullptr ? WideFromUtf8(DemangleType(*pType)) : L"exception of a foreign runtime";
     try
@@ -36,7 +38,9 @@ std::wstring DescribeCurrentException()
     {
         const char* sWhat = exception.what();
         if (sWhat != nullptr)
+        {
             sText += L" \"" + WideFromUtf8(sWhat) + L"\"";
+        }
     }
     catch (...)
     {

@@ -25,10 +25,14 @@ void OnException(std::wstring* pDebugLog, const char* sFile, unsigned uLine, con
         sReport.Format(L"Exception: %s in %s - Line %u - File %s (%s)", DescribeCurrentException(), ToWide(sFunction),
                        uLine, ToWide(sFile), ToWide(sBuildTimeStamp));
         if (sExtra != nullptr)
+        {
             sReport += std::wstring(L": ") + sExtra;
+        }
         WriteDebugText(pDebugLog, sReport + L"\n");
         if (bShow)
+        {
             ShowSystemMessage(sReport.Get());
+        }
     }
     catch (...)
     {

@@ -16,7 +16,9 @@ namespace
 void AppendToLog(std::wstring* pDebugLog, std::wstring_view sText)
 {
     if (pDebugLog == nullptr)
+    {
         return;
+    }
     const std::lock_guard lock(DebugLog_GetMutex());
     *pDebugLog += sText;
 }
@@ -31,7 +33,9 @@ void WriteToDebugger([[maybe_unused]] std::wstring_view sText)
 void WriteToStandardError(std::wstring_view sText)
 {
     if (!GetEnvironmentText("KINETARIUM_DEBUG_OUTPUT").has_value())
+    {
         return;
+    }
     const std::string sNarrow = Utf8FromWide(sText);
     // Where this cannot be written, nothing can tell of it.
     static_cast<void>(std::fwrite(sNarrow.data(), 1, sNarrow.size(), stderr));

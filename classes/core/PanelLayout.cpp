@@ -42,7 +42,9 @@ CPanelRow PlaceRow(EnumDataCtrlType eType, int iTop, int iWidth, int iControlLef
     CPanelRow row;
     row.rcRow = MakeRect(0, iTop, iWidth, iTop + GetRowHeight(eType));
     if (eType == EnumDataCtrlType::Divider)
+    {
         return row;
+    }
     if (eType == EnumDataCtrlType::Heading)
     {
         row.rcLabel = MakeRect(c_iLabelLeft, iTop, iWidth, row.rcRow.bottom);
@@ -79,8 +81,12 @@ int ScrollIntoView(int iPosition, int iPage, int iContent, int iTop, int iBottom
 {
     int iResult = iPosition;
     if (iBottom > iResult + iPage)
+    {
         iResult = iBottom - iPage;
+    }
     if (iTop < iResult)
+    {
         iResult = iTop;
+    }
     return ClampScrollPosition(iResult, iContent, iPage);
 }

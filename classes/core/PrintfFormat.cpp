@@ -44,7 +44,9 @@ std::wstring TranslateLengthModifiers(std::wstring_view sFormat)
         for (const CLengthModifier& modifier : c_LengthModifiers)
         {
             if (!sFormat.substr(uAt).starts_with(modifier.sMicrosoft))
+            {
                 continue;
+            }
             sResult += modifier.sStandard;
             uAt += modifier.sMicrosoft.size();
             break;
@@ -59,7 +61,9 @@ std::wstring FormatPrintf(std::wstring_view sFormat, std::span<const CPrintfArgu
 {
     fmt::dynamic_format_arg_store<PrintfContext> store;
     for (const CPrintfArgument& argument : arguments)
+    {
         std::visit([&store](const auto& value) { store.push_back(value); }, argument.Get());
+    }
     const std::wstring sStandard = TranslateLengthModifiers(sFormat);
     return fmt::vsprintf(fmt::basic_string_view<wchar_t>(sStandard), fmt::basic_format_args<PrintfContext>(store));
 }

@@ -43,11 +43,17 @@ private:
     {
         constexpr std::size_t uLongestOfInt = sizeof(std::int32_t);
         if constexpr (std::same_as<T, wchar_t>)
+        {
             return value;
+        }
         else if constexpr (sizeof(T) > uLongestOfInt)
+        {
             return static_cast<std::conditional_t<std::is_signed_v<T>, std::int64_t, std::uint64_t>>(value);
+        }
         else
+        {
             return static_cast<std::conditional_t<std::is_signed_v<T>, std::int32_t, std::uint32_t>>(value);
+        }
     }
 
     Value m_Value;

@@ -17,14 +17,20 @@ double ToDouble(const CDecimalText& text)
 {
     const double dSign = text.bNegative ? -1.0 : 1.0;
     if (text.llExponent > c_llExponentLimit)
+    {
         return dSign * std::numeric_limits<double>::max();
+    }
     if (text.sDigits.empty() || text.llExponent < -c_llExponentLimit)
+    {
         return dSign * 0.0;
+    }
     const std::string sText = ToScientificText(text);
     double dResult = 0.0;
     const std::from_chars_result result = std::from_chars(sText.data(), sText.data() + sText.size(), dResult);
     if (result.ec == std::errc::result_out_of_range)
+    {
         return dSign * (text.llExponent > 0 ? std::numeric_limits<double>::max() : 0.0);
+    }
     return dResult;
 }
 
@@ -40,9 +46,13 @@ bool Convert(std::wstring_view sText, T* pOut, bool bClearOnFailure, unsigned* p
         return true;
     }
     if (bClearOnFailure)
+    {
         *pOut = T{};
+    }
     if (pErrorPosition != nullptr)
+    {
         *pErrorPosition = static_cast<unsigned>(uErrorPosition);
+    }
     return false;
 }
 
@@ -58,6 +68,8 @@ bool StringToNumber(std::wstring_view sText, double* pOut, EnumNumberType eType,
                     unsigned* pErrorPosition)
 {
     if (eType != EnumNumberType::Double)
+    {
         return false;
+    }
     return Convert(sText, pOut, bClearOnFailure, pErrorPosition, ToDouble);
 }

@@ -31,9 +31,13 @@ void ShowSystemMessage(const std::wstring& sText)
 {
     const SystemMessageFunction pFunction = g_pFunction.load();
     if (pFunction != nullptr)
+    {
         pFunction(sText);
+    }
     else
+    {
         ShowToUser(sText);
+    }
 }
 
 SystemMessageFunction SetSystemMessageFunction(SystemMessageFunction pFunction)

@@ -46,7 +46,9 @@ char32_t TakeFromUtf8(std::string_view& sText)
     {
         const CSequence& sequence = c_Sequences[uLength - 1];
         if ((byteAt(0) & sequence.uLeadMask) != sequence.uLead || sText.size() < uLength)
+        {
             continue;
+        }
         char32_t uCode = byteAt(0) & ~sequence.uLeadMask;
         bool bWhole = true;
         for (std::size_t u = 1; u < uLength; ++u)
@@ -82,10 +84,14 @@ char32_t TakeFromWide(std::wstring_view& sText)
     const char32_t uFirst = static_cast<char32_t>(sText[0]);
     sText.remove_prefix(1);
     if (!IsSurrogate(uFirst))
+    {
         return uFirst <= c_uLastCodePoint ? uFirst : c_uReplacement;
+    }
     const char32_t uSecond = sText.empty() ? 0 : static_cast<char32_t>(sText[0]);
     if (uFirst >= c_uFirstLowSurrogate || uSecond < c_uFirstLowSurrogate || !IsSurrogate(uSecond))
+    {
         return c_uReplacement;
+    }
     sText.remove_prefix(1);
     return c_uFirstBeyond16Bits + ((uFirst & c_uSurrogateMask) << c_uSurrogateBits) + (uSecond & c_uSurrogateMask);
 }
@@ -94,7 +100,9 @@ void AppendUtf8(std::string& sText, char32_t uCode)
 {
     std::size_t uLength = c_Sequences.size();
     while (uCode < c_Sequences[uLength - 1].uFirst)
+    {
         --uLength;
+    }
     unsigned uShift = static_cast<unsigned>(uLength - 1) * c_uContinuationBits;
     sText += static_cast<char>(c_Sequences[uLength - 1].uLead | (uCode >> uShift));
     while (uShift > 0)
@@ -111,7 +119,9 @@ std::wstring WideFromUtf8(std::string_view sText)
     std::wstring sWide;
     sWide.reserve(sText.size());
     while (!sText.empty())
+    {
         AppendWide(sWide, TakeFromUtf8(sText));
+    }
     return sWide;
 }
 
@@ -120,6 +130,8 @@ std::string Utf8FromWide(std::wstring_view sText)
     std::string sNarrow;
     sNarrow.reserve(sText.size());
     while (!sText.empty())
+    {
         AppendUtf8(sNarrow, TakeFromWide(sText));
+    }
     return sNarrow;
 }

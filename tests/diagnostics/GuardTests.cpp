@@ -81,7 +81,9 @@ std::uint64_t CountCalls()
 {
     std::uint64_t uCalls = 0;
     for (const CProfileRow& row : CProfile::GetTable())
+    {
         uCalls += row.uCalls;
+    }
     return uCalls;
 }
 
@@ -177,7 +179,9 @@ TEST_F(Guard, TheScopeClosesOnEveryExit)
     EXPECT_EQ(CountCalls(), 2U);
     const int iEarly = Traced({&m_sLog, __TIMESTAMP__}, 0, [&] {
         if (CountCalls() == 2)
+        {
             return 7;
+        }
         return 8;
     });
     EXPECT_EQ(iEarly, 7);
@@ -264,12 +268,18 @@ TEST_F(Guard, NothingGetsOutOfAThreadsEntry)
     std::vector<std::thread> threads;
     threads.reserve(iThreads);
     for (int i = 0; i < iThreads; ++i)
+    {
         threads.emplace_back([this] {
             for (int iThrow = 0; iThrow < 100; ++iThrow)
+            {
                 m_Object.Trace([] { throw std::runtime_error("worker"); });
+            }
         });
+    }
     for (std::thread& thread : threads)
+    {
         thread.join();
+    }
     EXPECT_EQ(std::count(m_sLog.begin(), m_sLog.end(), L'\n'), 400);
     EXPECT_EQ(CountCalls(), 400U);
 }

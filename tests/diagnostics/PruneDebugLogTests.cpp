@@ -66,10 +66,14 @@ TEST(PruneDebugLog, AMessageOfAnotherThreadIsNeverTornOrLost)
     {
         const std::jthread writer([&sLog] {
             for (int i = 0; i < iMessages; ++i)
+            {
                 OutputDebugMessage(&sLog, L"0123456789");
+            }
         });
         for (int i = 0; i < 200; ++i)
+        {
             PruneDebugLog(sLog, 1000);
+        }
     }
     ASSERT_GE(sLog.size(), 10U);
     EXPECT_EQ(sLog.size() % 10, 0U);
@@ -93,8 +97,12 @@ TEST(PruneDebugLog, ThreeQuartersAreCountedInWholeNumbers)
     static_assert(!NeedsPruning(2, 3) && NeedsPruning(3, 3));
     static_assert(!NeedsPruning(3, 5) && NeedsPruning(4, 5));
     for (std::size_t uCapacity = 0; uCapacity < 1000; ++uCapacity)
+    {
         for (std::size_t uLength = 0; uLength < 1000; ++uLength)
+        {
             ASSERT_EQ(NeedsPruning(uLength, uCapacity), uLength > uCapacity * 3 / 4);
+        }
+    }
 }
 
 TEST(PruneDebugLog, TheLargestCapacityDoesNotOverflow)

@@ -20,7 +20,9 @@ void StartThreadWithoutCode(const CDrivenProgram& program)
     const auto pStart = reinterpret_cast<LPTHREAD_START_ROUTINE>(c_uNoCode);
     const HANDLE hThread = CreateRemoteThread(program.GetHandle(), nullptr, 0, pStart, nullptr, 0, nullptr);
     if (hThread == nullptr)
+    {
         throw std::runtime_error("no thread can be started in the program");
+    }
     CloseHandle(hThread);
 }
 
@@ -36,8 +38,12 @@ std::string ReadFile(const std::filesystem::path& path)
 std::filesystem::path FindFile(const std::filesystem::path& folder, const std::string& sEnding)
 {
     for (const auto& entry : std::filesystem::directory_iterator(folder))
+    {
         if (entry.path().extension() == sEnding)
+        {
             return entry.path();
+        }
+    }
     throw std::runtime_error("no file ends with " + sEnding);
 }
 
@@ -70,7 +76,9 @@ TEST(CrashOfTheProgram, LeavesAReportBesideTheSettingsFileAndLosesNoSettings)
          {"Kinetarium 2.0.0 ended unexpectedly.\r\n", "\nError:     access violation (0xc0000005)",
           "\nPlace:     0x10\r\n", "(not the main one)\r\n",
           "\nActivity:  simulation of 77 atoms of radius 3 to 5 in a world of 300 x 512, speed mode\r\n"})
+    {
         EXPECT_NE(sReport.find(sLine), std::string::npos) << sLine << "\nis missing in\n" << sReport;
+    }
     // At least the window's thread, the worker and the one without code.
     EXPECT_GE(ReadDump(ReadFile(FindFile(folder, ".dmp"))).threads, 3u);
 

@@ -43,7 +43,9 @@ public:
     {
         m_user.Close();
         if (const DWORD uExitCode = m_program.WaitForExit(c_endPatience); uExitCode != 0)
+        {
             throw std::runtime_error("the program ended with exit code " + std::to_string(uExitCode));
+        }
     }
 
 private:

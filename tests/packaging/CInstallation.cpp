@@ -127,9 +127,13 @@ std::filesystem::path TargetOf(const std::filesystem::path& shortcut)
                        SUCCEEDED(pFile->Load(shortcut.c_str(), STGM_READ)) &&
                        SUCCEEDED(pLink->GetPath(target.data(), MAX_PATH, nullptr, SLGP_RAWPATH));
     if (pFile != nullptr)
+    {
         pFile->Release();
+    }
     if (pLink != nullptr)
+    {
         pLink->Release();
+    }
     CoUninitialize();
     Require(bRead, "cannot read the shortcut " + shortcut.string());
     return target.data();

@@ -35,7 +35,9 @@ std::optional<Names> TryFilesIn(const std::filesystem::path& folder)
          entry.increment(error))
     {
         if (!entry->is_directory(error) && !error)
+        {
             names.insert(entry->path().lexically_relative(folder).generic_string());
+        }
     }
     return error ? std::nullopt : std::optional(names);
 }
@@ -58,7 +60,9 @@ std::ptrdiff_t CountEntries(const std::filesystem::path& folder)
     std::error_code error;
     std::ptrdiff_t iCount = 0;
     for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
+    {
         ++iCount;
+    }
     return error ? -1 : iCount;
 }
 
@@ -155,7 +159,9 @@ TEST_F(Installer, PutsTheProgramInItsPlaceAndIntoTheStartMenuAndTheListOfInstall
     // In units of 1024 bytes, for all files but the uninstaller.
     std::uintmax_t uBytes = 0;
     for (const std::string& sFile : FilesIn(HandedOutFolder()))
+    {
         uBytes += std::filesystem::file_size(HandedOutFolder() / sFile);
+    }
     constexpr std::uintmax_t c_uUnit = 1024;
     EXPECT_EQ(ReadListedNumber(L"EstimatedSize"), (uBytes + c_uUnit - 1) / c_uUnit);
 }

@@ -26,7 +26,9 @@ protected:
     ~ProgramResources() override
     {
         if (m_hProgram != nullptr)
+        {
             FreeLibrary(m_hProgram);
+        }
     }
 
     // The bytes of a resource; empty if there is none of that number.
@@ -34,7 +36,9 @@ protected:
     {
         const HRSRC hFound = FindResourceW(m_hProgram, MAKEINTRESOURCEW(uNumber), sType);
         if (hFound == nullptr)
+        {
             return {};
+        }
         const HGLOBAL hLoaded = LoadResource(m_hProgram, hFound);
         return {static_cast<const char*>(LockResource(hLoaded)), SizeofResource(m_hProgram, hFound)};
     }
@@ -44,7 +48,9 @@ protected:
         const DWORD uSize = GetFileVersionInfoSizeW(m_file.c_str(), nullptr);
         std::vector<char> version(uSize);
         if (uSize == 0 || GetFileVersionInfoW(m_file.c_str(), 0, uSize, version.data()) == FALSE)
+        {
             return {};
+        }
         return version;
     }
 
@@ -59,7 +65,9 @@ std::wstring VersionText(const std::vector<char>& version, const std::wstring& s
     const std::wstring sPath = L"\\StringFileInfo\\040904B0\\" + sName;
     if (version.empty() ||
         VerQueryValueW(version.data(), sPath.c_str(), reinterpret_cast<void**>(&sText), &uLength) == FALSE)
+    {
         return {};
+    }
     return sText;
 }
 } // namespace

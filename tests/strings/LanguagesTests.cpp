@@ -67,7 +67,9 @@ TEST(Languages, EveryOtherIndexIsEnglish)
 TEST(Languages, OnlyArabicIsReadFromRightToLeft)
 {
     for (const CLanguage& language : c_Languages)
+    {
         EXPECT_EQ(language.eDirection == EnumReadingDirection::RightToLeft, language.uIndex == 1) << language.uIndex;
+    }
 }
 
 } // namespace

@@ -42,7 +42,9 @@ std::wstring_view FindText(std::wstring_view sKey)
     for (const CStringRow& row : StringTable_GetRows())
     {
         if (row.sKey == sKey)
+        {
             return row.sText;
+        }
     }
     return {};
 }

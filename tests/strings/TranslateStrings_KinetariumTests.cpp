@@ -26,14 +26,18 @@ void ExpectTable(const CDataCube& table, bool bEnglish)
     ASSERT_EQ(table.GetColumnCount(), 2);
     ASSERT_EQ(table.GetRowCount(), c_iRows);
     for (int iRow = 0; iRow < c_iRows; ++iRow)
+    {
         ExpectRow(table, iRow, bEnglish ? L"" : L"[", bEnglish ? L"" : L"]");
+    }
 }
 
 TEST(TranslateStrings, ANullTableIsLeftAlone)
 {
     TranslateStrings_Kinetarium(nullptr, c_uLanguageEnglish);
     for (const CLanguage& language : c_Languages)
+    {
         language.pFill(nullptr);
+    }
     SUCCEED();
 }
 
@@ -82,7 +86,9 @@ TEST(TranslateStrings, ThirtyNineRowsWithTheSameKeysInEveryLanguage)
         TranslateStrings_Kinetarium(&table, language.uIndex);
         ASSERT_EQ(table.GetRowCount(), 39);
         for (int iRow = 0; iRow < table.GetRowCount(); ++iRow)
+        {
             EXPECT_EQ(table.GetCell(iRow, 0), english.GetCell(iRow, 0).Get());
+        }
     }
 }
 
@@ -142,7 +148,9 @@ TEST(TranslateStrings, AResourceAnswersEveryKeyInItsLanguage)
     CStringResource resource;
     resource.Initialize(&TranslateStrings_Kinetarium, c_uLanguageEnglish);
     for (const CExpectedText& expected : c_ExpectedTexts)
+    {
         EXPECT_EQ(resource.Get(std::wstring(expected.sKey).c_str(), true), expected.sText);
+    }
     resource.Initialize(&TranslateStrings_Kinetarium, 13);
     EXPECT_EQ(resource.Get(L"Width_desc", true), L"[The width of the world in pixels]");
 }

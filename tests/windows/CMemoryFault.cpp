@@ -29,12 +29,18 @@ void Begin(bool bOtherThreads, std::size_t uBytes, std::size_t uPlace)
 bool MayAllocate(std::size_t uBytes) noexcept
 {
     if (g_uBytes == c_uNever && g_uPlace == c_uNever)
+    {
         return true;
+    }
     if ((GetCurrentThreadId() == g_dwThread) == g_bOtherThreads)
+    {
         return true;
+    }
     const bool bHere = g_uPlace != c_uNever && g_uPlace-- == 0;
     if (!bHere && uBytes < g_uBytes)
+    {
         return true;
+    }
     ++g_uFailed;
     return false;
 }

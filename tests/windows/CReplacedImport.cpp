@@ -29,10 +29,14 @@ ULONG_PTR* FindEntry(const char* sFunction)
         for (; pName->u1.AddressOfData != 0; ++pName, ++pEntry)
         {
             if (IMAGE_SNAP_BY_ORDINAL(pName->u1.Ordinal))
+            {
                 continue;
+            }
             const auto* pImport = At<IMAGE_IMPORT_BY_NAME>(static_cast<DWORD>(pName->u1.AddressOfData));
             if (std::strcmp(reinterpret_cast<const char*>(pImport->Name), sFunction) == 0)
+            {
                 return reinterpret_cast<ULONG_PTR*>(&pEntry->u1.Function);
+            }
         }
     }
     throw std::runtime_error(std::string("this program imports no ") + sFunction);

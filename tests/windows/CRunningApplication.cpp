@@ -23,7 +23,9 @@ BOOL CALLBACK FindMainWindow(HWND hWnd, LPARAM lParam)
     wchar_t sClass[32] = L"";
     GetClassNameW(hWnd, sClass, static_cast<int>(std::size(sClass)));
     if (std::wstring_view(sClass) != L"CKinetarium")
+    {
         return TRUE;
+    }
     *reinterpret_cast<HWND*>(lParam) = hWnd;
     return FALSE;
 }
@@ -130,7 +132,9 @@ std::wstring GetText(HWND hWnd)
 CRunningApplication::CRunningApplication(bool bKeepSettings, std::wstring* pDebugLog)
 {
     if (!bKeepSettings)
+    {
         DeleteFileW(GetSettingsPath().c_str());
+    }
     m_hEnded = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     const HANDLE hReady = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     m_Thread = std::thread([=, this] { ThreadBody(pDebugLog, hReady); });
@@ -170,11 +174,15 @@ void CRunningApplication::ThreadBody(std::wstring* pDebugLog, HANDLE hReady)
 LRESULT CALLBACK CRunningApplication::InvokerProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
     if (uMessage != c_uInvoke)
+    {
         return DefWindowProcW(hWnd, uMessage, wParam, lParam);
+    }
     const auto* pInvocation = reinterpret_cast<const CInvocation*>(lParam);
     auto* pApplication = reinterpret_cast<CKinetarium*>(GetWindowLongPtrW(pInvocation->hMain, GWLP_USERDATA));
     if (pApplication != nullptr)
+    {
         (*pInvocation->body)(*pApplication);
+    }
     return 0;
 }
 
@@ -190,7 +198,9 @@ bool CRunningApplication::Poll(const std::function<bool()>& condition)
     while (!condition())
     {
         if (std::chrono::steady_clock::now() > deadline)
+        {
             return false;
+        }
         std::this_thread::sleep_for(c_Pause);
     }
     return true;
@@ -252,7 +262,9 @@ void CRunningApplication::ClickWorld(int x, int y) const
 bool CRunningApplication::Close()
 {
     if (!m_Thread.joinable())
+    {
         return true;
+    }
     PostMessageW(m_hMain, WM_CLOSE, 0, 0);
     if (WaitForSingleObject(m_hEnded, c_dwPatience) != WAIT_OBJECT_0)
     {

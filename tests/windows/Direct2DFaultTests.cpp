@@ -39,7 +39,9 @@ HMODULE WINAPI LoadNothing(const wchar_t* sFile, HANDLE hReserved, DWORD dwFlags
 FARPROC WINAPI FindFake(HMODULE hModule, const char* sName)
 {
     if (std::string_view(sName) != "D2D1CreateFactory")
+    {
         return g_pFind(hModule, sName);
+    }
     return g_bFindsFactory ? std::bit_cast<FARPROC>(&MakeFactory) : nullptr;
 }
 
@@ -92,7 +94,9 @@ protected:
             CKinetariumProbe::Start(inside);
             EXPECT_TRUE(CKinetariumProbe::HasWorker(inside));
             for (int i = 0; i < 2; ++i)
+            {
                 SendMessageW(CKinetariumProbe::GetView(inside), WM_ERASEBKGND, 0, 0);
+            }
             SetWindowPos(application.GetMain(), nullptr, 0, 0, 900, 700, SWP_NOMOVE | SWP_NOZORDER);
             CKinetariumProbe::Stop(inside);
             EXPECT_FALSE(CKinetariumProbe::HasWorker(inside));
@@ -134,7 +138,9 @@ TEST_F(Direct2DFaults, TheCallsOfAStartAreThoseThatAreLetFail)
     EXPECT_EQ(calls[0], "D2D1CreateFactory");
     EXPECT_EQ(calls[1], "CreateHwndRenderTarget");
     for (const char* sName : {"CreateSolidColorBrush", "CreateBitmap", "CreateBitmapBrush", "EndDraw", "Resize"})
+    {
         EXPECT_NE(std::find(calls.begin(), calls.begin() + 12, sName), calls.begin() + 12) << sName;
+    }
 }
 
 TEST_F(Direct2DFaults, AnyCallMayFailOnce)

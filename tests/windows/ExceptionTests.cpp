@@ -46,7 +46,9 @@ std::size_t CountOf(const std::wstring& sText, const std::wstring& sPart)
 {
     std::size_t uCount = 0;
     for (std::size_t uPlace = sText.find(sPart); uPlace != std::wstring::npos; uPlace = sText.find(sPart, uPlace + 1))
+    {
         ++uCount;
+    }
     return uCount;
 }
 

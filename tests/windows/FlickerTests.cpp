@@ -74,7 +74,9 @@ int CountSteps(const std::vector<CStep>& steps, HWND hWnd)
 {
     int iCount = 0;
     for (const CStep& step : steps)
+    {
         iCount += step.hWnd == hWnd ? 1 : 0;
+    }
     return iCount;
 }
 
@@ -102,7 +104,9 @@ TEST(FullScreenWithoutFlicker, OnTheWayInTheViewTakesTheScreenInOneStepAndNothin
     {
         EXPECT_TRUE(step.hWnd != parts.hView || EqualRect(&step.rcWindow, &rcScreen) != FALSE);
         for (const HWND hOther : parts.others)
+        {
             EXPECT_FALSE(step.hWnd == hOther && step.visible);
+        }
     }
 }
 
@@ -121,6 +125,8 @@ TEST(FullScreenWithoutFlicker, OnTheWayBackThePanelIsSeenOnlyInItsPlace)
         GetWindowRect(hOther, &rcEnd);
         EXPECT_TRUE(IsWindowVisible(hOther));
         for (const CStep& step : steps)
+        {
             EXPECT_TRUE(step.hWnd != hOther || !step.visible || EqualRect(&step.rcWindow, &rcEnd) != FALSE);
+        }
     }
 }

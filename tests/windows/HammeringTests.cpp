@@ -36,7 +36,9 @@ std::uintptr_t Hammer(const CRunningApplication& application, UINT uMessage, WPA
         s_uDeepest = UINTPTR_MAX;
         hHook = SetWindowsHookExW(WH_GETMESSAGE, NoteStack, nullptr, GetCurrentThreadId());
         for (int iPress = 0; iPress < c_iPresses; ++iPress)
+        {
             PostMessageW(application.GetMain(), uMessage, wParam, lParam);
+        }
     });
     // What is asked for now comes after all of them.
     EXPECT_TRUE(application.WaitUntil([](CKinetarium& inside) { return CKinetariumProbe::HasWorker(inside); }));
@@ -72,7 +74,9 @@ TEST(Hammering, ACloseAmongManyPressesIsNotLost)
         {
             PostMessageW(application.GetMain(), WM_KEYUP, VK_F11, c_iKeyReleased);
             if (iPress == c_iPresses / 2)
+            {
                 PostMessageW(application.GetMain(), WM_CLOSE, 0, 0);
+            }
         }
     });
     EXPECT_TRUE(CRunningApplication::Poll([&] { return !application.IsRunning(); }));

@@ -42,7 +42,9 @@ DWORD WINAPI RunStarved(void* pRun)
 BOOL CALLBACK CloseIfVisible(HWND hWnd, LPARAM)
 {
     if (IsWindowVisible(hWnd))
+    {
         PostMessageW(hWnd, WM_CLOSE, 0, 0);
+    }
     return TRUE;
 }
 
@@ -52,7 +54,9 @@ bool RunsToItsEnd(CStarvedRun& run)
     const HANDLE hThread = CreateThread(nullptr, 0, RunStarved, &run, 0, nullptr);
     const bool bEnded = CRunningApplication::Poll([&] {
         if (run.thread != 0)
+        {
             EnumThreadWindows(run.thread, CloseIfVisible, 0);
+        }
         return WaitForSingleObject(hThread, 0) == WAIT_OBJECT_0;
     });
     CloseHandle(hThread);

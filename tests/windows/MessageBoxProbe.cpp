@@ -23,7 +23,9 @@ BOOL CALLBACK MatchPopup(HWND hWnd, LPARAM lParam)
     // Tooltips and the drop-down part of lists are owned popups as well, but have no title bar.
     const bool bDialog = (GetWindowLongPtrW(hWnd, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
     if (!bDialog || !IsWindowVisible(hWnd) || GetWindow(hWnd, GW_OWNER) != pSearch->hOwner)
+    {
         return TRUE;
+    }
     pSearch->hFound = hWnd;
     return FALSE;
 }
@@ -40,7 +42,9 @@ BOOL CALLBACK ReadPart(HWND hWnd, LPARAM lParam)
         pMessage->sButton = sText;
     }
     else if (sText.size() > pMessage->sText.size())
+    {
         pMessage->sText = sText;
+    }
     return TRUE;
 }
 } // namespace
@@ -59,7 +63,9 @@ CShownMessage WaitForMessageBox(HWND hOwner)
         message = {};
         message.hWnd = FindPopup(hOwner);
         if (message.hWnd == nullptr)
+        {
             return false;
+        }
         message.sTitle = GetText(message.hWnd);
         EnumChildWindows(message.hWnd, ReadPart, reinterpret_cast<LPARAM>(&message));
         return message.hButton != nullptr && IsWindowVisible(message.hButton);

@@ -99,9 +99,13 @@ TEST(MessageRows, TheChoiceOfTheMonitorIsLogged)
         const std::wstring sRight = std::to_wstring(GetSystemMetrics(SM_CXSCREEN));
         const std::wstring sBottom = std::to_wstring(GetSystemMetrics(SM_CYSCREEN));
         for (const wchar_t* sKey : {L"WndLeft", L"WndTop"})
+        {
             CRunningApplication::WriteSetting(sKey, L"20");
+        }
         for (const wchar_t* sKey : {L"WndRight", L"WndBottom"})
+        {
             CRunningApplication::WriteSetting(sKey, L"420");
+        }
         sLog.clear();
         RECT rc{};
         EXPECT_TRUE(CKinetariumProbe::FitWindowOnMonitor(inside, &rc));

@@ -24,7 +24,9 @@ uintptr_t RefuseThread(void*, unsigned, unsigned (*)(void*), void*, unsigned, un
 HANDLE WINAPI RefuseSignalledEvent(SECURITY_ATTRIBUTES* pSecurity, BOOL bManual, BOOL bSignalled, const wchar_t* sName)
 {
     if (!bSignalled)
+    {
         return CreateEventExW(pSecurity, sName, bManual ? DWORD{CREATE_EVENT_MANUAL_RESET} : 0, EVENT_ALL_ACCESS);
+    }
     ++g_iCalls;
     SetLastError(ERROR_NO_SYSTEM_RESOURCES);
     return nullptr;

@@ -18,7 +18,9 @@ std::wstring g_sProgramPath; // where the program seems to lie
 DWORD WINAPI TellOtherPath(HMODULE hModule, wchar_t* sBuffer, DWORD dwSize)
 {
     if (hModule != nullptr || g_sProgramPath.size() >= dwSize)
+    {
         return 0;
+    }
     std::copy(g_sProgramPath.begin(), g_sProgramPath.end(), sBuffer);
     sBuffer[g_sProgramPath.size()] = L'\0';
     return static_cast<DWORD>(g_sProgramPath.size());
@@ -77,7 +79,9 @@ TEST_F(SettingsFaults, AReadOnlyFileIsReadAndLeftAloneAndTheProgramRuns)
     const HANDLE hFile = CreateFileW(GetPath().c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     const bool bMayWrite = hFile != INVALID_HANDLE_VALUE;
     if (bMayWrite)
+    {
         CloseHandle(hFile);
+    }
     ExpectUsableProgram(L"200");
     EXPECT_EQ(ReadFile() == c_sOldText, !bMayWrite);
 }

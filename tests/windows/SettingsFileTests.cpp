@@ -203,7 +203,9 @@ TEST_F(SettingsFile_InTheApplication, ALargeFileOfNoiseStartsTheProgramWithDefau
     std::mt19937 noise(1);
     std::string sNoise(size, '\0');
     for (char& c : sNoise)
+    {
         c = static_cast<char>(noise());
+    }
     WriteFile(sNoise);
     CRunningApplication application(true);
     EXPECT_EQ(application.GetControlText(L"Width"), L"512");

@@ -39,7 +39,9 @@ TEST(WindowClassFaults, ItsOwnWindowClassesMayExistAlready)
 TEST(WindowClassFaults, ForeignWindowClassesOfTheSameNamesAreReplaced)
 {
     for (const wchar_t* sName : {c_sMainClass, c_sViewClass, c_sButtonClass, c_sPanelClass})
+    {
         RegisterForeignClass(sName);
+    }
     CRunningApplication application;
     EXPECT_EQ(application.GetControlText(L"Width"), L"512");
     ExpectUsable(application);

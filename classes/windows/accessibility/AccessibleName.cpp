@@ -24,10 +24,14 @@ bool SetAccessibleName(HWND hWnd, const CWString& sName, const CWString& sDescri
 {
     const CComPtr<IAccPropServices> pServices = GetPropertyServices();
     if (!pServices)
+    {
         return false;
+    }
     if (!sDescription.IsEmpty())
+    {
         pServices->SetHwndPropStr(hWnd, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_DESCRIPTION,
                                   sDescription.c_str());
+    }
     return pServices->SetHwndPropStr(hWnd, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME,
                                      sName.c_str()) == S_OK;
 }
@@ -36,7 +40,9 @@ void ClearAccessibleName(HWND hWnd)
 {
     const CComPtr<IAccPropServices> pServices = GetPropertyServices();
     if (!pServices)
+    {
         return;
+    }
     const MSAAPROPID properties[] = {PROPID_ACC_NAME, PROPID_ACC_DESCRIPTION};
     pServices->ClearHwndProps(hWnd, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, properties,
                               static_cast<int>(std::size(properties)));

@@ -31,7 +31,9 @@ HRESULT CDelegatingAccessible::ReturnText(const CWString& sText, BSTR* psResult)
 {
     *psResult = nullptr;
     if (sText.IsEmpty())
+    {
         return S_FALSE;
+    }
     *psResult = SysAllocStringLen(sText.c_str(), static_cast<UINT>(sText.GetLength()));
     return *psResult != nullptr ? S_OK : E_OUTOFMEMORY;
 }
@@ -48,17 +50,23 @@ HRESULT CDelegatingAccessible::ReturnWindowState(VARIANT* pState) const
     LONG iState = IsWindowVisible(m_hWnd) ? 0 : STATE_SYSTEM_INVISIBLE;
     iState |= IsWindowEnabled(m_hWnd) ? STATE_SYSTEM_FOCUSABLE : STATE_SYSTEM_UNAVAILABLE;
     if (GetFocus() == m_hWnd)
+    {
         iState |= STATE_SYSTEM_FOCUSED;
+    }
     return ReturnNumber(iState, pState);
 }
 
 HRESULT CDelegatingAccessible::QueryInterface(REFIID iid, void** ppObject)
 {
     if (ppObject == nullptr)
+    {
         return E_POINTER;
+    }
     *ppObject = nullptr;
     if (iid != __uuidof(IUnknown) && iid != __uuidof(IDispatch) && iid != __uuidof(IAccessible))
+    {
         return E_NOINTERFACE;
+    }
     *ppObject = static_cast<IAccessible*>(this);
     AddRef();
     return S_OK;
@@ -73,7 +81,9 @@ ULONG CDelegatingAccessible::Release()
 {
     const ULONG uLeft = --m_uReferences;
     if (uLeft == 0)
+    {
         delete this;
+    }
     return uLeft;
 }
 

@@ -37,7 +37,9 @@ public:
     HRESULT STDMETHODCALLTYPE get_accValue(VARIANT id, BSTR* psValue) override
     {
         if (psValue == nullptr || !IsSelf(id))
+        {
             return E_INVALIDARG;
+        }
         try
         {
             return ReturnText(ReadWindowText(GetHwnd()), psValue);
@@ -59,6 +61,8 @@ LRESULT ListAccessible_Answer(HWND hList, WPARAM wParam, const CWString& sName, 
 {
     CComPtr<IAccessible> pStandard = CDelegatingAccessible::MakeStandard(hList);
     if (!pStandard)
+    {
         return 0;
+    }
     return CDelegatingAccessible::Answer(wParam, new CListAccessible(hList, std::move(pStandard), sName, sDescription));
 }

@@ -15,7 +15,9 @@ CWndButton* GetButtonOf(HWND hWnd)
     constexpr int c_iRoom = 32;
     wchar_t sClass[c_iRoom]{};
     if (!IsWindow(hWnd) || GetClassNameW(hWnd, sClass, c_iRoom) == 0 || lstrcmpW(sClass, c_sButtonClass) != 0)
+    {
         return nullptr;
+    }
     return WndProc_GetObject<CWndButton>(hWnd);
 }
 
@@ -25,7 +27,9 @@ CWString GetValueText(const CWndButton& button)
     CWString sColour;
     const COLORREF cr = button.GetBackground();
     if (button.IsSwatch())
+    {
         sColour.Format(L"#%02X%02X%02X", unsigned{GetRed(cr)}, unsigned{GetGreen(cr)}, unsigned{GetBlue(cr)});
+    }
     return sColour;
 }
 
@@ -63,7 +67,9 @@ public:
     HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT id) override
     {
         if (!IsSelf(id))
+        {
             return E_INVALIDARG;
+        }
         return PostMessageW(GetHwnd(), BM_CLICK, 0, 0) ? S_OK : CO_E_OBJNOTCONNECTED;
     }
 
@@ -72,11 +78,15 @@ private:
     HRESULT AnswerText(const VARIANT& id, BSTR* psResult, TText&& text) const noexcept
     {
         if (psResult == nullptr || !IsSelf(id))
+        {
             return E_INVALIDARG;
+        }
         *psResult = nullptr;
         const CWndButton* const pButton = GetButtonOf(GetHwnd());
         if (pButton == nullptr)
+        {
             return CO_E_OBJNOTCONNECTED;
+        }
         try
         {
             return ReturnText(text(*pButton), psResult);
@@ -94,6 +104,8 @@ LRESULT ButtonAccessible_Answer(HWND hButton, WPARAM wParam)
 {
     CComPtr<IAccessible> pStandard = CDelegatingAccessible::MakeStandard(hButton);
     if (!pStandard)
+    {
         return 0;
+    }
     return CDelegatingAccessible::Answer(wParam, new CButtonAccessible(hButton, std::move(pStandard)));
 }

@@ -47,7 +47,9 @@ CButtonColours GetDisabledColours(COLORREF crFace, COLORREF crText, bool bSwatch
 void CWndButton::SetPressed(bool bPressed)
 {
     if (m_bPressed == bPressed)
+    {
         return;
+    }
     m_bPressed = bPressed;
     Invalidate();
 }
@@ -55,7 +57,9 @@ void CWndButton::SetPressed(bool bPressed)
 void CWndButton::Invalidate() const
 {
     if (m_hWnd != nullptr)
+    {
         InvalidateRect(m_hWnd, nullptr, FALSE);
+    }
 }
 
 std::optional<LRESULT> CWndButton::OnPaint(WPARAM, LPARAM)
@@ -88,12 +92,18 @@ void CWndButton::Draw(HDC hDc, const RECT& rcClient)
     DrawBehind(hDc);
     CButtonColours colours{m_bPressed ? m_crPressed : m_crNormal, 0, m_crText};
     if (m_bShade && m_bPressed)
+    {
         colours.crFace = BlendColours(colours.crFace, c_crBlackLine, c_iPressedDark);
+    }
     else if (m_bShade && m_bHover && !m_bSwatch) // a swatch must show its own colour
+    {
         colours.crFace = BlendColours(colours.crFace, c_crWhiteLine, c_iHoverLight);
+    }
     colours.crBorder = GetBorderColour(colours.crFace, m_bSwatch);
     if (!IsWindowEnabled(m_hWnd))
+    {
         colours = GetDisabledColours(colours.crFace, colours.crText, m_bSwatch);
+    }
 
     if (GetFocus() == m_hWnd)
     {
@@ -115,10 +125,14 @@ void CWndButton::DrawLabel(HDC hDc, const RECT& rcClient, COLORREF crText) const
 {
     const CWString sText = GetText();
     if (sText.IsEmpty())
+    {
         return;
+    }
     RECT rcText{rcClient.left + c_iTextInset, rcClient.top, rcClient.right - c_iTextInset, rcClient.bottom};
     if (m_bPressed)
+    {
         MoveRect(&rcText, 1, 1);
+    }
     const CSelectObject font(hDc, m_hFont != nullptr ? m_hFont : GetStockObject(DEFAULT_GUI_FONT));
     const int iOldMode = SetBkMode(hDc, TRANSPARENT);
     const COLORREF crOld = SetTextColor(hDc, crText);

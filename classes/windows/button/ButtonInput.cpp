@@ -20,13 +20,17 @@ std::optional<LRESULT> CWndButton::OnLButtonDown(WPARAM, LPARAM)
 std::optional<LRESULT> CWndButton::OnLButtonUp(WPARAM, LPARAM lParam)
 {
     if (!m_bMouseDown)
+    {
         return 0;
+    }
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
     const POINT pt{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
     ReleaseCapture(); // ends the press
     if (PointInRect(rcClient, pt))
+    {
         Click();
+    }
     return 0;
 }
 
@@ -36,7 +40,9 @@ std::optional<LRESULT> CWndButton::OnMouseMove(WPARAM, LPARAM lParam)
     GetClientRect(m_hWnd, &rcClient);
     const POINT pt{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
     if (m_bMouseDown)
+    {
         SetPressed(PointInRect(rcClient, pt));
+    }
     if (!m_bHover)
     {
         TRACKMOUSEEVENT track{};
@@ -76,7 +82,9 @@ std::optional<LRESULT> CWndButton::OnCancelMode(WPARAM, LPARAM)
 std::optional<LRESULT> CWndButton::OnKeyDown(WPARAM wParam, LPARAM lParam)
 {
     if ((lParam & c_iRepeated) != 0)
+    {
         return wParam == VK_SPACE || wParam == VK_RETURN ? std::optional<LRESULT>(0) : std::nullopt;
+    }
     if (wParam == VK_SPACE)
     {
         m_bSpaceDown = true;
@@ -99,11 +107,15 @@ std::optional<LRESULT> CWndButton::OnKeyUp(WPARAM wParam, LPARAM lParam)
         m_bSpaceDown = false;
         SetPressed(false);
         if (bClick)
+        {
             Click();
+        }
         return 0;
     }
     if (!IsMainWindowKey(wParam))
+    {
         return std::nullopt;
+    }
     ForwardKeyUp(m_hWnd, wParam, lParam);
     return 0;
 }
@@ -135,11 +147,17 @@ std::optional<LRESULT> CWndButton::OnEnable(WPARAM wParam, LPARAM)
     const HWND hMain = GetAncestor(m_hWnd, GA_ROOT);
     const HWND hFocus = GetFocus();
     if (wParam == FALSE && m_bFocusLost && (hFocus == nullptr || hFocus == m_hWnd))
+    {
         SetFocus(hMain);
+    }
     else if (wParam != FALSE && m_bFocusLost && hFocus == hMain)
+    {
         SetFocus(m_hWnd);
+    }
     if (wParam != FALSE)
+    {
         m_bFocusLost = false;
+    }
     Invalidate();
     return 0;
 }

@@ -33,7 +33,9 @@ CWndButton::CWndButton() : m_crNormal(c_crButtonFace), m_crPressed(c_crButtonFac
 CWndButton::~CWndButton()
 {
     if (m_hWnd == nullptr)
+    {
         return;
+    }
     WndProc_SetObject(m_hWnd, nullptr);
     DestroyWindow(m_hWnd);
 }
@@ -42,19 +44,25 @@ bool CWndButton::Initialize(HINSTANCE hInstance, CWndCommon* pParent, bool bRigh
                             const CWString& sText, HFONT hFont, bool bVisible, const RECT* pRect)
 {
     if (m_hWnd != nullptr || pParent == nullptr || !RegisterButtonClass(hInstance))
+    {
         return false;
+    }
     m_pParent = pParent;
     m_pDebugLog = pParent->GetDebugLog();
     m_hFont = hFont != nullptr ? hFont : pParent->GetFont();
     if (const CPicture* pPicture = pBackdrop != nullptr ? pBackdrop : pParent->GetBackdrop())
+    {
         m_picBackdrop = *pPicture;
+    }
     const RECT rc = pRect != nullptr ? *pRect : RECT{};
     const DWORD uStyle = WS_CHILD | WS_TABSTOP | (bVisible ? WS_VISIBLE : 0u);
     const HWND hWnd =
         CreateWindowExW(bRightToLeft ? WS_EX_RTLREADING : 0u, c_sButtonClass, sText.c_str(), uStyle, rc.left, rc.top,
                         GetRectWidth(rc), GetRectHeight(rc), pParent->GetWindowHandle(), nullptr, hInstance, this);
     if (hWnd == nullptr)
+    {
         return false;
+    }
     m_hWnd = hWnd;
     ShowCreateWindow(m_pDebugLog, this, c_sButtonClass, L"m_hWnd", m_hWnd, sText.c_str());
     return true;
@@ -66,9 +74,13 @@ void CWndButton::SetBackground(COLORREF crNormal, COLORREF crPressed, bool bCont
     m_crPressed = crPressed;
     m_bShade = bShade;
     if (bContrastText)
+    {
         m_crText = GetContrastColour(crNormal);
+    }
     if (!bRedraw || m_hWnd == nullptr)
+    {
         return;
+    }
     Invalidate();
     UpdateWindow(m_hWnd);
 }
@@ -76,7 +88,9 @@ void CWndButton::SetBackground(COLORREF crNormal, COLORREF crPressed, bool bCont
 void CWndButton::SetText(const CWString& sText)
 {
     if (m_hWnd != nullptr)
+    {
         SetWindowTextW(m_hWnd, sText.c_str());
+    }
 }
 
 CWString CWndButton::GetText() const
@@ -93,7 +107,9 @@ CWString CWndButton::GetAccessibleName() const
 void CWndButton::Click()
 {
     if (m_hWnd == nullptr || !IsWindowEnabled(m_hWnd))
+    {
         return;
+    }
     NMHDR header{};
     header.hwndFrom = m_hWnd;
     header.idFrom = static_cast<UINT_PTR>(GetDlgCtrlID(m_hWnd));
@@ -142,7 +158,9 @@ std::optional<LRESULT> CWndButton::OnSetFont(WPARAM wParam, LPARAM lParam)
 {
     m_hFont = reinterpret_cast<HFONT>(wParam);
     if (LOWORD(lParam) != FALSE)
+    {
         Invalidate();
+    }
     return 0;
 }
 
@@ -159,7 +177,9 @@ std::optional<LRESULT> CWndButton::OnGetDlgCode(WPARAM, LPARAM)
 std::optional<LRESULT> CWndButton::OnGetObject(WPARAM wParam, LPARAM lParam)
 {
     if (static_cast<DWORD>(lParam) != static_cast<DWORD>(OBJID_CLIENT))
+    {
         return std::nullopt;
+    }
     return ButtonAccessible_Answer(m_hWnd, wParam);
 }
 

@@ -28,10 +28,14 @@ std::atomic<DWORD> g_dwCrashedThread{0};
 void WriteFiles()
 {
     if (RunCrashStage(CrashStep_Report, c_dwPatience) == EnumStageEnd::TimedOut)
+    {
         return;
+    }
     RunCrashStage(CrashStep_DebugOutput, c_dwPatience);
     if (GetCrash().report == INVALID_HANDLE_VALUE)
+    {
         return;
+    }
     RunCrashStage(CrashStep_Stack, c_dwPatience);
     RunCrashStage(CrashStep_Dump, c_dwDumpPatience);
     RunCrashStage(CrashStep_DeleteOld, c_dwPatience);
@@ -41,7 +45,9 @@ void WriteFiles()
 {
     TerminateProcess(GetCurrentProcess(), uExitCode);
     for (;;)
+    {
         Sleep(INFINITE);
+    }
 }
 
 // One crash is reported per process. What crashes after it, or because of it, waits for the end or brings it about.
@@ -51,11 +57,17 @@ void TakeCrash()
     EndFaultedCrashStage();
     DWORD dwNobody = 0;
     if (g_dwCrashedThread.compare_exchange_strong(dwNobody, dwThread))
+    {
         return;
+    }
     if (g_dwCrashedThread.load() == dwThread)
+    {
         EndProcess(c_uExceptionExitCode);
+    }
     for (;;)
+    {
         Sleep(INFINITE);
+    }
 }
 
 // An exception leaves no context of its own: this place, inside std::terminate, has the throwing calls above it.

@@ -25,7 +25,9 @@ void GetCrashMemory(CCrashFacts& facts) noexcept
     }
     PROCESS_MEMORY_COUNTERS process{};
     if (K32GetProcessMemoryInfo(GetCurrentProcess(), &process, sizeof process))
+    {
         facts.memoryOwn = process.WorkingSetSize;
+    }
 }
 
 void AddSystemVersion(CFixedText& text) noexcept

@@ -12,7 +12,9 @@ void SetName(CCrashPlace& place, const wchar_t* sPath)
     const std::wstring_view path(sPath);
     const wchar_t* sName = sPath + path.rfind(L'\\') + 1; // from the start when there is no backslash
     if (WideCharToMultiByte(CP_UTF8, 0, sName, -1, place.module, sizeof place.module, nullptr, nullptr) == 0)
+    {
         CFixedText(place.module, sizeof place.module).Add("(module with a long name)");
+    }
 }
 
 bool IsReadable(std::uint64_t uAddress)
@@ -20,7 +22,9 @@ bool IsReadable(std::uint64_t uAddress)
     constexpr DWORD c_dwNotReadable = PAGE_NOACCESS | PAGE_GUARD;
     MEMORY_BASIC_INFORMATION memory{};
     if (VirtualQuery(reinterpret_cast<const void*>(uAddress), &memory, sizeof memory) == 0)
+    {
         return false;
+    }
     return memory.State == MEM_COMMIT && (memory.Protect & c_dwNotReadable) == 0;
 }
 
@@ -29,7 +33,9 @@ bool GoToCaller(CONTEXT& context)
 {
     const std::uint64_t uStack = context.Rsp;
     if (!IsReadable(uStack))
+    {
         return false;
+    }
     DWORD64 uImage = 0;
     RUNTIME_FUNCTION* pFunction = RtlLookupFunctionEntry(context.Rip, &uImage, nullptr);
     if (pFunction == nullptr)
@@ -56,10 +62,14 @@ CCrashPlace FindCrashPlace(std::uint64_t uAddress) noexcept
     // A module's memory is of one allocation, which begins where the module does.
     MEMORY_BASIC_INFORMATION memory{};
     if (VirtualQuery(reinterpret_cast<const void*>(uAddress), &memory, sizeof memory) == 0 || memory.Type != MEM_IMAGE)
+    {
         return place;
+    }
     wchar_t sPath[c_dwPathSize] = L"";
     if (GetModuleFileNameW(static_cast<HMODULE>(memory.AllocationBase), sPath, c_dwPathSize) == 0)
+    {
         return place;
+    }
     sPath[c_dwPathSize - 1] = L'\0';
     SetName(place, sPath);
     place.offset = uAddress - reinterpret_cast<std::uint64_t>(memory.AllocationBase);
@@ -73,6 +83,8 @@ void WalkCrashStack(const CONTEXT& context, void (*pVisit)(const CCrashPlace& pl
     {
         pVisit(FindCrashPlace(current.Rip));
         if (!GoToCaller(current))
+        {
             return;
+        }
     }
 }

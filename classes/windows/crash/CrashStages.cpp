@@ -57,7 +57,9 @@ DWORD WINAPI WatchWindow(void* pStepThread)
     for (;;)
     {
         if (ShowsWindow(dwThread))
+        {
             ++g_uSeen;
+        }
         Sleep(c_dwLook);
     }
 }
@@ -69,10 +71,14 @@ EnumStageEnd WaitForWindow(HANDLE hThread, DWORD dwPatience)
     for (DWORD dwWaited = 0; WaitForSingleObject(hThread, c_dwLook) == WAIT_TIMEOUT; dwWaited += c_dwLook)
     {
         if (uSeen != g_uSeen.load())
+        {
             dwWaited = 0;
+        }
         uSeen = g_uSeen.load();
         if (dwWaited >= dwPatience)
+        {
             return EnumStageEnd::TimedOut;
+        }
     }
     return GetEnd(hThread);
 }
@@ -88,7 +94,9 @@ EnumStageEnd RunCrashStage(void (*pStep)(), DWORD dwPatience) noexcept
     DWORD dwThread = 0;
     const HANDLE hThread = Begin(pStep, dwThread);
     if (hThread == nullptr)
+    {
         return EnumStageEnd::Failed;
+    }
     const bool bEnded = WaitForSingleObject(hThread, dwPatience) == WAIT_OBJECT_0;
     const EnumStageEnd eEnd = bEnded ? GetEnd(hThread) : EnumStageEnd::TimedOut;
     CloseHandle(hThread);
@@ -100,12 +108,16 @@ EnumStageEnd RunCrashStage_Window(void (*pStep)(), DWORD dwPatience) noexcept
     DWORD dwThread = 0;
     const HANDLE hThread = Begin(pStep, dwThread);
     if (hThread == nullptr)
+    {
         return EnumStageEnd::Failed;
+    }
     const HANDLE hWatch =
         CreateThread(nullptr, 0, WatchWindow, reinterpret_cast<void*>(static_cast<ULONG_PTR>(dwThread)), 0, nullptr);
     const EnumStageEnd eEnd = WaitForWindow(hThread, dwPatience);
     if (hWatch != nullptr)
+    {
         CloseHandle(hWatch);
+    }
     CloseHandle(hThread);
     return eEnd;
 }
@@ -113,5 +125,7 @@ EnumStageEnd RunCrashStage_Window(void (*pStep)(), DWORD dwPatience) noexcept
 void EndFaultedCrashStage() noexcept
 {
     if (GetCurrentThreadId() == g_dwStageThread.load())
+    {
         ExitThread(c_dwFailed);
+    }
 }

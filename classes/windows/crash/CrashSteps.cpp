@@ -37,7 +37,9 @@ bool MakePath(const char* sEnding)
     char storage[c_uCrashLineSize];
     const CFixedText name = CFixedText(storage, sizeof storage).Add(g_crash.stem).Add(sEnding);
     if (sFolder.size() + name.GetLength() >= c_uPathSize)
+    {
         return false;
+    }
     std::copy(sFolder.begin(), sFolder.end(), g_sPath);
     return MultiByteToWideChar(CP_UTF8, 0, name.Get(), -1, g_sPath + sFolder.size(),
                                static_cast<int>(c_uPathSize - sFolder.size())) != 0;
@@ -70,7 +72,9 @@ void OpenReport(const CCrashTime& time)
         g_crash.report = CreateCrashFile(c_sCrashReportEnding);
         g_crash.openError = g_crash.report == INVALID_HANDLE_VALUE ? GetLastError() : DWORD{ERROR_SUCCESS};
         if (g_crash.openError != ERROR_FILE_EXISTS)
+        {
             return;
+        }
     }
 }
 
@@ -86,7 +90,9 @@ void DescribeError()
     fault.code = g_crash.record.ExceptionCode;
     fault.detailCount = g_crash.record.NumberParameters;
     for (std::size_t i = 0; i < std::size(fault.details); ++i)
+    {
         fault.details[i] = g_crash.record.ExceptionInformation[i];
+    }
     AddFault(error, fault);
 }
 } // namespace
@@ -99,7 +105,9 @@ void CrashStep_Report()
     DescribeError();
     OpenReport(facts.time);
     if (g_crash.report == INVALID_HANDLE_VALUE)
+    {
         return;
+    }
 
     char build[c_uCrashLineSize];
     char system[c_uCrashLineSize];
@@ -153,16 +161,24 @@ void CrashStep_Dump()
     const DWORD dwError =
         hDump == INVALID_HANDLE_VALUE ? GetLastError() : WriteCrashDump(hDump, g_crash.thread, &g_crash.pointers);
     if (hDump != INVALID_HANDLE_VALUE)
+    {
         CloseHandle(hDump);
+    }
     CFixedText line(g_sText, c_uTextSize);
     line.Add("\r\nMinidump:  ");
     if (dwError == ERROR_SUCCESS)
+    {
         line.Add(g_crash.stem).Add(c_sCrashDumpEnding);
+    }
     else
+    {
         line.Add("none, error ").AddNumber(dwError);
+    }
     WriteReport(line.Add("\r\nNothing of this was sent anywhere.\r\n"));
     if (dwError != ERROR_SUCCESS && hDump != INVALID_HANDLE_VALUE && MakePath(c_sCrashDumpEnding))
+    {
         DeleteFileW(g_sPath);
+    }
 }
 
 namespace
@@ -173,11 +189,15 @@ std::vector<std::wstring> ListFiles(const std::wstring& sFolder)
     WIN32_FIND_DATAW found{};
     const HANDLE hFind = FindFirstFileW((sFolder + L"*").c_str(), &found);
     if (hFind == INVALID_HANDLE_VALUE)
+    {
         return names;
+    }
     do
     {
         if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+        {
             names.emplace_back(found.cFileName);
+        }
     } while (FindNextFileW(hFind, &found));
     FindClose(hFind);
     return names;
@@ -189,7 +209,9 @@ void CrashStep_DeleteOld()
     const CCrashReportSettings& settings = *g_crash.settings;
     for (const std::wstring& sName : ChooseCrashFilesToDelete(
              ListFiles(settings.folder), WideFromUtf8(settings.program), WideFromUtf8(g_crash.stem)))
+    {
         DeleteFileW((settings.folder + sName).c_str());
+    }
 }
 
 void CrashStep_DebugOutput()
@@ -203,10 +225,14 @@ void CrashStep_TellUser()
     std::wstring sText =
         WideFromUtf8(settings.program) + L" has to end because of an error:\n" + WideFromUtf8(g_crash.error) + L"\n\n";
     if (g_crash.report != INVALID_HANDLE_VALUE)
+    {
         sText += L"What is known about it was written to\n" + settings.folder +
                  WideFromUtf8(g_crash.stem + std::string(c_sCrashReportEnding)) + L"\n\nNothing was sent anywhere.";
+    }
     else
+    {
         sText += L"No report could be written to\n" + settings.folder + L"\n(system error " +
                  std::to_wstring(g_crash.openError) + L").";
+    }
     ShowSystemMessage(sText);
 }

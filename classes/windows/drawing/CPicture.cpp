@@ -41,7 +41,9 @@ CPicture::CPicture(const CPicture& other)
 CPicture& CPicture::operator=(const CPicture& other)
 {
     if (this != &other)
+    {
         *this = CPicture(other);
+    }
     return *this;
 }
 
@@ -53,9 +55,13 @@ bool CPicture::CreatePictureFromColorref(HDC, int iWidth, int iHeight, COLORREF 
     m_size = m_bSolid ? SIZE{iWidth, iHeight} : SIZE{};
     m_crSolid = m_bSolid ? cr : 0;
     if (!m_bSolid || !bSolidBefore)
+    {
         m_pDevice.reset(); // a solid brush may stay: it is given its colour at each use
+    }
     if (m_bSolid && !m_bRectSet)
+    {
         m_rcDrawing = {0, 0, iWidth, iHeight};
+    }
     return m_bSolid;
 }
 
@@ -65,10 +71,14 @@ bool CPicture::LoadFromResource(HINSTANCE hInstance, int iId)
         static_cast<HBITMAP>(LoadImageW(hInstance, MAKEINTRESOURCEW(iId), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
     BITMAP info{};
     if (!bitmap || GetObjectW(bitmap.Get(), sizeof(info), &info) == 0)
+    {
         return false;
+    }
     std::unique_ptr<CPictureBits> pBits = CPictureBits::Create(info.bmWidth, info.bmHeight);
     if (!pBits)
+    {
         return false;
+    }
     {
         const CMemoryDc source(nullptr);
         const CMemoryDc target(nullptr);
@@ -85,7 +95,9 @@ bool CPicture::CreateFromPixels(int iWidth, int iHeight, const std::uint32_t* pP
 {
     std::unique_ptr<CPictureBits> pBits = pPixels != nullptr ? CPictureBits::Create(iWidth, iHeight) : nullptr;
     if (!pBits)
+    {
         return false;
+    }
     std::copy_n(pPixels, static_cast<std::size_t>(iWidth) * static_cast<std::size_t>(iHeight), pBits->GetPixels());
     pBits->MakeOpaque();
     Adopt(std::move(pBits));
@@ -100,7 +112,9 @@ void CPicture::Adopt(std::shared_ptr<const CPictureBits> pBits)
     m_size = pBits->GetSize();
     m_pBits = std::move(pBits);
     if (!m_bRectSet)
+    {
         m_rcDrawing = {0, 0, m_size.cx, m_size.cy};
+    }
 }
 
 void CPicture::Clear()
@@ -131,9 +145,13 @@ COLORREF CPicture::GetColour() const
 COLORREF CPicture::GetPixelColour(int x, int y) const
 {
     if (x < 0 || y < 0 || x >= m_size.cx || y >= m_size.cy)
+    {
         return CLR_INVALID;
+    }
     if (m_bSolid)
+    {
         return m_crSolid;
+    }
     const std::size_t uIndex =
         static_cast<std::size_t>(y) * static_cast<std::size_t>(m_size.cx) + static_cast<std::size_t>(x);
     return PixelToColour(m_pBits->GetPixels()[uIndex]);
@@ -148,9 +166,13 @@ void CPicture::SetDrawingRect(const RECT* pRect)
 bool CPicture::GetDrawingRect(RECT* pRect, bool bAtOrigin) const
 {
     if (pRect == nullptr)
+    {
         return false;
+    }
     *pRect = m_rcDrawing;
     if (bAtOrigin)
+    {
         MoveRect(pRect, -m_rcDrawing.left, -m_rcDrawing.top);
+    }
     return !IsRectEmpty_Plain(m_rcDrawing);
 }

@@ -11,7 +11,9 @@ constexpr WORD c_uBitsPerPixel = 32;
 std::unique_ptr<CPictureBits> CPictureBits::Create(int iWidth, int iHeight)
 {
     if (iWidth <= 0 || iHeight <= 0)
+    {
         return nullptr;
+    }
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof(info.bmiHeader);
     info.bmiHeader.biWidth = iWidth;
@@ -24,7 +26,9 @@ std::unique_ptr<CPictureBits> CPictureBits::Create(int iWidth, int iHeight)
     void* pPixels = nullptr;
     pBits->m_Bitmap.Reset(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pPixels, nullptr, 0));
     if (!pBits->m_Bitmap || pPixels == nullptr)
+    {
         return nullptr;
+    }
     pBits->m_pPixels = static_cast<std::uint32_t*>(pPixels);
     pBits->m_size = {iWidth, iHeight};
     return pBits;
@@ -35,5 +39,7 @@ void CPictureBits::MakeOpaque()
     GdiFlush(); // GDI may still be drawing into the pixels
     const std::size_t uCount = static_cast<std::size_t>(m_size.cx) * static_cast<std::size_t>(m_size.cy);
     for (std::size_t i = 0; i < uCount; ++i)
+    {
         m_pPixels[i] |= c_uOpaque;
+    }
 }

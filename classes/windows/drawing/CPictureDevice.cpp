@@ -24,7 +24,9 @@ D2D1_RECT_F ToRectF(const RECT& rc)
 void CPictureDevice::UseTarget(ID2D1HwndRenderTarget* pTarget)
 {
     if (m_pTarget.Get() == pTarget)
+    {
         return;
+    }
     m_pSolidBrush.Reset();
     m_pTileBrush.Reset();
     m_pTarget = CComPtr<ID2D1HwndRenderTarget>::Share(pTarget);
@@ -38,7 +40,9 @@ HRESULT CPictureDevice::FillSolid(ID2D1HwndRenderTarget* pTarget, const RECT& rc
     {
         const HRESULT hr = pTarget->CreateSolidColorBrush(&colour, nullptr, m_pSolidBrush.Receive());
         if (FAILED(hr) || !m_pSolidBrush)
+        {
             return FAILED(hr) ? hr : E_FAIL;
+        }
     }
     m_pSolidBrush->SetColor(&colour);
     const D2D1_RECT_F rcTarget = ToRectF(rc);
@@ -61,13 +65,17 @@ HRESULT CPictureDevice::FillTiled(ID2D1HwndRenderTarget* pTarget, const RECT& rc
             pTarget->CreateBitmap({static_cast<UINT32>(size.cx), static_cast<UINT32>(size.cy)}, pPixels,
                                   static_cast<UINT32>(size.cx) * c_uBytesPerPixel, &properties, pBitmap.Receive());
         if (FAILED(hr) || !pBitmap)
+        {
             return FAILED(hr) ? hr : E_FAIL;
+        }
         // Nearest neighbour: tiles lie on whole pixels, so that nothing has to be blended.
         const D2D1_BITMAP_BRUSH_PROPERTIES brush{D2D1_EXTEND_MODE_WRAP, D2D1_EXTEND_MODE_WRAP,
                                                  D2D1_BITMAP_INTERPOLATION_MODE_NEAREST_NEIGHBOR};
         hr = pTarget->CreateBitmapBrush(pBitmap.Get(), &brush, nullptr, m_pTileBrush.Receive());
         if (FAILED(hr) || !m_pTileBrush)
+        {
             return FAILED(hr) ? hr : E_FAIL;
+        }
     }
     const D2D1_MATRIX_3X2_F toOrigin{
         {{1.0F, 0.0F, 0.0F, 1.0F, static_cast<float>(rc.left), static_cast<float>(rc.top)}}};

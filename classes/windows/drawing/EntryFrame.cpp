@@ -24,9 +24,13 @@ void DrawEntryFrame(HDC hDc, const RECT& rc, const CEntryLook& look)
 {
     ColourRef crBorder = look.bEnabled ? c_crEntryBorder : c_crEntryBorderGreyed;
     if (look.bHot && look.bEnabled)
+    {
         crBorder = c_crWhiteLine;
+    }
     if (look.bFocus)
+    {
         crBorder = c_crFocus;
+    }
     const int iBorder = look.bFocus ? c_iFocusRing : c_iBorder;
     FillRoundedFrame(hDc, rc, c_iRadius, iBorder, crBorder, GetEntryColour(look));
 }

@@ -35,12 +35,14 @@ void BlitTiles(HDC hDc, const RECT& rcDrawing, const RECT& rcVisible, const CPic
     const CSelectObject bitmap(source.Get(), bits.GetBitmap());
     const SIZE size = bits.GetSize();
     for (int y = FirstTile(rcDrawing.top, size.cy, rcVisible.top); y < rcVisible.bottom; y += size.cy)
+    {
         for (int x = FirstTile(rcDrawing.left, size.cx, rcVisible.left); x < rcVisible.right; x += size.cx)
         {
             const int iWidth = std::min<int>(size.cx, rcDrawing.right - x);
             const int iHeight = std::min<int>(size.cy, rcDrawing.bottom - y);
             BitBlt(hDc, x, y, iWidth, iHeight, source.Get(), 0, 0, SRCCOPY);
         }
+    }
 }
 } // namespace
 
@@ -74,17 +76,23 @@ void CPicture::DrawScaled(HDC hDc, const RECT& rcTarget, bool bFrame) const
         }
     }
     if (bFrame)
+    {
         FrameInside(hDc, rcTarget);
+    }
 }
 
 bool CPicture::Draw(HDC hDc, bool bCentred, bool bFrame) const
 {
     if (!CanDraw(hDc))
+    {
         return false;
+    }
     RECT rcTarget{0, 0, m_size.cx, m_size.cy};
     MoveRect(&rcTarget, m_rcDrawing.left, m_rcDrawing.top);
     if (bCentred)
+    {
         MoveRect(&rcTarget, (GetRectWidth(m_rcDrawing) - m_size.cx) / 2, (GetRectHeight(m_rcDrawing) - m_size.cy) / 2);
+    }
     const int iSaved = SaveDC(hDc);
     IntersectClipRect(hDc, m_rcDrawing.left, m_rcDrawing.top, m_rcDrawing.right, m_rcDrawing.bottom);
     DrawScaled(hDc, rcTarget, bFrame);
@@ -95,7 +103,9 @@ bool CPicture::Draw(HDC hDc, bool bCentred, bool bFrame) const
 bool CPicture::DrawFitted(HDC hDc, bool bCentred, bool bFrame) const
 {
     if (!CanDraw(hDc))
+    {
         return false;
+    }
     const double dScale = std::min(static_cast<double>(GetRectWidth(m_rcDrawing)) / m_size.cx,
                                    static_cast<double>(GetRectHeight(m_rcDrawing)) / m_size.cy);
     const int iWidth = std::max(1, static_cast<int>(m_size.cx * dScale));
@@ -103,7 +113,9 @@ bool CPicture::DrawFitted(HDC hDc, bool bCentred, bool bFrame) const
     RECT rcTarget{0, 0, iWidth, iHeight};
     MoveRect(&rcTarget, m_rcDrawing.left, m_rcDrawing.top);
     if (bCentred)
+    {
         MoveRect(&rcTarget, (GetRectWidth(m_rcDrawing) - iWidth) / 2, (GetRectHeight(m_rcDrawing) - iHeight) / 2);
+    }
     const int iSaved = SaveDC(hDc);
     DrawScaled(hDc, rcTarget, bFrame);
     RestoreDC(hDc, iSaved);
@@ -113,7 +125,9 @@ bool CPicture::DrawFitted(HDC hDc, bool bCentred, bool bFrame) const
 bool CPicture::DrawStretched(HDC hDc, bool bFrame) const
 {
     if (!CanDraw(hDc))
+    {
         return false;
+    }
     const int iSaved = SaveDC(hDc);
     DrawScaled(hDc, m_rcDrawing, bFrame);
     RestoreDC(hDc, iSaved);
@@ -123,32 +137,50 @@ bool CPicture::DrawStretched(HDC hDc, bool bFrame) const
 bool CPicture::DrawTiled(HDC hDc, bool bFrame) const
 {
     if (!CanDraw(hDc))
+    {
         return false;
+    }
     RECT rcClip{};
     RECT rcVisible = m_rcDrawing;
     if (GetClipBox(hDc, &rcClip) != ERROR)
+    {
         IntersectRect(&rcVisible, &rcClip, &m_rcDrawing);
+    }
     if (IsRectEmpty_Plain(rcVisible))
+    {
         return true; // nothing of it can be seen
+    }
     if (m_bSolid)
+    {
         FillColour(hDc, rcVisible, m_crSolid);
+    }
     else
+    {
         BlitTiles(hDc, m_rcDrawing, rcVisible, *m_pBits);
+    }
     if (bFrame)
+    {
         FrameInside(hDc, m_rcDrawing);
+    }
     return true;
 }
 
 bool CPicture::DrawTiled_Direct2D(ID2D1HwndRenderTarget* pTarget) const
 {
     if (pTarget == nullptr || IsEmpty() || IsRectEmpty_Plain(m_rcDrawing))
+    {
         return false;
+    }
     if (!m_pDevice)
+    {
         m_pDevice = std::make_unique<CPictureDevice>();
+    }
     const HRESULT hr = m_bSolid ? m_pDevice->FillSolid(pTarget, m_rcDrawing, m_crSolid)
                                 : m_pDevice->FillTiled(pTarget, m_rcDrawing, m_pBits->GetPixels(), m_size);
     if (FAILED(hr))
+    {
         m_pDevice.reset();
+    }
     return SUCCEEDED(hr);
 }
 

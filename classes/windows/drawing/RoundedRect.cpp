@@ -14,7 +14,9 @@ constexpr double c_dPercent = 100.0;
 void FillPlain(HDC hDc, const RECT& rc, COLORREF cr)
 {
     if (IsRectEmpty_Plain(rc))
+    {
         return;
+    }
     SetDCBrushColor(hDc, cr);
     FillRect(hDc, &rc, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
@@ -23,10 +25,14 @@ void MixPixel(HDC hDc, int x, int y, COLORREF cr, double dCoverage)
 {
     const int iPercent = static_cast<int>(dCoverage * c_dPercent + c_dPixelCentre);
     if (iPercent <= 0)
+    {
         return;
+    }
     const COLORREF crBelow = GetPixel(hDc, x, y);
     if (crBelow != CLR_INVALID) // outside the clip
+    {
         SetPixelV(hDc, x, y, BlendColours(crBelow, cr, iPercent));
+    }
 }
 } // namespace
 
@@ -35,14 +41,18 @@ void MixPixel(HDC hDc, int x, int y, COLORREF cr, double dCoverage)
 double GetRoundedCoverage(int x, int y, int iWidth, int iHeight, int iRadius)
 {
     if (x < 0 || y < 0 || x >= iWidth || y >= iHeight)
+    {
         return 0.0;
+    }
     const double dRadius = std::min({iRadius, iWidth / 2, iHeight / 2});
     const double dX = x + c_dPixelCentre;
     const double dY = y + c_dPixelCentre;
     const double dCornerX = std::max({dRadius - dX, dX - (iWidth - dRadius), 0.0});
     const double dCornerY = std::max({dRadius - dY, dY - (iHeight - dRadius), 0.0});
     if (dCornerX <= 0.0 || dCornerY <= 0.0)
+    {
         return 1.0;
+    }
     const double dDistance = std::sqrt(dCornerX * dCornerX + dCornerY * dCornerY);
     return std::clamp(dRadius - dDistance + c_dPixelCentre, 0.0, 1.0);
 }
@@ -52,12 +62,15 @@ void FillRoundedRect(HDC hDc, const RECT& rc, int iRadius, COLORREF cr)
     const int iWidth = GetRectWidth(rc);
     const int iHeight = GetRectHeight(rc);
     if (iWidth <= 0 || iHeight <= 0)
+    {
         return;
+    }
     const int iCorner = std::max(std::min({iRadius, iWidth / 2, iHeight / 2}), 0);
     FillPlain(hDc, {rc.left, rc.top + iCorner, rc.right, rc.bottom - iCorner}, cr);
     FillPlain(hDc, {rc.left + iCorner, rc.top, rc.right - iCorner, rc.top + iCorner}, cr);
     FillPlain(hDc, {rc.left + iCorner, rc.bottom - iCorner, rc.right - iCorner, rc.bottom}, cr);
     for (int y = 0; y < iCorner; ++y)
+    {
         for (int x = 0; x < iCorner; ++x)
         {
             const double dCoverage = GetRoundedCoverage(x, y, iWidth, iHeight, iRadius);
@@ -66,6 +79,7 @@ void FillRoundedRect(HDC hDc, const RECT& rc, int iRadius, COLORREF cr)
             MixPixel(hDc, rc.left + x, rc.bottom - 1 - y, cr, dCoverage);
             MixPixel(hDc, rc.right - 1 - x, rc.bottom - 1 - y, cr, dCoverage);
         }
+    }
 }
 
 void FillRoundedFrame(HDC hDc, const RECT& rc, int iRadius, int iBorder, COLORREF crBorder, COLORREF crFace)

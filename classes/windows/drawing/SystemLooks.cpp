@@ -43,7 +43,9 @@ CFontHandle MakeBoldFont(HFONT hFont)
 {
     LOGFONTW font{};
     if (hFont == nullptr || GetObjectW(hFont, sizeof(font), &font) == 0)
+    {
         return {};
+    }
     font.lfWeight = FW_BOLD;
     return CFontHandle(CreateFontIndirectW(&font));
 }
@@ -55,21 +57,29 @@ HICON LoadSharedIcon(HINSTANCE hInstance, unsigned short uIconId, bool bLarge)
         return icon.hInstance == hInstance && icon.uIconId == uIconId && icon.bLarge == bLarge;
     });
     if (found != s_icons.end())
+    {
         return found->hIcon;
+    }
     const int iWidth = GetSystemMetrics(bLarge ? SM_CXICON : SM_CXSMICON);
     const int iHeight = GetSystemMetrics(bLarge ? SM_CYICON : SM_CYSMICON);
     const HICON hIcon = static_cast<HICON>(
         LoadImageW(hInstance, MAKEINTRESOURCEW(uIconId), IMAGE_ICON, iWidth, iHeight, LR_DEFAULTCOLOR));
     if (hIcon != nullptr)
+    {
         s_icons.push_back({hInstance, uIconId, bLarge, hIcon});
+    }
     return hIcon;
 }
 
 HCURSOR LoadCursorOrSystem(HINSTANCE hInstance, int iCursor, const wchar_t* sSystemCursor)
 {
     if (iCursor != 0)
+    {
         if (const HCURSOR hCursor = LoadCursorW(hInstance, MAKEINTRESOURCEW(iCursor)); hCursor != nullptr)
+        {
             return hCursor;
+        }
+    }
     return LoadCursorW(nullptr, sSystemCursor);
 }
 

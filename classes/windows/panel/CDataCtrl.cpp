@@ -29,7 +29,9 @@ CRect GetEntryRect(const CRect& rcFrame, HFONT hFont)
 HDWP PlaceWindow(HDWP hDefer, HWND hWnd, const CRect& rc, int iScroll)
 {
     if (hDefer == nullptr || hWnd == nullptr)
+    {
         return hDefer;
+    }
     return DeferWindowPos(hDefer, hWnd, nullptr, rc.left, rc.top - iScroll, rc.GetWidth(), rc.GetHeight(),
                           SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS | SWP_NOOWNERZORDER);
 }
@@ -44,14 +46,20 @@ CDataCtrl::~CDataCtrl()
 {
     for (const HWND hWnd :
          {m_pEntry ? m_pEntry->GetWindowHandle() : nullptr, m_pList ? m_pList->GetWindowHandle() : nullptr})
+    {
         if (hWnd != nullptr)
+        {
             ClearAccessibleName(hWnd);
+        }
+    }
 }
 
 bool CDataCtrl::Create(CWndCommon* pPanel, short iId)
 {
     if (m_spec.eType == EnumDataCtrlType::Divider)
+    {
         return true;
+    }
     CLabelLook look;
     look.crText = m_spec.crText;
     look.crShadow = m_spec.crShadow;
@@ -59,7 +67,9 @@ bool CDataCtrl::Create(CWndCommon* pPanel, short iId)
     look.bHeading = m_spec.eType == EnumDataCtrlType::Heading;
     m_pLabel = std::make_unique<CPanelLabel>(m_host);
     if (!m_pLabel->Create(m_spec.sLabel, look) || !CreateControl(pPanel, iId))
+    {
         return false;
+    }
     m_pLabel->SetPartner(GetControlWindow());
     SetState(m_spec.eState);
     return true;
@@ -74,20 +84,26 @@ bool CDataCtrl::CreateControl(CWndCommon* pPanel, short iId)
     case EnumDataCtrlType::DropDownList:
         m_pList = std::make_unique<CPanelList>(m_host, m_iIndex);
         if (!m_pList->Create(iId))
+        {
             return false;
+        }
         break;
     case EnumDataCtrlType::NumberEntry:
     case EnumDataCtrlType::FactorEntry:
         m_pEntry = std::make_unique<CPanelEntry>(m_host, m_iIndex);
         if (!m_pEntry->Create(iId, m_spec.eType == EnumDataCtrlType::NumberEntry, m_spec.uSize))
+        {
             return false;
+        }
         break;
     default:
         return m_spec.eType == EnumDataCtrlType::Heading;
     }
     const bool bNamed = SetAccessibleName(GetControlWindow(), m_spec.sLabel, m_spec.sDesc);
     if (m_pList && !bNamed)
+    {
         m_pList->SetOwnAccessibleName(m_spec.sLabel, m_spec.sDesc);
+    }
     return true;
 }
 
@@ -98,7 +114,9 @@ bool CDataCtrl::CreateButton(CWndCommon* pPanel, short iId)
     m_pButton->SetAccessibleName(m_spec.sLabel);
     m_pButton->SetAccessibleDescription(m_spec.sDesc);
     if (!m_pButton->Initialize(m_host.Host_GetInstance(), pPanel, false, nullptr, CWString(), nullptr, true, nullptr))
+    {
         return false;
+    }
     SetWindowLongPtrW(m_pButton->GetWindowHandle(), GWLP_ID, iId);
     return true;
 }
@@ -108,13 +126,19 @@ void CDataCtrl::SetState(EnumShowState eState)
     m_spec.eState = eState;
     const bool bGreyed = eState == EnumShowState::Greyed;
     if (m_pLabel)
+    {
         m_pLabel->SetGreyed(bGreyed);
+    }
     const HWND hControl = GetControlWindow();
     if (hControl == nullptr || (IsWindowEnabled(hControl) != FALSE) != bGreyed)
+    {
         return;
+    }
     // The focus does not stay in a control that no longer takes keys.
     if (bGreyed && GetFocus() == hControl)
+    {
         SetFocus(GetAncestor(hControl, GA_ROOT));
+    }
     EnableWindow(hControl, !bGreyed);
 }
 
@@ -126,9 +150,13 @@ HWND CDataCtrl::GetLabelWindow() const
 HWND CDataCtrl::GetControlWindow() const
 {
     if (m_pEntry)
+    {
         return m_pEntry->GetWindowHandle();
+    }
     if (m_pList)
+    {
         return m_pList->GetWindowHandle();
+    }
     return m_pButton ? m_pButton->GetWindowHandle() : nullptr;
 }
 
@@ -143,10 +171,14 @@ HDWP CDataCtrl::Place(HDWP hDefer, const CPanelRow& row, int iScroll) const
 {
     hDefer = PlaceWindow(hDefer, GetLabelWindow(), row.rcLabel, iScroll);
     if (m_pEntry)
+    {
         return PlaceWindow(hDefer, GetControlWindow(), GetEntryRect(row.rcControl, m_host.Host_GetFont(false)),
                            iScroll);
+    }
     if (!m_pList)
+    {
         return PlaceWindow(hDefer, GetControlWindow(), row.rcControl, iScroll);
+    }
     // A list's height is that of its open state; how high it is when closed is said elsewhere.
     m_pList->SetClosedHeight(row.rcControl.GetHeight());
     constexpr int c_iOpenHeight = 200;
@@ -158,12 +190,16 @@ HDWP CDataCtrl::Place(HDWP hDefer, const CPanelRow& row, int iScroll) const
 bool CDataCtrl::SetText(const CWString& sText)
 {
     if (!m_pList)
+    {
         return GetControlWindow() != nullptr && SetWindowTextW(GetControlWindow(), sText.c_str());
+    }
     const HWND hList = m_pList->GetWindowHandle();
     const LRESULT iItem =
         SendMessageW(hList, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(sText.c_str()));
     if (iItem < 0)
+    {
         return false;
+    }
     SendMessageW(hList, CB_SETCURSEL, static_cast<WPARAM>(iItem), 0);
     return true;
 }
@@ -176,8 +212,12 @@ CWString CDataCtrl::GetText() const
 std::int64_t CDataCtrl::GetNumber(std::int64_t iLow, std::int64_t iHigh) const
 {
     if (m_pButton)
+    {
         return std::clamp<std::int64_t>(m_pButton->GetBackground(), iLow, iHigh);
+    }
     if (m_pList)
+    {
         return std::clamp<std::int64_t>(SendMessageW(m_pList->GetWindowHandle(), CB_GETCURSEL, 0, 0), iLow, iHigh);
+    }
     return ReadLeadingNumber(GetText().Get(), iLow, iHigh);
 }

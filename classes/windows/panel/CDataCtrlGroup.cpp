@@ -31,14 +31,20 @@ CDataCtrlGroup::CDataCtrlGroup(const CWndCommon* pParent, short iFirstId, double
     : m_dLabelShare(dLabelShare), m_iFirstId(iFirstId)
 {
     if (pParent == nullptr || !Initialize(c_sPanelClass, pParent, pParent->GetInstance()))
+    {
         return;
+    }
     if (pBackdrop != nullptr)
+    {
         m_picBackdrop = *pBackdrop;
+    }
     m_FontBold = MakeBoldFont(m_hFontGui);
     m_EntryBrush.Reset(CreateSolidBrush(c_crEntry));
     m_EntryBrushGreyed.Reset(CreateSolidBrush(c_crEntryGreyed));
     if (CreatePanelWindow(bFrame))
+    {
         m_bWindowReady = true;
+    }
 }
 
 // The rows go first: they take their windows with them, and then the panel's window is empty.
@@ -47,7 +53,9 @@ CDataCtrlGroup::~CDataCtrlGroup()
     m_bWindowReady = false;
     m_ctrls.clear();
     if (m_hWnd == nullptr)
+    {
         return;
+    }
     WndProc_SetObject(m_hWnd, nullptr);
     DestroyWindow(m_hWnd);
     m_hWnd = nullptr;
@@ -56,12 +64,16 @@ CDataCtrlGroup::~CDataCtrlGroup()
 bool CDataCtrlGroup::CreatePanelWindow(bool bFrame)
 {
     if (!RegisterPanelClass(m_hInstance, m_hCursorNormal))
+    {
         return false;
+    }
     const DWORD uStyle = WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | (bFrame ? WS_BORDER : 0u);
     const HWND hWnd = CreateWindowExW(WS_EX_CONTROLPARENT, c_sPanelClass, nullptr, uStyle, 0, 0, 0, 0,
                                       m_pParent->GetWindowHandle(), nullptr, m_hInstance, this);
     if (hWnd == nullptr)
+    {
         return false;
+    }
     m_hWnd = hWnd;
     ShowCreateWindow(m_pDebugLog, this, c_sPanelClass, L"m_hWnd", m_hWnd, nullptr);
     return true;
@@ -72,13 +84,17 @@ short CDataCtrlGroup::AddControl(EnumDataCtrlType eType, EnumShowState eState, c
                                  COLORREF crShadow, bool bTransparent)
 {
     if (m_hWnd == nullptr || GetCount() >= std::numeric_limits<short>::max())
+    {
         return -1;
+    }
     const short iIndex = static_cast<short>(GetCount());
     const CDataCtrlSpec spec{eType, eState, sLabel, sDesc, uSize, byFlag, crText, crShadow, bTransparent};
     IPanelHost& host = *this;
     auto pCtrl = std::make_unique<CDataCtrl>(host, iIndex, spec);
     if (!pCtrl->Create(this, static_cast<short>(m_iFirstId + iIndex)))
+    {
         return -1;
+    }
     m_ctrls.push_back(std::move(pCtrl));
     SetControlPositions(-1, -1);
     return iIndex;
@@ -103,8 +119,12 @@ short CDataCtrlGroup::GetCtrlIndex(const CWString& sLabel) const
 {
     const auto count = static_cast<short>(GetCount());
     for (short i = 0; i < count; ++i)
+    {
         if (GetCtrl(i)->GetSpec().sLabel == sLabel)
+        {
             return i;
+        }
+    }
     return -1;
 }
 
@@ -112,8 +132,12 @@ short CDataCtrlGroup::GetCtrlIndex(HWND hWnd) const
 {
     const auto count = static_cast<short>(GetCount());
     for (short i = 0; i < count; ++i)
+    {
         if (GetCtrl(i)->Owns(hWnd))
+        {
             return i;
+        }
+    }
     return -1;
 }
 
@@ -121,7 +145,9 @@ HWND CDataCtrlGroup::GetCtrlHandle(const CWString& sLabel, int iPart) const
 {
     const CDataCtrl* const pCtrl = FindCtrl(sLabel);
     if (pCtrl == nullptr)
+    {
         return nullptr;
+    }
     return iPart == 0 ? pCtrl->GetControlWindow() : iPart == 1 ? pCtrl->GetLabelWindow() : nullptr;
 }
 
@@ -194,7 +220,9 @@ template<class T>
 T ReadNumber(const CDataCtrl* pCtrl)
 {
     if (pCtrl == nullptr)
+    {
         return 0;
+    }
     return static_cast<T>(pCtrl->GetNumber(std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
 }
 } // namespace
@@ -224,7 +252,9 @@ void CDataCtrlGroup::ShowState_SetState(short iIndex, EnumShowState eState)
 {
     CDataCtrl* const pCtrl = GetCtrl(iIndex);
     if (pCtrl == nullptr || pCtrl->GetState() == eState)
+    {
         return;
+    }
     pCtrl->SetState(eState);
     InvalidateRect(m_hWnd, nullptr, FALSE); // the frame of an entry is the panel's
 }

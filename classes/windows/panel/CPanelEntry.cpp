@@ -32,12 +32,16 @@ bool CPanelEntry::Create(short iId, bool bDigitsOnly, unsigned short uSize)
     m_hWnd = CreateWindowExW(0, WC_EDITW, nullptr, uStyle, 0, 0, 0, 0, m_host.Host_GetWindow(),
                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(iId)), m_host.Host_GetInstance(), nullptr);
     if (m_hWnd == nullptr)
+    {
         return false;
+    }
     ShowCreateWindow(GetDebugLog(), this, L"CPanelEntry", L"m_hWnd", m_hWnd, nullptr);
     SendMessageW(m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(m_host.Host_GetFont(false)), FALSE);
     SendMessageW(m_hWnd, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
     if (uSize != 0)
+    {
         SendMessageW(m_hWnd, EM_SETLIMITTEXT, uSize, 0);
+    }
     return SubclassWindow_Object(m_hWnd, this);
 }
 
@@ -63,7 +67,9 @@ std::optional<LRESULT> CPanelEntry::HandleMessage(UINT uMessage, WPARAM wParam, 
     }
     case WM_MOUSEWHEEL:
         if (m_host.Host_ScrollByWheel(static_cast<short>(HIWORD(wParam))))
+        {
             return 0;
+        }
         return std::nullopt;
     default:
         return std::nullopt;
@@ -75,7 +81,9 @@ std::optional<LRESULT> CPanelEntry::HandleMessage(UINT uMessage, WPARAM wParam, 
 std::optional<LRESULT> CPanelEntry::OnChar(WPARAM wParam) const
 {
     if (wParam == c_wEnter || wParam == c_wEscape || wParam == c_wTab)
+    {
         return 0;
+    }
     if (wParam == c_wCtrlA)
     {
         SendMessageW(m_hWnd, EM_SETSEL, 0, -1);
@@ -87,7 +95,9 @@ std::optional<LRESULT> CPanelEntry::OnChar(WPARAM wParam) const
         return 0;
     }
     if (wParam >= c_wFirstPrintable && !EntryTakes(static_cast<wchar_t>(wParam), m_bDigitsOnly))
+    {
         return 0;
+    }
     return std::nullopt;
 }
 
@@ -95,7 +105,9 @@ std::optional<LRESULT> CPanelEntry::OnChar(WPARAM wParam) const
 std::optional<LRESULT> CPanelEntry::OnKeyDown(WPARAM wParam) const
 {
     if (wParam != VK_INSERT || GetKeyState(VK_SHIFT) >= 0 || GetKeyState(VK_CONTROL) < 0)
+    {
         return std::nullopt;
+    }
     SendMessageW(m_hWnd, WM_PASTE, 0, 0);
     return 0;
 }
@@ -103,7 +115,9 @@ std::optional<LRESULT> CPanelEntry::OnKeyDown(WPARAM wParam) const
 std::optional<LRESULT> CPanelEntry::OnKeyUp(WPARAM wParam, LPARAM lParam) const
 {
     if (!IsMainWindowKey(wParam))
+    {
         return std::nullopt;
+    }
     ForwardKeyUp(m_hWnd, wParam, lParam);
     return 0;
 }
@@ -112,7 +126,9 @@ std::optional<LRESULT> CPanelEntry::OnKeyUp(WPARAM wParam, LPARAM lParam) const
 std::size_t CPanelEntry::GetRoom() const
 {
     if (m_uSize == 0)
+    {
         return std::numeric_limits<std::size_t>::max();
+    }
     DWORD uStart = 0;
     DWORD uEnd = 0;
     SendMessageW(m_hWnd, EM_GETSEL, reinterpret_cast<WPARAM>(&uStart), reinterpret_cast<LPARAM>(&uEnd));
@@ -126,7 +142,9 @@ void CPanelEntry::Paste() const
 {
     const std::wstring sText = FilterPastedText(ReadClipboardText(m_hWnd), m_bDigitsOnly, GetRoom());
     if (sText.empty())
+    {
         return;
+    }
     SendMessageW(m_hWnd, EM_EMPTYUNDOBUFFER, 0, 0);
     SendMessageW(m_hWnd, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(sText.c_str()));
 }

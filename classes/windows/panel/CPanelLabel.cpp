@@ -32,7 +32,9 @@ bool CPanelLabel::Create(const CWString& sText, const CLabelLook& look)
     m_hWnd = CreateWindowExW(0, WC_STATICW, sText.c_str(), WS_CHILD | WS_VISIBLE | SS_NOTIFY | SS_NOPREFIX, 0, 0, 0, 0,
                              m_host.Host_GetWindow(), nullptr, m_host.Host_GetInstance(), nullptr);
     if (m_hWnd == nullptr)
+    {
         return false;
+    }
     ShowCreateWindow(GetDebugLog(), this, L"CPanelLabel", L"m_hWnd", m_hWnd, sText.c_str());
     SendMessageW(m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(m_host.Host_GetFont(look.bHeading)), FALSE);
     return SubclassWindow_Object(m_hWnd, this);
@@ -42,7 +44,9 @@ void CPanelLabel::SetGreyed(bool bGreyed)
 {
     m_bGreyed = bGreyed;
     if (m_hWnd != nullptr)
+    {
         InvalidateRect(m_hWnd, nullptr, FALSE);
+    }
 }
 
 std::optional<LRESULT> CPanelLabel::HandleMessage(UINT uMessage, WPARAM wParam, LPARAM)
@@ -59,11 +63,15 @@ std::optional<LRESULT> CPanelLabel::HandleMessage(UINT uMessage, WPARAM wParam, 
         return 0;
     case WM_LBUTTONDOWN:
         if (m_hPartner != nullptr && IsWindowEnabled(m_hPartner))
+        {
             SetFocus(m_hPartner);
+        }
         return 0;
     case WM_MOUSEWHEEL:
         if (m_host.Host_ScrollByWheel(static_cast<short>(HIWORD(wParam))))
+        {
             return 0;
+        }
         return std::nullopt;
     default:
         return std::nullopt;
@@ -104,7 +112,9 @@ void CPanelLabel::DrawRule(HDC hDc, const RECT& rcClient, int iTextRight) const
     const int iMiddle = (rcClient.top + rcClient.bottom) / 2;
     const int iLeft = iTextRight + c_iRuleGap;
     if (iLeft >= rcClient.right)
+    {
         return;
+    }
     DrawLine(hDc, {iLeft, iMiddle, rcClient.right, iMiddle + 1}, c_crGrooveLight);
     DrawLine(hDc, {iLeft, iMiddle + 1, rcClient.right, iMiddle + 2}, c_crGrooveDark);
 }

@@ -24,7 +24,9 @@ std::wstring GetSelectedText(HWND hList)
     const LRESULT iLength =
         iSelected >= 0 ? SendMessageW(hList, CB_GETLBTEXTLEN, static_cast<WPARAM>(iSelected), 0) : 0;
     if (iLength <= 0)
+    {
         return {};
+    }
     std::wstring sText(static_cast<std::size_t>(iLength) + 1, L'\0');
     SendMessageW(hList, CB_GETLBTEXT, static_cast<WPARAM>(iSelected), reinterpret_cast<LPARAM>(sText.data()));
     sText.resize(static_cast<std::size_t>(iLength));
@@ -57,7 +59,9 @@ bool CPanelList::Create(short iId)
                              0, c_iDroppedHeight, m_host.Host_GetWindow(),
                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(iId)), m_host.Host_GetInstance(), nullptr);
     if (m_hWnd == nullptr)
+    {
         return false;
+    }
     ShowCreateWindow(GetDebugLog(), this, L"CPanelList", L"m_hWnd", m_hWnd, nullptr);
     SendMessageW(m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(m_host.Host_GetFont(false)), FALSE);
     return SubclassWindow_Object(m_hWnd, this);
@@ -75,7 +79,9 @@ void CPanelList::SetClosedHeight(int iHeight) const
         GetWindowRect(m_hWnd, &rc);
         iField += iHeight - GetRectHeight(rc);
         if (GetRectHeight(rc) == iHeight || iField <= 0)
+        {
             return;
+        }
         SendMessageW(m_hWnd, CB_SETITEMHEIGHT, c_wClosedField, iField);
     }
 }
@@ -137,21 +143,27 @@ std::optional<LRESULT> CPanelList::HandleMessage(UINT uMessage, WPARAM wParam, L
 std::optional<LRESULT> CPanelList::OnKeyDown(WPARAM wParam, LPARAM lParam)
 {
     if (wParam == VK_ESCAPE && (lParam & c_iRepeated) == 0)
+    {
         m_bEscapeUsed = IsDropped();
+    }
     return std::nullopt;
 }
 
 std::optional<LRESULT> CPanelList::OnKeyUp(WPARAM wParam, LPARAM lParam)
 {
     if (!IsMainWindowKey(wParam))
+    {
         return std::nullopt;
+    }
     if (wParam == VK_ESCAPE && (m_bEscapeUsed || IsDropped()))
     {
         m_bEscapeUsed = false;
         return std::nullopt;
     }
     if (IsDropped())
+    {
         SendMessageW(m_hWnd, CB_SHOWDROPDOWN, FALSE, 0);
+    }
     ForwardKeyUp(m_hWnd, wParam, lParam);
     return 0;
 }
@@ -165,18 +177,24 @@ void CPanelList::SetOwnAccessibleName(const CWString& sName, const CWString& sDe
 std::optional<LRESULT> CPanelList::OnGetObject(WPARAM wParam, LPARAM lParam) const
 {
     if (m_sAccessibleName.IsEmpty() || static_cast<DWORD>(lParam) != static_cast<DWORD>(OBJID_CLIENT))
+    {
         return std::nullopt;
+    }
     return ListAccessible_Answer(m_hWnd, wParam, m_sAccessibleName, m_sAccessibleDescription);
 }
 
 void CPanelList::SetHot(bool bHot)
 {
     if (m_bHot == bHot)
+    {
         return;
+    }
     m_bHot = bHot;
     InvalidateRect(m_hWnd, nullptr, FALSE);
     if (!bHot)
+    {
         return;
+    }
     TRACKMOUSEEVENT track{};
     track.cbSize = sizeof(track);
     track.dwFlags = TME_LEAVE;

@@ -22,7 +22,9 @@ void CTextCtrl::SetFont(HFONT hFont, bool bRedraw)
 {
     m_hFont = hFont;
     if (bRedraw && m_hWnd != nullptr)
+    {
         InvalidateRect(m_hWnd, &m_rcDrawing, TRUE);
+    }
 }
 
 void CTextCtrl::SetBackground(bool bTransparent, COLORREF cr)
@@ -59,16 +61,22 @@ void CTextCtrl::SetDrawingRect(const RECT* pRect)
 void CTextCtrl::GetDrawingRect(RECT* pRect) const
 {
     if (pRect != nullptr)
+    {
         *pRect = m_rcDrawing;
+    }
 }
 
 UINT CTextCtrl::GetDrawFlags() const
 {
     UINT uFlags = DT_NOPREFIX;
     if (m_iLines == 1)
+    {
         uFlags |= DT_SINGLELINE;
+    }
     else if (!m_bMayOverhang)
+    {
         uFlags |= DT_WORDBREAK;
+    }
     return uFlags;
 }
 
@@ -81,22 +89,34 @@ RECT CTextCtrl::GetTextRect(HDC hDc) const
     TEXTMETRICW metrics{};
     GetTextMetricsW(hDc, &metrics);
     if (m_iLines > 0)
+    {
         rcText.bottom = std::min<LONG>(rcText.bottom, metrics.tmHeight * m_iLines);
+    }
     if (!m_bMayOverhang)
+    {
         rcText.right = std::min<LONG>(rcText.right, iWidthAllowed);
+    }
 
     const int iWidth = GetRectWidth(rcText);
     const int iHeight = GetRectHeight(rcText);
     int iLeft = m_rcDrawing.left + c_iEdgeGap;
     if (m_eHorizontal == EnumTextHorizontal::Right)
+    {
         iLeft = m_rcDrawing.right - c_iEdgeGap - iWidth;
+    }
     else if (m_eHorizontal == EnumTextHorizontal::Centre)
+    {
         iLeft = (m_rcDrawing.left + m_rcDrawing.right - iWidth) / 2;
+    }
     int iTop = m_rcDrawing.top;
     if (m_eVertical == EnumTextVertical::Bottom)
+    {
         iTop = m_rcDrawing.bottom - iHeight;
+    }
     else if (m_eVertical == EnumTextVertical::Middle)
+    {
         iTop = (m_rcDrawing.top + m_rcDrawing.bottom - iHeight) / 2;
+    }
     MoveRect(&rcText, iLeft, iTop);
     return rcText;
 }
@@ -104,7 +124,9 @@ RECT CTextCtrl::GetTextRect(HDC hDc) const
 bool CTextCtrl::Draw(HDC hDc) const
 {
     if (hDc == nullptr || m_sText.IsEmpty() || IsRectEmpty_Plain(m_rcDrawing))
+    {
         return false;
+    }
     const int iSaved = SaveDC(hDc);
     if (!m_bTransparent)
     {
@@ -113,7 +135,9 @@ bool CTextCtrl::Draw(HDC hDc) const
     }
     RECT rcText = GetTextRect(hDc);
     if (!m_bMayOverhang)
+    {
         IntersectClipRect(hDc, m_rcDrawing.left, m_rcDrawing.top, m_rcDrawing.right, m_rcDrawing.bottom);
+    }
     SelectObject(hDc, OrMessageFont(m_hFont));
     SetBkMode(hDc, TRANSPARENT);
     if (m_bShadow)

@@ -89,7 +89,9 @@ void CDataCtrlGroup::Host_RowFocused(short iIndex, bool bFocused)
 {
     InvalidateRect(m_hWnd, nullptr, FALSE); // the frame of an entry is the panel's
     if (bFocused)
+    {
         EnsureVisible(iIndex);
+    }
 }
 
 std::optional<LRESULT> CDataCtrlGroup::OnPaint(WPARAM, LPARAM)
@@ -127,9 +129,13 @@ void CDataCtrlGroup::DrawPanel(HDC hDc)
     {
         const CDataCtrl& ctrl = *m_ctrls[i];
         if (ctrl.GetSpec().eType == EnumDataCtrlType::Divider)
+        {
             DrawGroove(hDc, ToClient(layout.rows[i].rcRow, iScroll));
+        }
         if (!ctrl.IsEntry())
+        {
             continue;
+        }
         CEntryLook look;
         look.bFocus = hFocus == ctrl.GetControlWindow();
         look.bEnabled = ctrl.GetState() == EnumShowState::InUse;
@@ -144,9 +150,13 @@ std::optional<LRESULT> CDataCtrlGroup::OnLButtonDown(WPARAM, LPARAM lParam)
     const CPanelLayout layout = GetLayout();
     const int iScroll = GetScrollPosition();
     for (std::size_t i = 0; i < m_ctrls.size(); ++i)
+    {
         if (PointInRect(ToClient(layout.rows[i].rcControl, iScroll), pt) &&
             m_ctrls[i]->GetState() == EnumShowState::InUse && m_ctrls[i]->GetControlWindow() != nullptr)
+        {
             SetFocus(m_ctrls[i]->GetControlWindow());
+        }
+    }
     return 0;
 }
 
@@ -159,7 +169,9 @@ std::optional<LRESULT> CDataCtrlGroup::OnNotify(WPARAM wParam, LPARAM lParam)
         return 0;
     }
     if (header.code == c_uButtonClicked)
+    {
         return SendMessage_Show(GetParent(m_hWnd), WM_NOTIFY, wParam, lParam);
+    }
     return std::nullopt;
 }
 
@@ -170,16 +182,24 @@ std::optional<LRESULT> CDataCtrlGroup::OnCommand(WPARAM wParam, LPARAM lParam)
     const HWND hList = reinterpret_cast<HWND>(lParam);
     const short iIndex = GetCtrlIndex(hList);
     if (iIndex < 0 || GetType(iIndex) != EnumDataCtrlType::DropDownList)
+    {
         return 0;
+    }
     const UINT uCode = HIWORD(wParam);
     const LRESULT iSelected = SendMessageW(hList, CB_GETCURSEL, 0, 0);
     const LRESULT result = SendMessageW(GetParent(m_hWnd), WM_COMMAND, wParam, lParam);
     if (uCode == CBN_SELENDOK)
+    {
         m_iConfirmed = iSelected;
+    }
     if (uCode != CBN_SELCHANGE || SendMessageW(hList, CB_GETDROPPEDSTATE, 0, 0))
+    {
         return result;
+    }
     if (iSelected != m_iConfirmed)
+    {
         SendMessageW(GetParent(m_hWnd), WM_COMMAND, MAKEWPARAM(LOWORD(wParam), CBN_SELENDOK), lParam);
+    }
     m_iConfirmed = -1;
     return result;
 }
@@ -187,7 +207,9 @@ std::optional<LRESULT> CDataCtrlGroup::OnCommand(WPARAM wParam, LPARAM lParam)
 std::optional<LRESULT> CDataCtrlGroup::OnKeyUp(WPARAM wParam, LPARAM lParam)
 {
     if (!IsMainWindowKey(wParam))
+    {
         return std::nullopt;
+    }
     ForwardKeyUp(m_hWnd, wParam, lParam);
     return 0;
 }

@@ -34,7 +34,9 @@ CPanelLayout CDataCtrlGroup::GetLayout() const
     std::vector<EnumDataCtrlType> types;
     types.reserve(m_ctrls.size());
     for (const std::unique_ptr<CDataCtrl>& pCtrl : m_ctrls)
+    {
         types.push_back(pCtrl->GetSpec().eType);
+    }
     const bool bScrollBar = (GetWindowLongW(m_hWnd, GWL_STYLE) & WS_VSCROLL) != 0;
     const int iWidth = GetClientSize(m_hWnd).cx - (bScrollBar ? c_iScrollBarGap : 0);
     return LayOutPanel(types, iWidth, m_dLabelShare);
@@ -54,7 +56,9 @@ int CDataCtrlGroup::GetScrollPosition() const
 void CDataCtrlGroup::SetControlPositions(int, int)
 {
     if (!m_bWindowReady || m_bLayingOut)
+    {
         return;
+    }
     m_bLayingOut = true;
     UpdateScrollBar();
     PlaceRows();
@@ -81,9 +85,13 @@ void CDataCtrlGroup::PlaceRows()
     const int iScroll = GetScrollPosition();
     HDWP hDefer = BeginDeferWindowPos(2 * GetCount());
     for (std::size_t i = 0; i < m_ctrls.size(); ++i)
+    {
         hDefer = m_ctrls[i]->Place(hDefer, layout.rows[i], iScroll);
+    }
     if (hDefer != nullptr)
+    {
         EndDeferWindowPos(hDefer);
+    }
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_NOERASE);
 }
 
@@ -91,7 +99,9 @@ void CDataCtrlGroup::ScrollTo(int iPosition)
 {
     const int iTarget = ClampScrollPosition(iPosition, GetContentHeight(), GetClientSize(m_hWnd).cy);
     if (iTarget == GetScrollPosition())
+    {
         return;
+    }
     SetScrollPos(m_hWnd, SB_VERT, iTarget, TRUE);
     m_bLayingOut = true;
     PlaceRows();
@@ -104,7 +114,9 @@ void CDataCtrlGroup::EnsureVisible(short iIndex)
 {
     const CPanelLayout layout = GetLayout();
     if (GetCtrl(iIndex) == nullptr)
+    {
         return;
+    }
     const std::size_t uRow = static_cast<std::size_t>(iIndex);
     const std::size_t uFirst =
         uRow > 0 && GetType(static_cast<short>(iIndex - 1)) == EnumDataCtrlType::Heading ? uRow - 1 : uRow;
@@ -115,7 +127,9 @@ void CDataCtrlGroup::EnsureVisible(short iIndex)
 bool CDataCtrlGroup::Host_ScrollByWheel(short iDelta)
 {
     if (GetContentHeight() <= GetClientSize(m_hWnd).cy)
+    {
         return false;
+    }
     // Fine wheels turn by less than a notch at a time: what makes no whole pixel yet is kept.
     m_iWheelRest += iDelta * GetWheelLines() * c_iWheelLineHeight;
     const int iPixels = m_iWheelRest / WHEEL_DELTA;
@@ -127,7 +141,9 @@ bool CDataCtrlGroup::Host_ScrollByWheel(short iDelta)
 std::optional<LRESULT> CDataCtrlGroup::OnMouseWheel(WPARAM wParam, LPARAM)
 {
     if (Host_ScrollByWheel(static_cast<short>(HIWORD(wParam))))
+    {
         return 0;
+    }
     return std::nullopt;
 }
 

@@ -11,7 +11,9 @@ BOOL CALLBACK AddMonitor(HMONITOR hMonitor, HDC, LPRECT, LPARAM lParam) noexcept
     MONITORINFO info{};
     info.cbSize = sizeof(info);
     if (!GetMonitorInfoW(hMonitor, &info))
+    {
         return TRUE; // unplugged in this moment: the others still count
+    }
     try
     {
         auto& monitors = *reinterpret_cast<std::vector<CDisplayMonitor>*>(lParam);

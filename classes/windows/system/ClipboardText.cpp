@@ -14,7 +14,9 @@ public:
     ~CClipboardScope()
     {
         if (m_bOpen)
+        {
             CloseClipboard();
+        }
     }
     bool IsOpen() const { return m_bOpen; }
 
@@ -31,7 +33,9 @@ public:
     ~CGlobalLockScope()
     {
         if (m_pData != nullptr)
+        {
             GlobalUnlock(m_hMemory);
+        }
     }
     const wchar_t* GetText() const { return static_cast<const wchar_t*>(m_pData); }
     std::size_t GetRoom() const { return GlobalSize(m_hMemory) / sizeof(wchar_t); }
@@ -46,13 +50,19 @@ std::wstring ReadClipboardText(HWND hOwner)
 {
     const CClipboardScope clipboard(hOwner);
     if (!clipboard.IsOpen())
+    {
         return {};
+    }
     const HANDLE hData = GetClipboardData(CF_UNICODETEXT);
     if (hData == nullptr)
+    {
         return {};
+    }
     const CGlobalLockScope memory(hData);
     if (memory.GetText() == nullptr)
+    {
         return {};
+    }
     // Whoever filled the block may have forgotten the final zero.
     return std::wstring(memory.GetText(), wcsnlen(memory.GetText(), memory.GetRoom()));
 }

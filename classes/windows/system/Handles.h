@@ -20,7 +20,9 @@ public:
     CGdiObject& operator=(CGdiObject&& other) noexcept
     {
         if (this != &other)
+        {
             Reset(other.Release());
+        }
         return *this;
     }
     CGdiObject(const CGdiObject&) = delete;
@@ -33,7 +35,9 @@ public:
     void Reset(T hObject = nullptr) noexcept
     {
         if (m_hObject != nullptr)
+        {
             DeleteObject(m_hObject);
+        }
         m_hObject = hObject;
     }
 
@@ -58,7 +62,9 @@ public:
     ~CMemoryDc()
     {
         if (m_hDc != nullptr)
+        {
             DeleteDC(m_hDc);
+        }
     }
 
     HDC Get() const noexcept { return m_hDc; }
@@ -80,7 +86,9 @@ public:
     ~CWindowDc()
     {
         if (m_hDc != nullptr)
+        {
             ReleaseDC(m_hWnd, m_hDc);
+        }
     }
 
     HDC Get() const noexcept { return m_hDc; }
@@ -101,7 +109,9 @@ public:
     ~CSelectObject()
     {
         if (m_hOld != nullptr)
+        {
             SelectObject(m_hDc, m_hOld);
+        }
     }
 
 private:
@@ -119,7 +129,9 @@ public:
     CKernelHandle& operator=(CKernelHandle&& other) noexcept
     {
         if (this != &other)
+        {
             Reset(other.Release());
+        }
         return *this;
     }
     CKernelHandle(const CKernelHandle&) = delete;
@@ -132,7 +144,9 @@ public:
     void Reset(HANDLE hHandle = nullptr) noexcept
     {
         if (m_hHandle != nullptr)
+        {
             CloseHandle(m_hHandle);
+        }
         m_hHandle = hHandle == INVALID_HANDLE_VALUE ? nullptr : hHandle;
     }
 
@@ -151,13 +165,17 @@ public:
     ~CComScope()
     {
         if (m_bEntered)
+        {
             CoUninitialize();
+        }
     }
 
     void Enter() noexcept
     {
         if (!m_bEntered)
+        {
             m_bEntered = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE));
+        }
     }
 
 private:
@@ -195,7 +213,9 @@ public:
     void Reset(T* pObject = nullptr) noexcept
     {
         if (T* pOld = std::exchange(m_pObject, pObject); pOld != nullptr)
+        {
             pOld->Release();
+        }
     }
 
     // Where a factory function may store its result; what was held before is released.
@@ -209,7 +229,9 @@ private:
     void AddRef() noexcept
     {
         if (m_pObject != nullptr)
+        {
             m_pObject->AddRef();
+        }
     }
 
     T* m_pObject = nullptr;

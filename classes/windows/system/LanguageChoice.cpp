@@ -17,10 +17,14 @@ std::optional<unsigned char> ReadIndex(std::wstring_view sText)
     for (const wchar_t c : sText)
     {
         if (c < L'0' || c > L'9')
+        {
             return std::nullopt;
+        }
         uValue = uValue * c_uDecimal + static_cast<unsigned>(c - L'0');
         if (uValue > c_uLargestIndex)
+        {
             return std::nullopt;
+        }
     }
     return sText.empty() ? std::nullopt : std::optional(static_cast<unsigned char>(uValue));
 }
@@ -28,13 +32,17 @@ std::optional<unsigned char> ReadIndex(std::wstring_view sText)
 std::optional<unsigned char> ReadRegistry(HKEY hRoot, const wchar_t* sName)
 {
     if (hRoot == nullptr || sName == nullptr || *sName == L'\0')
+    {
         return std::nullopt;
+    }
     const std::wstring sKey = std::wstring(L"Software\\") + sName;
     DWORD uValue = 0;
     DWORD uSize = sizeof(uValue);
     const LSTATUS status = RegGetValueW(hRoot, sKey.c_str(), L"Language", RRF_RT_REG_DWORD, nullptr, &uValue, &uSize);
     if (status != ERROR_SUCCESS || uValue > c_uLargestIndex)
+    {
         return std::nullopt;
+    }
     return static_cast<unsigned char>(uValue);
 }
 } // namespace
@@ -42,7 +50,11 @@ std::optional<unsigned char> ReadRegistry(HKEY hRoot, const wchar_t* sName)
 unsigned char ChooseLanguage(HKEY hRoot, const wchar_t* sName, unsigned char byDefault)
 {
     if (const std::optional<std::wstring> sVariable = GetEnvironmentText("KINETARIUM_LANGUAGE"))
+    {
         if (const std::optional<unsigned char> index = ReadIndex(*sVariable))
+        {
             return *index;
+        }
+    }
     return ReadRegistry(hRoot, sName).value_or(byDefault);
 }

@@ -19,7 +19,9 @@ void TakeQuit(const MSG& msg)
 {
     ThreadQuit_SetSeen();
     if (t_iDepth > 1)
+    {
         PostQuitMessage(static_cast<int>(msg.wParam));
+    }
 }
 } // namespace
 
@@ -35,7 +37,9 @@ bool MessagePump_RunPending(HWND hWnd, const MessageFilter& filter)
             break;
         }
         if (filter && filter(msg))
+        {
             continue;
+        }
         TranslateMessage(&msg);
         DispatchMessageW(&msg);
     }

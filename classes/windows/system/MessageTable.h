@@ -21,8 +21,12 @@ std::optional<LRESULT> HandleMessage_Table(T& object, const TEntries& entries, U
                                            LPARAM lParam)
 {
     for (const CMessageEntry<T>& entry : entries)
+    {
         if (entry.uMessage == uMessage)
+        {
             return (object.*entry.pHandler)(wParam, lParam);
+        }
+    }
     return std::nullopt;
 }
 
@@ -32,6 +36,8 @@ LRESULT DispatchMessage_Table(T& object, const TEntries& entries, HWND hWnd, UIN
                               LPARAM lParam)
 {
     if (const std::optional<LRESULT> result = HandleMessage_Table(object, entries, uMessage, wParam, lParam))
+    {
         return *result;
+    }
     return DefWindowProcW(hWnd, uMessage, wParam, lParam);
 }

@@ -17,8 +17,12 @@ CWString GetModuleFolder()
     CWString sFolder(sPath);
     const int iLastBackslash = sFolder.FindLast(L"\\");
     if (iLastBackslash < 0)
+    {
         sFolder.Clear();
+    }
     else
+    {
         sFolder.Erase(iLastBackslash + 1);
+    }
     return sFolder;
 }

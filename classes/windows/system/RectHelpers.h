@@ -23,7 +23,9 @@ constexpr bool IsRectEmpty_Plain(const RECT& rc) noexcept
 constexpr void MoveRect(RECT* pRect, int dx, int dy) noexcept
 {
     if (pRect == nullptr)
+    {
         return;
+    }
     pRect->left += dx;
     pRect->right += dx;
     pRect->top += dy;

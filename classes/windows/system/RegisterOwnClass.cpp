@@ -14,7 +14,9 @@ bool IsOwn(const WNDCLASSEXW& record)
 bool RegisterOwnClass(const WNDCLASSEXW& record)
 {
     if (RegisterClassExW(&record) != 0 || IsOwn(record))
+    {
         return true;
+    }
     UnregisterClassW(record.lpszClassName, record.hInstance);
     return RegisterClassExW(&record) != 0;
 }

@@ -43,7 +43,9 @@ template<class T>
 void DestroySubclassedWindow(HWND hWnd)
 {
     if (hWnd == nullptr)
+    {
         return;
+    }
     RemoveWindowSubclass(hWnd, SubclassForward<T>, c_uSubclassId);
     DestroyWindow(hWnd);
 }

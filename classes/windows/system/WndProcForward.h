@@ -46,11 +46,17 @@ template<class T, class TGuard = CReportingGuard>
 LRESULT CALLBACK WndProcForward(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) noexcept
 {
     if (uMessage == WM_NCCREATE)
+    {
         WndProc_SetObject(hWnd, reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
+    }
     T* const pObject = WndProc_GetObject<T>(hWnd);
     if (uMessage == WM_NCDESTROY)
+    {
         WndProc_SetObject(hWnd, nullptr);
+    }
     if (pObject == nullptr)
+    {
         return DefWindowProcW(hWnd, uMessage, wParam, lParam);
+    }
     return TGuard{}(pObject->GetDebugLog(), [&] { return pObject->WndProc(hWnd, uMessage, wParam, lParam); });
 }

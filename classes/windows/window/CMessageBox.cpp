@@ -14,7 +14,9 @@ public:
         : m_hOwner(hOwner), m_hFocus(GetFocus()), m_bWasEnabled(hOwner != nullptr && IsWindowEnabled(hOwner))
     {
         if (m_bWasEnabled)
+        {
             EnableWindow(m_hOwner, FALSE);
+        }
     }
     COwnerScope(const COwnerScope&) = delete;
     COwnerScope& operator=(const COwnerScope&) = delete;
@@ -25,7 +27,9 @@ public:
     void EnableOwner()
     {
         if (m_bWasEnabled && IsWindow(m_hOwner))
+        {
             EnableWindow(m_hOwner, TRUE);
+        }
         m_bWasEnabled = false;
     }
 
@@ -34,7 +38,9 @@ private:
     {
         EnableOwner();
         if (m_hFocus != nullptr && IsWindow(m_hFocus) && IsWindowEnabled(m_hFocus) && GetActiveWindow() == m_hOwner)
+        {
             SetFocus(m_hFocus);
+        }
     }
 
     HWND m_hOwner;
@@ -56,7 +62,9 @@ MessageFilter MakeFilter(const CMessageBoxDialog& dialog)
 {
     return [&dialog](const MSG& msg) {
         if (IsRepeatedAnswer(msg))
+        {
             return true;
+        }
         MSG copy = msg;
         return IsWindow(dialog.GetWindowHandle()) && IsDialogMessageW(dialog.GetWindowHandle(), &copy) != FALSE;
     };
@@ -66,8 +74,12 @@ void RunUntilClosed(const CMessageBoxDialog& dialog)
 {
     const MessageFilter filter = MakeFilter(dialog);
     while (!dialog.IsClosed() && MessagePump_RunPending(nullptr, filter))
+    {
         if (!dialog.IsClosed())
+        {
             WaitMessage();
+        }
+    }
 }
 
 // The main window leaves full screen when Escape goes up. The Escape that closes a message goes up after it: the
@@ -79,9 +91,13 @@ void RunUntilEscapeIsUp(const CMessageBoxDialog& dialog)
     // What waits already is taken first: the key may have gone up before the message could heed it.
     while (IsWindow(hDialog) && MessagePump_RunPending(nullptr, filter) && GetKeyState(VK_ESCAPE) < 0 &&
            GetForegroundWindow() == hDialog)
+    {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, c_uReleasePoll, QS_ALLINPUT);
+    }
     if (IsWindow(hDialog))
+    {
         MessagePump_RunPending(nullptr, filter);
+    }
 }
 } // namespace
 
@@ -96,7 +112,9 @@ int CMessageBox::ShowDialog(const CWString& sText, const CWString& sTitle, int, 
     COwnerScope owner(hOwner);
     CMessageBoxDialog dialog(sText, sTitle, sLabel, hFont, pDebugLog);
     if (!dialog.Create(hInstance, hOwner))
+    {
         return 0;
+    }
     RunUntilClosed(dialog);
     RunUntilEscapeIsUp(dialog);
     owner.EnableOwner();

@@ -19,7 +19,9 @@ void FocusByKeyboard(HWND hWnd)
 {
     SetFocus(hWnd);
     if ((SendMessageW(hWnd, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0)
+    {
         SendMessageW(hWnd, EM_SETSEL, 0, -1);
+    }
 }
 } // namespace
 
@@ -33,14 +35,18 @@ int CTabOrder::FindStop(HWND hWnd) const
 void CTabOrder::AddWindow(HWND hWnd, const wchar_t* sName)
 {
     if (hWnd == nullptr || FindStop(hWnd) >= 0)
+    {
         return;
+    }
     m_stops.push_back({hWnd, sName != nullptr ? sName : L""});
 }
 
 void CTabOrder::RemoveWindow(HWND hWnd)
 {
     if (const int iStop = FindStop(hWnd); iStop >= 0)
+    {
         m_stops.erase(m_stops.begin() + iStop);
+    }
 }
 
 void CTabOrder::Clear()
@@ -64,7 +70,9 @@ HWND CTabOrder::FindNext(HWND hFrom, bool bBackwards) const
     {
         iStop = (iStop + iStep + iCount) % iCount;
         if (const HWND hStop = GetWindow(iStop); CanTakeFocus(hStop))
+        {
             return hStop;
+        }
     }
     return nullptr;
 }
@@ -72,13 +80,21 @@ HWND CTabOrder::FindNext(HWND hFrom, bool bBackwards) const
 bool CTabOrder::HandleMessage(HWND hRoot, const MSG& msg) const
 {
     if (msg.message != WM_KEYDOWN || msg.wParam != VK_TAB || m_stops.empty() || hRoot == nullptr)
+    {
         return false;
+    }
     if (msg.hwnd != hRoot && !IsChild(hRoot, msg.hwnd))
+    {
         return false;
+    }
     if (IsDown(VK_CONTROL) || IsDown(VK_MENU))
+    {
         return false;
+    }
     const HWND hNext = FindNext(GetFocus(), IsDown(VK_SHIFT));
     if (hNext != nullptr)
+    {
         FocusByKeyboard(hNext);
+    }
     return true;
 }

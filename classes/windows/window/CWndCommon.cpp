@@ -60,7 +60,9 @@ RECT CWndCommon::GetBackdropRect(HWND hChild, HWND hRoot)
 {
     RECT rc{};
     if (!GetClientRect(hRoot, &rc))
+    {
         return {};
+    }
     // Mapped as a point: in a mirrored child a rectangle would come back with its sides exchanged.
     POINT ptOrigin{0, 0};
     MapWindowPoints(hRoot, hChild, &ptOrigin, 1);
@@ -74,7 +76,9 @@ bool CWndCommon::Initialize(const wchar_t* sClassName, std::wstring* pDebugLog, 
                             int iBackdropPicture, int iBackdropPictureRtl, EnumPicDrawMode eDrawMode)
 {
     if (sClassName == nullptr || *sClassName == L'\0' || hInstance == nullptr || !m_sClassName.IsEmpty())
+    {
         return false;
+    }
     ThreadQuit_Forget();
     m_Com.Enter();
     m_sClassName = sClassName;
@@ -98,7 +102,9 @@ bool CWndCommon::Initialize(const wchar_t* sClassName, const CWndCommon* pParent
 {
     if (sClassName == nullptr || *sClassName == L'\0' || pParent == nullptr || hInstance == nullptr ||
         !m_sClassName.IsEmpty())
+    {
         return false;
+    }
     m_sClassName = sClassName;
     m_hInstance = hInstance;
     m_pParent = pParent;
@@ -123,7 +129,9 @@ bool CWndCommon::Initialize(const wchar_t* sClassName, const CWndCommon* pParent
 void CWndCommon::LoadBackdrop(int iPicture)
 {
     if (m_picBackdrop.LoadFromResource(m_hInstance, iPicture))
+    {
         return;
+    }
     const std::vector<std::uint32_t> pixels = MakeBackdropTexture();
     m_picBackdrop.CreateFromPixels(c_iBackdropTextureLength, c_iBackdropTextureLength, pixels.data());
 }
@@ -143,7 +151,9 @@ void CWndCommon::NoticePointer(const MSG& msg)
         return;
     }
     if (msg.message != WM_MOUSEMOVE || msg.hwnd == m_hHovered || GetCapture() != nullptr || !OwnsWindow(msg.hwnd))
+    {
         return;
+    }
     m_hHovered = msg.hwnd;
     TRACKMOUSEEVENT track{};
     track.cbSize = sizeof(track);

@@ -16,25 +16,35 @@ CWndToolTip::~CWndToolTip()
 {
     RemoveTool();
     if (IsWindow(m_hWnd)) // its owner may have taken it along
+    {
         DestroyWindow(m_hWnd);
+    }
 }
 
 bool CWndToolTip::EnsureWindow(HWND hMain)
 {
     if (IsWindow(m_hWnd))
+    {
         return true;
+    }
     m_hControl = nullptr;
     m_hWnd =
         CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, CW_USEDEFAULT,
                         CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, hMain, nullptr, nullptr, nullptr);
     if (m_hWnd == nullptr)
+    {
         return false;
+    }
     m_hMain = hMain;
     SendMessageW(m_hWnd, TTM_SETMAXTIPWIDTH, 0, c_iMaxWidth);
     if (m_hFont != nullptr)
+    {
         SendMessageW(m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(m_hFont), FALSE);
+    }
     if (m_uDelayMs != 0)
+    {
         SendMessageW(m_hWnd, TTM_SETDELAYTIME, TTDT_INITIAL, static_cast<LPARAM>(m_uDelayMs));
+    }
     return true;
 }
 
@@ -56,10 +66,14 @@ void CWndToolTip::RemoveTool()
 void CWndToolTip::ShowToolTip(const CWString& sText, HWND hMain, HWND hControl)
 {
     if (hControl != nullptr && hControl == m_hControl && sText == m_sText && IsWindow(m_hWnd))
+    {
         return;
+    }
     RemoveTool();
     if (sText.IsEmpty() || !IsWindow(hControl) || !EnsureWindow(hMain))
+    {
         return;
+    }
     // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the message takes a text that may be written to
     CWString sCopy = sText;
     TTTOOLINFOW tool{};
@@ -70,7 +84,9 @@ void CWndToolTip::ShowToolTip(const CWString& sText, HWND hMain, HWND hControl)
     tool.uId = reinterpret_cast<UINT_PTR>(hControl);
     tool.lpszText = const_cast<wchar_t*>(sCopy.c_str());
     if (!SendMessageW(m_hWnd, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool)))
+    {
         return;
+    }
     m_hControl = hControl;
     m_sText = sCopy;
 }

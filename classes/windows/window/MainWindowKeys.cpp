@@ -9,5 +9,7 @@ void ForwardKeyUp(HWND hFrom, WPARAM wParam, LPARAM lParam)
 {
     const HWND hMain = GetAncestor(hFrom, GA_ROOT);
     if (hMain != nullptr && hMain != hFrom)
+    {
         SendMessageW(hMain, WM_KEYUP, wParam, lParam);
+    }
 }

@@ -69,7 +69,9 @@ bool CMessageBoxDialog::Create(HINSTANCE hInstance, HWND hOwner)
     const HWND hWnd = CreateDialogIndirectParamW(hInstance, &dialogTemplate.record, hOwner, DialogProc,
                                                  reinterpret_cast<LPARAM>(this));
     if (hWnd == nullptr)
+    {
         return false;
+    }
     ShowCreateWindow(m_pDebugLog, this, L"CMessageBoxDialog", L"m_hWnd", hWnd, m_sTitle.c_str());
     CreateControls(hInstance);
     MessageBeep(MB_ICONWARNING);
@@ -82,7 +84,9 @@ bool CMessageBoxDialog::Create(HINSTANCE hInstance, HWND hOwner)
 void CMessageBoxDialog::Destroy()
 {
     if (m_hWnd != nullptr)
+    {
         DestroyWindow(m_hWnd);
+    }
 }
 
 SIZE CMessageBoxDialog::MeasureText(const CWString& sText, int iMaxWidth) const
@@ -149,7 +153,9 @@ void CMessageBoxDialog::PlaceWindow(const SIZE& sizeClient)
     GetMonitorInfoW(MonitorFromWindow(m_hOwner, MONITOR_DEFAULTTOPRIMARY), &info);
     RECT rcOwner = info.rcWork;
     if (m_hOwner != nullptr && !IsIconic(m_hOwner))
+    {
         GetWindowRect(m_hOwner, &rcOwner);
+    }
     const RECT& rcWork = info.rcWork;
     const int iLeft =
         std::max<int>(rcWork.left, std::min<int>(Centre(rcOwner.left, rcOwner.right, iWidth), rcWork.right - iWidth));
@@ -168,7 +174,9 @@ INT_PTR CALLBACK CMessageBoxDialog::DialogProc(HWND hWnd, UINT uMessage, WPARAM 
     }
     auto* const pDialog = reinterpret_cast<CMessageBoxDialog*>(GetWindowLongPtrW(hWnd, DWLP_USER));
     if (pDialog == nullptr)
+    {
         return FALSE;
+    }
     return CReportingGuard{}(pDialog->m_pDebugLog, [&] { return pDialog->OnMessage(uMessage, wParam, lParam); });
 }
 
@@ -178,7 +186,9 @@ INT_PTR CMessageBoxDialog::OnMessage(UINT uMessage, WPARAM wParam, LPARAM)
     {
     case WM_COMMAND: // the button and Enter say OK; Escape and the close box say Cancel
         if (LOWORD(wParam) != IDOK && LOWORD(wParam) != IDCANCEL)
+        {
             return FALSE;
+        }
         m_bAnswered = true;
         return TRUE;
     case WM_ERASEBKGND:

@@ -32,7 +32,9 @@ CWString GetTimeText(bool bSeconds)
 void CWndCommon::UpdateStatusBarClock(bool bLongDate, bool bSeconds)
 {
     if (!IsWindow(m_hStatusBar))
+    {
         return;
+    }
     SetStatusBarText(c_iDatePart, GetDateText(bLongDate), m_sClockDate);
     SetStatusBarText(c_iTimePart, GetTimeText(bSeconds), m_sClockTime);
 }
@@ -41,7 +43,11 @@ void CWndCommon::UpdateStatusBarClock(bool bLongDate, bool bSeconds)
 void CWndCommon::SetStatusBarText(int iPart, const CWString& sText, CWString& sShown)
 {
     if (sText == sShown)
+    {
         return;
+    }
     if (SendMessageW(m_hStatusBar, SB_SETTEXTW, static_cast<WPARAM>(iPart), reinterpret_cast<LPARAM>(sText.c_str())))
+    {
         sShown = sText;
+    }
 }

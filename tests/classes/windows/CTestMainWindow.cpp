@@ -76,7 +76,9 @@ bool CTestMainWindow::Create(int iWidth, int iHeight)
     const HINSTANCE hInstance = GetModuleHandleW(nullptr);
     if (!Initialize(c_sClass, nullptr, nullptr, nullptr, hInstance, nullptr, 7, 104, 0, 0, 101, 101,
                     EnumPicDrawMode::Tiled))
+    {
         return false;
+    }
     RegisterOnce(hInstance);
     const DWORD uStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
     RECT rc{0, 0, iWidth, iHeight};
@@ -84,10 +86,14 @@ bool CTestMainWindow::Create(int iWidth, int iHeight)
     m_hWnd = CreateWindowExW(0, c_sClass, L"Test", uStyle, 0, 0, GetRectWidth(rc), GetRectHeight(rc), nullptr, nullptr,
                              hInstance, this);
     if (m_hWnd == nullptr)
+    {
         return false;
+    }
     m_pPanel = std::make_unique<CDataCtrlGroup>(this, static_cast<short>(200), 0.6, false, nullptr);
     if (m_pPanel->GetWindowHandle() == nullptr)
+    {
         return false;
+    }
     m_bInitialised = true;
     ShowWindow(m_hWnd, SW_SHOWNORMAL);
     SetForegroundWindow(m_hWnd);
@@ -107,7 +113,9 @@ void CTestMainWindow::AddRows()
     SendMessageW(hList, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"Fixed"));
     SendMessageW(hList, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"Speed"));
     for (const short i : GetRows())
+    {
         m_TabOrder.AddWindow(m_pPanel->GetCtrlTabHandle(i), m_pPanel->GetLabel(i).c_str());
+    }
     SetControlPositions(-1, -1);
     Pump();
 }
@@ -125,7 +133,9 @@ void CTestMainWindow::AddStatusBar()
 bool CTestMainWindow::AddButton()
 {
     if (!m_Button.Initialize(m_hInstance, this, false, GetBackdrop(), L"Start", nullptr, true, nullptr))
+    {
         return false;
+    }
     m_Button.SetBackground(c_crSage, c_crSage, true, true, true);
     SetControlPositions(-1, -1);
     Pump();
@@ -136,7 +146,9 @@ void CTestMainWindow::Pump()
 {
     constexpr int c_iRounds = 4;
     for (int i = 0; i < c_iRounds; ++i)
+    {
         OperateMessagePump(nullptr);
+    }
 }
 
 std::vector<short> CTestMainWindow::GetRows() const
@@ -151,11 +163,17 @@ void CTestMainWindow::SetControlPositions(int, int)
     RECT rc{};
     GetClientRect(m_hWnd, &rc);
     if (m_pPanel)
+    {
         MoveWindow(m_pPanel->GetWindowHandle(), rc.right - 250, 60, 240, rc.bottom - 125, TRUE);
+    }
     if (m_Button.GetWindowHandle() != nullptr)
+    {
         MoveWindow(m_Button.GetWindowHandle(), rc.right - 140, 10, 130, 25, TRUE);
+    }
     if (m_hStatusBar == nullptr)
+    {
         return;
+    }
     const int parts[] = {static_cast<int>(rc.right) - m_byMargin - 158, static_cast<int>(rc.right) - m_byMargin - 76,
                          -1};
     SendMessageW(m_hStatusBar, SB_SETPARTS, 3, reinterpret_cast<LPARAM>(parts));
@@ -166,8 +184,10 @@ void CTestMainWindow::UpdateStatusBar(HWND hControl, const POINT&)
 {
     m_hovered.push_back(hControl);
     if (m_hStatusBar != nullptr && m_pPanel)
+    {
         SendMessageW(m_hStatusBar, SB_SETTEXTW, 0,
                      reinterpret_cast<LPARAM>(m_pPanel->GetDesc(m_pPanel->GetCtrlIndex(hControl)).c_str()));
+    }
 }
 
 LRESULT CTestMainWindow::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
@@ -180,7 +200,9 @@ LRESULT CTestMainWindow::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM
         return 0;
     case WM_SIZE:
         if (m_bInitialised)
+        {
             SetControlPositions(-1, -1);
+        }
         return 0;
     case WM_ERASEBKGND:
     {
@@ -195,10 +217,14 @@ LRESULT CTestMainWindow::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM
     {
         const NMHDR& header = *reinterpret_cast<const NMHDR*>(lParam);
         if (header.code != c_uButtonClicked)
+        {
             break;
+        }
         m_notices.push_back({header.code, header.hwndFrom});
         if (m_bThrowOnNotify)
+        {
             throw std::runtime_error("thrown on purpose");
+        }
         return 0;
     }
     case WM_COMMAND:

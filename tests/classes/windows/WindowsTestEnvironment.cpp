@@ -10,7 +10,9 @@
 bool SetClipboardText(HWND hOwner, const std::wstring& sText)
 {
     if (!OpenClipboard(hOwner))
+    {
         return false;
+    }
     EmptyClipboard();
     const SIZE_T uBytes = (sText.size() + 1) * sizeof(wchar_t);
     const HGLOBAL hMemory = GlobalAlloc(GMEM_MOVEABLE, uBytes);
@@ -54,7 +56,9 @@ void PressTab(CTestMainWindow& window, bool bShift)
 void TypeText(CTestMainWindow& window, HWND hWnd, const std::wstring& sText)
 {
     for (const wchar_t c : sText)
+    {
         PostMessageW(hWnd, WM_CHAR, c, 1);
+    }
     window.Pump();
 }
 
@@ -83,7 +87,9 @@ CPicture CopyFromScreen(HWND hWnd)
     std::unique_ptr<CPictureBits> pBits = CPictureBits::Create(rc.right, rc.bottom);
     CPicture picture;
     if (!pBits)
+    {
         return picture;
+    }
     {
         const CWindowDc screen(nullptr);
         const CMemoryDc memory(screen.Get());
@@ -105,7 +111,9 @@ bool PumpUntil(CTestMainWindow& window, const std::function<bool()>& condition)
     while (!condition())
     {
         if (std::chrono::steady_clock::now() > deadline)
+        {
             return false;
+        }
         window.Pump();
         Sleep(1);
     }

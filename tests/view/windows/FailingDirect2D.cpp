@@ -17,11 +17,17 @@ EnumAnswer AnswerCall(const char* sName)
     const int iCall = static_cast<int>(fake.calls.size());
     fake.calls.emplace_back(sName);
     if (fake.failAt == CFailingDirect2D::c_iNever || iCall < fake.failAt)
+    {
         return EnumAnswer::Good;
+    }
     if (fake.failure == CFailingDirect2D::EnumFailure::FromThenOn)
+    {
         return EnumAnswer::Error;
+    }
     if (iCall != fake.failAt)
+    {
         return EnumAnswer::Good;
+    }
     return fake.failure == CFailingDirect2D::EnumFailure::Once ? EnumAnswer::Error : EnumAnswer::Nothing;
 }
 
@@ -35,7 +41,9 @@ HRESULT MakeObject(const char* sName, I** ppObject)
 {
     const EnumAnswer eAnswer = AnswerCall(sName);
     if (eAnswer == EnumAnswer::Good)
+    {
         *ppObject = new T;
+    }
     return eAnswer == EnumAnswer::Error ? GetFailingDirect2D().error : S_OK;
 }
 
@@ -56,7 +64,9 @@ public:
     {
         const ULONG uLeft = --m_uCount;
         if (uLeft == 0)
+        {
             delete this;
+        }
         return uLeft;
     }
 
@@ -143,13 +153,17 @@ public:
     void STDMETHODCALLTYPE BeginDraw() override
     {
         if (m_bDrawing)
+        {
             ++GetFailingDirect2D().misuses;
+        }
         m_bDrawing = true;
     }
     HRESULT STDMETHODCALLTYPE EndDraw(D2D1_TAG*, D2D1_TAG*) override
     {
         if (!m_bDrawing)
+        {
             ++GetFailingDirect2D().misuses;
+        }
         m_bDrawing = false;
         m_bLost = m_bLost || GetFailingDirect2D().loseTarget;
         if (m_bLost)
@@ -159,7 +173,9 @@ public:
         }
         const HRESULT hr = DoCall("EndDraw");
         if (SUCCEEDED(hr))
+        {
             ++GetFailingDirect2D().frames;
+        }
         return hr;
     }
     HRESULT STDMETHODCALLTYPE Resize(const D2D1_SIZE_U*) override { return DoCall("Resize"); }

@@ -50,7 +50,9 @@ protected:
         const CComPtr<IAccessible> pObject = Get(hWnd);
         BSTR sName = nullptr;
         if (pObject)
+        {
             pObject->get_accName(Self(), &sName);
+        }
         return TakeText(sName);
     }
 
@@ -127,7 +129,9 @@ TEST_F(Accessibility, BeforeEachEntryAndListStandsAVisibleLabelWithItsText)
     {
         const HWND hControl = panel.GetCtrlTabHandle(i);
         if (hControl == nullptr)
+        {
             continue;
+        }
         const HWND hBefore = ::GetWindow(hControl, GW_HWNDPREV);
         wchar_t sClass[32]{};
         GetClassNameW(hBefore, sClass, 32);
@@ -141,7 +145,9 @@ TEST_F(Accessibility, EveryEntryIsCalledByItsLabel)
 {
     CDataCtrlGroup& panel = m_Main.GetPanel();
     for (const short i : std::initializer_list<short>{1, 2, 6, 7, 8, 12, 14, 16})
+    {
         EXPECT_EQ(NameOf(panel.GetCtrlTabHandle(i)), panel.GetLabel(i).Get()) << i;
+    }
 }
 
 TEST_F(Accessibility, TheListIsCalledByItsLabel)

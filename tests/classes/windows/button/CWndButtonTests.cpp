@@ -50,7 +50,9 @@ TEST_F(WndButton, AHeldKeyPressesItOnlyOnce)
         m_Main.m_notices.clear();
         PostMessageW(m_hButton, WM_KEYDOWN, wKey, 1);
         for (int i = 0; i < 10; ++i)
+        {
             PostMessageW(m_hButton, WM_KEYDOWN, wKey, c_iRepeated);
+        }
         PostMessageW(m_hButton, WM_KEYUP, wKey, c_iRepeated);
         m_Main.Pump();
         EXPECT_EQ(m_Main.m_notices.size(), 1u) << wKey;

@@ -29,7 +29,9 @@ CCrashedProgram::CCrashedProgram(const std::filesystem::path& folder, const std:
     std::wstring sCommand = L"\"" + program.wstring() + L"\" \"" + folder.wstring() + L"\\\\\" " + sHow;
     if (!CreateProcessW(program.c_str(), sCommand.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                         &process))
+    {
         throw std::runtime_error("kinetarium-crashing does not start");
+    }
     CloseHandle(process.hThread);
     m_hProcess = process.hProcess;
 }
@@ -37,7 +39,9 @@ CCrashedProgram::CCrashedProgram(const std::filesystem::path& folder, const std:
 CCrashedProgram::~CCrashedProgram()
 {
     if (WaitForSingleObject(m_hProcess, 0) == WAIT_TIMEOUT)
+    {
         TerminateProcess(m_hProcess, 1);
+    }
     CloseHandle(m_hProcess);
 }
 
@@ -50,7 +54,9 @@ DWORD CCrashedProgram::WaitForExit() const
 {
     DWORD dwCode = 0;
     if (WaitForSingleObject(m_hProcess, c_dwPatience) == WAIT_OBJECT_0)
+    {
         GetExitCodeProcess(m_hProcess, &dwCode);
+    }
     return dwCode;
 }
 
@@ -74,8 +80,12 @@ std::vector<std::string> CEmptyFolder::List(const std::string& sEnding) const
 {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(m_path))
+    {
         if (sEnding.empty() || entry.path().extension() == sEnding)
+        {
             names.push_back(entry.path().filename().string());
+        }
+    }
     std::sort(names.begin(), names.end());
     return names;
 }

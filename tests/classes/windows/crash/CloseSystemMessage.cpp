@@ -21,7 +21,9 @@ BOOL CALLBACK MatchDialog(HWND hWnd, LPARAM lParam)
     wchar_t sClass[16] = L"";
     GetClassNameW(hWnd, sClass, static_cast<int>(std::size(sClass)));
     if (dwProcessId != pSearch->processId || !IsWindowVisible(hWnd) || std::wstring(sClass) != L"#32770")
+    {
         return TRUE;
+    }
     pSearch->found = hWnd;
     return FALSE;
 }
@@ -34,7 +36,9 @@ BOOL CALLBACK TakeLongest(HWND hWnd, LPARAM lParam)
     sText.resize(
         static_cast<std::size_t>(SendMessageW(hWnd, WM_GETTEXT, sText.size(), reinterpret_cast<LPARAM>(sText.data()))));
     if (sText.size() > pText->size())
+    {
         *pText = sText;
+    }
     return TRUE;
 }
 } // namespace
@@ -53,7 +57,9 @@ std::wstring CloseSystemMessage(HANDLE hProcess)
             return sText;
         }
         if (WaitForSingleObject(hProcess, c_dwLook) == WAIT_OBJECT_0)
+        {
             return {};
+        }
     }
     throw std::runtime_error("neither a message nor the end of the program");
 }

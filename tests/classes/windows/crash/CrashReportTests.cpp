@@ -30,9 +30,13 @@ struct CCrashResult
         message = program.CloseMessage();
         exitCode = program.WaitForExit();
         for (const std::string& sName : folder.List(".txt"))
+        {
             report = folder.Read(sName);
+        }
         for (const std::string& sName : folder.List(".dmp"))
+        {
             dump = folder.Read(sName);
+        }
     }
 
     bool Says(const std::string& sPattern) const { return std::regex_search(report, std::regex(sPattern)); }
@@ -154,7 +158,9 @@ TEST_F(CrashReport, SixCrashesLeaveFivePairsAndForeignFilesStay)
         m_folder.Write(sStem + ".dmp", "an old dump");
     };
     for (const char* sDay : {"01", "02", "03", "04", "05"})
+    {
         writePair(std::string("Crashing-crash-200101") + sDay + "-000000");
+    }
     m_folder.Write("Crashing.ini", "settings");
     m_folder.Write("Crashing-crash-notes.txt", "mine");
     std::filesystem::create_directory(m_folder.GetPath() / "Crashing-crash-20000101-000000.txt");

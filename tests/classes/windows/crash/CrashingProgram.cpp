@@ -80,17 +80,23 @@ int wmain(int iCount, wchar_t** pArguments)
 {
     const auto way = iCount > 2 ? GetWays().find(pArguments[2]) : GetWays().end();
     if (way == GetWays().end())
+    {
         return c_iUnknownRequest;
+    }
 
     const CExceptionHandler exceptionHandler(nullptr, false);
     const CCrashReport crashReport({pArguments[1], "Crashing", "1.2.3", "some day"});
     SetCrashNote("ending as it was told");
     if (iCount > 3)
+    {
         std::thread([&] {
             CCrashReport::PrepareThread();
             way->second();
         }).join();
+    }
     else
+    {
         way->second();
+    }
     return c_iNothingHappened;
 }

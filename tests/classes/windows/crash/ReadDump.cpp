@@ -12,7 +12,9 @@ template<class T>
 T ReadAt(const std::string& sBytes, std::size_t uPlace)
 {
     if (uPlace > sBytes.size() || sBytes.size() - uPlace < sizeof(T))
+    {
         throw std::runtime_error("the dump points beyond its end");
+    }
     T value{};
     std::memcpy(&value, sBytes.data() + uPlace, sizeof value);
     return value;
@@ -26,7 +28,9 @@ std::size_t FindStream(const std::string& sBytes, const MINIDUMP_HEADER& header,
         const auto entry =
             ReadAt<MINIDUMP_DIRECTORY>(sBytes, header.StreamDirectoryRva + i * sizeof(MINIDUMP_DIRECTORY));
         if (entry.StreamType == dwType)
+        {
             return entry.Location.Rva;
+        }
     }
     throw std::runtime_error("the dump lacks stream " + std::to_string(dwType));
 }
@@ -35,7 +39,9 @@ std::wstring ReadText(const std::string& sBytes, std::size_t uPlace)
 {
     std::wstring sText(ReadAt<ULONG32>(sBytes, uPlace) / sizeof(wchar_t), L'\0');
     for (std::size_t i = 0; i < sText.size(); ++i)
+    {
         sText[i] = ReadAt<wchar_t>(sBytes, uPlace + sizeof(ULONG32) + i * sizeof(wchar_t));
+    }
     return sText;
 }
 } // namespace
@@ -44,7 +50,9 @@ CDumpContents ReadDump(const std::string& sBytes)
 {
     const auto header = ReadAt<MINIDUMP_HEADER>(sBytes, 0);
     if (sBytes.compare(0, sizeof header.Signature, "MDMP") != 0)
+    {
         throw std::runtime_error("the dump does not begin with MDMP");
+    }
 
     CDumpContents contents;
     const auto exception = ReadAt<MINIDUMP_EXCEPTION_STREAM>(sBytes, FindStream(sBytes, header, ExceptionStream));

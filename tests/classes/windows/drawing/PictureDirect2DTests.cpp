@@ -96,6 +96,7 @@ TEST_F(PictureDirect2D, TilesBeginAtTheLeftTopCornerOfTheDrawingRectangle)
     picture.SetDrawingRect(&rc);
     ASSERT_TRUE(DrawUntilShown(picture, c_iWidth - 1, c_iHeight - 1, RGB(0, 0, 255)));
     for (int y = 0; y < c_iHeight; ++y)
+    {
         for (int x = 0; x < c_iWidth; ++x)
         {
             const bool bInside = x < rc.right && y < rc.bottom;
@@ -103,6 +104,7 @@ TEST_F(PictureDirect2D, TilesBeginAtTheLeftTopCornerOfTheDrawingRectangle)
             const COLORREF crExpected = !bInside ? RGB(0, 0, 255) : bMark ? RGB(255, 0, 0) : RGB(255, 255, 255);
             ASSERT_EQ(m_Shown.GetPixelColour(x, y), crExpected) << x << ", " << y;
         }
+    }
 }
 
 TEST_F(PictureDirect2D, ASolidPictureFillsAndTakesANewColour)

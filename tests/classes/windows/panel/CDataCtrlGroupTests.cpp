@@ -33,9 +33,13 @@ TEST_F(DataCtrlGroup, RowsAreFoundByTheirLabelAndByTheirWindows)
 TEST_F(DataCtrlGroup, HeadingsAndDividersHaveNothingThatTakesTheFocus)
 {
     for (const short iIndex : std::initializer_list<short>{0, 4, 5, 9})
+    {
         EXPECT_EQ(Panel().GetCtrlTabHandle(iIndex), nullptr) << iIndex;
+    }
     for (const short iIndex : std::initializer_list<short>{1, 2, 3, 6, 7, 8, 10, 11, 12, 13, 14, 15, 16})
+    {
         EXPECT_NE(Panel().GetCtrlTabHandle(iIndex), nullptr) << iIndex;
+    }
     EXPECT_EQ(Panel().GetCtrlTabHandle(-1), nullptr);
     EXPECT_EQ(Panel().GetCtrlTabHandle(17), nullptr);
 }

@@ -33,7 +33,9 @@ protected:
     {
         int iCount = 0;
         for (const CTestMainWindow::CNotice& command : m_Main.m_commands)
+        {
             iCount += command.uCode == uCode;
+        }
         return iCount;
     }
 
@@ -124,7 +126,9 @@ TEST_F(PanelInput, F11AndEscapeReachTheMainWindowFromEveryControl)
     {
         const HWND hControl = Panel().GetCtrlTabHandle(i);
         if (hControl == nullptr)
+        {
             continue;
+        }
         SetFocus(hControl);
         m_Main.m_keysUp.clear();
         PressKey(m_Main, VK_F11);
@@ -177,7 +181,9 @@ TEST_F(PanelInput, AChoiceInTheOpenListIsAnnouncedOnceWithTheListAsSender)
     EXPECT_EQ(Panel().GetValue_Int32(L"Colour mode"), 1);
     EXPECT_EQ(CountCommands(CBN_SELENDOK), 1);
     for (const CTestMainWindow::CNotice& command : m_Main.m_commands)
+    {
         EXPECT_EQ(command.hFrom, m_hList);
+    }
 }
 
 TEST_F(PanelInput, WhatEntriesNotifyStaysInThePanel)

@@ -30,14 +30,18 @@ TEST_F(PanelLooks, AtTheDefaultSizeEverythingIsInViewAndAligned)
         const HWND hLabel = Panel().GetCtrlHandle(sLabel, 1);
         const HWND hControl = Panel().GetCtrlHandle(sLabel, 0);
         if (hLabel == nullptr)
+        {
             continue;
+        }
         const RECT rcLabel = InPanel(hLabel);
         EXPECT_EQ(rcLabel.left, 10) << i;
         EXPECT_GE(rcLabel.top, iLastBottom) << i;
         EXPECT_LE(rcLabel.bottom, rcClient.bottom) << i;
         iLastBottom = rcLabel.bottom;
         if (hControl == nullptr)
+        {
             continue;
+        }
         const RECT rcControl = InPanel(hControl);
         EXPECT_GE(rcControl.left, rcLabel.right) << i;
         if (Panel().GetType(i) == EnumDataCtrlType::ColourButton ||
@@ -62,7 +66,9 @@ TEST_F(PanelLooks, NoLabelIsCutOff)
         const std::wstring sText = L"[" + Panel().GetLabel(i).Get() + L"]";
         const HWND hLabel = Panel().GetCtrlHandle(Panel().GetLabel(i), 1);
         if (hLabel == nullptr)
+        {
             continue;
+        }
         SIZE size{};
         GetTextExtentPoint32W(dc.Get(), sText.c_str(), static_cast<int>(sText.size()), &size);
         const RECT rc = InPanel(hLabel);
@@ -80,7 +86,9 @@ TEST_F(PanelLooks, TheBackdropGoesOnThroughThePanelAndItsLabels)
         return m_Main.GetBackdrop()->GetPixelColour((x - rc.left) % size.cx, (y - rc.top) % size.cy);
     };
     for (int y = 0; y < 500; y += 7)
+    {
         EXPECT_EQ(GetShownPixel(m_hPanel, 3, y), Expected(m_hPanel, 3, y)) << y;
+    }
     const HWND hLabel = Panel().GetCtrlHandle(L"Width", 1);
     EXPECT_EQ(GetShownPixel(hLabel, 100, 2), Expected(hLabel, 100, 2));
 }
@@ -91,8 +99,10 @@ TEST_F(PanelLooks, TheBackdropStaysAlignedWhenThePanelIsMoved)
     m_Main.Pump();
     const SIZE size = m_Main.GetBackdrop()->GetSize();
     for (int y = 0; y < 500; y += 11)
+    {
         EXPECT_EQ(GetShownPixel(m_hPanel, 3, y),
                   m_Main.GetBackdrop()->GetPixelColour((101 + 3) % size.cx, (73 + y) % size.cy));
+    }
 }
 
 TEST_F(PanelLooks, TheFocusOfAnEntryIsVisible)
@@ -105,11 +115,15 @@ TEST_F(PanelLooks, TheFocusOfAnEntryIsVisible)
     int iDifferent = 0;
     COLORREF before[8]{};
     for (int i = 0; i < 8; ++i)
+    {
         before[i] = GetShownPixel(m_hPanel, x, yFrame + 2 - i);
+    }
     SetFocus(hEntry);
     UpdateWindow(m_hPanel);
     for (int i = 0; i < 8; ++i)
+    {
         iDifferent += GetShownPixel(m_hPanel, x, yFrame + 2 - i) != before[i];
+    }
     EXPECT_GE(iDifferent, 1);
 }
 

@@ -74,7 +74,9 @@ TEST_F(LowDataCtrlGroup, FineWheelMovementsAddUp)
     const WPARAM wTenth = WheelParameter(-WHEEL_DELTA / 10);
     const WPARAM wWhole = WheelParameter(-WHEEL_DELTA);
     for (int i = 0; i < 10; ++i)
+    {
         SendMessageW(m_hPanel, WM_MOUSEWHEEL, wTenth, 0);
+    }
     const int iByTenths = GetScrollPos(m_hPanel, SB_VERT);
     SendMessageW(m_hPanel, WM_VSCROLL, SB_TOP, 0);
     SendMessageW(m_hPanel, WM_MOUSEWHEEL, wWhole, 0);

@@ -34,7 +34,9 @@ protected:
     {
         const HMODULE hLibrary = LoadLibraryW(sName.c_str());
         if (hLibrary == nullptr)
+        {
             return false;
+        }
         FreeLibrary(hLibrary);
         return true;
     }

@@ -31,7 +31,9 @@ HWND WaitForBox()
     {
         const HWND hBox = FindWindowW(nullptr, c_sTitle);
         if (hBox != nullptr && IsWindowVisible(hBox) && FindWindowExW(hBox, nullptr, L"Button", nullptr) != nullptr)
+        {
             return hBox;
+        }
         Sleep(5);
     }
     return nullptr;
@@ -43,7 +45,9 @@ BOOL CALLBACK TakeLongestText(HWND hChild, LPARAM lParam)
     wchar_t sClass[32]{};
     GetClassNameW(hChild, sClass, 32);
     if (lstrcmpiW(sClass, L"Static") == 0 && GetText(hChild).size() > sText.size())
+    {
         sText = GetText(hChild);
+    }
     return TRUE;
 }
 
@@ -129,7 +133,9 @@ TEST_F(MessageBoxTest, AKeyThatWasDownBeforeItOpenedDoesNotCloseIt)
     Show([&](HWND hBox) {
         const HWND hButton = FindWindowExW(hBox, nullptr, L"Button", nullptr);
         for (const WPARAM wKey : {WPARAM{VK_RETURN}, WPARAM{VK_ESCAPE}})
+        {
             PostMessageW(hButton, WM_KEYDOWN, wKey, (LPARAM{1} << 30) | 1);
+        }
         PostMessageW(hButton, WM_KEYUP, VK_RETURN, (LPARAM{3} << 30) | 1);
         // Long enough for all of that to be heeded.
         constexpr DWORD c_uMilliseconds = 300;
@@ -191,7 +197,9 @@ TEST(MessageBoxAlone, WithoutAnOwnerItWorksToo)
 {
     std::thread other([] {
         if (const HWND hBox = WaitForBox(); hBox != nullptr)
+        {
             PressKeyIn(hBox, VK_RETURN);
+        }
     });
     EXPECT_EQ(CMessageBox(nullptr).ShowDialog(c_sText, c_sTitle, 1, c_sLabel), 1);
     other.join();

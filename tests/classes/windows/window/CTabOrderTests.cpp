@@ -22,8 +22,12 @@ protected:
     {
         std::vector<HWND> stops{m_Main.GetStartButton().GetWindowHandle()};
         for (const short i : m_Main.GetRows())
+        {
             if (const HWND hStop = m_Main.GetPanel().GetCtrlTabHandle(i); hStop != nullptr)
+            {
                 stops.push_back(hStop);
+            }
+        }
         return stops;
     }
 

@@ -54,7 +54,9 @@ TEST(WndCommon, ThePumpEndsWithItsWindowAndStaysEnded)
     ASSERT_TRUE(window.Create(300, 200));
     PostMessageW(window.GetWindowHandle(), WM_CLOSE, 0, 0);
     while (window.OperateMessagePump(nullptr))
+    {
         WaitMessage();
+    }
     EXPECT_EQ(window.GetWindowHandle(), nullptr);
     EXPECT_FALSE(window.OperateMessagePump(nullptr));
     EXPECT_FALSE(window.OperateMessagePump(nullptr));
@@ -173,12 +175,18 @@ TEST(WndCommon, TheWindowUnderThePointerIsAnnouncedOnceUntilItChanges)
     const HWND hFirst = window.GetPanel().GetCtrlHandle(L"Width", 0);
     const HWND hSecond = window.GetPanel().GetCtrlHandle(L"Height", 0);
     for (const HWND hWnd : {hFirst, hFirst, hSecond, hSecond, hFirst})
+    {
         PostMessageW(hWnd, WM_MOUSEMOVE, 0, MAKELPARAM(2, 2));
+    }
     window.Pump();
     std::vector<HWND> announced;
     for (const HWND hWnd : window.m_hovered)
+    {
         if (hWnd == hFirst || hWnd == hSecond)
+        {
             announced.push_back(hWnd); // the real pointer's own comings and goings are left out
+        }
+    }
     EXPECT_EQ(announced, (std::vector<HWND>{hFirst, hSecond, hFirst}));
 }
 
