@@ -71,18 +71,18 @@ private:
     LRESULT WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
 
     static const std::array<CMessageEntry<CWndWorldView>, c_uMessageCount>& GetMessageTable();
-    std::optional<LRESULT> HandleDestroy(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> HandleSize(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> HandleEraseBackground(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> HandleSetCursor(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> HandleNotify(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> HandleKeyUp(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> HandleHorizontalScroll(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> HandleVerticalScroll(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> HandleLeftButtonUp(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> HandleRightButtonUp(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> HandleMouseWheel(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> HandleDestroyRequest(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_Destroy(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_Size(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_EraseBackground(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_SetCursor(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_Notify(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_KeyUp(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_HorizontalScroll(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_VerticalScroll(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_LeftButtonUp(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_RightButtonUp(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_MouseWheel(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_DestroyRequest(WPARAM wParam, LPARAM lParam);
     HWND GetParentHandle() const;
     LRESULT ForwardClick(UINT uMessage, WPARAM wParam, LPARAM lParam) const;
 

@@ -50,36 +50,36 @@ const std::array<CMessageEntry<CWndWorldView>, CWndWorldView::c_uMessageCount>& 
 {
     using View = CWndWorldView;
     static constexpr std::array<CMessageEntry<View>, c_uMessageCount> c_table{{
-        {WM_ERASEBKGND, &View::HandleEraseBackground},
-        {WM_SETCURSOR, &View::HandleSetCursor},
-        {WM_SIZE, &View::HandleSize},
-        {WM_HSCROLL, &View::HandleHorizontalScroll},
-        {WM_VSCROLL, &View::HandleVerticalScroll},
-        {WM_MOUSEWHEEL, &View::HandleMouseWheel},
-        {WM_LBUTTONUP, &View::HandleLeftButtonUp},
-        {WM_RBUTTONUP, &View::HandleRightButtonUp},
-        {WM_KEYUP, &View::HandleKeyUp},
-        {WM_NOTIFY, &View::HandleNotify},
-        {WM_DESTROY, &View::HandleDestroy},
-        {c_uDestroyMessage, &View::HandleDestroyRequest},
+        {WM_ERASEBKGND, &View::On_EraseBackground},
+        {WM_SETCURSOR, &View::On_SetCursor},
+        {WM_SIZE, &View::On_Size},
+        {WM_HSCROLL, &View::On_HorizontalScroll},
+        {WM_VSCROLL, &View::On_VerticalScroll},
+        {WM_MOUSEWHEEL, &View::On_MouseWheel},
+        {WM_LBUTTONUP, &View::On_LeftButtonUp},
+        {WM_RBUTTONUP, &View::On_RightButtonUp},
+        {WM_KEYUP, &View::On_KeyUp},
+        {WM_NOTIFY, &View::On_Notify},
+        {WM_DESTROY, &View::On_Destroy},
+        {c_uDestroyMessage, &View::On_DestroyRequest},
     }};
     return c_table;
 }
 
-std::optional<LRESULT> CWndWorldView::HandleDestroy(WPARAM, LPARAM)
+std::optional<LRESULT> CWndWorldView::On_Destroy(WPARAM, LPARAM)
 {
     m_bWindowReady = false;
     m_bDestroyed = true;
     return c_iHandled;
 }
 
-std::optional<LRESULT> CWndWorldView::HandleSize(WPARAM, LPARAM)
+std::optional<LRESULT> CWndWorldView::On_Size(WPARAM, LPARAM)
 {
     RedrawWorld();
     return c_iHandled;
 }
 
-std::optional<LRESULT> CWndWorldView::HandleEraseBackground(WPARAM, LPARAM)
+std::optional<LRESULT> CWndWorldView::On_EraseBackground(WPARAM, LPARAM)
 {
     if (m_bWindowReady)
     {
@@ -88,7 +88,7 @@ std::optional<LRESULT> CWndWorldView::HandleEraseBackground(WPARAM, LPARAM)
     return c_iErased;
 }
 
-std::optional<LRESULT> CWndWorldView::HandleSetCursor(WPARAM, LPARAM)
+std::optional<LRESULT> CWndWorldView::On_SetCursor(WPARAM, LPARAM)
 {
     if (!m_bOwnCursor)
     {
@@ -98,7 +98,7 @@ std::optional<LRESULT> CWndWorldView::HandleSetCursor(WPARAM, LPARAM)
     return c_iCursorSet;
 }
 
-std::optional<LRESULT> CWndWorldView::HandleNotify(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CWndWorldView::On_Notify(WPARAM wParam, LPARAM lParam)
 {
     const auto* const pHeader = reinterpret_cast<const NMHDR*>(lParam);
     if (pHeader == nullptr || std::find(c_forwardedNotifications.begin(), c_forwardedNotifications.end(),
@@ -109,41 +109,41 @@ std::optional<LRESULT> CWndWorldView::HandleNotify(WPARAM wParam, LPARAM lParam)
     return SendMessage_Show(GetParentHandle(), WM_NOTIFY, wParam, lParam);
 }
 
-std::optional<LRESULT> CWndWorldView::HandleKeyUp(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CWndWorldView::On_KeyUp(WPARAM wParam, LPARAM lParam)
 {
     return SendMessageW(GetParentHandle(), WM_KEYUP, wParam, lParam);
 }
 
-std::optional<LRESULT> CWndWorldView::HandleHorizontalScroll(WPARAM wParam, LPARAM)
+std::optional<LRESULT> CWndWorldView::On_HorizontalScroll(WPARAM wParam, LPARAM)
 {
     OnScroll(SB_HORZ, LOWORD(wParam));
     return c_iHandled;
 }
 
-std::optional<LRESULT> CWndWorldView::HandleVerticalScroll(WPARAM wParam, LPARAM)
+std::optional<LRESULT> CWndWorldView::On_VerticalScroll(WPARAM wParam, LPARAM)
 {
     OnScroll(SB_VERT, LOWORD(wParam));
     return c_iHandled;
 }
 
-std::optional<LRESULT> CWndWorldView::HandleLeftButtonUp(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CWndWorldView::On_LeftButtonUp(WPARAM wParam, LPARAM lParam)
 {
     SetFocus(m_hWnd);
     return ForwardClick(WM_LBUTTONUP, wParam, lParam);
 }
 
-std::optional<LRESULT> CWndWorldView::HandleRightButtonUp(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CWndWorldView::On_RightButtonUp(WPARAM wParam, LPARAM lParam)
 {
     return ForwardClick(WM_RBUTTONUP, wParam, lParam);
 }
 
-std::optional<LRESULT> CWndWorldView::HandleMouseWheel(WPARAM wParam, LPARAM)
+std::optional<LRESULT> CWndWorldView::On_MouseWheel(WPARAM wParam, LPARAM)
 {
     OnMouseWheel(static_cast<short>(HIWORD(wParam)));
     return c_iHandled;
 }
 
-std::optional<LRESULT> CWndWorldView::HandleDestroyRequest(WPARAM, LPARAM)
+std::optional<LRESULT> CWndWorldView::On_DestroyRequest(WPARAM, LPARAM)
 {
     DestroyWindow(m_hWnd);
     return c_iHandled;

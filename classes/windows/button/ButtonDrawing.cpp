@@ -62,19 +62,19 @@ void CWndButton::Invalidate() const
     }
 }
 
-std::optional<LRESULT> CWndButton::OnPaint(WPARAM, LPARAM)
+std::optional<LRESULT> CWndButton::On_Paint(WPARAM, LPARAM)
 {
     PaintClient(m_hWnd, [this](HDC hDc, const RECT& rcClient) { Draw(hDc, rcClient); });
     return 0;
 }
 
 // Painting covers every pixel: erasing first would only flicker.
-std::optional<LRESULT> CWndButton::OnEraseBackground(WPARAM, LPARAM)
+std::optional<LRESULT> CWndButton::On_EraseBackground(WPARAM, LPARAM)
 {
     return 1;
 }
 
-std::optional<LRESULT> CWndButton::OnPrintClient(WPARAM wParam, LPARAM)
+std::optional<LRESULT> CWndButton::On_PrintClient(WPARAM wParam, LPARAM)
 {
     PrintClient(m_hWnd, wParam, [this](HDC hDc, const RECT& rcClient) { Draw(hDc, rcClient); });
     return 0;

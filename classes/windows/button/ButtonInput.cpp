@@ -8,7 +8,7 @@ namespace
 constexpr LPARAM c_iRepeated = LPARAM{1} << 30; // the bit of a key message that says the key was down before
 } // namespace
 
-std::optional<LRESULT> CWndButton::OnLButtonDown(WPARAM, LPARAM)
+std::optional<LRESULT> CWndButton::On_LButtonDown(WPARAM, LPARAM)
 {
     SetFocus(m_hWnd);
     SetCapture(m_hWnd);
@@ -17,7 +17,7 @@ std::optional<LRESULT> CWndButton::OnLButtonDown(WPARAM, LPARAM)
     return 0;
 }
 
-std::optional<LRESULT> CWndButton::OnLButtonUp(WPARAM, LPARAM lParam)
+std::optional<LRESULT> CWndButton::On_LButtonUp(WPARAM, LPARAM lParam)
 {
     if (!m_bMouseDown)
     {
@@ -34,7 +34,7 @@ std::optional<LRESULT> CWndButton::OnLButtonUp(WPARAM, LPARAM lParam)
     return 0;
 }
 
-std::optional<LRESULT> CWndButton::OnMouseMove(WPARAM, LPARAM lParam)
+std::optional<LRESULT> CWndButton::On_MouseMove(WPARAM, LPARAM lParam)
 {
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
@@ -56,22 +56,22 @@ std::optional<LRESULT> CWndButton::OnMouseMove(WPARAM, LPARAM lParam)
     return 0;
 }
 
-std::optional<LRESULT> CWndButton::OnMouseLeave(WPARAM, LPARAM)
+std::optional<LRESULT> CWndButton::On_MouseLeave(WPARAM, LPARAM)
 {
     m_bHover = false;
     Invalidate();
     return 0;
 }
 
-std::optional<LRESULT> CWndButton::OnCaptureChanged(WPARAM, LPARAM)
+std::optional<LRESULT> CWndButton::On_CaptureChanged(WPARAM, LPARAM)
 {
     m_bMouseDown = false;
     SetPressed(false);
     return 0;
 }
 
-// Sent before the button is disabled, while it still has the focus: see OnEnable.
-std::optional<LRESULT> CWndButton::OnCancelMode(WPARAM, LPARAM)
+// Sent before the button is disabled, while it still has the focus: see On_Enable.
+std::optional<LRESULT> CWndButton::On_CancelMode(WPARAM, LPARAM)
 {
     m_bFocusLost = GetFocus() == m_hWnd;
     m_bSpaceDown = false;
@@ -79,7 +79,7 @@ std::optional<LRESULT> CWndButton::OnCancelMode(WPARAM, LPARAM)
     return std::nullopt; // the system gives the mouse free
 }
 
-std::optional<LRESULT> CWndButton::OnKeyDown(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CWndButton::On_KeyDown(WPARAM wParam, LPARAM lParam)
 {
     if ((lParam & c_iRepeated) != 0)
     {
@@ -99,7 +99,7 @@ std::optional<LRESULT> CWndButton::OnKeyDown(WPARAM wParam, LPARAM lParam)
     return std::nullopt;
 }
 
-std::optional<LRESULT> CWndButton::OnKeyUp(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CWndButton::On_KeyUp(WPARAM wParam, LPARAM lParam)
 {
     if (wParam == VK_SPACE)
     {
@@ -121,7 +121,7 @@ std::optional<LRESULT> CWndButton::OnKeyUp(WPARAM wParam, LPARAM lParam)
 }
 
 // The panel brings a row into view when its control is given the focus.
-std::optional<LRESULT> CWndButton::OnSetFocus(WPARAM, LPARAM)
+std::optional<LRESULT> CWndButton::On_SetFocus(WPARAM, LPARAM)
 {
     Invalidate();
     NMHDR header{};
@@ -132,7 +132,7 @@ std::optional<LRESULT> CWndButton::OnSetFocus(WPARAM, LPARAM)
     return 0;
 }
 
-std::optional<LRESULT> CWndButton::OnKillFocus(WPARAM, LPARAM)
+std::optional<LRESULT> CWndButton::On_KillFocus(WPARAM, LPARAM)
 {
     m_bSpaceDown = false;
     SetPressed(false);
@@ -142,7 +142,7 @@ std::optional<LRESULT> CWndButton::OnKillFocus(WPARAM, LPARAM)
 
 // A window that is disabled while it has the focus leaves the keyboard without any: no key would reach the program.
 // The main window takes the focus meanwhile, and the button gets it back unless it has moved on.
-std::optional<LRESULT> CWndButton::OnEnable(WPARAM wParam, LPARAM)
+std::optional<LRESULT> CWndButton::On_Enable(WPARAM wParam, LPARAM)
 {
     const HWND hMain = GetAncestor(m_hWnd, GA_ROOT);
     const HWND hFocus = GetFocus();

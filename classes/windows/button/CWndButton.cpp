@@ -121,40 +121,40 @@ LRESULT CWndButton::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lPar
 {
     m_hWnd = hWnd; // the first messages arrive before the creation returns
     static constexpr CMessageEntry<CWndButton> c_table[] = {
-        {WM_PAINT, &CWndButton::OnPaint},
-        {WM_ERASEBKGND, &CWndButton::OnEraseBackground},
-        {WM_PRINTCLIENT, &CWndButton::OnPrintClient},
-        {WM_LBUTTONDOWN, &CWndButton::OnLButtonDown},
-        {WM_LBUTTONUP, &CWndButton::OnLButtonUp},
-        {WM_MOUSEMOVE, &CWndButton::OnMouseMove},
-        {WM_MOUSELEAVE, &CWndButton::OnMouseLeave},
-        {WM_CAPTURECHANGED, &CWndButton::OnCaptureChanged},
-        {WM_CANCELMODE, &CWndButton::OnCancelMode},
-        {WM_KEYDOWN, &CWndButton::OnKeyDown},
-        {WM_KEYUP, &CWndButton::OnKeyUp},
-        {WM_SETFOCUS, &CWndButton::OnSetFocus},
-        {WM_KILLFOCUS, &CWndButton::OnKillFocus},
-        {WM_ENABLE, &CWndButton::OnEnable},
-        {WM_SETTEXT, &CWndButton::OnSetText},
-        {WM_SETFONT, &CWndButton::OnSetFont},
-        {WM_GETFONT, &CWndButton::OnGetFont},
-        {WM_GETDLGCODE, &CWndButton::OnGetDlgCode},
-        {WM_GETOBJECT, &CWndButton::OnGetObject},
-        {BM_CLICK, &CWndButton::OnClickMessage},
-        {WM_MOVE, &CWndButton::OnMove},
-        {WM_NCDESTROY, &CWndButton::OnNcDestroy},
+        {WM_PAINT, &CWndButton::On_Paint},
+        {WM_ERASEBKGND, &CWndButton::On_EraseBackground},
+        {WM_PRINTCLIENT, &CWndButton::On_PrintClient},
+        {WM_LBUTTONDOWN, &CWndButton::On_LButtonDown},
+        {WM_LBUTTONUP, &CWndButton::On_LButtonUp},
+        {WM_MOUSEMOVE, &CWndButton::On_MouseMove},
+        {WM_MOUSELEAVE, &CWndButton::On_MouseLeave},
+        {WM_CAPTURECHANGED, &CWndButton::On_CaptureChanged},
+        {WM_CANCELMODE, &CWndButton::On_CancelMode},
+        {WM_KEYDOWN, &CWndButton::On_KeyDown},
+        {WM_KEYUP, &CWndButton::On_KeyUp},
+        {WM_SETFOCUS, &CWndButton::On_SetFocus},
+        {WM_KILLFOCUS, &CWndButton::On_KillFocus},
+        {WM_ENABLE, &CWndButton::On_Enable},
+        {WM_SETTEXT, &CWndButton::On_SetText},
+        {WM_SETFONT, &CWndButton::On_SetFont},
+        {WM_GETFONT, &CWndButton::On_GetFont},
+        {WM_GETDLGCODE, &CWndButton::On_GetDlgCode},
+        {WM_GETOBJECT, &CWndButton::On_GetObject},
+        {BM_CLICK, &CWndButton::On_ClickMessage},
+        {WM_MOVE, &CWndButton::On_Move},
+        {WM_NCDESTROY, &CWndButton::On_NcDestroy},
     };
     return DispatchMessage_Table(*this, c_table, hWnd, uMessage, wParam, lParam);
 }
 
-std::optional<LRESULT> CWndButton::OnSetText(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CWndButton::On_SetText(WPARAM wParam, LPARAM lParam)
 {
     const LRESULT result = DefWindowProcW(m_hWnd, WM_SETTEXT, wParam, lParam);
     Invalidate();
     return result;
 }
 
-std::optional<LRESULT> CWndButton::OnSetFont(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CWndButton::On_SetFont(WPARAM wParam, LPARAM lParam)
 {
     m_hFont = reinterpret_cast<HFONT>(wParam);
     if (LOWORD(lParam) != FALSE)
@@ -164,17 +164,17 @@ std::optional<LRESULT> CWndButton::OnSetFont(WPARAM wParam, LPARAM lParam)
     return 0;
 }
 
-std::optional<LRESULT> CWndButton::OnGetFont(WPARAM, LPARAM)
+std::optional<LRESULT> CWndButton::On_GetFont(WPARAM, LPARAM)
 {
     return reinterpret_cast<LRESULT>(m_hFont);
 }
 
-std::optional<LRESULT> CWndButton::OnGetDlgCode(WPARAM, LPARAM)
+std::optional<LRESULT> CWndButton::On_GetDlgCode(WPARAM, LPARAM)
 {
     return DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON;
 }
 
-std::optional<LRESULT> CWndButton::OnGetObject(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CWndButton::On_GetObject(WPARAM wParam, LPARAM lParam)
 {
     if (static_cast<DWORD>(lParam) != static_cast<DWORD>(OBJID_CLIENT))
     {
@@ -183,20 +183,20 @@ std::optional<LRESULT> CWndButton::OnGetObject(WPARAM wParam, LPARAM lParam)
     return ButtonAccessible_Answer(m_hWnd, wParam);
 }
 
-std::optional<LRESULT> CWndButton::OnClickMessage(WPARAM, LPARAM)
+std::optional<LRESULT> CWndButton::On_ClickMessage(WPARAM, LPARAM)
 {
     Click();
     return 0;
 }
 
 // The backdrop behind the corners stays where it is when the button moves.
-std::optional<LRESULT> CWndButton::OnMove(WPARAM, LPARAM)
+std::optional<LRESULT> CWndButton::On_Move(WPARAM, LPARAM)
 {
     Invalidate();
     return 0;
 }
 
-std::optional<LRESULT> CWndButton::OnNcDestroy(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CWndButton::On_NcDestroy(WPARAM wParam, LPARAM lParam)
 {
     const HWND hWnd = m_hWnd;
     m_hWnd = nullptr;

@@ -93,21 +93,21 @@ private:
     void Host_RowFocused(short iIndex, bool bFocused) override;
     bool Host_ScrollByWheel(short iDelta) override;
 
-    std::optional<LRESULT> OnPaint(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnEraseBackground(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnPrintClient(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnSize(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnMove(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnVScroll(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnMouseWheel(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnLButtonDown(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnNotify(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnCommand(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnKeyUp(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnControlColour(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnSetFont(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnGetFont(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnNcDestroy(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_Paint(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_EraseBackground(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_PrintClient(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_Size(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_Move(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_VScroll(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_MouseWheel(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_LButtonDown(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_Notify(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_Command(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_KeyUp(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_ControlColour(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_SetFont(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_GetFont(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_NcDestroy(WPARAM wParam, LPARAM lParam);
 
     bool CreatePanelWindow(bool bFrame);
     CDataCtrl* GetCtrl(short iIndex) const;

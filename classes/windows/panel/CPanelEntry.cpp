@@ -50,14 +50,14 @@ std::optional<LRESULT> CPanelEntry::HandleMessage(UINT uMessage, WPARAM wParam, 
     switch (uMessage)
     {
     case WM_CHAR:
-        return OnChar(wParam);
+        return On_Char(wParam);
     case WM_PASTE:
         Paste();
         return 0;
     case WM_KEYDOWN:
-        return OnKeyDown(wParam);
+        return On_KeyDown(wParam);
     case WM_KEYUP:
-        return OnKeyUp(wParam, lParam);
+        return On_KeyUp(wParam, lParam);
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
     {
@@ -78,7 +78,7 @@ std::optional<LRESULT> CPanelEntry::HandleMessage(UINT uMessage, WPARAM wParam, 
 
 // Control characters (copy, cut, undo, delete backwards) are the control's own, but Enter, Escape and Tab would only
 // make it beep.
-std::optional<LRESULT> CPanelEntry::OnChar(WPARAM wParam) const
+std::optional<LRESULT> CPanelEntry::On_Char(WPARAM wParam) const
 {
     if (wParam == c_wEnter || wParam == c_wEscape || wParam == c_wTab)
     {
@@ -102,7 +102,7 @@ std::optional<LRESULT> CPanelEntry::OnChar(WPARAM wParam) const
 }
 
 // The older key for pasting must not get around the filter either.
-std::optional<LRESULT> CPanelEntry::OnKeyDown(WPARAM wParam) const
+std::optional<LRESULT> CPanelEntry::On_KeyDown(WPARAM wParam) const
 {
     if (wParam != VK_INSERT || GetKeyState(VK_SHIFT) >= 0 || GetKeyState(VK_CONTROL) < 0)
     {
@@ -112,7 +112,7 @@ std::optional<LRESULT> CPanelEntry::OnKeyDown(WPARAM wParam) const
     return 0;
 }
 
-std::optional<LRESULT> CPanelEntry::OnKeyUp(WPARAM wParam, LPARAM lParam) const
+std::optional<LRESULT> CPanelEntry::On_KeyUp(WPARAM wParam, LPARAM lParam) const
 {
     if (!IsMainWindowKey(wParam))
     {

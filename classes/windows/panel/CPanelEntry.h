@@ -28,9 +28,9 @@ public:
     void OnWindowGone() { m_hWnd = nullptr; }
 
 private:
-    std::optional<LRESULT> OnChar(WPARAM wParam) const;
-    std::optional<LRESULT> OnKeyDown(WPARAM wParam) const;
-    std::optional<LRESULT> OnKeyUp(WPARAM wParam, LPARAM lParam) const;
+    std::optional<LRESULT> On_Char(WPARAM wParam) const;
+    std::optional<LRESULT> On_KeyDown(WPARAM wParam) const;
+    std::optional<LRESULT> On_KeyUp(WPARAM wParam, LPARAM lParam) const;
     void Paste() const;
     std::size_t GetRoom() const;
 

@@ -104,11 +104,11 @@ std::optional<LRESULT> CPanelList::HandleMessage(UINT uMessage, WPARAM wParam, L
         PrintClient(m_hWnd, wParam, [this](HDC hDc, const RECT& rcClient) { Draw(hDc, rcClient); });
         return 0;
     case WM_GETOBJECT:
-        return OnGetObject(wParam, lParam);
+        return On_GetObject(wParam, lParam);
     case WM_KEYDOWN:
-        return OnKeyDown(wParam, lParam);
+        return On_KeyDown(wParam, lParam);
     case WM_KEYUP:
-        return OnKeyUp(wParam, lParam);
+        return On_KeyUp(wParam, lParam);
     case WM_MOUSEMOVE:
     case WM_MOUSELEAVE:
         SetHot(uMessage == WM_MOUSEMOVE);
@@ -140,7 +140,7 @@ std::optional<LRESULT> CPanelList::HandleMessage(UINT uMessage, WPARAM wParam, L
     }
 }
 
-std::optional<LRESULT> CPanelList::OnKeyDown(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CPanelList::On_KeyDown(WPARAM wParam, LPARAM lParam)
 {
     if (wParam == VK_ESCAPE && (lParam & c_iRepeated) == 0)
     {
@@ -149,7 +149,7 @@ std::optional<LRESULT> CPanelList::OnKeyDown(WPARAM wParam, LPARAM lParam)
     return std::nullopt;
 }
 
-std::optional<LRESULT> CPanelList::OnKeyUp(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CPanelList::On_KeyUp(WPARAM wParam, LPARAM lParam)
 {
     if (!IsMainWindowKey(wParam))
     {
@@ -174,7 +174,7 @@ void CPanelList::SetOwnAccessibleName(const CWString& sName, const CWString& sDe
     m_sAccessibleDescription = sDescription;
 }
 
-std::optional<LRESULT> CPanelList::OnGetObject(WPARAM wParam, LPARAM lParam) const
+std::optional<LRESULT> CPanelList::On_GetObject(WPARAM wParam, LPARAM lParam) const
 {
     if (m_sAccessibleName.IsEmpty() || static_cast<DWORD>(lParam) != static_cast<DWORD>(OBJID_CLIENT))
     {

@@ -30,9 +30,9 @@ public:
 
 private:
     bool IsDropped() const;
-    std::optional<LRESULT> OnKeyDown(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnKeyUp(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> OnGetObject(WPARAM wParam, LPARAM lParam) const;
+    std::optional<LRESULT> On_KeyDown(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_KeyUp(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_GetObject(WPARAM wParam, LPARAM lParam) const;
     void SetHot(bool bHot);
     void Draw(HDC hDc, const RECT& rcClient);
 

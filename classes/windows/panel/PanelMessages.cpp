@@ -37,23 +37,23 @@ LRESULT CDataCtrlGroup::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM 
 {
     m_hWnd = hWnd; // the first messages arrive before the creation returns
     static constexpr CMessageEntry<CDataCtrlGroup> c_table[] = {
-        {WM_PAINT, &CDataCtrlGroup::OnPaint},
-        {WM_ERASEBKGND, &CDataCtrlGroup::OnEraseBackground},
-        {WM_PRINTCLIENT, &CDataCtrlGroup::OnPrintClient},
-        {WM_SIZE, &CDataCtrlGroup::OnSize},
-        {WM_MOVE, &CDataCtrlGroup::OnMove},
-        {WM_VSCROLL, &CDataCtrlGroup::OnVScroll},
-        {WM_MOUSEWHEEL, &CDataCtrlGroup::OnMouseWheel},
-        {WM_LBUTTONDOWN, &CDataCtrlGroup::OnLButtonDown},
-        {WM_NOTIFY, &CDataCtrlGroup::OnNotify},
-        {WM_COMMAND, &CDataCtrlGroup::OnCommand},
-        {WM_KEYUP, &CDataCtrlGroup::OnKeyUp},
-        {WM_CTLCOLOREDIT, &CDataCtrlGroup::OnControlColour},
-        {WM_CTLCOLORSTATIC, &CDataCtrlGroup::OnControlColour},
-        {WM_CTLCOLORLISTBOX, &CDataCtrlGroup::OnControlColour},
-        {WM_SETFONT, &CDataCtrlGroup::OnSetFont},
-        {WM_GETFONT, &CDataCtrlGroup::OnGetFont},
-        {WM_NCDESTROY, &CDataCtrlGroup::OnNcDestroy},
+        {WM_PAINT, &CDataCtrlGroup::On_Paint},
+        {WM_ERASEBKGND, &CDataCtrlGroup::On_EraseBackground},
+        {WM_PRINTCLIENT, &CDataCtrlGroup::On_PrintClient},
+        {WM_SIZE, &CDataCtrlGroup::On_Size},
+        {WM_MOVE, &CDataCtrlGroup::On_Move},
+        {WM_VSCROLL, &CDataCtrlGroup::On_VScroll},
+        {WM_MOUSEWHEEL, &CDataCtrlGroup::On_MouseWheel},
+        {WM_LBUTTONDOWN, &CDataCtrlGroup::On_LButtonDown},
+        {WM_NOTIFY, &CDataCtrlGroup::On_Notify},
+        {WM_COMMAND, &CDataCtrlGroup::On_Command},
+        {WM_KEYUP, &CDataCtrlGroup::On_KeyUp},
+        {WM_CTLCOLOREDIT, &CDataCtrlGroup::On_ControlColour},
+        {WM_CTLCOLORSTATIC, &CDataCtrlGroup::On_ControlColour},
+        {WM_CTLCOLORLISTBOX, &CDataCtrlGroup::On_ControlColour},
+        {WM_SETFONT, &CDataCtrlGroup::On_SetFont},
+        {WM_GETFONT, &CDataCtrlGroup::On_GetFont},
+        {WM_NCDESTROY, &CDataCtrlGroup::On_NcDestroy},
     };
     return DispatchMessage_Table(*this, c_table, hWnd, uMessage, wParam, lParam);
 }
@@ -94,7 +94,7 @@ void CDataCtrlGroup::Host_RowFocused(short iIndex, bool bFocused)
     }
 }
 
-std::optional<LRESULT> CDataCtrlGroup::OnPaint(WPARAM, LPARAM)
+std::optional<LRESULT> CDataCtrlGroup::On_Paint(WPARAM, LPARAM)
 {
     PAINTSTRUCT paint{};
     const HDC hDc = BeginPaint(m_hWnd, &paint);
@@ -107,12 +107,12 @@ std::optional<LRESULT> CDataCtrlGroup::OnPaint(WPARAM, LPARAM)
     return 0;
 }
 
-std::optional<LRESULT> CDataCtrlGroup::OnEraseBackground(WPARAM, LPARAM)
+std::optional<LRESULT> CDataCtrlGroup::On_EraseBackground(WPARAM, LPARAM)
 {
     return 1;
 }
 
-std::optional<LRESULT> CDataCtrlGroup::OnPrintClient(WPARAM wParam, LPARAM)
+std::optional<LRESULT> CDataCtrlGroup::On_PrintClient(WPARAM wParam, LPARAM)
 {
     DrawPanel(reinterpret_cast<HDC>(wParam));
     return 0;
@@ -144,7 +144,7 @@ void CDataCtrlGroup::DrawPanel(HDC hDc)
 }
 
 // A click on an entry's frame, beside the control itself, means the entry.
-std::optional<LRESULT> CDataCtrlGroup::OnLButtonDown(WPARAM, LPARAM lParam)
+std::optional<LRESULT> CDataCtrlGroup::On_LButtonDown(WPARAM, LPARAM lParam)
 {
     const POINT pt{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
     const CPanelLayout layout = GetLayout();
@@ -160,7 +160,7 @@ std::optional<LRESULT> CDataCtrlGroup::OnLButtonDown(WPARAM, LPARAM lParam)
     return 0;
 }
 
-std::optional<LRESULT> CDataCtrlGroup::OnNotify(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CDataCtrlGroup::On_Notify(WPARAM wParam, LPARAM lParam)
 {
     const NMHDR& header = *reinterpret_cast<const NMHDR*>(lParam);
     if (header.code == c_uButtonFocused)
@@ -177,7 +177,7 @@ std::optional<LRESULT> CDataCtrlGroup::OnNotify(WPARAM wParam, LPARAM lParam)
 
 // A list's notifications are the main window's business. The system announces a choice that was confirmed in the open
 // list or made by keys in the closed one by CBN_SELENDOK; where it is left out for keys, it is added here.
-std::optional<LRESULT> CDataCtrlGroup::OnCommand(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CDataCtrlGroup::On_Command(WPARAM wParam, LPARAM lParam)
 {
     const HWND hList = reinterpret_cast<HWND>(lParam);
     const short iIndex = GetCtrlIndex(hList);
@@ -204,7 +204,7 @@ std::optional<LRESULT> CDataCtrlGroup::OnCommand(WPARAM wParam, LPARAM lParam)
     return result;
 }
 
-std::optional<LRESULT> CDataCtrlGroup::OnKeyUp(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CDataCtrlGroup::On_KeyUp(WPARAM wParam, LPARAM lParam)
 {
     if (!IsMainWindowKey(wParam))
     {
@@ -215,7 +215,7 @@ std::optional<LRESULT> CDataCtrlGroup::OnKeyUp(WPARAM wParam, LPARAM lParam)
 }
 
 // Entries ask for their colours while they draw themselves; a disabled one asks as if it were a static text.
-std::optional<LRESULT> CDataCtrlGroup::OnControlColour(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CDataCtrlGroup::On_ControlColour(WPARAM wParam, LPARAM lParam)
 {
     const short iIndex = GetCtrlIndex(reinterpret_cast<HWND>(lParam));
     CEntryLook look;
@@ -226,17 +226,17 @@ std::optional<LRESULT> CDataCtrlGroup::OnControlColour(WPARAM wParam, LPARAM lPa
     return reinterpret_cast<LRESULT>(look.bEnabled ? m_EntryBrush.Get() : m_EntryBrushGreyed.Get());
 }
 
-std::optional<LRESULT> CDataCtrlGroup::OnSetFont(WPARAM, LPARAM)
+std::optional<LRESULT> CDataCtrlGroup::On_SetFont(WPARAM, LPARAM)
 {
     return 0; // the rows are laid out for the program's own font
 }
 
-std::optional<LRESULT> CDataCtrlGroup::OnGetFont(WPARAM, LPARAM)
+std::optional<LRESULT> CDataCtrlGroup::On_GetFont(WPARAM, LPARAM)
 {
     return reinterpret_cast<LRESULT>(m_hFontGui);
 }
 
-std::optional<LRESULT> CDataCtrlGroup::OnNcDestroy(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CDataCtrlGroup::On_NcDestroy(WPARAM wParam, LPARAM lParam)
 {
     m_bWindowReady = false;
     m_bDestroyed = true;

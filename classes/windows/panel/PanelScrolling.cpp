@@ -138,7 +138,7 @@ bool CDataCtrlGroup::Host_ScrollByWheel(short iDelta)
     return true;
 }
 
-std::optional<LRESULT> CDataCtrlGroup::OnMouseWheel(WPARAM wParam, LPARAM)
+std::optional<LRESULT> CDataCtrlGroup::On_MouseWheel(WPARAM wParam, LPARAM)
 {
     if (Host_ScrollByWheel(static_cast<short>(HIWORD(wParam))))
     {
@@ -147,7 +147,7 @@ std::optional<LRESULT> CDataCtrlGroup::OnMouseWheel(WPARAM wParam, LPARAM)
     return std::nullopt;
 }
 
-std::optional<LRESULT> CDataCtrlGroup::OnVScroll(WPARAM wParam, LPARAM)
+std::optional<LRESULT> CDataCtrlGroup::On_VScroll(WPARAM wParam, LPARAM)
 {
     SCROLLINFO info{};
     info.cbSize = sizeof(info);
@@ -184,14 +184,14 @@ std::optional<LRESULT> CDataCtrlGroup::OnVScroll(WPARAM wParam, LPARAM)
     return 0;
 }
 
-std::optional<LRESULT> CDataCtrlGroup::OnSize(WPARAM, LPARAM)
+std::optional<LRESULT> CDataCtrlGroup::On_Size(WPARAM, LPARAM)
 {
     SetControlPositions(-1, -1);
     return 0;
 }
 
 // The system moves the panel's pixels along, but the backdrop behind them stays where it is.
-std::optional<LRESULT> CDataCtrlGroup::OnMove(WPARAM, LPARAM)
+std::optional<LRESULT> CDataCtrlGroup::On_Move(WPARAM, LPARAM)
 {
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_NOERASE);
     return 0;

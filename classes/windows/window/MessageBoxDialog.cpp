@@ -177,10 +177,10 @@ INT_PTR CALLBACK CMessageBoxDialog::DialogProc(HWND hWnd, UINT uMessage, WPARAM 
     {
         return FALSE;
     }
-    return CReportingGuard{}(pDialog->m_pDebugLog, [&] { return pDialog->OnMessage(uMessage, wParam, lParam); });
+    return CReportingGuard{}(pDialog->m_pDebugLog, [&] { return pDialog->On_Message(uMessage, wParam, lParam); });
 }
 
-INT_PTR CMessageBoxDialog::OnMessage(UINT uMessage, WPARAM wParam, LPARAM)
+INT_PTR CMessageBoxDialog::On_Message(UINT uMessage, WPARAM wParam, LPARAM)
 {
     switch (uMessage)
     {

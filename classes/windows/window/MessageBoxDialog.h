@@ -28,7 +28,7 @@ public:
 
 private:
     static INT_PTR CALLBACK DialogProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) noexcept;
-    INT_PTR OnMessage(UINT uMessage, WPARAM wParam, LPARAM lParam);
+    INT_PTR On_Message(UINT uMessage, WPARAM wParam, LPARAM lParam);
     void CreateControls(HINSTANCE hInstance);
     HWND CreateControl(HINSTANCE hInstance, const wchar_t* sClass, const wchar_t* sText, DWORD uStyle, const RECT& rc,
                        int iId);
