@@ -7,7 +7,7 @@
 
 TEST(DurationHistogram, WithoutDurationsEveryPercentileIsZero)
 {
-    EXPECT_EQ(0.0, CDurationHistogram().GetPercentile(50));
+    EXPECT_EQ(CDurationHistogram().GetPercentile(50), 0.0);
 }
 
 TEST(DurationHistogram, ShortDurationsAreExact)
@@ -18,11 +18,11 @@ TEST(DurationHistogram, ShortDurationsAreExact)
         histogram.Add(u * 20);
     }
 
-    EXPECT_EQ(100U, histogram.GetCount());
-    EXPECT_EQ(1000.0, histogram.GetPercentile(50));
-    EXPECT_EQ(1900.0, histogram.GetPercentile(95));
-    EXPECT_EQ(20.0, histogram.GetPercentile(1));
-    EXPECT_EQ(2000.0, histogram.GetPercentile(100));
+    EXPECT_EQ(histogram.GetCount(), 100U);
+    EXPECT_EQ(histogram.GetPercentile(50), 1000.0);
+    EXPECT_EQ(histogram.GetPercentile(95), 1900.0);
+    EXPECT_EQ(histogram.GetPercentile(1), 20.0);
+    EXPECT_EQ(histogram.GetPercentile(100), 2000.0);
 }
 
 TEST(DurationHistogram, LongDurationsAreRightToAThousandth)
@@ -50,6 +50,6 @@ TEST(DurationHistogram, OneSlowIterationDoesNotMoveTheMedian)
     histogram.Add(10);
     histogram.Add(1'000'000'000);
 
-    EXPECT_EQ(10.0, histogram.GetPercentile(50));
+    EXPECT_EQ(histogram.GetPercentile(50), 10.0);
     EXPECT_NEAR(1e9, histogram.GetPercentile(95), 1e6);
 }

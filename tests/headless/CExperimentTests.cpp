@@ -16,7 +16,7 @@ namespace
 std::string RunWell(const std::vector<std::string>& arguments)
 {
     const CProgramResult result = RunProgram(arguments);
-    EXPECT_EQ(0, result.exitCode) << result.err;
+    EXPECT_EQ(result.exitCode, 0) << result.err;
     return result.out;
 }
 
@@ -34,10 +34,11 @@ const std::string c_sMeeting = "x,y,vx,vy,radius\n40,50,1,0,5\n60,50,-1,0.25,5\n
 // or the population shows here.
 TEST(Experiment, ASeedGivesTheSameWorldEverywhere)
 {
-    EXPECT_EQ("0975cc9dea5e75eb", GetHash({"--seed", "42"}));
-    EXPECT_EQ("906f2c60f31a66ab", GetHash({"--seed", "7", "--width", "9999", "--height", "9999", "--atoms", "20000",
-                                           "--min-radius", "1", "--max-radius", "32", "--iterations", "50"}));
-    EXPECT_EQ("cc86624dff9f1fc4", GetHash({"--seed", "3", "--start-at", "250,250", "--iterations", "300"}));
+    EXPECT_EQ(GetHash({"--seed", "42"}), "0975cc9dea5e75eb");
+    EXPECT_EQ(GetHash({"--seed", "7", "--width", "9999", "--height", "9999", "--atoms", "20000", "--min-radius", "1",
+                       "--max-radius", "32", "--iterations", "50"}),
+              "906f2c60f31a66ab");
+    EXPECT_EQ(GetHash({"--seed", "3", "--start-at", "250,250", "--iterations", "300"}), "cc86624dff9f1fc4");
 }
 
 TEST(Experiment, TheSameSeedTwiceGivesTheSameFiles)
@@ -49,10 +50,10 @@ TEST(Experiment, TheSameSeedTwiceGivesTheSameFiles)
                  folder.GetPath(sName + "-stats.csv"), "--picture", folder.GetPath(sName + ".png")});
     }
 
-    EXPECT_EQ(ReadFile(folder.GetPath("a.csv")), ReadFile(folder.GetPath("b.csv")));
-    EXPECT_EQ(ReadFile(folder.GetPath("a-stats.csv")), ReadFile(folder.GetPath("b-stats.csv")));
-    EXPECT_EQ(ReadFile(folder.GetPath("a.png")), ReadFile(folder.GetPath("b.png")));
-    EXPECT_NE("", ReadFile(folder.GetPath("a.csv")));
+    EXPECT_EQ(ReadFile(folder.GetPath("b.csv")), ReadFile(folder.GetPath("a.csv")));
+    EXPECT_EQ(ReadFile(folder.GetPath("b-stats.csv")), ReadFile(folder.GetPath("a-stats.csv")));
+    EXPECT_EQ(ReadFile(folder.GetPath("b.png")), ReadFile(folder.GetPath("a.png")));
+    EXPECT_NE(ReadFile(folder.GetPath("a.csv")), "");
 }
 
 TEST(Experiment, WithoutASeedOneIsDrawnPrintedAndRepeatsTheRun)
@@ -60,9 +61,9 @@ TEST(Experiment, WithoutASeedOneIsDrawnPrintedAndRepeatsTheRun)
     const std::string sFirst = RunWell({"--iterations", "20"});
     const std::string sSecond = RunWell({"--iterations", "20"});
 
-    EXPECT_NE(GetSummaryValue(sFirst, "seed"), GetSummaryValue(sSecond, "seed"));
-    EXPECT_EQ(GetSummaryValue(sFirst, "state hash"),
-              GetHash({"--iterations", "20", "--seed", GetSummaryValue(sFirst, "seed")}));
+    EXPECT_NE(GetSummaryValue(sSecond, "seed"), GetSummaryValue(sFirst, "seed"));
+    EXPECT_EQ(GetHash({"--iterations", "20", "--seed", GetSummaryValue(sFirst, "seed")}),
+              GetSummaryValue(sFirst, "state hash"));
 }
 
 TEST(Experiment, SavingLoadingAndSavingAgainGivesTheSameBytes)
@@ -75,8 +76,8 @@ TEST(Experiment, SavingLoadingAndSavingAgainGivesTheSameBytes)
     const std::string sLoaded = GetHash(
         {"--load-state", sFirst, "--width", "2000", "--height", "1500", "--iterations", "0", "--save-state", sSecond});
 
-    EXPECT_EQ(sSaved, sLoaded);
-    EXPECT_EQ(ReadFile(sFirst), ReadFile(sSecond));
+    EXPECT_EQ(sLoaded, sSaved);
+    EXPECT_EQ(ReadFile(sSecond), ReadFile(sFirst));
     EXPECT_THAT(ReadFile(sFirst), StartsWith("x,y,vx,vy,radius\n"));
 }
 
@@ -94,8 +95,8 @@ TEST(Experiment, ARunIsItsFirstHalfSavedAndContinued)
     run({"--seed", "99", "--load-state", folder.GetPath("half.csv"), "--iterations", "200", "--save-state",
          folder.GetPath("continued.csv")});
 
-    EXPECT_NE(ReadFile(folder.GetPath("half.csv")), ReadFile(folder.GetPath("whole.csv")));
-    EXPECT_EQ(ReadFile(folder.GetPath("whole.csv")), ReadFile(folder.GetPath("continued.csv")));
+    EXPECT_NE(ReadFile(folder.GetPath("whole.csv")), ReadFile(folder.GetPath("half.csv")));
+    EXPECT_EQ(ReadFile(folder.GetPath("continued.csv")), ReadFile(folder.GetPath("whole.csv")));
 }
 
 TEST(Experiment, TheStateMayReplaceTheFileItCameFrom)
@@ -104,7 +105,7 @@ TEST(Experiment, TheStateMayReplaceTheFileItCameFrom)
     const std::string sFile = folder.WriteFile("a.csv", "x,y,vx,vy,radius\n20,20,1,0.5,5\n");
 
     RunWell({"--load-state", sFile, "--save-state", sFile, "--iterations", "10"});
-    EXPECT_EQ("x,y,vx,vy,radius\n30,25,1,0.5,5\n", ReadFile(sFile));
+    EXPECT_EQ(ReadFile(sFile), "x,y,vx,vy,radius\n30,25,1,0.5,5\n");
 }
 
 TEST(Experiment, TheStatisticsHaveARowForEachIteration)
@@ -117,7 +118,7 @@ TEST(Experiment, TheStatisticsHaveARowForEachIteration)
     const std::string sText = ReadFile(sStats);
     EXPECT_THAT(sText, StartsWith("iteration,collisions,min_velocity,max_velocity,tot_velocity,avg_velocity\n"
                                   "1,0,0.9013878,1.0307764,2.9321642,0.9773881\n"));
-    EXPECT_EQ(7, std::count(sText.begin(), sText.end(), '\n'));
+    EXPECT_EQ(std::count(sText.begin(), sText.end(), '\n'), 7);
     EXPECT_THAT(sText, HasSubstr("\n6,1,"));
 }
 
@@ -128,13 +129,13 @@ TEST(Experiment, StateAndStatisticsCanGoToStandardOutputAndTheSummaryMakesRoom)
     RunWell({"--seed", "4", "--iterations", "10", "--save-state", sFile});
 
     const CProgramResult state = RunProgram({"--seed", "4", "--iterations", "10", "--save-state", "-"});
-    EXPECT_EQ(0, state.exitCode);
-    EXPECT_EQ(ReadFile(sFile), state.out);
-    EXPECT_EQ("10", GetSummaryValue(state.err, "iterations"));
+    EXPECT_EQ(state.exitCode, 0);
+    EXPECT_EQ(state.out, ReadFile(sFile));
+    EXPECT_EQ(GetSummaryValue(state.err, "iterations"), "10");
     const CProgramResult stats = RunProgram({"--seed", "4", "--iterations", "10", "--stats", "-"});
-    EXPECT_EQ(0, stats.exitCode);
-    EXPECT_EQ(11, std::count(stats.out.begin(), stats.out.end(), '\n'));
-    EXPECT_EQ("10", GetSummaryValue(stats.err, "iterations"));
+    EXPECT_EQ(stats.exitCode, 0);
+    EXPECT_EQ(std::count(stats.out.begin(), stats.out.end(), '\n'), 11);
+    EXPECT_EQ(GetSummaryValue(stats.err, "iterations"), "10");
 }
 
 TEST(Experiment, TheSummaryHasEveryValue)
@@ -144,27 +145,27 @@ TEST(Experiment, TheSummaryHasEveryValue)
     const std::string sSummary =
         RunWell({"--load-state", sState, "--seed", "12", "--iterations", "6", "--width", "300", "--height", "200"});
 
-    EXPECT_EQ("12", GetSummaryValue(sSummary, "seed"));
-    EXPECT_EQ("300 x 200", GetSummaryValue(sSummary, "world"));
-    EXPECT_EQ("3", GetSummaryValue(sSummary, "atoms"));
-    EXPECT_EQ("3 to 5", GetSummaryValue(sSummary, "radii"));
-    EXPECT_EQ(sState, GetSummaryValue(sSummary, "start"));
-    EXPECT_EQ("speed", GetSummaryValue(sSummary, "colour mode"));
-    EXPECT_EQ("ff0000,808080,00ff00", GetSummaryValue(sSummary, "colours"));
-    EXPECT_EQ("0.75,,1.25", GetSummaryValue(sSummary, "factors"));
-    EXPECT_EQ("000000", GetSummaryValue(sSummary, "background"));
-    EXPECT_EQ("6", GetSummaryValue(sSummary, "iterations"));
-    EXPECT_NE("", GetSummaryValue(sSummary, "ms per iteration (median)"));
-    EXPECT_NE("", GetSummaryValue(sSummary, "ms per iteration (95th percentile)"));
-    EXPECT_EQ("5.56", GetSummaryValue(sSummary, "collisions per iteration (percent of atoms)"));
-    EXPECT_EQ("0.901388", GetSummaryValue(sSummary, "minimum speed"));
+    EXPECT_EQ(GetSummaryValue(sSummary, "seed"), "12");
+    EXPECT_EQ(GetSummaryValue(sSummary, "world"), "300 x 200");
+    EXPECT_EQ(GetSummaryValue(sSummary, "atoms"), "3");
+    EXPECT_EQ(GetSummaryValue(sSummary, "radii"), "3 to 5");
+    EXPECT_EQ(GetSummaryValue(sSummary, "start"), sState);
+    EXPECT_EQ(GetSummaryValue(sSummary, "colour mode"), "speed");
+    EXPECT_EQ(GetSummaryValue(sSummary, "colours"), "ff0000,808080,00ff00");
+    EXPECT_EQ(GetSummaryValue(sSummary, "factors"), "0.75,,1.25");
+    EXPECT_EQ(GetSummaryValue(sSummary, "background"), "000000");
+    EXPECT_EQ(GetSummaryValue(sSummary, "iterations"), "6");
+    EXPECT_NE(GetSummaryValue(sSummary, "ms per iteration (median)"), "");
+    EXPECT_NE(GetSummaryValue(sSummary, "ms per iteration (95th percentile)"), "");
+    EXPECT_EQ(GetSummaryValue(sSummary, "collisions per iteration (percent of atoms)"), "5.56");
+    EXPECT_EQ(GetSummaryValue(sSummary, "minimum speed"), "0.901388");
     EXPECT_THAT(GetSummaryValue(sSummary, "maximum speed"), StartsWith("1.0"));
     EXPECT_THAT(GetSummaryValue(sSummary, "average speed"), StartsWith("0.97738"));
     EXPECT_THAT(GetSummaryValue(sSummary, "drift of the total speed"), HasSubstr("0.0000"));
-    EXPECT_EQ("0", GetSummaryValue(sSummary, "pairs overlapping by more than 0.01"));
+    EXPECT_EQ(GetSummaryValue(sSummary, "pairs overlapping by more than 0.01"), "0");
     EXPECT_THAT(GetSummaryValue(sSummary, "largest overlap"), StartsWith("0.00"));
-    EXPECT_EQ("0", GetSummaryValue(sSummary, "atoms outside the walls"));
-    EXPECT_EQ(16U, GetSummaryValue(sSummary, "state hash").size());
+    EXPECT_EQ(GetSummaryValue(sSummary, "atoms outside the walls"), "0");
+    EXPECT_EQ(GetSummaryValue(sSummary, "state hash").size(), 16U);
 }
 
 TEST(Experiment, TheSummaryFindsOverlapsAndAtomsOutside)
@@ -173,11 +174,11 @@ TEST(Experiment, TheSummaryFindsOverlapsAndAtomsOutside)
     const std::string sState = folder.WriteFile("a.csv", "x,y,vx,vy,radius\n50,50,0,0,5\n58,50,0,0,5\n3,50,0,0,5\n");
     const std::string sSummary = RunWell({"--load-state", sState, "--iterations", "0"});
 
-    EXPECT_EQ("1", GetSummaryValue(sSummary, "pairs overlapping by more than 0.01"));
-    EXPECT_EQ("2.000000", GetSummaryValue(sSummary, "largest overlap"));
-    EXPECT_EQ("1", GetSummaryValue(sSummary, "atoms outside the walls"));
-    EXPECT_EQ("none", GetSummaryValue(sSummary, "ms per iteration (median)"));
-    EXPECT_EQ("none", GetSummaryValue(sSummary, "collisions per iteration (percent of atoms)"));
+    EXPECT_EQ(GetSummaryValue(sSummary, "pairs overlapping by more than 0.01"), "1");
+    EXPECT_EQ(GetSummaryValue(sSummary, "largest overlap"), "2.000000");
+    EXPECT_EQ(GetSummaryValue(sSummary, "atoms outside the walls"), "1");
+    EXPECT_EQ(GetSummaryValue(sSummary, "ms per iteration (median)"), "none");
+    EXPECT_EQ(GetSummaryValue(sSummary, "collisions per iteration (percent of atoms)"), "none");
 }
 
 TEST(Experiment, EveryAtomStartsAtTheStartPoint)
@@ -192,7 +193,7 @@ TEST(Experiment, EveryAtomStartsAtTheStartPoint)
     {
         ++uRows;
     }
-    EXPECT_EQ(3U, uRows);
+    EXPECT_EQ(uRows, 3U);
 }
 
 TEST(Experiment, AnInterruptedRunEndsInOrderAndLeavesNoFile)
@@ -204,11 +205,11 @@ TEST(Experiment, AnInterruptedRunEndsInOrderAndLeavesNoFile)
     const CProgramResult result =
         RunProgram({"--iterations", "1000000000000", "--stats", sStats, "--save-state", folder.GetPath("a.csv")}, false,
                    &bInterrupted);
-    EXPECT_EQ(1, result.exitCode);
-    EXPECT_EQ("error: interrupted after 0 of 1000000000000 iterations\n", result.err);
-    EXPECT_EQ("", result.out);
-    EXPECT_EQ("old", ReadFile(sStats));
-    EXPECT_EQ(std::vector<std::string>{"stats.csv"}, folder.GetNames());
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err, "error: interrupted after 0 of 1000000000000 iterations\n");
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(ReadFile(sStats), "old");
+    EXPECT_EQ(folder.GetNames(), std::vector<std::string>{"stats.csv"});
 }
 
 TEST(Experiment, StandardOutputThatCannotBeWrittenIsAnError)
@@ -217,9 +218,9 @@ TEST(Experiment, StandardOutputThatCannotBeWrittenIsAnError)
     std::ostream broken(nullptr);
     std::ostringstream err;
 
-    EXPECT_EQ(1, HeadlessMain({"--iterations", "1"}, CConsole{broken, err, false, nullptr}));
-    EXPECT_EQ("error: the summary cannot be written\n", err.str());
+    EXPECT_EQ(HeadlessMain({"--iterations", "1"}, CConsole{broken, err, false, nullptr}), 1);
+    EXPECT_EQ(err.str(), "error: the summary cannot be written\n");
     err.str("");
-    EXPECT_EQ(1, HeadlessMain({"--iterations", "1", "--save-state", "-"}, CConsole{broken, err, false, nullptr}));
-    EXPECT_EQ("error: standard output: cannot be written\n", err.str());
+    EXPECT_EQ(HeadlessMain({"--iterations", "1", "--save-state", "-"}, CConsole{broken, err, false, nullptr}), 1);
+    EXPECT_EQ(err.str(), "error: standard output: cannot be written\n");
 }

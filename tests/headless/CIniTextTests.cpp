@@ -22,87 +22,87 @@ std::wstring ReadText(const std::string& sValue)
 // What the profile functions make of texts that are no plain numbers.
 TEST(IniText, NumbersAreWhatTheValueBeginsWith)
 {
-    EXPECT_EQ(42, ReadNumber("42"));
-    EXPECT_EQ(-5, ReadNumber("-5"));
-    EXPECT_EQ(5, ReadNumber("+5"));
-    EXPECT_EQ(12, ReadNumber("12abc"));
-    EXPECT_EQ(3, ReadNumber("3.9"));
-    EXPECT_EQ(16, ReadNumber("0x10"));
-    EXPECT_EQ(10, ReadNumber("010"));
-    EXPECT_EQ(42, ReadNumber("\"42\""));
-    EXPECT_EQ(0, ReadNumber("abc"));
-    EXPECT_EQ(0, ReadNumber("4294967296"));
-    EXPECT_EQ(-1, ReadNumber("4294967295"));
+    EXPECT_EQ(ReadNumber("42"), 42);
+    EXPECT_EQ(ReadNumber("-5"), -5);
+    EXPECT_EQ(ReadNumber("+5"), 5);
+    EXPECT_EQ(ReadNumber("12abc"), 12);
+    EXPECT_EQ(ReadNumber("3.9"), 3);
+    EXPECT_EQ(ReadNumber("0x10"), 16);
+    EXPECT_EQ(ReadNumber("010"), 10);
+    EXPECT_EQ(ReadNumber("\"42\""), 42);
+    EXPECT_EQ(ReadNumber("abc"), 0);
+    EXPECT_EQ(ReadNumber("4294967296"), 0);
+    EXPECT_EQ(ReadNumber("4294967295"), -1);
 }
 
 TEST(IniText, NumbersCanBeWrittenInFourBases)
 {
-    EXPECT_EQ(0xFE01, ReadNumber("0xfE01"));
-    EXPECT_EQ(0xABC, ReadNumber("0xABCg"));
-    EXPECT_EQ(-15, ReadNumber("-0o17"));
-    EXPECT_EQ(1, ReadNumber("0o18"));
-    EXPECT_EQ(5, ReadNumber("0b101"));
-    EXPECT_EQ(2, ReadNumber("0b102"));
-    EXPECT_EQ(0, ReadNumber("0x"));
-    EXPECT_EQ(0, ReadNumber("0d9"));
+    EXPECT_EQ(ReadNumber("0xfE01"), 0xFE01);
+    EXPECT_EQ(ReadNumber("0xABCg"), 0xABC);
+    EXPECT_EQ(ReadNumber("-0o17"), -15);
+    EXPECT_EQ(ReadNumber("0o18"), 1);
+    EXPECT_EQ(ReadNumber("0b101"), 5);
+    EXPECT_EQ(ReadNumber("0b102"), 2);
+    EXPECT_EQ(ReadNumber("0x"), 0);
+    EXPECT_EQ(ReadNumber("0d9"), 0);
 }
 
 TEST(IniText, AnEmptyOrMissingNumberIsTheDefault)
 {
-    EXPECT_EQ(-77, ReadNumber(""));
-    EXPECT_EQ(-77, ReadNumber("\"\""));
-    EXPECT_EQ(9, CIniText("[S]\n").GetInt(L"S", L"Key", 9));
-    EXPECT_EQ(9, CIniText("").GetInt(L"S", L"Key", 9));
-    EXPECT_EQ(9, CIniText("[Other]\nKey=1\n").GetInt(L"S", L"Key", 9));
+    EXPECT_EQ(ReadNumber(""), -77);
+    EXPECT_EQ(ReadNumber("\"\""), -77);
+    EXPECT_EQ(CIniText("[S]\n").GetInt(L"S", L"Key", 9), 9);
+    EXPECT_EQ(CIniText("").GetInt(L"S", L"Key", 9), 9);
+    EXPECT_EQ(CIniText("[Other]\nKey=1\n").GetInt(L"S", L"Key", 9), 9);
 }
 
 TEST(IniText, BlanksAroundNamesAndValuesDoNotCount)
 {
-    EXPECT_EQ(7, CIniText("  [S]  \r\n \t Key \t = \t 7 \t\r\n").GetInt(L"S", L"Key", 0));
+    EXPECT_EQ(CIniText("  [S]  \r\n \t Key \t = \t 7 \t\r\n").GetInt(L"S", L"Key", 0), 7);
 }
 
 TEST(IniText, NamesCountWithoutRegardToCase)
 {
-    EXPECT_EQ(7, CIniText("[settings]\nworld_WIDTH=7\n").GetInt(L"Settings", L"World_width", 0));
+    EXPECT_EQ(CIniText("[settings]\nworld_WIDTH=7\n").GetInt(L"Settings", L"World_width", 0), 7);
 }
 
 TEST(IniText, TheFirstOfEqualKeysAndSectionsWins)
 {
     const CIniText text("[S]\nKey=1\nkey=2\n[T]\nKey=3\n[s]\nKey=4\nNew=5\n");
 
-    EXPECT_EQ(1, text.GetInt(L"S", L"Key", 0));
-    EXPECT_EQ(0, text.GetInt(L"S", L"New", 0));
-    EXPECT_EQ(3, text.GetInt(L"T", L"Key", 0));
+    EXPECT_EQ(text.GetInt(L"S", L"Key", 0), 1);
+    EXPECT_EQ(text.GetInt(L"S", L"New", 0), 0);
+    EXPECT_EQ(text.GetInt(L"T", L"Key", 0), 3);
 }
 
 TEST(IniText, OnePairOfMatchingQuotationMarksIsDropped)
 {
-    EXPECT_EQ(L"a b", ReadText("\"a b\""));
-    EXPECT_EQ(L" x ", ReadText("' x '"));
-    EXPECT_EQ(L"\"x\"", ReadText("\"\"x\"\""));
-    EXPECT_EQ(L"\"x'", ReadText("\"x'"));
-    EXPECT_EQ(L"\"", ReadText("\""));
+    EXPECT_EQ(ReadText("\"a b\""), L"a b");
+    EXPECT_EQ(ReadText("' x '"), L" x ");
+    EXPECT_EQ(ReadText("\"\"x\"\""), L"\"x\"");
+    EXPECT_EQ(ReadText("\"x'"), L"\"x'");
+    EXPECT_EQ(ReadText("\""), L"\"");
 }
 
 TEST(IniText, ASemicolonInAValueBelongsToIt)
 {
-    EXPECT_EQ(L"0.75 ; slow", ReadText("0.75 ; slow"));
+    EXPECT_EQ(ReadText("0.75 ; slow"), L"0.75 ; slow");
 }
 
 TEST(IniText, ACommentedKeyIsNotThere)
 {
-    EXPECT_EQ(1, CIniText("[S]\n;Key=5\nKey=1\n").GetInt(L"S", L"Key", 0));
+    EXPECT_EQ(CIniText("[S]\n;Key=5\nKey=1\n").GetInt(L"S", L"Key", 0), 1);
 }
 
 TEST(IniText, AnEmptyTextIsNotTheDefault)
 {
-    EXPECT_EQ(L"", ReadText(""));
-    EXPECT_EQ(L"default", CIniText("[S]\n").GetString(L"S", L"Key", L"default", 15));
+    EXPECT_EQ(ReadText(""), L"");
+    EXPECT_EQ(CIniText("[S]\n").GetString(L"S", L"Key", L"default", 15), L"default");
 }
 
 TEST(IniText, ALongTextIsCut)
 {
-    EXPECT_EQ(L"123456789012345", ReadText("12345678901234567890"));
+    EXPECT_EQ(ReadText("12345678901234567890"), L"123456789012345");
 }
 
 TEST(IniText, AKeyWithoutAnEqualsSignHasNoValue)
@@ -114,10 +114,10 @@ TEST(IniText, LinesKnowTheirNumbers)
 {
     const CIniText text("; a comment\r\n\r\n[S]\r\nFirst=1\r\n\r\nSecond=2");
 
-    ASSERT_NE(nullptr, text.Find(L"S", L"First"));
-    EXPECT_EQ(4U, text.Find(L"S", L"First")->uLine);
-    ASSERT_NE(nullptr, text.Find(L"S", L"Second"));
-    EXPECT_EQ(6U, text.Find(L"S", L"Second")->uLine);
+    ASSERT_NE(text.Find(L"S", L"First"), nullptr);
+    EXPECT_EQ(text.Find(L"S", L"First")->uLine, 4U);
+    ASSERT_NE(text.Find(L"S", L"Second"), nullptr);
+    EXPECT_EQ(text.Find(L"S", L"Second")->uLine, 6U);
 }
 
 TEST(IniText, Utf16IsRecognisedByItsMark)
@@ -130,16 +130,16 @@ TEST(IniText, Utf16IsRecognisedByItsMark)
         sWide += '\0';
     }
 
-    EXPECT_EQ(12, CIniText(sWide).GetInt(L"S", L"Key", 0));
-    EXPECT_EQ(12, CIniText(sWide + "x").GetInt(L"S", L"Key", 0));
+    EXPECT_EQ(CIniText(sWide).GetInt(L"S", L"Key", 0), 12);
+    EXPECT_EQ(CIniText(sWide + "x").GetInt(L"S", L"Key", 0), 12);
 }
 
 TEST(IniText, AMarkOfUtf8DoesNotHideTheSection)
 {
-    EXPECT_EQ(12, CIniText("\xEF\xBB\xBF[S]\nKey=12\n").GetInt(L"S", L"Key", 0));
+    EXPECT_EQ(CIniText("\xEF\xBB\xBF[S]\nKey=12\n").GetInt(L"S", L"Key", 0), 12);
 }
 
 TEST(IniText, LinesBeforeTheFirstSectionBelongToNone)
 {
-    EXPECT_EQ(0, CIniText("Key=12\n[S]\n").GetInt(L"S", L"Key", 0));
+    EXPECT_EQ(CIniText("Key=12\n[S]\n").GetInt(L"S", L"Key", 0), 0);
 }

@@ -43,10 +43,10 @@ TEST_P(UsageErrors, NameTheOptionSayWhatIsAllowedAndExitWithTwo)
 {
     const CProgramResult result = RunProgram(GetParam().arguments);
 
-    EXPECT_EQ(2, result.exitCode);
+    EXPECT_EQ(result.exitCode, 2);
     EXPECT_THAT(result.err, StartsWith("error: " + GetParam().message + "\n"));
     EXPECT_THAT(result.err, HasSubstr("kinetarium-headless --help shows all options."));
-    EXPECT_EQ("", result.out);
+    EXPECT_EQ(result.out, "");
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -124,7 +124,7 @@ TEST(Options, AnUnknownOptionIsNamed)
 {
     const CProgramResult result = RunProgram({"--temperature=5"});
 
-    EXPECT_EQ(2, result.exitCode);
+    EXPECT_EQ(result.exitCode, 2);
     EXPECT_THAT(result.err, HasSubstr("--temperature=5"));
 }
 
@@ -132,7 +132,7 @@ TEST(Options, AValueWithoutAnOptionIsNamed)
 {
     const CProgramResult result = RunProgram({"world.csv"});
 
-    EXPECT_EQ(2, result.exitCode);
+    EXPECT_EQ(result.exitCode, 2);
     EXPECT_THAT(result.err, HasSubstr("world.csv"));
 }
 
@@ -140,7 +140,7 @@ TEST(Options, AnOptionWithoutItsValueIsNamed)
 {
     const CProgramResult result = RunProgram({"--width"});
 
-    EXPECT_EQ(2, result.exitCode);
+    EXPECT_EQ(result.exitCode, 2);
     EXPECT_THAT(result.err, HasSubstr("--width"));
 }
 
@@ -148,14 +148,14 @@ TEST(Options, AnOptionGivenTwiceIsNamed)
 {
     const CProgramResult result = RunProgram({"--width", "20", "--width", "30"});
 
-    EXPECT_EQ(2, result.exitCode);
+    EXPECT_EQ(result.exitCode, 2);
     EXPECT_THAT(result.err, HasSubstr("--width"));
 }
 
 TEST(Options, HelpAndVersionGoToStandardOutputAndSucceed)
 {
     const CProgramResult help = RunProgram({"--help"});
-    EXPECT_EQ(0, help.exitCode);
+    EXPECT_EQ(help.exitCode, 0);
     for (const char* const sOption :
          {"--width", "--height", "--atoms", "--min-radius", "--max-radius", "--seed", "--start-at", "--iterations",
           "--load-state", "--save-state", "--stats", "--picture", "--picture-every", "--colour-mode", "--colours",
@@ -163,9 +163,9 @@ TEST(Options, HelpAndVersionGoToStandardOutputAndSucceed)
     {
         EXPECT_THAT(help.out, HasSubstr(sOption));
     }
-    EXPECT_EQ("", help.err);
+    EXPECT_EQ(help.err, "");
     const CProgramResult version = RunProgram({"--version"});
-    EXPECT_EQ(0, version.exitCode);
+    EXPECT_EQ(version.exitCode, 0);
     EXPECT_THAT(version.out, StartsWith("kinetarium-headless "));
 }
 
@@ -176,27 +176,27 @@ TEST(Options, TheLimitsThemselvesAreAllowed)
                       "32", "--seed", "18446744073709551615", "--iterations", "0"})
             .options;
 
-    EXPECT_EQ(10, options.width);
-    EXPECT_EQ(9999, options.height);
-    EXPECT_EQ(1000000, options.atoms);
-    EXPECT_EQ(1, options.minRadius);
-    EXPECT_EQ(32, options.maxRadius);
-    EXPECT_EQ(18446744073709551615U, options.seed);
-    EXPECT_EQ(0U, options.iterations);
+    EXPECT_EQ(options.width, 10);
+    EXPECT_EQ(options.height, 9999);
+    EXPECT_EQ(options.atoms, 1000000);
+    EXPECT_EQ(options.minRadius, 1);
+    EXPECT_EQ(options.maxRadius, 32);
+    EXPECT_EQ(options.seed, 18446744073709551615U);
+    EXPECT_EQ(options.iterations, 0U);
 }
 
 // Octal and hexadecimal readings would be silent surprises.
 TEST(Options, ALeadingZeroStaysDecimal)
 {
-    EXPECT_EQ(20, ParseOptions({"--width=020"}).options.width);
+    EXPECT_EQ(ParseOptions({"--width=020"}).options.width, 20);
 }
 
 TEST(Options, ColoursAreWrittenRedFirst)
 {
     const COptions options = ParseOptions({"--colours", "ff0000,00FF00,0000ff", "--background", "123456"}).options;
 
-    EXPECT_EQ((CClassColours{0x0000FF, 0x00FF00, 0xFF0000}), options.colours);
-    EXPECT_EQ(0x563412U, options.background);
+    EXPECT_EQ(options.colours, (CClassColours{0x0000FF, 0x00FF00, 0xFF0000}));
+    EXPECT_EQ(options.background, 0x563412U);
 }
 
 TEST(Options, FactorsMayBeEmpty)
@@ -204,9 +204,9 @@ TEST(Options, FactorsMayBeEmpty)
     const COptions options = ParseOptions({"--factors", "10,,25%"}).options;
 
     ASSERT_TRUE(options.factors);
-    EXPECT_EQ(L"10", (*options.factors)[0]);
-    EXPECT_EQ(L"", (*options.factors)[1]);
-    EXPECT_EQ(L"25%", (*options.factors)[2]);
+    EXPECT_EQ((*options.factors)[0], L"10");
+    EXPECT_EQ((*options.factors)[1], L"");
+    EXPECT_EQ((*options.factors)[2], L"25%");
 }
 
 TEST(Options, WithoutAnyTheDefaultsStand)
@@ -215,5 +215,5 @@ TEST(Options, WithoutAnyTheDefaultsStand)
 
     EXPECT_FALSE(options.width || options.height || options.atoms || options.minRadius || options.maxRadius);
     EXPECT_FALSE(options.seed || options.startAt || options.loadState || options.settings || options.quiet);
-    EXPECT_EQ(1000U, options.iterations);
+    EXPECT_EQ(options.iterations, 1000U);
 }

@@ -23,7 +23,7 @@ std::string GetError(const std::string& sPath)
     }
     catch (const CHeadlessError& error)
     {
-        EXPECT_EQ(1, error.GetExitCode());
+        EXPECT_EQ(error.GetExitCode(), 1);
         return error.what();
     }
     return "";
@@ -43,8 +43,8 @@ TEST(OutputFile, HoldsWhatWasWrittenAndNothingElseStaysInTheFolder)
     file.Write("\nlast\n");
     file.Commit();
 
-    EXPECT_EQ("first\n" + sLarge + "\nlast\n", ReadFile(folder.GetPath("a.csv")));
-    EXPECT_EQ(CNames{"a.csv"}, folder.GetNames());
+    EXPECT_EQ(ReadFile(folder.GetPath("a.csv")), "first\n" + sLarge + "\nlast\n");
+    EXPECT_EQ(folder.GetNames(), CNames{"a.csv"});
 }
 
 TEST(OutputFile, TheOldFileStaysUntilTheNewOneIsComplete)
@@ -54,10 +54,10 @@ TEST(OutputFile, TheOldFileStaysUntilTheNewOneIsComplete)
     COutputFile file(sPath);
     file.Write(std::string(1'000'000, 'x'));
 
-    EXPECT_EQ("old", ReadFile(sPath));
+    EXPECT_EQ(ReadFile(sPath), "old");
     file.Commit();
-    EXPECT_EQ(1'000'000U, ReadFile(sPath).size());
-    EXPECT_EQ(CNames{"a.csv"}, folder.GetNames());
+    EXPECT_EQ(ReadFile(sPath).size(), 1'000'000U);
+    EXPECT_EQ(folder.GetNames(), CNames{"a.csv"});
 }
 
 TEST(OutputFile, WithoutACommitTheOldFileIsAsItWas)
@@ -67,11 +67,11 @@ TEST(OutputFile, WithoutACommitTheOldFileIsAsItWas)
     {
         COutputFile file(sPath);
         file.Write(std::string(1'000'000, 'x'));
-        EXPECT_EQ(2U, folder.GetNames().size());
+        EXPECT_EQ(folder.GetNames().size(), 2U);
     }
 
-    EXPECT_EQ("old", ReadFile(sPath));
-    EXPECT_EQ(CNames{"a.csv"}, folder.GetNames());
+    EXPECT_EQ(ReadFile(sPath), "old");
+    EXPECT_EQ(folder.GetNames(), CNames{"a.csv"});
 }
 
 TEST(OutputFile, NamesMayHoldEveryLetter)
@@ -82,7 +82,7 @@ TEST(OutputFile, NamesMayHoldEveryLetter)
     file.Write("x");
     file.Commit();
 
-    EXPECT_EQ("x", ReadFile(folder.GetPath(sName)));
+    EXPECT_EQ(ReadFile(folder.GetPath(sName)), "x");
     EXPECT_TRUE(fs::exists(PathFromUtf8(folder.GetPath(sName))));
 }
 
@@ -91,7 +91,7 @@ TEST(OutputFile, AFolderThatDoesNotExistIsAnError)
     const CTemporaryFolder folder;
     const std::string sPath = folder.GetPath("none/a.csv");
 
-    EXPECT_EQ(sPath + ": cannot be written: its folder does not exist", GetError(sPath));
+    EXPECT_EQ(GetError(sPath), sPath + ": cannot be written: its folder does not exist");
 }
 
 TEST(OutputFile, AFolderIsNoFile)
@@ -100,8 +100,8 @@ TEST(OutputFile, AFolderIsNoFile)
     const std::string sPath = folder.GetPath("inner");
     fs::create_directory(PathFromUtf8(sPath));
 
-    EXPECT_EQ(sPath + ": cannot be written: it is a folder", GetError(sPath));
-    EXPECT_EQ(CNames{"inner"}, folder.GetNames());
+    EXPECT_EQ(GetError(sPath), sPath + ": cannot be written: it is a folder");
+    EXPECT_EQ(folder.GetNames(), CNames{"inner"});
 }
 
 TEST(OutputFile, AReadOnlyFileIsNotReplaced)
@@ -110,9 +110,9 @@ TEST(OutputFile, AReadOnlyFileIsNotReplaced)
     const std::string sPath = folder.WriteFile("a.csv", "old");
     fs::permissions(PathFromUtf8(sPath), fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
 
-    EXPECT_EQ(sPath + ": cannot be written: it is read-only", GetError(sPath));
-    EXPECT_EQ("old", ReadFile(sPath));
-    EXPECT_EQ(CNames{"a.csv"}, folder.GetNames());
+    EXPECT_EQ(GetError(sPath), sPath + ": cannot be written: it is read-only");
+    EXPECT_EQ(ReadFile(sPath), "old");
+    EXPECT_EQ(folder.GetNames(), CNames{"a.csv"});
 }
 
 TEST(OutputFile, TheProgramSaysSoBeforeItComputesAnything)
@@ -122,28 +122,28 @@ TEST(OutputFile, TheProgramSaysSoBeforeItComputesAnything)
 
     // Some years of computing.
     const CProgramResult result = RunProgram({"--iterations", "1000000000000", "--save-state", sPath});
-    EXPECT_EQ(1, result.exitCode);
-    EXPECT_EQ("error: " + sPath + ": cannot be written: its folder does not exist\n", result.err);
-    EXPECT_EQ("", result.out);
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err, "error: " + sPath + ": cannot be written: its folder does not exist\n");
+    EXPECT_EQ(result.out, "");
 }
 
 #ifndef _WIN32
 
 TEST(OutputFile, AFullDiskIsAnError)
 {
-    EXPECT_EQ("/dev/full: cannot be written: No space left on device", GetError("/dev/full"));
+    EXPECT_EQ(GetError("/dev/full"), "/dev/full: cannot be written: No space left on device");
     EXPECT_TRUE(fs::is_character_file("/dev/full"));
     for (const char* const sOption : {"--save-state", "--stats", "--picture"})
     {
         const CProgramResult result = RunProgram({"--iterations", "1", sOption, "/dev/full"});
-        EXPECT_EQ(1, result.exitCode);
-        EXPECT_EQ("error: /dev/full: cannot be written: No space left on device\n", result.err);
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_EQ(result.err, "error: /dev/full: cannot be written: No space left on device\n");
     }
 }
 
 TEST(OutputFile, ADeviceIsWrittenToAndNotReplaced)
 {
-    EXPECT_EQ("", GetError("/dev/null"));
+    EXPECT_EQ(GetError("/dev/null"), "");
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
@@ -154,9 +154,9 @@ TEST(OutputFile, ALinkStaysALink)
     const std::string sLink = folder.GetPath("link.csv");
     fs::create_symlink(sTarget, sLink);
 
-    EXPECT_EQ("", GetError(sLink));
+    EXPECT_EQ(GetError(sLink), "");
     EXPECT_TRUE(fs::is_symlink(sLink));
-    EXPECT_EQ("something", ReadFile(sTarget));
+    EXPECT_EQ(ReadFile(sTarget), "something");
 }
 
 TEST(OutputFile, WhoMayReadTheOldFileMayReadTheNewOne)
@@ -166,8 +166,8 @@ TEST(OutputFile, WhoMayReadTheOldFileMayReadTheNewOne)
     const fs::perms old = fs::perms::owner_read | fs::perms::owner_write;
     fs::permissions(sPath, old);
 
-    EXPECT_EQ("", GetError(sPath));
-    EXPECT_EQ(old, fs::status(sPath).permissions());
+    EXPECT_EQ(GetError(sPath), "");
+    EXPECT_EQ(fs::status(sPath).permissions(), old);
 }
 
 #endif

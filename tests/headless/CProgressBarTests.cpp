@@ -12,21 +12,21 @@ using testing::Not;
 
 TEST(ProgressBar, ShowsShareCountRateAndTimeLeft)
 {
-    EXPECT_EQ("[###############...............] 50%  500/1000  250 iterations/s  2 s left",
-              FormatProgress(500, 1000, 2.0));
-    EXPECT_EQ("[..............................] 0%  1/1000  0.5 iterations/s  33 min 18 s left",
-              FormatProgress(1, 1000, 2.0));
-    EXPECT_EQ("[..............................] 0%  1/10000  0.5 iterations/s  5 h 33 min left",
-              FormatProgress(1, 10000, 2.0));
-    EXPECT_EQ("[##############################] 100%  1000/1000  500 iterations/s  0 s left",
-              FormatProgress(1000, 1000, 2.0));
+    EXPECT_EQ(FormatProgress(500, 1000, 2.0),
+              "[###############...............] 50%  500/1000  250 iterations/s  2 s left");
+    EXPECT_EQ(FormatProgress(1, 1000, 2.0),
+              "[..............................] 0%  1/1000  0.5 iterations/s  33 min 18 s left");
+    EXPECT_EQ(FormatProgress(1, 10000, 2.0),
+              "[..............................] 0%  1/10000  0.5 iterations/s  5 h 33 min left");
+    EXPECT_EQ(FormatProgress(1000, 1000, 2.0),
+              "[##############################] 100%  1000/1000  500 iterations/s  0 s left");
 }
 
 TEST(ProgressBar, NothingIsForetoldBeforeTheFirstIteration)
 {
-    EXPECT_EQ("[..............................] 0%  0/1000", FormatProgress(0, 1000, 2.0));
-    EXPECT_EQ("[..............................] 0%  5/1000", FormatProgress(5, 1000, 0.0));
-    EXPECT_EQ("[##############################] 100%  0/0", FormatProgress(0, 0, 1.0));
+    EXPECT_EQ(FormatProgress(0, 1000, 2.0), "[..............................] 0%  0/1000");
+    EXPECT_EQ(FormatProgress(5, 1000, 0.0), "[..............................] 0%  5/1000");
+    EXPECT_EQ(FormatProgress(0, 0, 1.0), "[##############################] 100%  0/0");
 }
 
 TEST(ProgressBar, TheLongestRunHasAnEndToo)
@@ -45,7 +45,7 @@ TEST(ProgressBar, WipesItsLineAtTheEnd)
     const std::string sShown = terminal.str();
     const std::size_t uLast = sShown.rfind('\r', sShown.size() - 2);
     EXPECT_THAT(sShown, EndsWith("\r"));
-    EXPECT_EQ(std::string::npos, sShown.find_first_not_of(' ', uLast + 1) == sShown.size() - 1 ? std::string::npos : 0);
+    EXPECT_EQ(sShown.find_first_not_of(' ', uLast + 1) == sShown.size() - 1 ? std::string::npos : 0, std::string::npos);
 }
 
 TEST(ProgressBar, IsShownOnATerminalOnly)
@@ -53,7 +53,7 @@ TEST(ProgressBar, IsShownOnATerminalOnly)
     const std::vector<std::string> arguments = {"--seed", "1", "--iterations", "5"};
 
     EXPECT_THAT(RunProgram(arguments, true).err, HasSubstr("/5"));
-    EXPECT_EQ("", RunProgram(arguments, false).err);
-    EXPECT_EQ("", RunProgram({"--seed", "1", "--iterations", "5", "--quiet"}, true).err);
+    EXPECT_EQ(RunProgram(arguments, false).err, "");
+    EXPECT_EQ(RunProgram({"--seed", "1", "--iterations", "5", "--quiet"}, true).err, "");
     EXPECT_THAT(RunProgram(arguments, true).out, Not(HasSubstr("iterations/s")));
 }

@@ -55,9 +55,8 @@ TEST(WorldImage, BeginsWithTheBackgroundEverywhere)
 {
     const CWorldImage image({3, 2}, 0x563412);
 
-    EXPECT_EQ((std::vector<std::uint8_t>{0x12, 0x34, 0x56, 0x12, 0x34, 0x56, 0x12, 0x34, 0x56, 0x12, 0x34, 0x56, 0x12,
-                                         0x34, 0x56, 0x12, 0x34, 0x56}),
-              image.GetPixels());
+    EXPECT_EQ(image.GetPixels(), (std::vector<std::uint8_t>{0x12, 0x34, 0x56, 0x12, 0x34, 0x56, 0x12, 0x34, 0x56, 0x12,
+                                                            0x34, 0x56, 0x12, 0x34, 0x56, 0x12, 0x34, 0x56}));
 }
 
 TEST(WorldImage, ACircleIsFullInsideAndAbsentOutside)
@@ -65,12 +64,12 @@ TEST(WorldImage, ACircleIsFullInsideAndAbsentOutside)
     CWorldImage image({40, 40}, c_crBlack);
     image.FillCircle(20, 20, 10, c_crWhite);
 
-    EXPECT_EQ(c_crWhite, image.GetPixel(20, 20));
-    EXPECT_EQ(c_crWhite, image.GetPixel(20, 11));
-    EXPECT_EQ(c_crWhite, image.GetPixel(28, 20));
-    EXPECT_EQ(c_crBlack, image.GetPixel(20, 8));
-    EXPECT_EQ(c_crBlack, image.GetPixel(31, 20));
-    EXPECT_EQ(c_crBlack, image.GetPixel(12, 12));
+    EXPECT_EQ(image.GetPixel(20, 20), c_crWhite);
+    EXPECT_EQ(image.GetPixel(20, 11), c_crWhite);
+    EXPECT_EQ(image.GetPixel(28, 20), c_crWhite);
+    EXPECT_EQ(image.GetPixel(20, 8), c_crBlack);
+    EXPECT_EQ(image.GetPixel(31, 20), c_crBlack);
+    EXPECT_EQ(image.GetPixel(12, 12), c_crBlack);
 }
 
 TEST(WorldImage, TheEdgeIsSmooth)
@@ -105,7 +104,7 @@ TEST(WorldImage, ACircleIsTheSameWhereverItLies)
     {
         for (int x = 0; x < 30; ++x)
         {
-            ASSERT_EQ(first.GetPixel(x, y), second.GetPixel(x + 5, y + 4)) << x << "," << y;
+            ASSERT_EQ(second.GetPixel(x + 5, y + 4), first.GetPixel(x, y)) << x << "," << y;
         }
     }
 }
@@ -117,10 +116,10 @@ TEST(WorldImage, WhatLiesOutsideIsLeftOut)
     image.FillCircle(-20, -20, 4, c_crWhite);
     image.FillCircle(30, 30, 4, c_crWhite);
 
-    EXPECT_EQ(c_crWhite, image.GetPixel(0, 5));
-    EXPECT_EQ(c_crBlack, image.GetPixel(9, 5));
-    EXPECT_EQ(c_crBlack, image.GetPixel(0, 0));
-    EXPECT_EQ(c_crBlack, image.GetPixel(9, 9));
+    EXPECT_EQ(image.GetPixel(0, 5), c_crWhite);
+    EXPECT_EQ(image.GetPixel(9, 5), c_crBlack);
+    EXPECT_EQ(image.GetPixel(0, 0), c_crBlack);
+    EXPECT_EQ(image.GetPixel(9, 9), c_crBlack);
 }
 
 TEST(WorldImage, LaterAtomsLieOnEarlierOnes)
@@ -129,8 +128,8 @@ TEST(WorldImage, LaterAtomsLieOnEarlierOnes)
     const CRunSettings settings = MakeSettings(EnumAtomColourMode::Fixed, L"1", L"1", L"");
 
     const CWorldImage image = DrawWorld(atoms, settings);
-    EXPECT_EQ(c_crGreen, image.GetPixel(50, 50));
-    EXPECT_EQ(c_crGrey, image.GetPixel(53, 50));
+    EXPECT_EQ(image.GetPixel(50, 50), c_crGreen);
+    EXPECT_EQ(image.GetPixel(53, 50), c_crGrey);
 }
 
 TEST(WorldImage, InSpeedModeTheSpeedDecidesTheColour)
@@ -140,11 +139,11 @@ TEST(WorldImage, InSpeedModeTheSpeedDecidesTheColour)
     atoms.SetVelocities({0.75F, 1.25F, 4.0F, 1.0F});
 
     const CWorldImage image = DrawWorld(atoms, MakeSettings(EnumAtomColourMode::Speed, L"0.75", L"", L"1.25"));
-    EXPECT_EQ(c_crRed, image.GetPixel(10, 50));
-    EXPECT_EQ(c_crGrey, image.GetPixel(30, 50));
-    EXPECT_EQ(c_crGrey, image.GetPixel(50, 50));
-    EXPECT_EQ(c_crGreen, image.GetPixel(70, 50));
-    EXPECT_EQ(c_crBlack, image.GetPixel(90, 50));
+    EXPECT_EQ(image.GetPixel(10, 50), c_crRed);
+    EXPECT_EQ(image.GetPixel(30, 50), c_crGrey);
+    EXPECT_EQ(image.GetPixel(50, 50), c_crGrey);
+    EXPECT_EQ(image.GetPixel(70, 50), c_crGreen);
+    EXPECT_EQ(image.GetPixel(90, 50), c_crBlack);
 }
 
 TEST(WorldImage, InFixedModeThePlaceInTheArrayDecidesTheColour)
@@ -153,10 +152,10 @@ TEST(WorldImage, InFixedModeThePlaceInTheArrayDecidesTheColour)
         MakeAtoms({MakeMovingAtom(10, 9), MakeMovingAtom(30, 0), MakeMovingAtom(50, 9), MakeMovingAtom(70, 0)});
 
     const CWorldImage image = DrawWorld(atoms, MakeSettings(EnumAtomColourMode::Fixed, L"1", L"", L"25%"));
-    EXPECT_EQ(c_crRed, image.GetPixel(10, 50));
-    EXPECT_EQ(c_crGrey, image.GetPixel(30, 50));
-    EXPECT_EQ(c_crGrey, image.GetPixel(50, 50));
-    EXPECT_EQ(c_crGreen, image.GetPixel(70, 50));
+    EXPECT_EQ(image.GetPixel(10, 50), c_crRed);
+    EXPECT_EQ(image.GetPixel(30, 50), c_crGrey);
+    EXPECT_EQ(image.GetPixel(50, 50), c_crGrey);
+    EXPECT_EQ(image.GetPixel(70, 50), c_crGreen);
 }
 
 TEST(WorldImage, AtomsFarAwayOrNowhereAreNotDrawn)
@@ -164,5 +163,5 @@ TEST(WorldImage, AtomsFarAwayOrNowhereAreNotDrawn)
     CAtoms atoms = MakeAtoms({MakeAtom(3e38F, 50, 255), MakeAtom(50, -3e38F, 255),
                               MakeAtom(std::numeric_limits<float>::quiet_NaN(), 50, 5)});
 
-    EXPECT_EQ(0.0, GetArea(DrawWorld(atoms, MakeSettings(EnumAtomColourMode::Fixed, L"1", L"1", L""))));
+    EXPECT_EQ(GetArea(DrawWorld(atoms, MakeSettings(EnumAtomColourMode::Fixed, L"1", L"1", L""))), 0.0);
 }

@@ -39,8 +39,8 @@ TEST(OverlapStatistics, AKnownConfigurationIsCounted)
     const COverlapStatistics statistics = ComputeOverlapStatistics(
         MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(28, 20, 5), MakeAtom(20, 29.5F, 5), MakeAtom(80, 80, 5)}), c_World);
 
-    EXPECT_EQ(2U, statistics.pairs);
-    EXPECT_DOUBLE_EQ(2.0, statistics.largest);
+    EXPECT_EQ(statistics.pairs, 2U);
+    EXPECT_DOUBLE_EQ(statistics.largest, 2.0);
     EXPECT_TRUE(statistics.bComplete);
 }
 
@@ -49,8 +49,8 @@ TEST(OverlapStatistics, TouchingIsNoOverlap)
     const COverlapStatistics statistics =
         ComputeOverlapStatistics(MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(30, 20, 5)}), c_World);
 
-    EXPECT_EQ(0U, statistics.pairs);
-    EXPECT_EQ(0.0, statistics.largest);
+    EXPECT_EQ(statistics.pairs, 0U);
+    EXPECT_EQ(statistics.largest, 0.0);
 }
 
 TEST(OverlapStatistics, ASmallOverlapIsMeasuredButNotCounted)
@@ -58,8 +58,8 @@ TEST(OverlapStatistics, ASmallOverlapIsMeasuredButNotCounted)
     const COverlapStatistics statistics =
         ComputeOverlapStatistics(MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(29.9921875F, 20, 5)}), c_World);
 
-    EXPECT_EQ(0U, statistics.pairs);
-    EXPECT_DOUBLE_EQ(0.0078125, statistics.largest);
+    EXPECT_EQ(statistics.pairs, 0U);
+    EXPECT_DOUBLE_EQ(statistics.largest, 0.0078125);
 }
 
 TEST(OverlapStatistics, AtomsAtOnePlaceOverlapByTheSumOfTheirRadii)
@@ -67,8 +67,8 @@ TEST(OverlapStatistics, AtomsAtOnePlaceOverlapByTheSumOfTheirRadii)
     const COverlapStatistics statistics =
         ComputeOverlapStatistics(MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(20, 20, 3), MakeAtom(20, 20, 2)}), c_World);
 
-    EXPECT_EQ(3U, statistics.pairs);
-    EXPECT_DOUBLE_EQ(8.0, statistics.largest);
+    EXPECT_EQ(statistics.pairs, 3U);
+    EXPECT_DOUBLE_EQ(statistics.largest, 8.0);
 }
 
 TEST(OverlapStatistics, TheGridFindsEveryPairThatThePlainWayFinds)
@@ -87,8 +87,8 @@ TEST(OverlapStatistics, TheGridFindsEveryPairThatThePlainWayFinds)
         }
         const COverlapStatistics expected = CountPlainly(atoms);
         const COverlapStatistics statistics = ComputeOverlapStatistics(atoms, {300, 150});
-        EXPECT_EQ(expected.pairs, statistics.pairs) << uSeed;
-        EXPECT_DOUBLE_EQ(expected.largest, statistics.largest) << uSeed;
+        EXPECT_EQ(statistics.pairs, expected.pairs) << uSeed;
+        EXPECT_DOUBLE_EQ(statistics.largest, expected.largest) << uSeed;
         EXPECT_GT(statistics.pairs, 0U);
     }
 }
@@ -102,12 +102,12 @@ TEST(OverlapStatistics, CountingIsGivenUpWhenThereAreTooManyPairs)
         atoms[index] = MakeAtom(50, 50, 5);
     }
 
-    EXPECT_EQ(4950U, ComputeOverlapStatistics(atoms, c_World).pairs);
+    EXPECT_EQ(ComputeOverlapStatistics(atoms, c_World).pairs, 4950U);
     const COverlapStatistics some = ComputeOverlapStatistics(atoms, c_World, 1000);
     EXPECT_FALSE(some.bComplete);
     EXPECT_GT(some.pairs, 800U);
     EXPECT_LE(some.pairs, 1000U);
-    EXPECT_DOUBLE_EQ(10.0, some.largest);
+    EXPECT_DOUBLE_EQ(some.largest, 10.0);
 }
 
 TEST(OverlapStatistics, PositionsThatAreNoNumbersOverlapNothing)
@@ -118,15 +118,16 @@ TEST(OverlapStatistics, PositionsThatAreNoNumbersOverlapNothing)
         MakeAtoms({MakeAtom(nothing, 20, 5), MakeAtom(20, nothing, 5), MakeAtom(far, far, 5), MakeAtom(-far, 0, 5)}),
         c_World);
 
-    EXPECT_EQ(0U, statistics.pairs);
-    EXPECT_EQ(0.0, statistics.largest);
+    EXPECT_EQ(statistics.pairs, 0U);
+    EXPECT_EQ(statistics.largest, 0.0);
 }
 
 TEST(OverlapStatistics, AnAtomIsOutsideWhenAPartOfItIs)
 {
-    EXPECT_EQ(0U, CountAtomsOutside(MakeAtoms({MakeAtom(5, 5, 5), MakeAtom(95, 95, 5)}), c_World));
-    EXPECT_EQ(4U, CountAtomsOutside(MakeAtoms({MakeAtom(4.999F, 50, 5), MakeAtom(95.001F, 50, 5),
-                                               MakeAtom(50, 4.999F, 5), MakeAtom(50, 95.001F, 5)}),
-                                    c_World));
-    EXPECT_EQ(1U, CountAtomsOutside(MakeAtoms({MakeAtom(std::numeric_limits<float>::quiet_NaN(), 50, 5)}), c_World));
+    EXPECT_EQ(CountAtomsOutside(MakeAtoms({MakeAtom(5, 5, 5), MakeAtom(95, 95, 5)}), c_World), 0U);
+    EXPECT_EQ(CountAtomsOutside(MakeAtoms({MakeAtom(4.999F, 50, 5), MakeAtom(95.001F, 50, 5), MakeAtom(50, 4.999F, 5),
+                                           MakeAtom(50, 95.001F, 5)}),
+                                c_World),
+              4U);
+    EXPECT_EQ(CountAtomsOutside(MakeAtoms({MakeAtom(std::numeric_limits<float>::quiet_NaN(), 50, 5)}), c_World), 1U);
 }

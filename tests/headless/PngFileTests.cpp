@@ -31,7 +31,7 @@ CDecodedPicture Decode(const std::string& sBytes)
     stbi_uc* const pPixels =
         stbi_load_from_memory(reinterpret_cast<const stbi_uc*>(sBytes.data()), static_cast<int>(sBytes.size()),
                               &picture.width, &picture.height, &picture.channels, 0);
-    EXPECT_NE(nullptr, pPixels);
+    EXPECT_NE(pPixels, nullptr);
     if (pPixels != nullptr)
     {
         picture.pixels.assign(pPixels, pPixels + std::ptrdiff_t{picture.width} * picture.height * picture.channels);
@@ -57,12 +57,12 @@ TEST(PngFile, HoldsThePictureExactly)
     CTextSink sink;
     WritePng(image, sink);
 
-    ASSERT_EQ(std::string_view("\x89PNG\r\n\x1A\n", 8), std::string_view(sink.GetText()).substr(0, 8));
+    ASSERT_EQ(std::string_view(sink.GetText()).substr(0, 8), std::string_view("\x89PNG\r\n\x1A\n", 8));
     const CDecodedPicture picture = Decode(sink.GetText());
-    EXPECT_EQ(37, picture.width);
-    EXPECT_EQ(23, picture.height);
-    EXPECT_EQ(3, picture.channels);
-    EXPECT_EQ(image.GetPixels(), picture.pixels);
+    EXPECT_EQ(picture.width, 37);
+    EXPECT_EQ(picture.height, 23);
+    EXPECT_EQ(picture.channels, 3);
+    EXPECT_EQ(picture.pixels, image.GetPixels());
 }
 
 TEST(PngFile, TheProgramDrawsTheWorldOfItsLastIteration)
@@ -75,15 +75,15 @@ TEST(PngFile, TheProgramDrawsTheWorldOfItsLastIteration)
         RunProgram({"--load-state", sState, "--width", "60", "--height", "30", "--iterations", "10", "--picture",
                     sPicture, "--colours", "000000,123456,000000", "--background", "ffffff"});
 
-    ASSERT_EQ(0, result.exitCode) << result.err;
+    ASSERT_EQ(result.exitCode, 0) << result.err;
     const CDecodedPicture picture = Decode(ReadFile(sPicture));
-    ASSERT_EQ(60, picture.width);
-    ASSERT_EQ(30, picture.height);
+    ASSERT_EQ(picture.width, 60);
+    ASSERT_EQ(picture.height, 30);
     const auto pixel = [&picture](std::size_t x, std::size_t y) {
         return &picture.pixels[(y * std::size_t{60} + x) * 3];
     };
-    EXPECT_EQ(0, std::memcmp(pixel(30, 15), "\x12\x34\x56", 3));
-    EXPECT_EQ(0, std::memcmp(pixel(20, 15), "\xFF\xFF\xFF", 3));
+    EXPECT_EQ(std::memcmp(pixel(30, 15), "\x12\x34\x56", 3), 0);
+    EXPECT_EQ(std::memcmp(pixel(20, 15), "\xFF\xFF\xFF", 3), 0);
 }
 
 TEST(PngFile, PicturesOfTheRunAreNumbered)
@@ -92,19 +92,19 @@ TEST(PngFile, PicturesOfTheRunAreNumbered)
     const CProgramResult result = RunProgram({"--seed", "1", "--atoms", "5", "--iterations", "100", "--picture",
                                               folder.GetPath("gas.png"), "--picture-every", "30"});
 
-    ASSERT_EQ(0, result.exitCode) << result.err;
-    EXPECT_EQ((std::vector<std::string>{"gas-030.png", "gas-060.png", "gas-090.png", "gas.png"}), folder.GetNames());
-    EXPECT_NE(ReadFile(folder.GetPath("gas-090.png")), ReadFile(folder.GetPath("gas.png")));
+    ASSERT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(folder.GetNames(), (std::vector<std::string>{"gas-030.png", "gas-060.png", "gas-090.png", "gas.png"}));
+    EXPECT_NE(ReadFile(folder.GetPath("gas.png")), ReadFile(folder.GetPath("gas-090.png")));
 }
 
 TEST(PngFile, TheNumberStandsBeforeTheExtension)
 {
-    EXPECT_EQ("gas-0200.png", GetNumberedName("gas.png", 200, 1000));
-    EXPECT_EQ("gas-1000.png", GetNumberedName("gas.png", 1000, 1000));
-    EXPECT_EQ("gas-7", GetNumberedName("gas", 7, 9));
-    EXPECT_EQ("a.b/gas-7", GetNumberedName("a.b/gas", 7, 9));
-    EXPECT_EQ("a.b\\gas.x-7.png", GetNumberedName("a.b\\gas.x.png", 7, 9));
-    EXPECT_EQ(".gas-7", GetNumberedName(".gas", 7, 9));
+    EXPECT_EQ(GetNumberedName("gas.png", 200, 1000), "gas-0200.png");
+    EXPECT_EQ(GetNumberedName("gas.png", 1000, 1000), "gas-1000.png");
+    EXPECT_EQ(GetNumberedName("gas", 7, 9), "gas-7");
+    EXPECT_EQ(GetNumberedName("a.b/gas", 7, 9), "a.b/gas-7");
+    EXPECT_EQ(GetNumberedName("a.b\\gas.x.png", 7, 9), "a.b\\gas.x-7.png");
+    EXPECT_EQ(GetNumberedName(".gas", 7, 9), ".gas-7");
 }
 
 TEST(PngFile, WhatTheFileSaysComesThroughTheLibrary)

@@ -54,32 +54,32 @@ TEST(RunSettings, WithoutFileAndOptionsTheDefaultsStand)
 {
     const CRunSettings settings = Resolve({});
 
-    EXPECT_EQ((CSize<int>{512, 512}), settings.world);
-    EXPECT_EQ(256, settings.atoms);
-    EXPECT_EQ(3, settings.minRadius);
-    EXPECT_EQ(5, settings.maxRadius);
-    EXPECT_EQ(EnumAtomColourMode::Speed, settings.eMode);
-    EXPECT_EQ((CClassColours{c_crRed, c_crGrey, c_crGreen}), settings.colours);
-    EXPECT_EQ(L"0.75||1.25", JoinFactors(settings));
-    EXPECT_EQ(0U, settings.background);
+    EXPECT_EQ(settings.world, (CSize<int>{512, 512}));
+    EXPECT_EQ(settings.atoms, 256);
+    EXPECT_EQ(settings.minRadius, 3);
+    EXPECT_EQ(settings.maxRadius, 5);
+    EXPECT_EQ(settings.eMode, EnumAtomColourMode::Speed);
+    EXPECT_EQ(settings.colours, (CClassColours{c_crRed, c_crGrey, c_crGreen}));
+    EXPECT_EQ(JoinFactors(settings), L"0.75||1.25");
+    EXPECT_EQ(settings.background, 0U);
 }
 
 TEST(RunSettings, AnEmptyFileGivesTheSameDefaults)
 {
     const CRunSettings settings = Resolve({}, "");
 
-    EXPECT_EQ((CSize<int>{512, 512}), settings.world);
-    EXPECT_EQ(256, settings.atoms);
-    EXPECT_EQ(L"0.75||1.25", JoinFactors(settings));
-    EXPECT_EQ((CClassColours{c_crRed, c_crGrey, c_crGreen}), settings.colours);
+    EXPECT_EQ(settings.world, (CSize<int>{512, 512}));
+    EXPECT_EQ(settings.atoms, 256);
+    EXPECT_EQ(JoinFactors(settings), L"0.75||1.25");
+    EXPECT_EQ(settings.colours, (CClassColours{c_crRed, c_crGrey, c_crGreen}));
 }
 
 TEST(RunSettings, FixedModeWithoutAFileLeavesTheThirdFactorToTheRemainder)
 {
     const CRunSettings settings = Resolve({"--colour-mode", "fixed"});
 
-    EXPECT_EQ(L"25%|50%|", JoinFactors(settings));
-    EXPECT_EQ((CClassColours{c_crRed, c_crRed, c_crGreen}), settings.colours);
+    EXPECT_EQ(JoinFactors(settings), L"25%|50%|");
+    EXPECT_EQ(settings.colours, (CClassColours{c_crRed, c_crRed, c_crGreen}));
 }
 
 TEST(RunSettings, TheFileGivesEverything)
@@ -89,14 +89,14 @@ TEST(RunSettings, TheFileGivesEverything)
                     "Atoms_min_radius=2\nAtoms_max_radius=9\nAtoms_colour_mode=0\nAtom_colour_1=1\nAtom_colour_2=2\n"
                     "Atom_colour_3=3\nAtom_colour_1_factor=10\nAtom_colour_2_factor=\nAtom_colour_3_factor=50%\n");
 
-    EXPECT_EQ((CSize<int>{300, 200}), settings.world);
-    EXPECT_EQ(77, settings.atoms);
-    EXPECT_EQ(2, settings.minRadius);
-    EXPECT_EQ(9, settings.maxRadius);
-    EXPECT_EQ(EnumAtomColourMode::Fixed, settings.eMode);
-    EXPECT_EQ((CClassColours{1, 2, 3}), settings.colours);
-    EXPECT_EQ(L"10||50%", JoinFactors(settings));
-    EXPECT_EQ(0xFF0000U, settings.background);
+    EXPECT_EQ(settings.world, (CSize<int>{300, 200}));
+    EXPECT_EQ(settings.atoms, 77);
+    EXPECT_EQ(settings.minRadius, 2);
+    EXPECT_EQ(settings.maxRadius, 9);
+    EXPECT_EQ(settings.eMode, EnumAtomColourMode::Fixed);
+    EXPECT_EQ(settings.colours, (CClassColours{1, 2, 3}));
+    EXPECT_EQ(JoinFactors(settings), L"10||50%");
+    EXPECT_EQ(settings.background, 0xFF0000U);
 }
 
 TEST(RunSettings, OptionsGivenBesideTheFileWin)
@@ -108,78 +108,78 @@ TEST(RunSettings, OptionsGivenBesideTheFileWin)
                                            "0.1,,0.2", "--colours", "010101,020202,030303", "--background", "000000"},
                                           sLines);
 
-    EXPECT_EQ((CSize<int>{100, 200}), settings.world);
-    EXPECT_EQ(5, settings.atoms);
-    EXPECT_EQ(2, settings.minRadius);
-    EXPECT_EQ(4, settings.maxRadius);
-    EXPECT_EQ(L"0.1||0.2", JoinFactors(settings));
-    EXPECT_EQ((CClassColours{0x010101, 0x020202, 0x030303}), settings.colours);
-    EXPECT_EQ(0U, settings.background);
+    EXPECT_EQ(settings.world, (CSize<int>{100, 200}));
+    EXPECT_EQ(settings.atoms, 5);
+    EXPECT_EQ(settings.minRadius, 2);
+    EXPECT_EQ(settings.maxRadius, 4);
+    EXPECT_EQ(JoinFactors(settings), L"0.1||0.2");
+    EXPECT_EQ(settings.colours, (CClassColours{0x010101, 0x020202, 0x030303}));
+    EXPECT_EQ(settings.background, 0U);
 }
 
 TEST(RunSettings, AModeGivenAsOptionDecidesWhatTheFilesDefaultsAre)
 {
     const CRunSettings settings = Resolve({"--colour-mode", "fixed"}, "Atoms_colour_mode=1\nAtom_colour_3_factor=\n");
 
-    EXPECT_EQ(EnumAtomColourMode::Fixed, settings.eMode);
-    EXPECT_EQ(L"25%|50%|", JoinFactors(settings));
+    EXPECT_EQ(settings.eMode, EnumAtomColourMode::Fixed);
+    EXPECT_EQ(JoinFactors(settings), L"25%|50%|");
 }
 
 TEST(RunSettings, SpeedModeDoesNotReadTheSecondFactor)
 {
-    EXPECT_EQ(L"0.75||1.25", JoinFactors(Resolve({}, "Atom_colour_2_factor=nonsense\n")));
+    EXPECT_EQ(JoinFactors(Resolve({}, "Atom_colour_2_factor=nonsense\n")), L"0.75||1.25");
 }
 
 TEST(RunSettings, OnlyTheLowEightBitsOfTheModeCount)
 {
-    EXPECT_EQ(EnumAtomColourMode::Fixed, Resolve({}, "Atoms_colour_mode=256\nAtom_colour_3_factor=\n").eMode);
-    EXPECT_EQ(EnumAtomColourMode::Speed, Resolve({}, "Atoms_colour_mode=257\n").eMode);
+    EXPECT_EQ(Resolve({}, "Atoms_colour_mode=256\nAtom_colour_3_factor=\n").eMode, EnumAtomColourMode::Fixed);
+    EXPECT_EQ(Resolve({}, "Atoms_colour_mode=257\n").eMode, EnumAtomColourMode::Speed);
 }
 
 TEST(RunSettings, OnlyTheLowEightBitsOfARadiusCount)
 {
-    EXPECT_EQ(4, Resolve({}, "Atoms_min_radius=260\n").minRadius);
-    EXPECT_EQ("K.ini, line 2, Atoms_min_radius: 44 is out of range; allowed is 1 to 32",
-              GetError({}, "Atoms_min_radius=300\n"));
+    EXPECT_EQ(Resolve({}, "Atoms_min_radius=260\n").minRadius, 4);
+    EXPECT_EQ(GetError({}, "Atoms_min_radius=300\n"),
+              "K.ini, line 2, Atoms_min_radius: 44 is out of range; allowed is 1 to 32");
 }
 
 TEST(RunSettings, AFactorIsCutAfterFifteenCharacters)
 {
-    EXPECT_EQ(L"0.1234567890123||1.25", JoinFactors(Resolve({}, "Atom_colour_1_factor=0.123456789012345678\n")));
+    EXPECT_EQ(JoinFactors(Resolve({}, "Atom_colour_1_factor=0.123456789012345678\n")), L"0.1234567890123||1.25");
 }
 
 // The window takes what it can use of such a file; an experiment must not run with other values than it names.
 TEST(RunSettings, ValuesOutOfRangeAreErrorsWithTheirLine)
 {
-    EXPECT_EQ("K.ini, line 2, World_width: 9 is out of range; allowed is 10 to 9999", GetError({}, "World_width=9\n"));
-    EXPECT_EQ("K.ini, line 3, World_height: 0 is out of range; allowed is 10 to 9999",
-              GetError({}, "\nWorld_height=abc\n"));
-    EXPECT_EQ("K.ini, line 2, Tot_atoms: 1000001 is out of range; allowed is 1 to 1000000",
-              GetError({}, "Tot_atoms=1000001\n"));
-    EXPECT_EQ("K.ini, line 2, Atoms_max_radius: 0 is out of range; allowed is 1 to 32",
-              GetError({}, "Atoms_max_radius=0\n"));
-    EXPECT_EQ("K.ini, line 2, Atom_colour_2: 16777216 is out of range; allowed is 0 to 16777215",
-              GetError({}, "Atom_colour_2=16777216\n"));
-    EXPECT_EQ("K.ini, line 2, World_background_colour: 4294967295 is out of range; allowed is 0 to 16777215",
-              GetError({}, "World_background_colour=-1\n"));
+    EXPECT_EQ(GetError({}, "World_width=9\n"), "K.ini, line 2, World_width: 9 is out of range; allowed is 10 to 9999");
+    EXPECT_EQ(GetError({}, "\nWorld_height=abc\n"),
+              "K.ini, line 3, World_height: 0 is out of range; allowed is 10 to 9999");
+    EXPECT_EQ(GetError({}, "Tot_atoms=1000001\n"),
+              "K.ini, line 2, Tot_atoms: 1000001 is out of range; allowed is 1 to 1000000");
+    EXPECT_EQ(GetError({}, "Atoms_max_radius=0\n"),
+              "K.ini, line 2, Atoms_max_radius: 0 is out of range; allowed is 1 to 32");
+    EXPECT_EQ(GetError({}, "Atom_colour_2=16777216\n"),
+              "K.ini, line 2, Atom_colour_2: 16777216 is out of range; allowed is 0 to 16777215");
+    EXPECT_EQ(GetError({}, "World_background_colour=-1\n"),
+              "K.ini, line 2, World_background_colour: 4294967295 is out of range; allowed is 0 to 16777215");
 }
 
 TEST(RunSettings, AValueThatAnOptionReplacesIsNotLookedAt)
 {
-    EXPECT_EQ("", GetError({"--width", "50"}, "World_width=9\n"));
-    EXPECT_EQ("", GetError({"--factors", "1,,2"}, "Atom_colour_1_factor=x\n"));
+    EXPECT_EQ(GetError({"--width", "50"}, "World_width=9\n"), "");
+    EXPECT_EQ(GetError({"--factors", "1,,2"}, "Atom_colour_1_factor=x\n"), "");
 }
 
 TEST(RunSettings, ALoadedStateReplacesAtomsAndRadiiOfTheFile)
 {
-    EXPECT_EQ("", GetError({"--load-state", "a.csv"}, "Tot_atoms=0\nAtoms_min_radius=0\n"));
+    EXPECT_EQ(GetError({"--load-state", "a.csv"}, "Tot_atoms=0\nAtoms_min_radius=0\n"), "");
 }
 
 TEST(RunSettings, RadiiInTheWrongOrderAreAnErrorOfWhoGaveThem)
 {
     const std::string sWhat = "the smallest radius (9) is above the largest (4)";
-    EXPECT_EQ("K.ini, line 2, Atoms_min_radius: " + sWhat, GetError({}, "Atoms_min_radius=9\nAtoms_max_radius=4\n"));
-    EXPECT_EQ("usage: --min-radius, --max-radius: " + sWhat, GetError({"--min-radius", "9"}, "Atoms_max_radius=4\n"));
+    EXPECT_EQ(GetError({}, "Atoms_min_radius=9\nAtoms_max_radius=4\n"), "K.ini, line 2, Atoms_min_radius: " + sWhat);
+    EXPECT_EQ(GetError({"--min-radius", "9"}, "Atoms_max_radius=4\n"), "usage: --min-radius, --max-radius: " + sWhat);
 }
 
 TEST(RunSettings, FactorsOfTheFileAreCheckedLikeTheWindowDoes)
@@ -195,7 +195,7 @@ TEST(RunSettings, FactorsOfTheFileAreCheckedLikeTheWindowDoes)
 
 TEST(RunSettings, TheStartPointMustLeaveRoomForTheLargestAtom)
 {
-    EXPECT_EQ("", GetError({"--start-at", "9,191", "--max-radius", "9"}, "World_width=300\nWorld_height=200\n"));
+    EXPECT_EQ(GetError({"--start-at", "9,191", "--max-radius", "9"}, "World_width=300\nWorld_height=200\n"), "");
     EXPECT_THAT(GetError({"--start-at", "9,192", "--max-radius", "9"}, "World_width=300\nWorld_height=200\n"),
                 StartsWith("usage: --start-at: 9,192 is not allowed; allowed is X from 9 to 291 and Y from 9 to 191"));
 }
@@ -208,15 +208,15 @@ TEST(RunSettings, TheFileIsReadFromTheDisk)
     const std::string sLarge = folder.WriteFile("Large.ini", std::string((1U << 20U) + 1, ' '));
 
     const CProgramResult good = RunProgram({"--settings", sFile, "--iterations", "1"});
-    EXPECT_EQ(0, good.exitCode);
-    EXPECT_EQ("7", GetSummaryValue(good.out, "atoms"));
+    EXPECT_EQ(good.exitCode, 0);
+    EXPECT_EQ(GetSummaryValue(good.out, "atoms"), "7");
     const CProgramResult bad = RunProgram({"--settings", sBad});
-    EXPECT_EQ(1, bad.exitCode);
-    EXPECT_EQ("error: " + sBad + ", line 2, Tot_atoms: 0 is out of range; allowed is 1 to 1000000\n", bad.err);
+    EXPECT_EQ(bad.exitCode, 1);
+    EXPECT_EQ(bad.err, "error: " + sBad + ", line 2, Tot_atoms: 0 is out of range; allowed is 1 to 1000000\n");
     const CProgramResult missing = RunProgram({"--settings", folder.GetPath("none.ini")});
-    EXPECT_EQ(1, missing.exitCode);
-    EXPECT_EQ("error: " + folder.GetPath("none.ini") + ": there is no such file\n", missing.err);
+    EXPECT_EQ(missing.exitCode, 1);
+    EXPECT_EQ(missing.err, "error: " + folder.GetPath("none.ini") + ": there is no such file\n");
     const CProgramResult large = RunProgram({"--settings", sLarge});
-    EXPECT_EQ(1, large.exitCode);
-    EXPECT_EQ("error: " + sLarge + ": is longer than a megabyte and no settings file\n", large.err);
+    EXPECT_EQ(large.exitCode, 1);
+    EXPECT_EQ(large.err, "error: " + sLarge + ": is longer than a megabyte and no settings file\n");
 }

@@ -40,7 +40,7 @@ std::string GetError(const std::string& sText)
     }
     catch (const CHeadlessError& error)
     {
-        EXPECT_EQ(1, error.GetExitCode());
+        EXPECT_EQ(error.GetExitCode(), 1);
         return error.what();
     }
     return "";
@@ -54,26 +54,26 @@ TEST(StateFile, HoldsAHeaderAndOneRowForEachAtom)
     first.vx = -0.1F;
     first.vy = 1e-7F;
 
-    EXPECT_EQ("x,y,vx,vy,radius\n1.5,2,-0.1,1e-07,3\n0,-0,0,0,255\n",
-              Save(MakeAtoms({first, MakeAtom(0.0F, -0.0F, 255)})));
+    EXPECT_EQ(Save(MakeAtoms({first, MakeAtom(0.0F, -0.0F, 255)})),
+              "x,y,vx,vy,radius\n1.5,2,-0.1,1e-07,3\n0,-0,0,0,255\n");
 }
 
 TEST(StateFile, LoadingGivesTheAtomsWithTheirSpeedsAndStatistics)
 {
     const CAtoms atoms = Load(c_sHeader + "1.5,2,3,4,5\n10,20,0,-1,255\n");
 
-    ASSERT_EQ(2, atoms.GetCount());
-    EXPECT_EQ(1.5F, atoms[0].x);
-    EXPECT_EQ(2.0F, atoms[0].y);
-    EXPECT_EQ(3.0F, atoms[0].vx);
-    EXPECT_EQ(4.0F, atoms[0].vy);
-    EXPECT_EQ(5.0F, atoms[0].speed);
-    EXPECT_EQ(5, atoms[0].radius);
-    EXPECT_EQ(255, atoms[1].radius);
-    EXPECT_EQ(1.0F, atoms.GetMinVelocity());
-    EXPECT_EQ(5.0F, atoms.GetMaxVelocity());
-    EXPECT_EQ(6.0F, atoms.GetTotVelocity());
-    EXPECT_EQ(3.0F, atoms.GetAvgVelocity());
+    ASSERT_EQ(atoms.GetCount(), 2);
+    EXPECT_EQ(atoms[0].x, 1.5F);
+    EXPECT_EQ(atoms[0].y, 2.0F);
+    EXPECT_EQ(atoms[0].vx, 3.0F);
+    EXPECT_EQ(atoms[0].vy, 4.0F);
+    EXPECT_EQ(atoms[0].speed, 5.0F);
+    EXPECT_EQ(atoms[0].radius, 5);
+    EXPECT_EQ(atoms[1].radius, 255);
+    EXPECT_EQ(atoms.GetMinVelocity(), 1.0F);
+    EXPECT_EQ(atoms.GetMaxVelocity(), 5.0F);
+    EXPECT_EQ(atoms.GetTotVelocity(), 6.0F);
+    EXPECT_EQ(atoms.GetAvgVelocity(), 3.0F);
 }
 
 // Every finite float, the denormal ones and both zeros included, comes back as it was.
@@ -104,71 +104,71 @@ TEST(StateFile, EveryBitPatternComesBack)
     const std::string sText = Save(atoms);
     const CAtoms loaded = Load(sText);
 
-    ASSERT_EQ(c_iPatterns, loaded.GetCount());
+    ASSERT_EQ(loaded.GetCount(), c_iPatterns);
     EXPECT_TRUE(std::equal(atoms.GetAtoms(), atoms.GetAtoms() + c_iPatterns, loaded.GetAtoms(), IsSameAtom));
-    EXPECT_EQ(sText, Save(loaded));
+    EXPECT_EQ(Save(loaded), sText);
 }
 
 // Spreadsheets on Windows write such line ends.
 TEST(StateFile, LineEndsOfWindowsAreReadToo)
 {
-    EXPECT_EQ(2, Load("x,y,vx,vy,radius\r\n1,2,3,4,5\r\n1,2,3,4,5\r\n").GetCount());
+    EXPECT_EQ(Load("x,y,vx,vy,radius\r\n1,2,3,4,5\r\n1,2,3,4,5\r\n").GetCount(), 2);
 }
 
 TEST(StateFile, AnEmptyFileIsRefused)
 {
-    EXPECT_EQ("a.csv: the file is empty; its first line must be x,y,vx,vy,radius", GetError(""));
-    EXPECT_EQ("a.csv: there are no atoms after the header", GetError(c_sHeader));
+    EXPECT_EQ(GetError(""), "a.csv: the file is empty; its first line must be x,y,vx,vy,radius");
+    EXPECT_EQ(GetError(c_sHeader), "a.csv: there are no atoms after the header");
 }
 
 TEST(StateFile, AFileThatIsNoCsvIsRefused)
 {
-    EXPECT_EQ("a.csv, line 1: the header is '?PNG?' instead of 'x,y,vx,vy,radius'", GetError("\x1BPNG\x1A\n"));
-    EXPECT_EQ("a.csv, line 1: the header is 'X,Y,VX,VY,R' instead of 'x,y,vx,vy,radius'", GetError("X,Y,VX,VY,R\n"));
-    EXPECT_EQ("a.csv, line 1: the line is longer than 4096 characters: this is no CSV file",
-              GetError(std::string(5'000, 'x') + "\n"));
-    EXPECT_EQ("a.csv, line 1: the line is longer than 4096 characters: this is no CSV file",
-              GetError(std::string(5'000'000, 'x')));
+    EXPECT_EQ(GetError("\x1BPNG\x1A\n"), "a.csv, line 1: the header is '?PNG?' instead of 'x,y,vx,vy,radius'");
+    EXPECT_EQ(GetError("X,Y,VX,VY,R\n"), "a.csv, line 1: the header is 'X,Y,VX,VY,R' instead of 'x,y,vx,vy,radius'");
+    EXPECT_EQ(GetError(std::string(5'000, 'x') + "\n"),
+              "a.csv, line 1: the line is longer than 4096 characters: this is no CSV file");
+    EXPECT_EQ(GetError(std::string(5'000'000, 'x')),
+              "a.csv, line 1: the line is longer than 4096 characters: this is no CSV file");
 }
 
 TEST(StateFile, ALongHeaderIsShownInPart)
 {
-    EXPECT_EQ("a.csv, line 1: the header is '" + std::string(40, 'x') + "...' instead of 'x,y,vx,vy,radius'",
-              GetError(std::string(1'000, 'x') + "\n"));
+    EXPECT_EQ(GetError(std::string(1'000, 'x') + "\n"),
+              "a.csv, line 1: the header is '" + std::string(40, 'x') + "...' instead of 'x,y,vx,vy,radius'");
 }
 
 TEST(StateFile, ARowWithTooFewOrTooManyColumnsIsRefused)
 {
-    EXPECT_EQ("a.csv, line 3, column 4 (vy): the row has 4 columns instead of 5 (x,y,vx,vy,radius)",
-              GetError(c_sHeader + "1,2,3,4,5\n1,2,3,4\n"));
-    EXPECT_EQ("a.csv, line 2, column 5 (radius): the row has 6 columns instead of 5 (x,y,vx,vy,radius)",
-              GetError(c_sHeader + "1,2,3,4,5,6\n"));
-    EXPECT_EQ("a.csv, line 3, column 1 (x): the row has 1 column instead of 5 (x,y,vx,vy,radius)",
-              GetError(c_sHeader + "1,2,3,4,5\n\n"));
+    EXPECT_EQ(GetError(c_sHeader + "1,2,3,4,5\n1,2,3,4\n"),
+              "a.csv, line 3, column 4 (vy): the row has 4 columns instead of 5 (x,y,vx,vy,radius)");
+    EXPECT_EQ(GetError(c_sHeader + "1,2,3,4,5,6\n"),
+              "a.csv, line 2, column 5 (radius): the row has 6 columns instead of 5 (x,y,vx,vy,radius)");
+    EXPECT_EQ(GetError(c_sHeader + "1,2,3,4,5\n\n"),
+              "a.csv, line 3, column 1 (x): the row has 1 column instead of 5 (x,y,vx,vy,radius)");
 }
 
 TEST(StateFile, WhatIsNoNumberIsRefused)
 {
-    EXPECT_EQ("a.csv, line 2, column 1 (x): 'abc' is no number", GetError(c_sHeader + "abc,2,3,4,5\n"));
-    EXPECT_EQ("a.csv, line 2, column 2 (y): '2 ' is no number", GetError(c_sHeader + "1,2 ,3,4,5\n"));
-    EXPECT_EQ("a.csv, line 2, column 2 (y): ' 2' is no number", GetError(c_sHeader + "1, 2,3,4,5\n"));
-    EXPECT_EQ("a.csv, line 2, column 2 (y): '+2' is no number", GetError(c_sHeader + "1,+2,3,4,5\n"));
-    EXPECT_EQ("a.csv, line 2, column 3 (vx): '0x3' is no number", GetError(c_sHeader + "1,2,0x3,4,5\n"));
-    EXPECT_EQ("a.csv, line 2, column 4 (vy): the number is missing", GetError(c_sHeader + "1,2,3,,5\n"));
-    EXPECT_EQ("a.csv, line 2, column 1 (x): '\"1\"' is no number", GetError(c_sHeader + "\"1\",2,3,4,5\n"));
-    EXPECT_EQ("a.csv, line 2, column 1 (x): '1?2' is no number",
-              GetError(c_sHeader + std::string("1\0002", 3) + ",2,3,4,5\n"));
+    EXPECT_EQ(GetError(c_sHeader + "abc,2,3,4,5\n"), "a.csv, line 2, column 1 (x): 'abc' is no number");
+    EXPECT_EQ(GetError(c_sHeader + "1,2 ,3,4,5\n"), "a.csv, line 2, column 2 (y): '2 ' is no number");
+    EXPECT_EQ(GetError(c_sHeader + "1, 2,3,4,5\n"), "a.csv, line 2, column 2 (y): ' 2' is no number");
+    EXPECT_EQ(GetError(c_sHeader + "1,+2,3,4,5\n"), "a.csv, line 2, column 2 (y): '+2' is no number");
+    EXPECT_EQ(GetError(c_sHeader + "1,2,0x3,4,5\n"), "a.csv, line 2, column 3 (vx): '0x3' is no number");
+    EXPECT_EQ(GetError(c_sHeader + "1,2,3,,5\n"), "a.csv, line 2, column 4 (vy): the number is missing");
+    EXPECT_EQ(GetError(c_sHeader + "\"1\",2,3,4,5\n"), "a.csv, line 2, column 1 (x): '\"1\"' is no number");
+    EXPECT_EQ(GetError(c_sHeader + std::string("1\0002", 3) + ",2,3,4,5\n"),
+              "a.csv, line 2, column 1 (x): '1?2' is no number");
 }
 
 TEST(StateFile, WhatIsNotFiniteIsRefused)
 {
-    EXPECT_EQ("a.csv, line 2, column 1 (x): 'nan' is not finite", GetError(c_sHeader + "nan,2,3,4,5\n"));
-    EXPECT_EQ("a.csv, line 2, column 3 (vx): '-inf' is not finite", GetError(c_sHeader + "1,2,-inf,4,5\n"));
-    EXPECT_EQ("a.csv, line 2, column 4 (vy): 'infinity' is not finite", GetError(c_sHeader + "1,2,3,infinity,5\n"));
-    EXPECT_EQ("a.csv, line 2, column 2 (y): '1e39' does not fit a 32-bit float",
-              GetError(c_sHeader + "1,1e39,3,4,5\n"));
-    EXPECT_EQ("a.csv, line 2: the speed of this atom does not fit a 32-bit float",
-              GetError(c_sHeader + "1,2,1e20,4,5\n"));
+    EXPECT_EQ(GetError(c_sHeader + "nan,2,3,4,5\n"), "a.csv, line 2, column 1 (x): 'nan' is not finite");
+    EXPECT_EQ(GetError(c_sHeader + "1,2,-inf,4,5\n"), "a.csv, line 2, column 3 (vx): '-inf' is not finite");
+    EXPECT_EQ(GetError(c_sHeader + "1,2,3,infinity,5\n"), "a.csv, line 2, column 4 (vy): 'infinity' is not finite");
+    EXPECT_EQ(GetError(c_sHeader + "1,1e39,3,4,5\n"),
+              "a.csv, line 2, column 2 (y): '1e39' does not fit a 32-bit float");
+    EXPECT_EQ(GetError(c_sHeader + "1,2,1e20,4,5\n"),
+              "a.csv, line 2: the speed of this atom does not fit a 32-bit float");
 }
 
 TEST(StateFile, ARadiusOutOfRangeIsRefused)
@@ -176,16 +176,16 @@ TEST(StateFile, ARadiusOutOfRangeIsRefused)
     for (const std::string& sRadius :
          std::vector<std::string>{"0", "256", "-1", "2.5", "1e1", "", " 3", "99999999999999999999"})
     {
-        EXPECT_EQ("a.csv, line 2, column 5 (radius): '" + sRadius + "' is no whole number from 1 to 255",
-                  GetError(std::string(c_sHeader).append("1,2,3,4,").append(sRadius).append("\n")));
+        EXPECT_EQ(GetError(std::string(c_sHeader).append("1,2,3,4,").append(sRadius).append("\n")),
+                  "a.csv, line 2, column 5 (radius): '" + sRadius + "' is no whole number from 1 to 255");
     }
 }
 
 // "...,1" may have been "...,12": such an atom is not guessed.
 TEST(StateFile, ALastLineWithoutAnEndIsRefused)
 {
-    EXPECT_EQ("a.csv, line 3: the file ends within this line: it has no line end and may be cut off",
-              GetError(c_sHeader + "1,2,3,4,5\n1,2,3,4,1"));
+    EXPECT_EQ(GetError(c_sHeader + "1,2,3,4,5\n1,2,3,4,1"),
+              "a.csv, line 3: the file ends within this line: it has no line end and may be cut off");
 }
 
 TEST(StateFile, MoreThanAMillionAtomsAreRefused)
@@ -195,8 +195,8 @@ TEST(StateFile, MoreThanAMillionAtomsAreRefused)
     {
         sText += "1,2,0,0,5\n";
     }
-    EXPECT_EQ(1'000'000, Load(sText).GetCount());
-    EXPECT_EQ("a.csv, line 1000002: more than 1000000 atoms", GetError(sText + "1,2,0,0,5\n"));
+    EXPECT_EQ(Load(sText).GetCount(), 1'000'000);
+    EXPECT_EQ(GetError(sText + "1,2,0,0,5\n"), "a.csv, line 1000002: more than 1000000 atoms");
 }
 
 TEST(StateFile, ARefusedFileLeavesTheAtomsAsTheyWere)
@@ -205,8 +205,8 @@ TEST(StateFile, ARefusedFileLeavesTheAtomsAsTheyWere)
     std::istringstream stream(c_sHeader + "1,2,3,4,5\n1,2,3,4,0\n");
 
     EXPECT_THROW(LoadState(stream, "a.csv", atoms), CHeadlessError);
-    ASSERT_EQ(1, atoms.GetCount());
-    EXPECT_EQ(7.0F, atoms[0].x);
+    ASSERT_EQ(atoms.GetCount(), 1);
+    EXPECT_EQ(atoms[0].x, 7.0F);
 }
 
 TEST(StateFile, AStateThatNoFileCanHoldIsNotSaved)
@@ -221,7 +221,7 @@ TEST(StateFile, AStateThatNoFileCanHoldIsNotSaved)
     }
     catch (const CHeadlessError& error)
     {
-        EXPECT_STREQ("the state cannot be saved: vy of atom 2 is not finite", error.what());
+        EXPECT_STREQ(error.what(), "the state cannot be saved: vy of atom 2 is not finite");
     }
 }
 
@@ -232,13 +232,13 @@ TEST(StateFile, TheProgramNamesTheFileItCannotRead)
     const std::string sMissing = folder.GetPath("none.csv");
 
     const CProgramResult bad = RunProgram({"--load-state", sBad});
-    EXPECT_EQ(1, bad.exitCode);
-    EXPECT_EQ("error: " + sBad + ", line 2, column 3 (vx): the row has 3 columns instead of 5 (x,y,vx,vy,radius)\n",
-              bad.err);
+    EXPECT_EQ(bad.exitCode, 1);
+    EXPECT_EQ(bad.err,
+              "error: " + sBad + ", line 2, column 3 (vx): the row has 3 columns instead of 5 (x,y,vx,vy,radius)\n");
     const CProgramResult missing = RunProgram({"--load-state", sMissing});
-    EXPECT_EQ(1, missing.exitCode);
-    EXPECT_EQ("error: " + sMissing + ": there is no such file\n", missing.err);
+    EXPECT_EQ(missing.exitCode, 1);
+    EXPECT_EQ(missing.err, "error: " + sMissing + ": there is no such file\n");
     const CProgramResult directory = RunProgram({"--load-state", folder.GetPath("")});
-    EXPECT_EQ(1, directory.exitCode);
-    EXPECT_EQ("error: " + folder.GetPath("") + ": this is a folder, not a file\n", directory.err);
+    EXPECT_EQ(directory.exitCode, 1);
+    EXPECT_EQ(directory.err, "error: " + folder.GetPath("") + ": this is a folder, not a file\n");
 }

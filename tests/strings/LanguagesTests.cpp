@@ -45,7 +45,7 @@ TEST(Languages, EveryIndexHasItsLanguageAndItsFiller)
         EXPECT_EQ(language.sName, expected.sName);
         EXPECT_EQ(language.pFill, expected.pFill);
     }
-    EXPECT_EQ(std::size(c_Expected), c_Languages.size());
+    EXPECT_EQ(c_Languages.size(), std::size(c_Expected));
 }
 
 TEST(Languages, FlemishStandsBeforeChinese)

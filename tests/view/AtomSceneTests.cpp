@@ -42,7 +42,7 @@ TEST(AtomScene, SpeedModeKeepsTheArrayOrderAcrossTheClasses)
                                    MakeAtom(9000.0F, 3.0F, 1.0F), MakeAtom(4.0F, 4.0F, 1.25F)};
     CDrawn drawn;
     DrawAtoms_Speed(MakeScene(atoms), [&](const CAtom& atom, int iClass) { drawn.emplace_back(&atom, iClass); });
-    EXPECT_EQ((CDrawn{{&atoms[0], 2}, {&atoms[1], 0}, {&atoms[2], 1}, {&atoms[4], 2}}), drawn);
+    EXPECT_EQ(drawn, (CDrawn{{&atoms[0], 2}, {&atoms[1], 0}, {&atoms[2], 1}, {&atoms[4], 2}}));
 }
 
 TEST(AtomScene, FixedModeFollowsThePlaceInTheArray)
@@ -54,7 +54,7 @@ TEST(AtomScene, FixedModeFollowsThePlaceInTheArray)
     scene.settings[2].dFactor = 3.0;
     std::vector<int> classes;
     DrawAtoms_Fixed(scene, [&](const CAtom&, int iClass) { classes.push_back(iClass); });
-    EXPECT_EQ((std::vector<int>{0, 0, 1, 1, 1, 1, 1, 2, 2, 2}), classes);
+    EXPECT_EQ(classes, (std::vector<int>{0, 0, 1, 1, 1, 1, 1, 2, 2, 2}));
 }
 
 TEST(AtomScene, CulledAtomsKeepTheirPlaceInTheRunsOfFixedMode)
@@ -67,7 +67,7 @@ TEST(AtomScene, CulledAtomsKeepTheirPlaceInTheRunsOfFixedMode)
     scene.settings[1].dFactor = 2.0;
     CDrawn drawn;
     DrawAtoms_Fixed(scene, [&](const CAtom& atom, int iClass) { drawn.emplace_back(&atom, iClass); });
-    EXPECT_EQ((CDrawn{{&atoms[1], 0}, {&atoms[2], 1}, {&atoms[4], 2}, {&atoms[5], 2}}), drawn);
+    EXPECT_EQ(drawn, (CDrawn{{&atoms[1], 0}, {&atoms[2], 1}, {&atoms[4], 2}, {&atoms[5], 2}}));
 }
 
 TEST(AtomScene, AnEmptySetDrawsNothing)

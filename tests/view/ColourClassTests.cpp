@@ -22,28 +22,28 @@ constexpr std::int32_t c_iMinInt = std::numeric_limits<std::int32_t>::min();
 TEST(SpeedClass, AnAtomOnTheSlowLimitIsSlowAndOneOnTheFastLimitIsFast)
 {
     const CColourSettings settings = MakeSettings(0.75, 0.0, 1.25);
-    EXPECT_EQ(0, ClassOfAtom(1.5F, 2.0F, settings));
-    EXPECT_EQ(2, ClassOfAtom(2.5F, 2.0F, settings));
-    EXPECT_EQ(1, ClassOfAtom(std::nextafter(1.5F, 2.0F), 2.0F, settings));
-    EXPECT_EQ(1, ClassOfAtom(std::nextafter(2.5F, 2.0F), 2.0F, settings));
+    EXPECT_EQ(ClassOfAtom(1.5F, 2.0F, settings), 0);
+    EXPECT_EQ(ClassOfAtom(2.5F, 2.0F, settings), 2);
+    EXPECT_EQ(ClassOfAtom(std::nextafter(1.5F, 2.0F), 2.0F, settings), 1);
+    EXPECT_EQ(ClassOfAtom(std::nextafter(2.5F, 2.0F), 2.0F, settings), 1);
 }
 
 TEST(SpeedClass, AnAtomAtRestIsSlow)
 {
-    EXPECT_EQ(0, ClassOfAtom(0.0F, 0.0F, MakeSettings(0.75, 0.0, 1.25)));
-    EXPECT_EQ(0, ClassOfAtom(0.0F, 3.0F, MakeSettings(0.0, 0.0, 1.25)));
+    EXPECT_EQ(ClassOfAtom(0.0F, 0.0F, MakeSettings(0.75, 0.0, 1.25)), 0);
+    EXPECT_EQ(ClassOfAtom(0.0F, 3.0F, MakeSettings(0.0, 0.0, 1.25)), 0);
 }
 
 TEST(SpeedClass, WhereTheLimitsOverlapTheSlowClassWins)
 {
-    EXPECT_EQ(0, ClassOfAtom(1.0F, 1.0F, MakeSettings(2.0, 0.0, 0.5)));
-    EXPECT_EQ(0, ClassOfAtom(2.0F, 1.0F, MakeSettings(2.0, 0.0, 2.0)));
+    EXPECT_EQ(ClassOfAtom(1.0F, 1.0F, MakeSettings(2.0, 0.0, 0.5)), 0);
+    EXPECT_EQ(ClassOfAtom(2.0F, 1.0F, MakeSettings(2.0, 0.0, 2.0)), 0);
 }
 
 TEST(SpeedClass, TheMiddleFactorPlaysNoPart)
 {
-    EXPECT_EQ(1, ClassOfAtom(1.0F, 1.0F, MakeSettings(0.75, 1e300, 1.25)));
-    EXPECT_EQ(1, ClassOfAtom(1.0F, 1.0F, MakeSettings(0.75, -1.0, 1.25)));
+    EXPECT_EQ(ClassOfAtom(1.0F, 1.0F, MakeSettings(0.75, 1e300, 1.25)), 1);
+    EXPECT_EQ(ClassOfAtom(1.0F, 1.0F, MakeSettings(0.75, -1.0, 1.25)), 1);
 }
 
 // 0.1F * 0.7 is a different number in single and in double precision; the float speed nearest to the product lies above
@@ -58,40 +58,40 @@ TEST(SpeedClass, TheComparisonIsMadeInDoublePrecision)
     const float fAbove = std::nextafter(fBelow, 1.0F);
     ASSERT_LE(static_cast<double>(fBelow), dLimit);
     ASSERT_GT(static_cast<double>(fAbove), dLimit);
-    EXPECT_EQ(0, ClassOfAtom(fBelow, c_fAverage, settings));
-    EXPECT_EQ(1, ClassOfAtom(fAbove, c_fAverage, settings));
+    EXPECT_EQ(ClassOfAtom(fBelow, c_fAverage, settings), 0);
+    EXPECT_EQ(ClassOfAtom(fAbove, c_fAverage, settings), 1);
 }
 
 TEST(SpeedClass, ASpeedThatIsNotANumberIsInTheMiddle)
 {
-    EXPECT_EQ(1, ClassOfAtom(std::nanf(""), 1.0F, MakeSettings(0.75, 0.0, 1.25)));
-    EXPECT_EQ(1, ClassOfAtom(1.0F, std::nanf(""), MakeSettings(0.75, 0.0, 1.25)));
+    EXPECT_EQ(ClassOfAtom(std::nanf(""), 1.0F, MakeSettings(0.75, 0.0, 1.25)), 1);
+    EXPECT_EQ(ClassOfAtom(1.0F, std::nanf(""), MakeSettings(0.75, 0.0, 1.25)), 1);
 }
 
 TEST(Truncation, GoesTowardsZeroAndStopsAtTheEndsOfTheRange)
 {
-    EXPECT_EQ(2, TruncateToInt32(2.9));
-    EXPECT_EQ(-2, TruncateToInt32(-2.9));
-    EXPECT_EQ(c_iMaxInt, TruncateToInt32(1e300));
-    EXPECT_EQ(c_iMinInt, TruncateToInt32(-1e300));
-    EXPECT_EQ(c_iMaxInt, TruncateToInt32(2147483647.5));
-    EXPECT_EQ(c_iMinInt, TruncateToInt32(-2147483648.5));
-    EXPECT_EQ(c_iMaxInt, TruncateToInt32(std::numeric_limits<double>::infinity()));
-    EXPECT_EQ(0, TruncateToInt32(std::nan("")));
+    EXPECT_EQ(TruncateToInt32(2.9), 2);
+    EXPECT_EQ(TruncateToInt32(-2.9), -2);
+    EXPECT_EQ(TruncateToInt32(1e300), c_iMaxInt);
+    EXPECT_EQ(TruncateToInt32(-1e300), c_iMinInt);
+    EXPECT_EQ(TruncateToInt32(2147483647.5), c_iMaxInt);
+    EXPECT_EQ(TruncateToInt32(-2147483648.5), c_iMinInt);
+    EXPECT_EQ(TruncateToInt32(std::numeric_limits<double>::infinity()), c_iMaxInt);
+    EXPECT_EQ(TruncateToInt32(std::nan("")), 0);
 }
 
 TEST(FixedRuns, AreTakenFromTheFirstTwoFactorsTruncated)
 {
-    EXPECT_EQ((CFixedRuns{10, 150, 200}), GetFixedRuns(MakeSettings(10.9, 140.9, 50.0), 200));
-    EXPECT_EQ((CFixedRuns{0, 0, 200}), GetFixedRuns(MakeSettings(0.0, 0.0, 200.0), 200));
+    EXPECT_EQ(GetFixedRuns(MakeSettings(10.9, 140.9, 50.0), 200), (CFixedRuns{10, 150, 200}));
+    EXPECT_EQ(GetFixedRuns(MakeSettings(0.0, 0.0, 200.0), 200), (CFixedRuns{0, 0, 200}));
 }
 
 TEST(FixedRuns, StopAtTheCount)
 {
-    EXPECT_EQ((CFixedRuns{5, 5, 5}), GetFixedRuns(MakeSettings(10.0, 20.0, 0.0), 5));
-    EXPECT_EQ((CFixedRuns{3, 5, 5}), GetFixedRuns(MakeSettings(3.0, 20.0, 0.0), 5));
-    EXPECT_EQ((CFixedRuns{0, 0, 0}), GetFixedRuns(MakeSettings(10.0, 20.0, 0.0), 0));
-    EXPECT_EQ((CFixedRuns{0, 0, 0}), GetFixedRuns(MakeSettings(10.0, 20.0, 0.0), -1));
+    EXPECT_EQ(GetFixedRuns(MakeSettings(10.0, 20.0, 0.0), 5), (CFixedRuns{5, 5, 5}));
+    EXPECT_EQ(GetFixedRuns(MakeSettings(3.0, 20.0, 0.0), 5), (CFixedRuns{3, 5, 5}));
+    EXPECT_EQ(GetFixedRuns(MakeSettings(10.0, 20.0, 0.0), 0), (CFixedRuns{0, 0, 0}));
+    EXPECT_EQ(GetFixedRuns(MakeSettings(10.0, 20.0, 0.0), -1), (CFixedRuns{0, 0, 0}));
 }
 
 // After a refused start the factors of the other mode may still be there when the next frame is drawn.
@@ -111,6 +111,6 @@ TEST(FixedRuns, AlwaysLieInOrderInsideTheArrayWhateverTheFactorsHold)
         ASSERT_LE(0, runs.a);
         ASSERT_LE(runs.a, runs.b);
         ASSERT_LE(runs.b, runs.count);
-        ASSERT_EQ(count, runs.count);
+        ASSERT_EQ(runs.count, count);
     }
 }

@@ -47,9 +47,9 @@ CInterpreted Speed(const wchar_t* s0, const wchar_t* s1, const wchar_t* s2)
 void ExpectFactors(const CInterpreted& result, double d0, double d1, double d2)
 {
     EXPECT_TRUE(result.bOk);
-    EXPECT_EQ(d0, result.settings[0].dFactor);
-    EXPECT_EQ(d1, result.settings[1].dFactor);
-    EXPECT_EQ(d2, result.settings[2].dFactor);
+    EXPECT_EQ(result.settings[0].dFactor, d0);
+    EXPECT_EQ(result.settings[1].dFactor, d1);
+    EXPECT_EQ(result.settings[2].dFactor, d2);
 }
 
 } // namespace
@@ -58,7 +58,7 @@ TEST(ColourFactorsFixed, ACountAPercentageAndAnEmptyTextMakeTenOneHundredFortyAn
 {
     const CInterpreted result = Fixed(L"10", L"", L"25%");
     ExpectFactors(result, 10.0, 140.0, 50.0);
-    EXPECT_EQ((CFixedRuns{10, 150, c_iAtoms}), GetFixedRuns(result.settings, c_iAtoms));
+    EXPECT_EQ(GetFixedRuns(result.settings, c_iAtoms), (CFixedRuns{10, 150, c_iAtoms}));
 }
 
 TEST(ColourFactorsFixed, AnyOfTheThreeFactorsMayBeTheOneLeftOut)
@@ -142,8 +142,8 @@ TEST(ColourFactorsFixed, NumbersOutsideAnIntegersRangeSaturate)
         const CInterpreted result = Fixed(sHuge, L"", L"10");
         ASSERT_TRUE(result.bOk);
         EXPECT_TRUE(std::isfinite(result.settings[0].dFactor));
-        EXPECT_EQ(0.0, result.settings[1].dFactor);
-        EXPECT_EQ((CFixedRuns{c_iAtoms, c_iAtoms, c_iAtoms}), GetFixedRuns(result.settings, c_iAtoms));
+        EXPECT_EQ(result.settings[1].dFactor, 0.0);
+        EXPECT_EQ(GetFixedRuns(result.settings, c_iAtoms), (CFixedRuns{c_iAtoms, c_iAtoms, c_iAtoms}));
     }
     EXPECT_FALSE(Fixed(L"-1e300", L"", L"10").bOk);
 }
@@ -152,9 +152,9 @@ TEST(ColourFactorsFixed, AFailedTextLeavesItsFactorAsItWasAndStoresTheOthers)
 {
     const CInterpreted result = Fixed(L"10", L"abc", L"");
     EXPECT_FALSE(result.bOk);
-    EXPECT_EQ(10.0, result.settings[0].dFactor);
-    EXPECT_EQ(c_dUntouched, result.settings[1].dFactor);
-    EXPECT_EQ(-1.0, result.settings[2].dFactor);
+    EXPECT_EQ(result.settings[0].dFactor, 10.0);
+    EXPECT_EQ(result.settings[1].dFactor, c_dUntouched);
+    EXPECT_EQ(result.settings[2].dFactor, -1.0);
 }
 
 TEST(ColourFactorsSpeed, TheSecondTextIsIgnored)
@@ -163,8 +163,8 @@ TEST(ColourFactorsSpeed, TheSecondTextIsIgnored)
     {
         const CInterpreted result = Speed(L"0.75", sSecond, L"1.25");
         EXPECT_TRUE(result.bOk);
-        EXPECT_EQ(0.75, result.settings[0].dFactor);
-        EXPECT_EQ(1.25, result.settings[2].dFactor);
+        EXPECT_EQ(result.settings[0].dFactor, 0.75);
+        EXPECT_EQ(result.settings[2].dFactor, 1.25);
     }
 }
 
@@ -192,15 +192,15 @@ TEST(ColourFactorsSpeed, AHairBelowZeroStillCountsAsZero)
 
 TEST(ColourFactorsSpeed, NothingIsRounded)
 {
-    EXPECT_EQ(0.123456789, Speed(L"0.123456789", L"", L"2").settings[0].dFactor);
+    EXPECT_EQ(Speed(L"0.123456789", L"", L"2").settings[0].dFactor, 0.123456789);
 }
 
 TEST(ColourFactorsSpeed, AFailedTextLeavesItsFactorAsItWas)
 {
     const CInterpreted result = Speed(L"abc", L"", L"1.25");
-    EXPECT_EQ(c_dUntouched, result.settings[0].dFactor);
-    EXPECT_EQ(-1.0, result.settings[1].dFactor);
-    EXPECT_EQ(1.25, result.settings[2].dFactor);
+    EXPECT_EQ(result.settings[0].dFactor, c_dUntouched);
+    EXPECT_EQ(result.settings[1].dFactor, -1.0);
+    EXPECT_EQ(result.settings[2].dFactor, 1.25);
 }
 
 TEST(ColourFactors, AnUnknownModeFailsAndTouchesNothing)
@@ -208,5 +208,5 @@ TEST(ColourFactors, AnUnknownModeFailsAndTouchesNothing)
     constexpr auto c_eUnknown = static_cast<EnumAtomColourMode>(2);
     const CInterpreted result = Interpret(c_eUnknown, Texts(L"10", L"", L"20"));
     EXPECT_FALSE(result.bOk);
-    EXPECT_EQ(c_dUntouched, result.settings[0].dFactor);
+    EXPECT_EQ(result.settings[0].dFactor, c_dUntouched);
 }

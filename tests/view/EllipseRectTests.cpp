@@ -26,25 +26,25 @@ CAtom MakeAtom(float fX, float fY, std::uint8_t uRadius)
 
 TEST(EllipseRect, IsTheCircleMovedByTheWorldsCorner)
 {
-    EXPECT_EQ((CRect{107, 217, 113, 223}), GetEllipseRect(MakeAtom(10.0F, 20.0F, 3), {100, 200}));
-    EXPECT_EQ((CRect{-4, -3, 0, 1}), GetEllipseRect(MakeAtom(98.0F, 199.0F, 2), {-100, -200}));
+    EXPECT_EQ(GetEllipseRect(MakeAtom(10.0F, 20.0F, 3), {100, 200}), (CRect{107, 217, 113, 223}));
+    EXPECT_EQ(GetEllipseRect(MakeAtom(98.0F, 199.0F, 2), {-100, -200}), (CRect{-4, -3, 0, 1}));
 }
 
 TEST(EllipseRect, CornersAreRoundedHalfAwayFromZero)
 {
-    EXPECT_EQ((CRect{2, 2, 8, 8}), GetEllipseRect(MakeAtom(5.25F, 5.49F, 3), {0, 0}));
-    EXPECT_EQ((CRect{3, 3, 9, 9}), GetEllipseRect(MakeAtom(5.5F, 5.75F, 3), {0, 0}));
-    EXPECT_EQ((CRect{-3, -3, 4, 4}), GetEllipseRect(MakeAtom(0.5F, 0.5F, 3), {0, 0})); // -2.5 and 3.5
+    EXPECT_EQ(GetEllipseRect(MakeAtom(5.25F, 5.49F, 3), {0, 0}), (CRect{2, 2, 8, 8}));
+    EXPECT_EQ(GetEllipseRect(MakeAtom(5.5F, 5.75F, 3), {0, 0}), (CRect{3, 3, 9, 9}));
+    EXPECT_EQ(GetEllipseRect(MakeAtom(0.5F, 0.5F, 3), {0, 0}), (CRect{-3, -3, 4, 4})); // -2.5 and 3.5
 }
 
 // At 9,999 a float has steps of 0.00098: the sum left + x is rounded to one before the radius is taken off.
 TEST(EllipseRect, SumsAreFormedInSinglePrecision)
 {
     const CAtom atom = MakeAtom(0.50001F, 0.0F, 1);
-    ASSERT_EQ(9999.5F, 9999.0F + atom.x);
-    EXPECT_EQ(9999, GetEllipseRect(atom, {9999, 0}).left); // 9998.5 rounds up
+    ASSERT_EQ(9999.0F + atom.x, 9999.5F);
+    EXPECT_EQ(GetEllipseRect(atom, {9999, 0}).left, 9999); // 9998.5 rounds up
     const CAtom atomBelow = MakeAtom(0.4999F, 0.0F, 1);
-    EXPECT_EQ(9999, GetEllipseRect(atomBelow, {9999, 0}).left); // the sum has become 9999.5 as well
+    EXPECT_EQ(GetEllipseRect(atomBelow, {9999, 0}).left, 9999); // the sum has become 9999.5 as well
 }
 
 // An atom that is torn between two writes may lie anywhere while it is drawn.
@@ -52,9 +52,9 @@ TEST(EllipseRect, APositionOutsideEveryWorldGivesARectangleOutsideEveryView)
 {
     constexpr int c_iEnd = 1 << 30;
     const CRect rc = GetEllipseRect(MakeAtom(1e30F, -1e30F, 3), {0, 0});
-    EXPECT_EQ((CRect{c_iEnd, -c_iEnd, c_iEnd, -c_iEnd}), rc);
-    EXPECT_EQ(-c_iEnd, GetEllipseRect(MakeAtom(std::nanf(""), 5.0F, 3), {0, 0}).left);
-    EXPECT_EQ(c_iEnd, GetEllipseRect(MakeAtom(std::numeric_limits<float>::infinity(), 5.0F, 3), {0, 0}).right);
+    EXPECT_EQ(rc, (CRect{c_iEnd, -c_iEnd, c_iEnd, -c_iEnd}));
+    EXPECT_EQ(GetEllipseRect(MakeAtom(std::nanf(""), 5.0F, 3), {0, 0}).left, -c_iEnd);
+    EXPECT_EQ(GetEllipseRect(MakeAtom(std::numeric_limits<float>::infinity(), 5.0F, 3), {0, 0}).right, c_iEnd);
 }
 
 // The quick form against the general one, over every exponent that a float has.
@@ -68,7 +68,7 @@ TEST(RoundToPixel, EqualsRoundingHalfAwayFromZero)
         const float fPosition = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
         if (std::fabs(fPosition) < c_fEnd)
         {
-            ASSERT_EQ(static_cast<int>(Dbl_Round(static_cast<double>(fPosition), 0)), RoundToPixel(fPosition))
+            ASSERT_EQ(RoundToPixel(fPosition), static_cast<int>(Dbl_Round(static_cast<double>(fPosition), 0)))
                 << fPosition;
         }
     }
@@ -78,7 +78,7 @@ TEST(RoundToPixel, EqualsRoundingHalfAwayFromZero)
         const float fHalf = static_cast<float>(i) / 2.0F;
         for (const float fPosition : {fHalf, std::nextafter(fHalf, -c_fEnd), std::nextafter(fHalf, c_fEnd)})
         {
-            ASSERT_EQ(static_cast<int>(Dbl_Round(static_cast<double>(fPosition), 0)), RoundToPixel(fPosition))
+            ASSERT_EQ(RoundToPixel(fPosition), static_cast<int>(Dbl_Round(static_cast<double>(fPosition), 0)))
                 << fPosition;
         }
     }

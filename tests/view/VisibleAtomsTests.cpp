@@ -138,7 +138,7 @@ TEST(VisibleAtoms, AreVisitedInArrayOrderWhateverTheNumberOfBlocks)
         }
         std::vector<const CAtom*> drawn;
         ForEachVisibleAtom(atoms.data(), 0, count, area, [&](const CAtom& atom) { drawn.push_back(&atom); });
-        EXPECT_EQ(expected, drawn) << count;
+        EXPECT_EQ(drawn, expected) << count;
     }
 }
 
@@ -149,9 +149,9 @@ TEST(VisibleAtoms, OnlyTheGivenRunIsVisited)
     std::vector<const CAtom*> drawn;
     const auto collect = [&](const CAtom& atom) { drawn.push_back(&atom); };
     ForEachVisibleAtom(atoms.data(), 300, 900, area, collect);
-    ASSERT_EQ(600U, drawn.size());
-    EXPECT_EQ(&atoms[300], drawn.front());
-    EXPECT_EQ(&atoms[899], drawn.back());
+    ASSERT_EQ(drawn.size(), 600U);
+    EXPECT_EQ(drawn.front(), &atoms[300]);
+    EXPECT_EQ(drawn.back(), &atoms[899]);
     ForEachVisibleAtom(atoms.data(), 900, 300, area, collect);
-    EXPECT_EQ(600U, drawn.size());
+    EXPECT_EQ(drawn.size(), 600U);
 }

@@ -52,7 +52,7 @@ TEST(LayoutInTheWindow, EveryPartStandsWhereTheRulesPutIt)
 
     const auto expectAt = [&](HWND hChild, const CRect& rectangle) {
         const RECT rc = GetRectInMain(application, hChild);
-        EXPECT_EQ((CRect{rc.left, rc.top, rc.right, rc.bottom}), rectangle);
+        EXPECT_EQ(rectangle, (CRect{rc.left, rc.top, rc.right, rc.bottom}));
     };
     expectAt(parts.hButton, expected.startButton);
     expectAt(parts.hPanel, expected.settingsPanel);

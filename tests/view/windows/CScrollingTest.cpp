@@ -8,7 +8,7 @@ void CScrollingTest::OpenLarge()
 
 void CScrollingTest::Scroll(UINT uMessage, unsigned uRequest)
 {
-    EXPECT_EQ(0, Send(uMessage, MAKEWPARAM(uRequest, 0)));
+    EXPECT_EQ(Send(uMessage, MAKEWPARAM(uRequest, 0)), 0);
 }
 
 void CScrollingTest::SetPosition(int iBar, int iPosition)
@@ -19,12 +19,12 @@ void CScrollingTest::SetPosition(int iBar, int iPosition)
 
 void CScrollingTest::TurnWheel(int iDelta)
 {
-    EXPECT_EQ(0, Send(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(iDelta))));
+    EXPECT_EQ(Send(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(iDelta))), 0);
 }
 
 void CScrollingTest::ExpectPosition(int iHorizontal, int iVertical)
 {
-    EXPECT_EQ(iHorizontal, GetBar(SB_HORZ).nPos);
-    EXPECT_EQ(iVertical, GetBar(SB_VERT).nPos);
-    EXPECT_EQ((CRect{-iHorizontal, -iVertical, 9999 - iHorizontal, 9999 - iVertical}), m_pView->GetWorldRect());
+    EXPECT_EQ(GetBar(SB_HORZ).nPos, iHorizontal);
+    EXPECT_EQ(GetBar(SB_VERT).nPos, iVertical);
+    EXPECT_EQ(m_pView->GetWorldRect(), (CRect{-iHorizontal, -iVertical, 9999 - iHorizontal, 9999 - iVertical}));
 }

@@ -94,7 +94,7 @@ void CViewPictureTest::ExpectScreen(const CExpectedScene& scene)
         [&](const CPixels& pixels) { return Compare(expected, pixels).iWrong == 0; });
     ASSERT_EQ(scene.size, (CSize<int>{picture.iWidth, picture.iHeight}));
     const CComparison result = Compare(expected, picture);
-    EXPECT_EQ(0, result.iWrong);
+    EXPECT_EQ(result.iWrong, 0);
     EXPECT_GT(result.iInside, c_iFewestInside);
     EXPECT_GT(result.iCompared, scene.size.cx * scene.size.cy / 2);
 }

@@ -19,7 +19,7 @@ void CViewTest::Open(const CSize<int>& sizeWorld, int iWidth, int iHeight, EnumP
     m_sizeWorld = sizeWorld;
     m_pParent = std::make_unique<CTestParent>(eDrawMode, byLanguage);
     m_pView = std::make_unique<CWndWorldView>(m_pParent.get(), sizeWorld, m_atoms, CreateSpyFactory);
-    ASSERT_NE(nullptr, GetViewHandle());
+    ASSERT_NE(GetViewHandle(), nullptr);
     MoveView(c_iViewLeft, c_iViewTop, iWidth, iHeight);
     m_pView->SetWorldBackgroundColour(c_crWorld);
 }

@@ -89,15 +89,15 @@ TEST_F(WorldViewDrawing, EveryAtomIsDrawnInArrayOrderWithItsExactPlaceAndItsClas
     ASSERT_TRUE(Start_Speed());
     DrawFrame();
     const CRect rcWorld = m_pView->GetWorldRect();
-    ASSERT_EQ(40U, GetDirect2DSpy().ellipses.size());
+    ASSERT_EQ(GetDirect2DSpy().ellipses.size(), 40U);
     for (std::int32_t i = 0; i < m_atoms.GetCount(); ++i)
     {
         const CSpyEllipse& drawn = GetDirect2DSpy().ellipses[static_cast<std::size_t>(i)];
         const CAtom& atom = m_atoms[i];
-        EXPECT_EQ(static_cast<float>(rcWorld.left) + atom.x, drawn.ellipse.point.x);
-        EXPECT_EQ(static_cast<float>(rcWorld.top) + atom.y, drawn.ellipse.point.y);
-        EXPECT_EQ(4.0F, drawn.ellipse.radiusX);
-        EXPECT_EQ(4.0F, drawn.ellipse.radiusY);
+        EXPECT_EQ(drawn.ellipse.point.x, static_cast<float>(rcWorld.left) + atom.x);
+        EXPECT_EQ(drawn.ellipse.point.y, static_cast<float>(rcWorld.top) + atom.y);
+        EXPECT_EQ(drawn.ellipse.radiusX, 4.0F);
+        EXPECT_EQ(drawn.ellipse.radiusY, 4.0F);
         const unsigned long crOther = atom.speed > 1.0F ? c_crFast : c_crMiddle;
         EXPECT_TRUE(HasColour(drawn, atom.speed < 1.0F ? c_crSlow : crOther)) << i;
     }
@@ -110,7 +110,7 @@ TEST_F(WorldViewDrawing, InFixedModeTheColourFollowsThePlaceInTheArray)
     GetDirect2DSpy().bDrawEllipses = false;
     ASSERT_TRUE(Start_Fixed(L"10", L"", L"25%"));
     DrawFrame();
-    ASSERT_EQ(200U, GetDirect2DSpy().ellipses.size());
+    ASSERT_EQ(GetDirect2DSpy().ellipses.size(), 200U);
     for (std::size_t u = 0; u < 200; ++u)
     {
         const unsigned long crOther = u < 150 ? c_crMiddle : c_crFast;
@@ -127,7 +127,7 @@ TEST_F(WorldViewDrawing, AfterARefusedStartEveryAtomIsStillDrawnOnce)
     ASSERT_TRUE(Start_Speed());
     EXPECT_FALSE(Start_Fixed(L"1e300", L"abc", L"-1e300"));
     DrawFrame();
-    EXPECT_EQ(40U, GetDirect2DSpy().ellipses.size());
+    EXPECT_EQ(GetDirect2DSpy().ellipses.size(), 40U);
 }
 
 TEST_F(WorldViewDrawing, AnEmptySetIsABackdropAndAWorld)
@@ -145,7 +145,7 @@ TEST_F(WorldViewDrawing, AViewThatWasMovedWithoutAMessageIsPlacedByItsNextFrame)
     ASSERT_TRUE(Start_Speed());
     SetWindowPos(GetViewHandle(), nullptr, 0, 0, 500, 400, SWP_NOZORDER | SWP_NOSENDCHANGING | SWP_DEFERERASE);
     m_pView->OnEraseBackground();
-    EXPECT_EQ((CRect{150, 125, 350, 275}), m_pView->GetWorldRect());
+    EXPECT_EQ(m_pView->GetWorldRect(), (CRect{150, 125, 350, 275}));
 }
 
 // Showing or hiding a bar makes the system erase the view before the world has its new place.
@@ -161,16 +161,16 @@ TEST_F(WorldViewDrawing, NoFrameShowsTheWorldWhereItNoLongerIs)
     const CSpyEllipse first = GetDirect2DSpy().ellipses.at(0);
     for (const CSpyEllipse& drawn : GetDirect2DSpy().ellipses)
     {
-        EXPECT_EQ(first.ellipse.point.x, drawn.ellipse.point.x);
-        EXPECT_EQ(75.0F, drawn.ellipse.point.y);
+        EXPECT_EQ(drawn.ellipse.point.x, first.ellipse.point.x);
+        EXPECT_EQ(drawn.ellipse.point.y, 75.0F);
     }
     GetDirect2DSpy().ellipses.clear();
     MoveView(0, 0, 300, 200);
     ASSERT_FALSE(GetDirect2DSpy().ellipses.empty());
     for (const CSpyEllipse& drawn : GetDirect2DSpy().ellipses)
     {
-        EXPECT_EQ(150.0F, drawn.ellipse.point.x);
-        EXPECT_EQ(100.0F, drawn.ellipse.point.y);
+        EXPECT_EQ(drawn.ellipse.point.x, 150.0F);
+        EXPECT_EQ(drawn.ellipse.point.y, 100.0F);
     }
 }
 
@@ -188,8 +188,8 @@ TEST_F(WorldViewDrawing, AMinimisedParentIsNoFailureOfDirect2D)
                  SWP_NOMOVE | SWP_NOZORDER);
     const int iFrames = GetDirect2DSpy().iBeginDraw;
     Send(WM_ERASEBKGND);
-    EXPECT_EQ(iFrames + 1, GetDirect2DSpy().iBeginDraw);
-    EXPECT_EQ(1, GetDirect2DSpy().iRenderTargets);
+    EXPECT_EQ(GetDirect2DSpy().iBeginDraw, iFrames + 1);
+    EXPECT_EQ(GetDirect2DSpy().iRenderTargets, 1);
 }
 
 // The smallest main window leaves no room for the view.
@@ -199,18 +199,18 @@ TEST_F(WorldViewDrawing, AViewWithoutAreaDrawsNothingAndRecoversWhenItGrows)
     Scatter(4, c_uRadius);
     ASSERT_TRUE(Start_Speed());
     Send(WM_ERASEBKGND);
-    EXPECT_EQ(0, GetDirect2DSpy().iBeginDraw);
+    EXPECT_EQ(GetDirect2DSpy().iBeginDraw, 0);
     MoveView(0, 0, 300, 200);
-    EXPECT_EQ(1, GetDirect2DSpy().iRenderTargets);
+    EXPECT_EQ(GetDirect2DSpy().iRenderTargets, 1);
     DrawFrame();
-    EXPECT_EQ(4U, GetDirect2DSpy().ellipses.size());
+    EXPECT_EQ(GetDirect2DSpy().ellipses.size(), 4U);
     MoveView(0, 0, 300, 0);
     const int iFrames = GetDirect2DSpy().iBeginDraw;
     Send(WM_ERASEBKGND);
-    EXPECT_EQ(iFrames, GetDirect2DSpy().iBeginDraw);
+    EXPECT_EQ(GetDirect2DSpy().iBeginDraw, iFrames);
     MoveView(0, 0, 300, 200);
     EXPECT_LT(iFrames, GetDirect2DSpy().iBeginDraw);
-    EXPECT_EQ(1, GetDirect2DSpy().iRenderTargets);
+    EXPECT_EQ(GetDirect2DSpy().iRenderTargets, 1);
 }
 
 TEST_F(WorldViewDrawing, AWorldWithoutAreaDrawsNoAtoms)
@@ -220,5 +220,5 @@ TEST_F(WorldViewDrawing, AWorldWithoutAreaDrawsNoAtoms)
     ASSERT_TRUE(Start_Speed());
     DrawFrame();
     EXPECT_TRUE(GetDirect2DSpy().ellipses.empty());
-    EXPECT_EQ(0, m_pView->GetWorldRect().GetWidth());
+    EXPECT_EQ(m_pView->GetWorldRect().GetWidth(), 0);
 }

@@ -125,13 +125,13 @@ TEST_F(GdiPainter, PenAndBrushChangeOnlyWithTheClass)
         m_atoms[i].speed = i < 20 ? 0.5F : 1.5F;
     }
     const CRecorded twoRuns = Record(MakeScene(c_rcPicture, {0, 0}));
-    EXPECT_EQ(60, twoRuns.iEllipses);
+    EXPECT_EQ(twoRuns.iEllipses, 60);
     for (std::int32_t i = 0; i < m_atoms.GetCount(); ++i)
     {
         m_atoms[i].speed = i % 2 == 0 ? 0.5F : 1.5F;
     }
     const CRecorded alternating = Record(MakeScene(c_rcPicture, {0, 0}));
-    EXPECT_EQ(60, alternating.iEllipses);
+    EXPECT_EQ(alternating.iEllipses, 60);
     EXPECT_EQ(alternating.iPens - twoRuns.iPens, 58); // 60 changes instead of 2
 }
 
@@ -166,7 +166,7 @@ TEST_F(GdiPainter, CulledAtomsChangeNoPixel)
         }
         pictures[u] = CaptureContext(memory.Get(), 0, 0, c_rcPicture.right, c_rcPicture.bottom);
     }
-    EXPECT_EQ(pictures[0], pictures[1]);
+    EXPECT_EQ(pictures[1], pictures[0]);
 }
 
 TEST_F(GdiPainter, InFixedModeOnlyBackdropAndWorldAppear)
@@ -179,10 +179,10 @@ TEST_F(GdiPainter, InFixedModeOnlyBackdropAndWorldAppear)
     {
         for (int x = rcWorld.left; x < rcWorld.right; ++x)
         {
-            ASSERT_EQ(static_cast<COLORREF>(c_crWorld), picture.GetColour(x, y)) << x << ' ' << y;
+            ASSERT_EQ(picture.GetColour(x, y), static_cast<COLORREF>(c_crWorld)) << x << ' ' << y;
         }
     }
-    EXPECT_NE(static_cast<COLORREF>(c_crWorld), picture.GetColour(0, 0));
+    EXPECT_NE(picture.GetColour(0, 0), static_cast<COLORREF>(c_crWorld));
 }
 
 TEST_F(GdiPainter, TheBackdropContinuesTheParentsInEveryMode)
@@ -205,9 +205,10 @@ TEST_F(GdiPainter, TheBackdropContinuesTheParentsInEveryMode)
         const CBrushHandle world(CreateSolidBrush(c_crWorld));
         FillRect(memory.Get(), &rcWorld, world.Get());
         const CPixels expected = CaptureContext(memory.Get(), 0, 0, c_rcPicture.right, c_rcPicture.bottom);
-        EXPECT_EQ(expected, CaptureUntil(
-                                GetViewHandle(), [this] { m_pView->OnEraseBackground(); },
-                                [&](const CPixels& pixels) { return pixels == expected; }))
+        EXPECT_EQ(CaptureUntil(
+                      GetViewHandle(), [this] { m_pView->OnEraseBackground(); },
+                      [&](const CPixels& pixels) { return pixels == expected; }),
+                  expected)
             << static_cast<int>(eMode);
     }
 }
@@ -232,7 +233,7 @@ TEST_F(GdiPainter, WithoutABackdropOrWithAnEmptyOneNothingIsDrawn)
         frame.pBackdrop = pBackdrop;
         // Several times, so that whatever was drawn would have come to the screen.
         int iCaptures = 0;
-        EXPECT_EQ(before, CaptureUntil(GetViewHandle(), paint, [&](const CPixels&) { return ++iCaptures == 3; }));
+        EXPECT_EQ(CaptureUntil(GetViewHandle(), paint, [&](const CPixels&) { return ++iCaptures == 3; }), before);
     }
     const RECT rcFull{0, 0, 300, 200};
     backdrop.SetDrawingRect(&rcFull);
@@ -271,6 +272,6 @@ TEST_F(GdiPainter, AShortageOfGdiObjectsSkipsFramesAndLeaksNothing)
         m_pView->OnEraseBackground();
     }
     m_pView->OnEraseBackground();
-    EXPECT_EQ(picture, CaptureClientArea(GetViewHandle()));
+    EXPECT_EQ(CaptureClientArea(GetViewHandle()), picture);
     EXPECT_EQ(uRoom, CGdiShortage().GetCount());
 }

@@ -28,20 +28,20 @@ TEST_F(WorldViewLifetime, TheViewIsAVisibleChildWithoutSizeUntilTheParentPlacesI
     CTestParent parent;
     const CWndWorldView view(&parent, {500, 400}, m_atoms, CreateSpyFactory);
     const HWND hWnd = view.GetWindowHandle();
-    ASSERT_NE(nullptr, hWnd);
-    EXPECT_EQ(parent.GetWindowHandle(), GetParent(hWnd));
+    ASSERT_NE(hWnd, nullptr);
+    EXPECT_EQ(GetParent(hWnd), parent.GetWindowHandle());
     RECT rc{};
     GetWindowRect(hWnd, &rc);
-    EXPECT_EQ(rc.left, rc.right);
-    EXPECT_EQ(rc.top, rc.bottom);
+    EXPECT_EQ(rc.right, rc.left);
+    EXPECT_EQ(rc.bottom, rc.top);
     constexpr LONG_PTR c_iStyle = WS_CHILD | WS_CLIPCHILDREN | WS_VISIBLE;
-    EXPECT_EQ(c_iStyle, GetWindowLongPtrW(hWnd, GWL_STYLE) & c_iStyle);
+    EXPECT_EQ(GetWindowLongPtrW(hWnd, GWL_STYLE) & c_iStyle, c_iStyle);
     wchar_t sText[64]{};
     GetClassNameW(hWnd, sText, 64);
-    EXPECT_STREQ(L"CWndWorldView", sText);
+    EXPECT_STREQ(sText, L"CWndWorldView");
     GetWindowTextW(hWnd, sText, 64);
-    EXPECT_STREQ(L"", sText);
-    EXPECT_EQ((CSize<int>{500, 400}), view.GetWorldSize());
+    EXPECT_STREQ(sText, L"");
+    EXPECT_EQ(view.GetWorldSize(), (CSize<int>{500, 400}));
 }
 
 TEST_F(WorldViewLifetime, TheClassRedrawsOnEveryChangeOfSizeAndTakesItsLooksFromTheBase)
@@ -50,21 +50,21 @@ TEST_F(WorldViewLifetime, TheClassRedrawsOnEveryChangeOfSizeAndTakesItsLooksFrom
     WNDCLASSEXW windowClass{};
     windowClass.cbSize = sizeof(windowClass);
     ASSERT_TRUE(GetClassInfoExW(m_pParent->GetInstance(), L"CWndWorldView", &windowClass));
-    EXPECT_EQ(static_cast<UINT>(CS_HREDRAW | CS_VREDRAW), windowClass.style);
-    EXPECT_EQ(8, windowClass.cbWndExtra);
-    EXPECT_EQ(m_pParent->GetCursor(false), windowClass.hCursor);
-    EXPECT_EQ(m_pParent->GetIcon(true), windowClass.hIcon);
-    EXPECT_EQ(nullptr, windowClass.hbrBackground);
-    EXPECT_EQ(&CWndWorldView::WndProcWrapper, windowClass.lpfnWndProc);
+    EXPECT_EQ(windowClass.style, static_cast<UINT>(CS_HREDRAW | CS_VREDRAW));
+    EXPECT_EQ(windowClass.cbWndExtra, 8);
+    EXPECT_EQ(windowClass.hCursor, m_pParent->GetCursor(false));
+    EXPECT_EQ(windowClass.hIcon, m_pParent->GetIcon(true));
+    EXPECT_EQ(windowClass.hbrBackground, nullptr);
+    EXPECT_EQ(windowClass.lpfnWndProc, &CWndWorldView::WndProcWrapper);
 }
 
 TEST_F(WorldViewLifetime, OnlyArabicIsLaidOutFromRightToLeft)
 {
     Open({500, 400}, 300, 200, EnumPicDrawMode::Tiled, c_byEnglish);
-    EXPECT_EQ(0, GetWindowLongPtrW(GetViewHandle(), GWL_EXSTYLE) & c_iRightToLeft);
+    EXPECT_EQ(GetWindowLongPtrW(GetViewHandle(), GWL_EXSTYLE) & c_iRightToLeft, 0);
     m_pView.reset();
     Open({500, 400}, 300, 200, EnumPicDrawMode::Tiled, c_byArabic);
-    EXPECT_EQ(c_iRightToLeft, GetWindowLongPtrW(GetViewHandle(), GWL_EXSTYLE) & c_iRightToLeft);
+    EXPECT_EQ(GetWindowLongPtrW(GetViewHandle(), GWL_EXSTYLE) & c_iRightToLeft, c_iRightToLeft);
 }
 
 TEST_F(WorldViewLifetime, WithoutAParentOrABackdropThereIsNoWindowAndNothingFails)
@@ -74,7 +74,7 @@ TEST_F(WorldViewLifetime, WithoutAParentOrABackdropThereIsNoWindowAndNothingFail
          {static_cast<const CWndCommon*>(nullptr), static_cast<const CWndCommon*>(&parent)})
     {
         CWndWorldView view(pParent, {500, 400}, m_atoms, CreateSpyFactory);
-        EXPECT_EQ(nullptr, view.GetWindowHandle());
+        EXPECT_EQ(view.GetWindowHandle(), nullptr);
         view.SetControlPositions(-1, -1);
         view.OnEraseBackground();
         view.SetWorldBackgroundColour(c_crWorld);
@@ -85,15 +85,15 @@ TEST_F(WorldViewLifetime, WithoutAParentOrABackdropThereIsNoWindowAndNothingFail
         // There is no atom set: a percentage of it means nothing.
         EXPECT_FALSE(view.InitializeSettings(sizeWorld, false, EnumAtomColourMode::Fixed, 0, sPercentage, 0, sEmpty, 0,
                                              sFactor));
-        EXPECT_EQ(0, GetDirect2DSpy().iFactories);
+        EXPECT_EQ(GetDirect2DSpy().iFactories, 0);
     }
 }
 
 TEST_F(WorldViewLifetime, CreationIsWrittenToTheParentsDebugLog)
 {
     Open({500, 400}, 300, 200);
-    EXPECT_NE(std::wstring::npos, m_pParent->GetLog().find(L"CWndWorldView"));
-    EXPECT_NE(std::wstring::npos, m_pParent->GetLog().find(L"m_hWnd"));
+    EXPECT_NE(m_pParent->GetLog().find(L"CWndWorldView"), std::wstring::npos);
+    EXPECT_NE(m_pParent->GetLog().find(L"m_hWnd"), std::wstring::npos);
 }
 
 TEST_F(WorldViewLifetime, TheEndOfTheViewDestroysItsWindow)
@@ -112,15 +112,15 @@ TEST_F(WorldViewLifetime, BrushesGoBeforeTheTargetAndTheTargetBeforeTheFactory)
     GetDirect2DSpy().closed.clear();
     m_pView.reset();
     // The fourth brush is the one with which the world picture was filled.
-    EXPECT_EQ((std::vector<std::string>{"brush", "brush", "brush", "brush", "target", "factory"}),
-              GetDirect2DSpy().closed);
+    EXPECT_EQ(GetDirect2DSpy().closed,
+              (std::vector<std::string>{"brush", "brush", "brush", "brush", "target", "factory"}));
 }
 
 TEST_F(WorldViewLifetime, AnotherThreadMayAskTheViewToDestroyItsWindow)
 {
     Open({500, 400}, 300, 200);
     const HWND hWnd = GetViewHandle();
-    EXPECT_EQ(0, Send(CWndWorldView::c_uDestroyMessage));
+    EXPECT_EQ(Send(CWndWorldView::c_uDestroyMessage), 0);
     EXPECT_FALSE(IsWindow(hWnd));
     // The object outlives its window.
     m_pView->OnEraseBackground();
@@ -136,7 +136,7 @@ TEST_F(WorldViewLifetime, AParentThatGoesFirstTakesTheWindowAlong)
     DestroyWindow(m_pParent->GetWindowHandle());
     const int iFrames = GetDirect2DSpy().iBeginDraw;
     m_pView->OnEraseBackground();
-    EXPECT_EQ(iFrames, GetDirect2DSpy().iBeginDraw);
+    EXPECT_EQ(GetDirect2DSpy().iBeginDraw, iFrames);
     m_pView.reset();
 }
 
@@ -147,11 +147,11 @@ TEST_F(WorldViewLifetime, AfterTheWindowIsGoneNothingReachesTheObject)
     // What the system sends after WM_DESTROY is answered by the default procedure: no frame, no forwarding.
     Send(WM_DESTROY);
     m_pParent->ForgetReceived();
-    EXPECT_NE(CTestParent::c_iAnswer, SendMessageW(hWnd, WM_KEYUP, VK_F11, 0));
+    EXPECT_NE(SendMessageW(hWnd, WM_KEYUP, VK_F11, 0), CTestParent::c_iAnswer);
     EXPECT_TRUE(m_pParent->GetReceived().empty());
     const int iFrames = GetDirect2DSpy().iBeginDraw;
     SendMessageW(hWnd, WM_ERASEBKGND, 0, 0);
-    EXPECT_EQ(iFrames, GetDirect2DSpy().iBeginDraw);
+    EXPECT_EQ(GetDirect2DSpy().iBeginDraw, iFrames);
     DestroyWindow(hWnd);
 }
 
@@ -160,8 +160,8 @@ TEST_F(WorldViewLifetime, AWindowWithoutAnObjectGetsTheDefaultAnswers)
     Open({500, 400}, 300, 200);
     const HWND hOther = CreateWindowExW(0, L"CWndWorldView", L"", WS_CHILD, 0, 0, 10, 10, m_pParent->GetWindowHandle(),
                                         nullptr, m_pParent->GetInstance(), nullptr);
-    ASSERT_NE(nullptr, hOther);
-    EXPECT_NE(CTestParent::c_iAnswer, SendMessageW(hOther, WM_KEYUP, VK_F11, 0));
+    ASSERT_NE(hOther, nullptr);
+    EXPECT_NE(SendMessageW(hOther, WM_KEYUP, VK_F11, 0), CTestParent::c_iAnswer);
     DestroyWindow(hOther);
 }
 
@@ -183,8 +183,8 @@ TEST_F(WorldViewLifetime, WhatIsThrownInsideAMethodIsReportedAndBecomesItsFailur
     m_pView = std::make_unique<CWndWorldView>(m_pParent.get(), m_sizeWorld, m_atoms, ThrowInsteadOfAFactory);
     m_pParent->GetLog().clear();
     EXPECT_FALSE(Start_Speed());
-    EXPECT_NE(std::wstring::npos, m_pParent->GetLog().find(L"no factory today"));
-    EXPECT_NE(std::wstring::npos, m_pParent->GetLog().find(L"InitializeSettings"));
+    EXPECT_NE(m_pParent->GetLog().find(L"no factory today"), std::wstring::npos);
+    EXPECT_NE(m_pParent->GetLog().find(L"InitializeSettings"), std::wstring::npos);
 }
 
 // The simulation asks for frames without end: one that fails is reported, and the next one is drawn.
@@ -195,13 +195,13 @@ TEST_F(WorldViewLifetime, WhatIsThrownInsideAFrameEndsThatFrameOnly)
     ASSERT_TRUE(Start_Speed());
     m_pParent->GetLog().clear();
     GetDirect2DSpy().bThrowInFrame = true;
-    EXPECT_EQ(1, CWndWorldView::WndProcWrapper(GetViewHandle(), WM_ERASEBKGND, 0, 0));
-    EXPECT_NE(std::wstring::npos, m_pParent->GetLog().find(L"no frame today"));
-    EXPECT_NE(std::wstring::npos, m_pParent->GetLog().find(L"OnEraseBackground"));
+    EXPECT_EQ(CWndWorldView::WndProcWrapper(GetViewHandle(), WM_ERASEBKGND, 0, 0), 1);
+    EXPECT_NE(m_pParent->GetLog().find(L"no frame today"), std::wstring::npos);
+    EXPECT_NE(m_pParent->GetLog().find(L"OnEraseBackground"), std::wstring::npos);
     GetDirect2DSpy().bThrowInFrame = false;
     GetDirect2DSpy().ellipses.clear();
     Send(WM_ERASEBKGND);
-    EXPECT_EQ(3U, GetDirect2DSpy().ellipses.size());
+    EXPECT_EQ(GetDirect2DSpy().ellipses.size(), 3U);
 }
 
 namespace
@@ -222,8 +222,8 @@ TEST_F(WorldViewLifetime, WhatAHandlerThrowsBecomesTheAnswerZero)
     const HWND hParent = m_pParent->GetWindowHandle();
     const LONG_PTR iProcedure =
         SetWindowLongPtrW(hParent, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ThrowInsteadOfAnAnswer));
-    EXPECT_EQ(0, CWndWorldView::WndProcWrapper(GetViewHandle(), WM_KEYUP, VK_F11, 0));
+    EXPECT_EQ(CWndWorldView::WndProcWrapper(GetViewHandle(), WM_KEYUP, VK_F11, 0), 0);
     SetWindowLongPtrW(hParent, GWLP_WNDPROC, iProcedure);
-    EXPECT_NE(std::wstring::npos, m_pParent->GetLog().find(L"no answer today"));
-    EXPECT_NE(std::wstring::npos, m_pParent->GetLog().find(L"CWndWorldView::WndProc"));
+    EXPECT_NE(m_pParent->GetLog().find(L"no answer today"), std::wstring::npos);
+    EXPECT_NE(m_pParent->GetLog().find(L"CWndWorldView::WndProc"), std::wstring::npos);
 }

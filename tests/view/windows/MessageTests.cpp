@@ -23,7 +23,7 @@ protected:
 
     const CReceivedMessage& GetOnly() const
     {
-        EXPECT_EQ(1U, m_pParent->GetReceived().size());
+        EXPECT_EQ(m_pParent->GetReceived().size(), 1U);
         return m_pParent->GetReceived().at(0);
     }
 };
@@ -37,40 +37,40 @@ POINT GetPoint(LPARAM lParam)
 
 TEST_F(WorldViewMessages, AClickIsSeenByTheParentInItsOwnCoordinates)
 {
-    EXPECT_EQ(CTestParent::c_iAnswer, Send(WM_LBUTTONUP, MK_CONTROL, MAKELPARAM(7, 11)));
-    EXPECT_EQ(static_cast<UINT>(WM_LBUTTONUP), GetOnly().uMessage);
-    EXPECT_EQ(static_cast<WPARAM>(MK_CONTROL), GetOnly().wParam);
-    EXPECT_EQ(c_iViewLeft + 7, GetPoint(GetOnly().lParam).x);
-    EXPECT_EQ(c_iViewTop + 11, GetPoint(GetOnly().lParam).y);
+    EXPECT_EQ(Send(WM_LBUTTONUP, MK_CONTROL, MAKELPARAM(7, 11)), CTestParent::c_iAnswer);
+    EXPECT_EQ(GetOnly().uMessage, static_cast<UINT>(WM_LBUTTONUP));
+    EXPECT_EQ(GetOnly().wParam, static_cast<WPARAM>(MK_CONTROL));
+    EXPECT_EQ(GetPoint(GetOnly().lParam).x, c_iViewLeft + 7);
+    EXPECT_EQ(GetPoint(GetOnly().lParam).y, c_iViewTop + 11);
 }
 
 TEST_F(WorldViewMessages, AClickLeftOfTheViewAndAboveItKeepsItsSign)
 {
     Send(WM_LBUTTONUP, 0, MAKELPARAM(-50, -60));
-    EXPECT_EQ(c_iViewLeft - 50, GetPoint(GetOnly().lParam).x);
-    EXPECT_EQ(c_iViewTop - 60, GetPoint(GetOnly().lParam).y);
+    EXPECT_EQ(GetPoint(GetOnly().lParam).x, c_iViewLeft - 50);
+    EXPECT_EQ(GetPoint(GetOnly().lParam).y, c_iViewTop - 60);
 }
 
 TEST_F(WorldViewMessages, ALeftClickTakesTheFocusAndARightClickDoesNot)
 {
     SetFocus(m_pParent->GetWindowHandle());
-    EXPECT_EQ(CTestParent::c_iAnswer, Send(WM_RBUTTONUP, MK_SHIFT, MAKELPARAM(7, 11)));
-    EXPECT_NE(GetViewHandle(), GetFocus());
-    EXPECT_EQ(static_cast<UINT>(WM_RBUTTONUP), GetOnly().uMessage);
-    EXPECT_EQ(static_cast<WPARAM>(MK_SHIFT), GetOnly().wParam);
-    EXPECT_EQ(c_iViewLeft + 7, GetPoint(GetOnly().lParam).x);
-    EXPECT_EQ(c_iViewTop + 11, GetPoint(GetOnly().lParam).y);
+    EXPECT_EQ(Send(WM_RBUTTONUP, MK_SHIFT, MAKELPARAM(7, 11)), CTestParent::c_iAnswer);
+    EXPECT_NE(GetFocus(), GetViewHandle());
+    EXPECT_EQ(GetOnly().uMessage, static_cast<UINT>(WM_RBUTTONUP));
+    EXPECT_EQ(GetOnly().wParam, static_cast<WPARAM>(MK_SHIFT));
+    EXPECT_EQ(GetPoint(GetOnly().lParam).x, c_iViewLeft + 7);
+    EXPECT_EQ(GetPoint(GetOnly().lParam).y, c_iViewTop + 11);
     Send(WM_LBUTTONUP, 0, MAKELPARAM(7, 11));
-    EXPECT_EQ(GetViewHandle(), GetFocus());
+    EXPECT_EQ(GetFocus(), GetViewHandle());
 }
 
 TEST_F(WorldViewMessages, AKeyIsForwardedUnchangedWhenItIsReleased)
 {
     constexpr LPARAM c_lFlags = 0x00570001; // scan code and repeat count of F11
-    EXPECT_EQ(CTestParent::c_iAnswer, Send(WM_KEYUP, VK_F11, c_lFlags));
-    EXPECT_EQ(static_cast<UINT>(WM_KEYUP), GetOnly().uMessage);
-    EXPECT_EQ(static_cast<WPARAM>(VK_F11), GetOnly().wParam);
-    EXPECT_EQ(c_lFlags, GetOnly().lParam);
+    EXPECT_EQ(Send(WM_KEYUP, VK_F11, c_lFlags), CTestParent::c_iAnswer);
+    EXPECT_EQ(GetOnly().uMessage, static_cast<UINT>(WM_KEYUP));
+    EXPECT_EQ(GetOnly().wParam, static_cast<WPARAM>(VK_F11));
+    EXPECT_EQ(GetOnly().lParam, c_lFlags);
     m_pParent->ForgetReceived();
     Send(WM_KEYDOWN, VK_F11, c_lFlags);
     EXPECT_TRUE(m_pParent->GetReceived().empty());
@@ -83,10 +83,10 @@ TEST_F(WorldViewMessages, SixNotificationsAreForwardedUnchanged)
     {
         m_pParent->ForgetReceived();
         NMHDR header{GetViewHandle(), 5, uCode};
-        EXPECT_EQ(CTestParent::c_iAnswer, Send(WM_NOTIFY, 5, reinterpret_cast<LPARAM>(&header)));
-        EXPECT_EQ(static_cast<UINT>(WM_NOTIFY), GetOnly().uMessage);
-        EXPECT_EQ(5U, GetOnly().wParam);
-        EXPECT_EQ(reinterpret_cast<LPARAM>(&header), GetOnly().lParam);
+        EXPECT_EQ(Send(WM_NOTIFY, 5, reinterpret_cast<LPARAM>(&header)), CTestParent::c_iAnswer);
+        EXPECT_EQ(GetOnly().uMessage, static_cast<UINT>(WM_NOTIFY));
+        EXPECT_EQ(GetOnly().wParam, 5U);
+        EXPECT_EQ(GetOnly().lParam, reinterpret_cast<LPARAM>(&header));
     }
 }
 
@@ -95,9 +95,9 @@ TEST_F(WorldViewMessages, OtherNotificationsAreNot)
     for (const UINT uCode : {0x200U, 0x203U, 0x206U, static_cast<UINT>(NM_CLICK), static_cast<UINT>(NM_RDBLCLK), 0U})
     {
         NMHDR header{GetViewHandle(), 5, uCode};
-        EXPECT_EQ(0, Send(WM_NOTIFY, 5, reinterpret_cast<LPARAM>(&header)));
+        EXPECT_EQ(Send(WM_NOTIFY, 5, reinterpret_cast<LPARAM>(&header)), 0);
     }
-    EXPECT_EQ(0, Send(WM_NOTIFY, 5, 0));
+    EXPECT_EQ(Send(WM_NOTIFY, 5, 0), 0);
     EXPECT_TRUE(m_pParent->GetReceived().empty());
 }
 
@@ -106,9 +106,9 @@ TEST_F(WorldViewMessages, ErasingTheBackgroundDrawsOneFrameAndLeavesNothingToThe
     Scatter(3, 5);
     ASSERT_TRUE(Start_Speed());
     const int iFrames = GetDirect2DSpy().iBeginDraw;
-    EXPECT_EQ(1, Send(WM_ERASEBKGND));
-    EXPECT_EQ(iFrames + 1, GetDirect2DSpy().iBeginDraw);
-    EXPECT_EQ(iFrames + 1, GetDirect2DSpy().iEndDraw);
+    EXPECT_EQ(Send(WM_ERASEBKGND), 1);
+    EXPECT_EQ(GetDirect2DSpy().iBeginDraw, iFrames + 1);
+    EXPECT_EQ(GetDirect2DSpy().iEndDraw, iFrames + 1);
 }
 
 TEST_F(WorldViewMessages, AChangeOfSizePlacesTheWorldAndDrawsAFrame)
@@ -118,8 +118,8 @@ TEST_F(WorldViewMessages, AChangeOfSizePlacesTheWorldAndDrawsAFrame)
     const int iFrames = GetDirect2DSpy().iBeginDraw;
     MoveView(0, 0, 700, 600);
     EXPECT_LT(iFrames, GetDirect2DSpy().iBeginDraw);
-    EXPECT_EQ((CRect{100, 100, 600, 500}), m_pView->GetWorldRect());
-    EXPECT_EQ(0, Send(WM_SIZE));
+    EXPECT_EQ(m_pView->GetWorldRect(), (CRect{100, 100, 600, 500}));
+    EXPECT_EQ(Send(WM_SIZE), 0);
 }
 
 // The view has no cursor of its own by default: the system sets the one of the class.
@@ -127,7 +127,7 @@ TEST_F(WorldViewMessages, TheCursorIsThatOfTheClass)
 {
     SetCursor(nullptr);
     Send(WM_SETCURSOR, reinterpret_cast<WPARAM>(GetViewHandle()), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
-    EXPECT_EQ(m_pParent->GetCursor(false), GetCursor());
+    EXPECT_EQ(GetCursor(), m_pParent->GetCursor(false));
 }
 
 namespace
@@ -151,17 +151,17 @@ TEST_F(WorldViewMessages, ACursorOfItsOwnIsSetByTheViewItself)
 {
     const CCrossView view(m_pParent.get(), m_atoms);
     SetCursor(nullptr);
-    EXPECT_EQ(1, SendMessageW(view.GetWindowHandle(), WM_SETCURSOR, 0, MAKELPARAM(HTCLIENT, WM_MOUSEMOVE)));
-    EXPECT_EQ(LoadCursorW(nullptr, IDC_CROSS), GetCursor());
+    EXPECT_EQ(SendMessageW(view.GetWindowHandle(), WM_SETCURSOR, 0, MAKELPARAM(HTCLIENT, WM_MOUSEMOVE)), 1);
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_CROSS));
 }
 
 TEST_F(WorldViewMessages, EverythingElseIsLeftToTheSystem)
 {
     constexpr wchar_t c_sText[] = L"some text";
-    EXPECT_EQ(TRUE, Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(c_sText)));
+    EXPECT_EQ(Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(c_sText)), TRUE);
     wchar_t sRead[32]{};
     Send(WM_GETTEXT, 32, reinterpret_cast<LPARAM>(sRead));
-    EXPECT_STREQ(c_sText, sRead);
+    EXPECT_STREQ(sRead, c_sText);
     Send(WM_LBUTTONDOWN, 0, MAKELPARAM(7, 11));
     Send(WM_USER + 2);
     EXPECT_TRUE(m_pParent->GetReceived().empty());
@@ -177,7 +177,7 @@ TEST_F(WorldViewMessages, AClickInAMirroredViewIsMappedToTheSameSpotOfTheParent)
     POINT pt{7, 11};
     MapWindowPoints(GetViewHandle(), m_pParent->GetWindowHandle(), &pt, 1);
     Send(WM_LBUTTONUP, 0, MAKELPARAM(7, 11));
-    EXPECT_EQ(pt.x, GetPoint(GetOnly().lParam).x);
-    EXPECT_EQ(pt.y, GetPoint(GetOnly().lParam).y);
+    EXPECT_EQ(GetPoint(GetOnly().lParam).x, pt.x);
+    EXPECT_EQ(GetPoint(GetOnly().lParam).y, pt.y);
     EXPECT_GT(pt.x, c_iViewLeft + 200);
 }

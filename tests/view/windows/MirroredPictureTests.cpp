@@ -16,7 +16,7 @@ protected:
     void OpenMirrored(const CSize<int>& sizeWorld, std::int32_t count)
     {
         Open(sizeWorld, 300, 200, EnumPicDrawMode::Tiled, c_byArabic);
-        ASSERT_NE(0, GetWindowLongW(GetViewHandle(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL);
+        ASSERT_NE(GetWindowLongW(GetViewHandle(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL, 0);
         Scatter(count, c_uRadius);
     }
 };
@@ -47,6 +47,6 @@ TEST_F(MirroredViewPicture, GdiDrawsAScrolledWorldWhereTheBarsSay)
     Send(WM_HSCROLL, MAKEWPARAM(SB_PAGEDOWN, 0));
     Send(WM_VSCROLL, MAKEWPARAM(SB_PAGEDOWN, 0));
     EXPECT_LT(m_pView->GetWorldRect().left, -100);
-    EXPECT_EQ(-GetBar(SB_HORZ).nPos, m_pView->GetWorldRect().left);
+    EXPECT_EQ(m_pView->GetWorldRect().left, -GetBar(SB_HORZ).nPos);
     ExpectScreen(MakeScene(c_fEdgeGdi));
 }

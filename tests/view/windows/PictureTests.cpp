@@ -20,7 +20,7 @@ TEST_F(ViewPicture, Direct2DShowsACentredWorldAsThePlainDrawingDoes)
     Scatter(c_iAtoms, c_uRadius);
     ASSERT_TRUE(Start_Speed());
     ExpectScreen(MakeScene(c_fEdgeDirect2D));
-    EXPECT_EQ(0, GetDirect2DSpy().iUnexpected);
+    EXPECT_EQ(GetDirect2DSpy().iUnexpected, 0);
 }
 
 TEST_F(ViewPicture, GdiShowsACentredWorldAsThePlainDrawingDoes)
@@ -44,8 +44,8 @@ TEST_F(ViewPicture, Direct2DShowsAScrolledWorldAsThePlainDrawingDoes)
         Send(WM_VSCROLL, MAKEWPARAM(SB_LINEDOWN, 0));
     }
     Send(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)));
-    ASSERT_EQ(-90, m_pView->GetWorldRect().left);
-    ASSERT_EQ(-150, m_pView->GetWorldRect().top);
+    ASSERT_EQ(m_pView->GetWorldRect().left, -90);
+    ASSERT_EQ(m_pView->GetWorldRect().top, -150);
     ExpectScreen(MakeScene(c_fEdgeDirect2D));
 }
 
@@ -168,7 +168,7 @@ TEST_F(ViewPicture, Direct2DShowsTheSameWithoutCulling)
             pTarget->EndDraw();
         },
         [](const CPixels& pixels) { return pixels.GetColour(0, 0) == c_crWhite; });
-    ASSERT_EQ(c_crWhite, white.GetColour(0, 0));
+    ASSERT_EQ(white.GetColour(0, 0), c_crWhite);
 
     const CRect rcWorld = m_pView->GetWorldRect();
     const auto drawAll = [&] {
@@ -185,5 +185,5 @@ TEST_F(ViewPicture, Direct2DShowsTheSameWithoutCulling)
         }
         pTarget->EndDraw();
     };
-    EXPECT_EQ(culled, CaptureUntil(GetShown(), drawAll, [&](const CPixels& pixels) { return pixels == culled; }));
+    EXPECT_EQ(CaptureUntil(GetShown(), drawAll, [&](const CPixels& pixels) { return pixels == culled; }), culled);
 }

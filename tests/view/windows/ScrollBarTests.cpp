@@ -14,8 +14,8 @@ TEST_F(WorldViewScrollBars, ASmallerWorldHasNoBarsAndIsCentred)
     Open({300, 201}, 500, 400);
     EXPECT_FALSE(HasBar(WS_HSCROLL));
     EXPECT_FALSE(HasBar(WS_VSCROLL));
-    EXPECT_EQ((CSize<int>{500, 400}), GetClient());
-    EXPECT_EQ((CRect{100, 99, 400, 300}), m_pView->GetWorldRect());
+    EXPECT_EQ(GetClient(), (CSize<int>{500, 400}));
+    EXPECT_EQ(m_pView->GetWorldRect(), (CRect{100, 99, 400, 300}));
 }
 
 TEST_F(WorldViewScrollBars, AWiderWorldHasOnlyTheHorizontalBarAndIsCentredInTheHeightLeft)
@@ -23,11 +23,11 @@ TEST_F(WorldViewScrollBars, AWiderWorldHasOnlyTheHorizontalBarAndIsCentredInTheH
     Open({1000, 100}, 500, 400);
     EXPECT_TRUE(HasBar(WS_HSCROLL));
     EXPECT_FALSE(HasBar(WS_VSCROLL));
-    EXPECT_EQ((CSize<int>{500, 400 - m_iBarHeight}), GetClient());
+    EXPECT_EQ(GetClient(), (CSize<int>{500, 400 - m_iBarHeight}));
     const int iTop = (400 - m_iBarHeight - 100) / 2;
-    EXPECT_EQ((CRect{0, iTop, 1000, iTop + 100}), m_pView->GetWorldRect());
-    EXPECT_EQ(999, GetBar(SB_HORZ).nMax);
-    EXPECT_EQ(500U, GetBar(SB_HORZ).nPage);
+    EXPECT_EQ(m_pView->GetWorldRect(), (CRect{0, iTop, 1000, iTop + 100}));
+    EXPECT_EQ(GetBar(SB_HORZ).nMax, 999);
+    EXPECT_EQ(GetBar(SB_HORZ).nPage, 500U);
 }
 
 TEST_F(WorldViewScrollBars, AHigherWorldHasOnlyTheVerticalBarAndIsCentredInTheWidthLeft)
@@ -36,7 +36,7 @@ TEST_F(WorldViewScrollBars, AHigherWorldHasOnlyTheVerticalBarAndIsCentredInTheWi
     EXPECT_FALSE(HasBar(WS_HSCROLL));
     EXPECT_TRUE(HasBar(WS_VSCROLL));
     const int iLeft = (500 - m_iBarWidth - 100) / 2;
-    EXPECT_EQ((CRect{iLeft, 0, iLeft + 100, 1000}), m_pView->GetWorldRect());
+    EXPECT_EQ(m_pView->GetWorldRect(), (CRect{iLeft, 0, iLeft + 100, 1000}));
 }
 
 TEST_F(WorldViewScrollBars, ALargerWorldHasBothBarsOverItsWholeRange)
@@ -44,11 +44,11 @@ TEST_F(WorldViewScrollBars, ALargerWorldHasBothBarsOverItsWholeRange)
     OpenLarge();
     EXPECT_TRUE(HasBar(WS_HSCROLL));
     EXPECT_TRUE(HasBar(WS_VSCROLL));
-    EXPECT_EQ(0, GetBar(SB_VERT).nMin);
-    EXPECT_EQ(9998, GetBar(SB_VERT).nMax);
-    EXPECT_EQ(static_cast<UINT>(240 - m_iBarHeight), GetBar(SB_VERT).nPage);
-    EXPECT_EQ(9998, GetBar(SB_HORZ).nMax);
-    EXPECT_EQ(static_cast<UINT>(320 - m_iBarWidth), GetBar(SB_HORZ).nPage);
+    EXPECT_EQ(GetBar(SB_VERT).nMin, 0);
+    EXPECT_EQ(GetBar(SB_VERT).nMax, 9998);
+    EXPECT_EQ(GetBar(SB_VERT).nPage, static_cast<UINT>(240 - m_iBarHeight));
+    EXPECT_EQ(GetBar(SB_HORZ).nMax, 9998);
+    EXPECT_EQ(GetBar(SB_HORZ).nPage, static_cast<UINT>(320 - m_iBarWidth));
     ExpectPosition(0, 0);
 }
 
@@ -61,7 +61,7 @@ TEST_F(WorldViewScrollBars, TheBarsGoWhenTheViewGrowsAndComeBackWhenItShrinks)
     MoveView(0, 0, 400, 300);
     EXPECT_FALSE(HasBar(WS_HSCROLL));
     EXPECT_FALSE(HasBar(WS_VSCROLL));
-    EXPECT_EQ((CRect{0, 0, 400, 300}), m_pView->GetWorldRect());
+    EXPECT_EQ(m_pView->GetWorldRect(), (CRect{0, 0, 400, 300}));
     MoveView(0, 0, 399, 299);
     EXPECT_TRUE(HasBar(WS_HSCROLL));
     EXPECT_TRUE(HasBar(WS_VSCROLL));
@@ -77,7 +77,7 @@ TEST_F(WorldViewScrollBars, TheBarsGoWhenTheNextWorldFits)
     ASSERT_TRUE(Start_Speed());
     EXPECT_FALSE(HasBar(WS_HSCROLL));
     EXPECT_FALSE(HasBar(WS_VSCROLL));
-    EXPECT_EQ((CRect{0, 0, 200, 200}), m_pView->GetWorldRect());
+    EXPECT_EQ(m_pView->GetWorldRect(), (CRect{0, 0, 200, 200}));
 }
 
 TEST_F(WorldViewScrollBars, GrowingTheViewPullsThePositionBackIntoTheNewRange)
@@ -87,10 +87,10 @@ TEST_F(WorldViewScrollBars, GrowingTheViewPullsThePositionBackIntoTheNewRange)
     SetPosition(SB_HORZ, 5000);
     MoveView(0, 0, 600, 500);
     m_pView->SetControlPositions(-1, -1);
-    EXPECT_EQ(1000 - (500 - m_iBarHeight), GetBar(SB_VERT).nPos);
-    EXPECT_EQ(1000 - (600 - m_iBarWidth), GetBar(SB_HORZ).nPos);
-    EXPECT_EQ(-GetBar(SB_VERT).nPos, m_pView->GetWorldRect().top);
-    EXPECT_EQ(-GetBar(SB_HORZ).nPos, m_pView->GetWorldRect().left);
+    EXPECT_EQ(GetBar(SB_VERT).nPos, 1000 - (500 - m_iBarHeight));
+    EXPECT_EQ(GetBar(SB_HORZ).nPos, 1000 - (600 - m_iBarWidth));
+    EXPECT_EQ(m_pView->GetWorldRect().top, -GetBar(SB_VERT).nPos);
+    EXPECT_EQ(m_pView->GetWorldRect().left, -GetBar(SB_HORZ).nPos);
 }
 
 TEST_F(WorldViewScrollBars, ShrinkingTheViewUntilABarIsShownKeepsThePositionInTheRange)
@@ -99,13 +99,13 @@ TEST_F(WorldViewScrollBars, ShrinkingTheViewUntilABarIsShownKeepsThePositionInTh
     EXPECT_FALSE(HasBar(WS_HSCROLL));
     SetPosition(SB_VERT, 1000);
     const int iVertical = GetBar(SB_VERT).nPos;
-    EXPECT_EQ(400, iVertical);
+    EXPECT_EQ(iVertical, 400);
     MoveView(0, 0, 500, 600);
     EXPECT_TRUE(HasBar(WS_HSCROLL));
-    EXPECT_EQ(0, GetBar(SB_HORZ).nPos);
+    EXPECT_EQ(GetBar(SB_HORZ).nPos, 0);
     EXPECT_LE(GetBar(SB_VERT).nPos, 1000 - (600 - m_iBarHeight));
     EXPECT_GE(GetBar(SB_VERT).nPos, iVertical);
-    EXPECT_EQ(-GetBar(SB_VERT).nPos, m_pView->GetWorldRect().top);
+    EXPECT_EQ(m_pView->GetWorldRect().top, -GetBar(SB_VERT).nPos);
 }
 
 TEST_F(WorldViewScrollBars, WithoutScrollingALargerWorldIsCentredAndTheBarsStayAsTheyAre)
@@ -116,9 +116,9 @@ TEST_F(WorldViewScrollBars, WithoutScrollingALargerWorldIsCentredAndTheBarsStayA
     EXPECT_TRUE(HasBar(WS_HSCROLL));
     EXPECT_TRUE(HasBar(WS_VSCROLL));
     const CSize<int> size = GetClient();
-    EXPECT_EQ((size.cx - 9999) / 2, m_pView->GetWorldRect().left);
-    EXPECT_EQ((size.cy - 9999) / 2, m_pView->GetWorldRect().top);
-    EXPECT_EQ(9999, m_pView->GetWorldRect().GetWidth());
+    EXPECT_EQ(m_pView->GetWorldRect().left, (size.cx - 9999) / 2);
+    EXPECT_EQ(m_pView->GetWorldRect().top, (size.cy - 9999) / 2);
+    EXPECT_EQ(m_pView->GetWorldRect().GetWidth(), 9999);
 }
 
 TEST_F(WorldViewScrollBars, TheRenderTargetFollowsTheClientArea)
@@ -126,12 +126,12 @@ TEST_F(WorldViewScrollBars, TheRenderTargetFollowsTheClientArea)
     OpenLarge();
     Scatter(3, 5);
     ASSERT_TRUE(Start_Speed());
-    EXPECT_EQ(320 - m_iBarWidth, GetDirect2DSpy().sizeCreated.cx);
-    EXPECT_EQ(240 - m_iBarHeight, GetDirect2DSpy().sizeCreated.cy);
+    EXPECT_EQ(GetDirect2DSpy().sizeCreated.cx, 320 - m_iBarWidth);
+    EXPECT_EQ(GetDirect2DSpy().sizeCreated.cy, 240 - m_iBarHeight);
     MoveView(0, 0, 500, 400);
     ASSERT_FALSE(GetDirect2DSpy().resizes.empty());
-    EXPECT_EQ(500 - m_iBarWidth, GetDirect2DSpy().resizes.back().cx);
-    EXPECT_EQ(400 - m_iBarHeight, GetDirect2DSpy().resizes.back().cy);
+    EXPECT_EQ(GetDirect2DSpy().resizes.back().cx, 500 - m_iBarWidth);
+    EXPECT_EQ(GetDirect2DSpy().resizes.back().cy, 400 - m_iBarHeight);
     ASSERT_TRUE(Start_Speed(true));
-    EXPECT_EQ(500 - m_iBarWidth, GetDirect2DSpy().resizes.back().cx);
+    EXPECT_EQ(GetDirect2DSpy().resizes.back().cx, 500 - m_iBarWidth);
 }

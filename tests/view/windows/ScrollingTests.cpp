@@ -55,11 +55,11 @@ TEST_F(WorldViewScrolling, ReleasingTheThumbAndTheEndOfScrollingDoNothingAtAll)
     ASSERT_TRUE(Start_Speed());
     SetPosition(SB_VERT, 1000);
     const int iFrames = GetDirect2DSpy().iBeginDraw;
-    EXPECT_EQ(0, Send(WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 500)));
-    EXPECT_EQ(0, Send(WM_VSCROLL, MAKEWPARAM(SB_ENDSCROLL, 0)));
-    EXPECT_EQ(0, Send(WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 500)));
+    EXPECT_EQ(Send(WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 500)), 0);
+    EXPECT_EQ(Send(WM_VSCROLL, MAKEWPARAM(SB_ENDSCROLL, 0)), 0);
+    EXPECT_EQ(Send(WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 500)), 0);
     ExpectPosition(0, 1000);
-    EXPECT_EQ(iFrames, GetDirect2DSpy().iBeginDraw);
+    EXPECT_EQ(GetDirect2DSpy().iBeginDraw, iFrames);
 }
 
 // Outside a drag the system reports the present position as the dragged one: the world stays, but is drawn again.
@@ -73,7 +73,7 @@ TEST_F(WorldViewScrolling, DraggingFollowsThePositionThatTheSystemReports)
     const int iDragged = GetBar(SB_VERT).nTrackPos;
     Scroll(WM_VSCROLL, SB_THUMBTRACK);
     ExpectPosition(0, iDragged);
-    EXPECT_EQ(iFrames + 1, GetDirect2DSpy().iBeginDraw);
+    EXPECT_EQ(GetDirect2DSpy().iBeginDraw, iFrames + 1);
 }
 
 // The system's own drag loop: the button goes down on the thumb, the mouse moves, the button goes up. The world follows
@@ -141,7 +141,7 @@ TEST_F(WorldViewScrolling, WithoutScrollingTheWheelDoesNothing)
     const CRect rcWorld = m_pView->GetWorldRect();
     const int iFrames = GetDirect2DSpy().iBeginDraw;
     TurnWheel(WHEEL_DELTA);
-    EXPECT_EQ(1000, GetBar(SB_VERT).nPos);
-    EXPECT_EQ(rcWorld, m_pView->GetWorldRect());
-    EXPECT_EQ(iFrames, GetDirect2DSpy().iBeginDraw);
+    EXPECT_EQ(GetBar(SB_VERT).nPos, 1000);
+    EXPECT_EQ(m_pView->GetWorldRect(), rcWorld);
+    EXPECT_EQ(GetDirect2DSpy().iBeginDraw, iFrames);
 }

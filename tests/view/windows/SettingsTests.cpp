@@ -39,12 +39,12 @@ TEST_F(WorldViewSettings, AGoodStartMakesFactoryTargetAndBrushesOnceAndDrawsAFra
 {
     EXPECT_TRUE(Start_Speed());
     EXPECT_TRUE(LogIs(L""));
-    EXPECT_EQ(1, GetDirect2DSpy().iFactories);
-    EXPECT_EQ(1, GetDirect2DSpy().iRenderTargets);
-    EXPECT_EQ(1, GetDirect2DSpy().iBeginDraw);
-    EXPECT_EQ(1, GetDirect2DSpy().iEndDraw);
-    EXPECT_EQ(4U, GetDirect2DSpy().ellipses.size());
-    EXPECT_EQ(0, GetDirect2DSpy().iUnexpected);
+    EXPECT_EQ(GetDirect2DSpy().iFactories, 1);
+    EXPECT_EQ(GetDirect2DSpy().iRenderTargets, 1);
+    EXPECT_EQ(GetDirect2DSpy().iBeginDraw, 1);
+    EXPECT_EQ(GetDirect2DSpy().iEndDraw, 1);
+    EXPECT_EQ(GetDirect2DSpy().ellipses.size(), 4U);
+    EXPECT_EQ(GetDirect2DSpy().iUnexpected, 0);
 }
 
 TEST_F(WorldViewSettings, FactoryAndTargetAreKeptAndBrushesAreMadeAnew)
@@ -53,10 +53,10 @@ TEST_F(WorldViewSettings, FactoryAndTargetAreKeptAndBrushesAreMadeAnew)
     const int iBrushes = GetDirect2DSpy().iSolidBrushes;
     GetDirect2DSpy().closed.clear();
     ASSERT_TRUE(Start_Speed());
-    EXPECT_EQ(1, GetDirect2DSpy().iFactories);
-    EXPECT_EQ(1, GetDirect2DSpy().iRenderTargets);
-    EXPECT_EQ(iBrushes + 3, GetDirect2DSpy().iSolidBrushes);
-    EXPECT_EQ((std::vector<std::string>{"brush", "brush", "brush"}), GetDirect2DSpy().closed);
+    EXPECT_EQ(GetDirect2DSpy().iFactories, 1);
+    EXPECT_EQ(GetDirect2DSpy().iRenderTargets, 1);
+    EXPECT_EQ(GetDirect2DSpy().iSolidBrushes, iBrushes + 3);
+    EXPECT_EQ(GetDirect2DSpy().closed, (std::vector<std::string>{"brush", "brush", "brush"}));
 }
 
 TEST_F(WorldViewSettings, NoBrushIsMadeBetweenFrames)
@@ -65,7 +65,7 @@ TEST_F(WorldViewSettings, NoBrushIsMadeBetweenFrames)
     const int iBrushes = GetDirect2DSpy().iSolidBrushes;
     m_pView->OnEraseBackground();
     m_pView->OnEraseBackground();
-    EXPECT_EQ(iBrushes, GetDirect2DSpy().iSolidBrushes);
+    EXPECT_EQ(GetDirect2DSpy().iSolidBrushes, iBrushes);
 }
 
 TEST_F(WorldViewSettings, RefusedFactorsEndTheCallBeforeDirect2DAndBeforeDrawing)
@@ -73,8 +73,8 @@ TEST_F(WorldViewSettings, RefusedFactorsEndTheCallBeforeDirect2DAndBeforeDrawing
     EXPECT_FALSE(Start_Fixed(L"10", L"20", L"30"));
     EXPECT_FALSE(Start_Fixed(L"10", L"", L""));
     EXPECT_FALSE(Start_Fixed(L"abc", L"", L"1"));
-    EXPECT_EQ(0, GetDirect2DSpy().iFactories);
-    EXPECT_EQ(0, GetDirect2DSpy().iBeginDraw);
+    EXPECT_EQ(GetDirect2DSpy().iFactories, 0);
+    EXPECT_EQ(GetDirect2DSpy().iBeginDraw, 0);
     EXPECT_TRUE(LogIs(L""));
 }
 
@@ -92,8 +92,8 @@ TEST_F(WorldViewSettings, TheNewWorldSizeCountsFromTheNextStartOn)
 {
     m_sizeWorld = {100, 50};
     ASSERT_TRUE(Start_Speed());
-    EXPECT_EQ((CSize<int>{100, 50}), m_pView->GetWorldSize());
-    EXPECT_EQ((CRect{100, 75, 200, 125}), m_pView->GetWorldRect());
+    EXPECT_EQ(m_pView->GetWorldSize(), (CSize<int>{100, 50}));
+    EXPECT_EQ(m_pView->GetWorldRect(), (CRect{100, 75, 200, 125}));
 }
 
 TEST_F(WorldViewSettings, AFactoryThatFailsIsWrittenToTheLogAndTheViewDrawsWithoutDirect2D)
@@ -101,7 +101,7 @@ TEST_F(WorldViewSettings, AFactoryThatFailsIsWrittenToTheLogAndTheViewDrawsWitho
     GetDirect2DSpy().hrFactory = c_hrFailure;
     EXPECT_FALSE(Start_Speed());
     EXPECT_TRUE(LogIs(L"Error : D2D1CreateFactory() returned 0x80004005\n"));
-    EXPECT_EQ(0, GetDirect2DSpy().iRenderTargets);
+    EXPECT_EQ(GetDirect2DSpy().iRenderTargets, 0);
     EXPECT_FALSE(NextFrameUsesDirect2D());
 }
 
@@ -117,7 +117,7 @@ TEST_F(WorldViewSettings, ARenderTargetThatFailsIsWrittenToTheLogAndTheViewDraws
     GetDirect2DSpy().hrRenderTarget = c_hrFailure;
     EXPECT_FALSE(Start_Speed());
     EXPECT_TRUE(LogIs(L"Error : CreateHwndRenderTarget() returned 0x80004005\n"));
-    EXPECT_EQ(0, GetDirect2DSpy().iSolidBrushes);
+    EXPECT_EQ(GetDirect2DSpy().iSolidBrushes, 0);
     EXPECT_FALSE(NextFrameUsesDirect2D());
 }
 
@@ -159,7 +159,7 @@ TEST_F(WorldViewSettings, AClassWithoutABrushStaysInvisibleAndTheOthersAreDrawn)
     }
     GetDirect2DSpy().brushes = {c_hrFailure, S_OK, S_OK};
     EXPECT_FALSE(Start_Speed());
-    EXPECT_EQ(3U, GetDirect2DSpy().ellipses.size());
+    EXPECT_EQ(GetDirect2DSpy().ellipses.size(), 3U);
 }
 
 TEST_F(WorldViewSettings, FailuresWithoutADebugLogAreJustFailures)
@@ -188,10 +188,10 @@ TEST_F(WorldViewSettings, ABackdropThatCannotBeTiledDropsTheTargetWithinTheFrame
 {
     GetDirect2DSpy().hrBitmap = c_hrFailure;
     EXPECT_TRUE(Start_Speed()); // the brushes were made; only the frame has failed
-    EXPECT_EQ(1, GetDirect2DSpy().iBeginDraw);
-    EXPECT_EQ(0, GetDirect2DSpy().iEndDraw);
+    EXPECT_EQ(GetDirect2DSpy().iBeginDraw, 1);
+    EXPECT_EQ(GetDirect2DSpy().iEndDraw, 0);
     EXPECT_TRUE(GetDirect2DSpy().ellipses.empty());
-    EXPECT_EQ((std::vector<std::string>{"target"}), GetDirect2DSpy().closed);
+    EXPECT_EQ(GetDirect2DSpy().closed, (std::vector<std::string>{"target"}));
     EXPECT_FALSE(NextFrameUsesDirect2D());
     EXPECT_FALSE(NextFrameUsesDirect2D());
 }
@@ -203,8 +203,8 @@ TEST_F(WorldViewSettings, ADroppedTargetIsMadeAgainByTheNextStart)
     GetDirect2DSpy().hrBitmap = S_OK;
     EXPECT_FALSE(NextFrameUsesDirect2D());
     EXPECT_TRUE(Start_Speed());
-    EXPECT_EQ(1, GetDirect2DSpy().iFactories);
-    EXPECT_EQ(2, GetDirect2DSpy().iRenderTargets);
+    EXPECT_EQ(GetDirect2DSpy().iFactories, 1);
+    EXPECT_EQ(GetDirect2DSpy().iRenderTargets, 2);
     EXPECT_TRUE(NextFrameUsesDirect2D());
 }
 
@@ -212,10 +212,10 @@ TEST_F(WorldViewSettings, AWorldThatCannotBeFilledLeavesTheAtomsOutButEndsTheFra
 {
     GetDirect2DSpy().brushes = {S_OK, S_OK, S_OK, c_hrFailure}; // the fourth is the world's
     EXPECT_TRUE(Start_Speed());
-    EXPECT_EQ(1, GetDirect2DSpy().iEndDraw);
+    EXPECT_EQ(GetDirect2DSpy().iEndDraw, 1);
     EXPECT_TRUE(GetDirect2DSpy().ellipses.empty());
     EXPECT_TRUE(NextFrameUsesDirect2D());
-    EXPECT_EQ(4U, GetDirect2DSpy().ellipses.size());
+    EXPECT_EQ(GetDirect2DSpy().ellipses.size(), 4U);
 }
 
 // A driver update or a remote session takes the device away. Frames go on as if nothing had happened.
@@ -225,12 +225,12 @@ TEST_F(WorldViewSettings, ATargetThatTheSystemHasTakenAwayIsMadeAgainByTheNextSt
     GetDirect2DSpy().hrEndDraw = static_cast<HRESULT>(D2DERR_RECREATE_TARGET);
     EXPECT_TRUE(NextFrameUsesDirect2D());
     EXPECT_TRUE(NextFrameUsesDirect2D());
-    EXPECT_EQ(1, GetDirect2DSpy().iRenderTargets);
+    EXPECT_EQ(GetDirect2DSpy().iRenderTargets, 1);
     GetDirect2DSpy().hrEndDraw = S_OK;
     GetDirect2DSpy().closed.clear();
     EXPECT_TRUE(Start_Speed());
-    EXPECT_EQ(2, GetDirect2DSpy().iRenderTargets);
-    EXPECT_EQ(1, std::count(GetDirect2DSpy().closed.begin(), GetDirect2DSpy().closed.end(), "target"));
+    EXPECT_EQ(GetDirect2DSpy().iRenderTargets, 2);
+    EXPECT_EQ(std::count(GetDirect2DSpy().closed.begin(), GetDirect2DSpy().closed.end(), "target"), 1);
     EXPECT_TRUE(NextFrameUsesDirect2D());
 }
 
@@ -240,7 +240,7 @@ TEST_F(WorldViewSettings, OtherErrorsAtTheEndOfAFrameAreIgnored)
     GetDirect2DSpy().hrEndDraw = c_hrFailure;
     EXPECT_TRUE(NextFrameUsesDirect2D());
     EXPECT_TRUE(Start_Speed());
-    EXPECT_EQ(1, GetDirect2DSpy().iRenderTargets);
+    EXPECT_EQ(GetDirect2DSpy().iRenderTargets, 1);
 }
 
 TEST_F(WorldViewSettings, ABackdropThatIsNotTiledIsLeftToGdi)
@@ -250,7 +250,7 @@ TEST_F(WorldViewSettings, ABackdropThatIsNotTiledIsLeftToGdi)
         m_pView.reset();
         Open({200, 150}, 300, 200, eMode);
         EXPECT_TRUE(Start_Speed());
-        EXPECT_EQ(0, GetDirect2DSpy().iBeginDraw);
+        EXPECT_EQ(GetDirect2DSpy().iBeginDraw, 0);
     }
 }
 
@@ -259,5 +259,5 @@ TEST_F(WorldViewSettings, TheSystemsOwnFactoryIsTheDefault)
 {
     m_pView = std::make_unique<CWndWorldView>(m_pParent.get(), m_sizeWorld, m_atoms);
     EXPECT_TRUE(Start_Speed());
-    EXPECT_EQ(0, GetDirect2DSpy().iFactories);
+    EXPECT_EQ(GetDirect2DSpy().iFactories, 0);
 }
