@@ -11,7 +11,6 @@ public:
     CDurationHistogram();
 
     void Add(std::uint64_t uNanoSeconds);
-    std::uint64_t GetCount() const { return m_uCount; }
 
     // The smallest duration, in nanoseconds, that at least percent (above 0 to 100) of all reach or stay below; 0
     // where there are none.

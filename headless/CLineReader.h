@@ -16,9 +16,6 @@ public:
     // call. Throws CHeadlessError for a line without an end, an overlong line or a file that cannot be read.
     bool ReadLine(std::string_view& sLine);
 
-    // Number of the line that was read last; the first is 1.
-    std::uint64_t GetLineNumber() const { return m_uLineNumber; }
-
     // Throws CHeadlessError: "name, line 3: what".
     [[noreturn]] void Fail(const std::string& sWhat) const;
 
@@ -31,6 +28,6 @@ private:
     std::istream& m_Stream;
     std::string m_sName;
     std::string m_sBuffer;
-    std::size_t m_uPosition = 0; // of the next line in the buffer
-    std::uint64_t m_uLineNumber = 0;
+    std::size_t m_uPosition = 0;     // of the next line in the buffer
+    std::uint64_t m_uLineNumber = 0; // of the line that was read last, from 1
 };

@@ -2,19 +2,16 @@
 
 #include "classes/core/CColour.h"
 #include "classes/core/CPoint.h"
+#include "headless/ClassColours.h"
 #include "simulation/EnumAtomColourMode.h"
 #include "view/ColourRules.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 constexpr std::uint64_t c_uDefaultIterations = 1000;
-
-// The colours of the three classes.
-using CClassColours = std::array<ColourRef, c_uColourClassCount>;
 
 // The command line. What is empty was not given. Paths are UTF-8.
 struct COptions

@@ -53,12 +53,6 @@ std::size_t CWorldImage::GetOffset(int x, int y) const
            c_uChannels;
 }
 
-ColourRef CWorldImage::GetPixel(int x, int y) const
-{
-    const std::uint8_t* const pPixel = &m_Pixels[GetOffset(x, y)];
-    return MakeColour(pPixel[0], pPixel[1], pPixel[2]);
-}
-
 void CWorldImage::FillCircle(float x, float y, float radius, ColourRef colour)
 {
     const float reach = radius + c_fHalfPixel;

@@ -26,8 +26,6 @@ public:
     // Red, green and blue of each pixel, row by row from the top.
     const std::vector<std::uint8_t>& GetPixels() const { return m_Pixels; }
 
-    ColourRef GetPixel(int x, int y) const;
-
 private:
     void FillRow(int row, float x, float y, float radius, ColourRef colour);
     std::size_t GetOffset(int x, int y) const;

@@ -29,13 +29,6 @@ void AppendFloat(std::string& sText, float value)
     sText.append(buffer.data(), result.ptr);
 }
 
-std::string TextOfFloat(float value)
-{
-    std::string sText;
-    AppendFloat(sText, value);
-    return sText;
-}
-
 std::string TextOfFixed(double value, int decimals)
 {
     std::array<char, c_uMaxFixedChars> buffer{};

@@ -7,8 +7,7 @@
 
 // Numbers as text, the same on every machine: no locale is asked, the decimal mark is always a dot.
 
-// The shortest decimal text that reads back to the same bits.
-std::string TextOfFloat(float value);
+// Appends the shortest decimal text that reads back to the same bits.
 void AppendFloat(std::string& sText, float value);
 
 // With a fixed number of decimals.

@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
+#include <optional>
 #include <system_error>
+#include <vector>
 
 namespace
 {

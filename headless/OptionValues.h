@@ -1,6 +1,10 @@
 #pragma once
 
-#include "headless/COptions.h"
+#include "classes/core/CColour.h"
+#include "classes/core/CPoint.h"
+#include "headless/ClassColours.h"
+#include "simulation/EnumAtomColourMode.h"
+#include "view/ColourRules.h"
 
 #include <cstdint>
 #include <string>

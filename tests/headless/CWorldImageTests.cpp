@@ -16,6 +16,13 @@ constexpr ColourRef c_crRed = 0x0000FF;
 constexpr ColourRef c_crGrey = 0x808080;
 constexpr ColourRef c_crGreen = 0x00FF00;
 
+ColourRef GetPixel(const CWorldImage& image, int x, int y)
+{
+    const std::size_t uPixel = static_cast<std::size_t>(y * image.GetSize().cx + x);
+    const std::uint8_t* const pChannels = &image.GetPixels()[3 * uPixel];
+    return MakeColour(pChannels[0], pChannels[1], pChannels[2]);
+}
+
 // The area of everything that is white, in pixels.
 double GetArea(const CWorldImage& image)
 {
@@ -24,7 +31,7 @@ double GetArea(const CWorldImage& image)
     {
         for (int x = 0; x < image.GetSize().cx; ++x)
         {
-            area += GetRed(image.GetPixel(x, y)) / 255.0;
+            area += GetRed(GetPixel(image, x, y)) / 255.0;
         }
     }
     return area;
@@ -64,12 +71,12 @@ TEST(WorldImage, ACircleIsFullInsideAndAbsentOutside)
     CWorldImage image({40, 40}, c_crBlack);
     image.FillCircle(20, 20, 10, c_crWhite);
 
-    EXPECT_EQ(image.GetPixel(20, 20), c_crWhite);
-    EXPECT_EQ(image.GetPixel(20, 11), c_crWhite);
-    EXPECT_EQ(image.GetPixel(28, 20), c_crWhite);
-    EXPECT_EQ(image.GetPixel(20, 8), c_crBlack);
-    EXPECT_EQ(image.GetPixel(31, 20), c_crBlack);
-    EXPECT_EQ(image.GetPixel(12, 12), c_crBlack);
+    EXPECT_EQ(GetPixel(image, 20, 20), c_crWhite);
+    EXPECT_EQ(GetPixel(image, 20, 11), c_crWhite);
+    EXPECT_EQ(GetPixel(image, 28, 20), c_crWhite);
+    EXPECT_EQ(GetPixel(image, 20, 8), c_crBlack);
+    EXPECT_EQ(GetPixel(image, 31, 20), c_crBlack);
+    EXPECT_EQ(GetPixel(image, 12, 12), c_crBlack);
 }
 
 TEST(WorldImage, TheEdgeIsSmooth)
@@ -78,8 +85,8 @@ TEST(WorldImage, TheEdgeIsSmooth)
     image.FillCircle(20.25F, 20.5F, 10, c_crWhite);
 
     // The middles of these pixels lie 9.75 and 10.25 from the centre, so 3/4 and 1/4 of them are covered.
-    EXPECT_NEAR(255 * 0.75, GetRed(image.GetPixel(10, 20)), 2);
-    EXPECT_NEAR(255 * 0.25, GetRed(image.GetPixel(30, 20)), 2);
+    EXPECT_NEAR(255 * 0.75, GetRed(GetPixel(image, 10, 20)), 2);
+    EXPECT_NEAR(255 * 0.25, GetRed(GetPixel(image, 30, 20)), 2);
 }
 
 TEST(WorldImage, TheAreaOfACircleIsThatOfTheDisc)
@@ -104,7 +111,7 @@ TEST(WorldImage, ACircleIsTheSameWhereverItLies)
     {
         for (int x = 0; x < 30; ++x)
         {
-            ASSERT_EQ(second.GetPixel(x + 5, y + 4), first.GetPixel(x, y)) << x << "," << y;
+            ASSERT_EQ(GetPixel(second, x + 5, y + 4), GetPixel(first, x, y)) << x << "," << y;
         }
     }
 }
@@ -116,10 +123,10 @@ TEST(WorldImage, WhatLiesOutsideIsLeftOut)
     image.FillCircle(-20, -20, 4, c_crWhite);
     image.FillCircle(30, 30, 4, c_crWhite);
 
-    EXPECT_EQ(image.GetPixel(0, 5), c_crWhite);
-    EXPECT_EQ(image.GetPixel(9, 5), c_crBlack);
-    EXPECT_EQ(image.GetPixel(0, 0), c_crBlack);
-    EXPECT_EQ(image.GetPixel(9, 9), c_crBlack);
+    EXPECT_EQ(GetPixel(image, 0, 5), c_crWhite);
+    EXPECT_EQ(GetPixel(image, 9, 5), c_crBlack);
+    EXPECT_EQ(GetPixel(image, 0, 0), c_crBlack);
+    EXPECT_EQ(GetPixel(image, 9, 9), c_crBlack);
 }
 
 TEST(WorldImage, LaterAtomsLieOnEarlierOnes)
@@ -128,8 +135,8 @@ TEST(WorldImage, LaterAtomsLieOnEarlierOnes)
     const CRunSettings settings = MakeSettings(EnumAtomColourMode::Fixed, L"1", L"1", L"");
 
     const CWorldImage image = DrawWorld(atoms, settings);
-    EXPECT_EQ(image.GetPixel(50, 50), c_crGreen);
-    EXPECT_EQ(image.GetPixel(53, 50), c_crGrey);
+    EXPECT_EQ(GetPixel(image, 50, 50), c_crGreen);
+    EXPECT_EQ(GetPixel(image, 53, 50), c_crGrey);
 }
 
 TEST(WorldImage, InSpeedModeTheSpeedDecidesTheColour)
@@ -139,11 +146,11 @@ TEST(WorldImage, InSpeedModeTheSpeedDecidesTheColour)
     atoms.SetVelocities({0.75F, 1.25F, 4.0F, 1.0F});
 
     const CWorldImage image = DrawWorld(atoms, MakeSettings(EnumAtomColourMode::Speed, L"0.75", L"", L"1.25"));
-    EXPECT_EQ(image.GetPixel(10, 50), c_crRed);
-    EXPECT_EQ(image.GetPixel(30, 50), c_crGrey);
-    EXPECT_EQ(image.GetPixel(50, 50), c_crGrey);
-    EXPECT_EQ(image.GetPixel(70, 50), c_crGreen);
-    EXPECT_EQ(image.GetPixel(90, 50), c_crBlack);
+    EXPECT_EQ(GetPixel(image, 10, 50), c_crRed);
+    EXPECT_EQ(GetPixel(image, 30, 50), c_crGrey);
+    EXPECT_EQ(GetPixel(image, 50, 50), c_crGrey);
+    EXPECT_EQ(GetPixel(image, 70, 50), c_crGreen);
+    EXPECT_EQ(GetPixel(image, 90, 50), c_crBlack);
 }
 
 TEST(WorldImage, InFixedModeThePlaceInTheArrayDecidesTheColour)
@@ -152,10 +159,10 @@ TEST(WorldImage, InFixedModeThePlaceInTheArrayDecidesTheColour)
         MakeAtoms({MakeMovingAtom(10, 9), MakeMovingAtom(30, 0), MakeMovingAtom(50, 9), MakeMovingAtom(70, 0)});
 
     const CWorldImage image = DrawWorld(atoms, MakeSettings(EnumAtomColourMode::Fixed, L"1", L"", L"25%"));
-    EXPECT_EQ(image.GetPixel(10, 50), c_crRed);
-    EXPECT_EQ(image.GetPixel(30, 50), c_crGrey);
-    EXPECT_EQ(image.GetPixel(50, 50), c_crGrey);
-    EXPECT_EQ(image.GetPixel(70, 50), c_crGreen);
+    EXPECT_EQ(GetPixel(image, 10, 50), c_crRed);
+    EXPECT_EQ(GetPixel(image, 30, 50), c_crGrey);
+    EXPECT_EQ(GetPixel(image, 50, 50), c_crGrey);
+    EXPECT_EQ(GetPixel(image, 70, 50), c_crGreen);
 }
 
 TEST(WorldImage, AtomsFarAwayOrNowhereAreNotDrawn)
