@@ -1,6 +1,7 @@
 #include "tests/view/windows/CViewTest.h"
 
 #include "classes/core/CRandom.h"
+#include "tests/view/windows/SpyFactory.h"
 
 #include <array>
 #include <cstddef>

@@ -50,6 +50,3 @@ struct CDirect2DSpy
 };
 
 CDirect2DSpy& GetDirect2DSpy();
-
-// What a view is given in place of the system's factory function.
-HRESULT CreateSpyFactory(ID2D1Factory** ppFactory);

@@ -1,4 +1,5 @@
 #include "tests/view/windows/CViewTest.h"
+#include "tests/view/windows/SpyFactory.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
-#include "tests/view/windows/Direct2DSpy.h"
+#include "tests/view/windows/SpyFactory.h"
 
 #include "classes/windows/system/Handles.h"
+#include "tests/view/windows/Direct2DSpy.h"
 #include "tests/view/windows/UnusedDirect2D.h"
 #include "view/CreateDirect2DFactory.h"
 
@@ -244,12 +245,6 @@ private:
 };
 
 } // namespace
-
-CDirect2DSpy& GetDirect2DSpy()
-{
-    static CDirect2DSpy s_spy;
-    return s_spy;
-}
 
 HRESULT CreateSpyFactory(ID2D1Factory** ppFactory)
 {
