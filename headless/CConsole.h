@@ -3,11 +3,11 @@
 #include <atomic>
 #include <ostream>
 
-// What a run needs of the console it was started from.
+// The parts of the console that a run uses.
 struct CConsole
 {
     std::ostream& out;                       // standard output
     std::ostream& err;                       // standard error
-    bool bErrIsTerminal{};                   // whether somebody watches standard error
+    bool bErrIsTerminal{};                   // standard error is a terminal, so a progress bar is seen
     const std::atomic<bool>* pInterrupted{}; // becomes true when the user interrupts the run; null = never
 };

@@ -22,7 +22,7 @@ std::size_t GetBin(std::uint64_t uNanoSeconds)
     return static_cast<std::size_t>(shift) * c_uSteps + (uNanoSeconds >> shift);
 }
 
-// The middle of what falls into a bin.
+// The middle of the durations of a bin, in nanoseconds.
 double GetDuration(std::size_t uBin)
 {
     if (uBin < c_uExactBelow)

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <vector>
 
-// Counts durations so that their percentiles are known without keeping them: the memory is the same for ten and for
-// ten billion of them. A duration is remembered exactly below 2,048 ns and to one part in 1,024 above.
+// Counts durations in bins, so that percentiles need no list of them: the memory is the same for ten and for ten
+// billion durations. A bin is exact below 2,048 ns and right to one part in 1,024 above.
 class CDurationHistogram
 {
 public:
@@ -12,8 +12,8 @@ public:
 
     void Add(std::uint64_t uNanoSeconds);
 
-    // The smallest duration, in nanoseconds, that at least percent (above 0 to 100) of all reach or stay below; 0
-    // where there are none.
+    // The smallest duration, in nanoseconds, that at least the given percentage (above 0, up to 100) of all durations
+    // do not exceed; 0 when there are none.
     double GetPercentile(double percent) const;
 
 private:

@@ -38,7 +38,7 @@ std::string DescribeStart(const COptions& options)
 CExperiment::CExperiment(const COptions& options, const CConsole& console)
     : m_Options(options), m_Console(console), m_Settings(ResolveSettings(options)), m_Random(MakeRandom(options))
 {
-    // Before hours of computing and not after them.
+    // Fail before hours of computing, not after them.
     for (const std::optional<std::string>& sPath : {options.saveState, options.stats, options.picture})
     {
         if (sPath && *sPath != c_sStandardOutput)

@@ -13,12 +13,12 @@
 #include <memory>
 #include <string>
 
-// One run: populate or load, iterate, write the files that were asked for, and sum up.
+// One run: populates the world or loads it, iterates, writes the requested files and the summary.
 class CExperiment
 {
 public:
-    // Both must live as long as this. Throws CHeadlessError for settings that do not fit together and for files that
-    // could not be written in the end.
+    // Both must outlive this object. Throws CHeadlessError for settings that contradict each other and for output files
+    // that cannot be written.
     CExperiment(const COptions& options, const CConsole& console);
 
     // Throws CHeadlessError or std::bad_alloc.

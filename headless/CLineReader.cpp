@@ -9,7 +9,7 @@ namespace
 
 constexpr std::size_t c_uPieceBytes = std::size_t{64} * 1024;
 
-// Far above any row of numbers. Bounds the memory that a file without line ends can take.
+// Far above any row of numbers. Limits the memory for a file without line ends.
 constexpr std::size_t c_uMaxLineBytes = 4096;
 
 } // namespace
@@ -45,7 +45,7 @@ bool CLineReader::ReadLine(std::string_view& sLine)
     return true;
 }
 
-// Drops the lines that were handed out and appends a piece of the file; false at its end.
+// Drops the lines that were returned and appends a piece of the file; false at its end.
 bool CLineReader::ReadMore()
 {
     m_sBuffer.erase(0, m_uPosition);

@@ -5,11 +5,11 @@
 #include <string>
 #include <string_view>
 
-// Reads a text file line by line in a small buffer and knows where it is.
+// Reads a text file line by line through a small buffer and counts the lines for messages.
 class CLineReader
 {
 public:
-    // sName is the file's name in messages. The stream must be binary and live as long as this.
+    // sName is the file's name in messages. The stream must be binary and outlive this object.
     CLineReader(std::istream& stream, std::string sName);
 
     // The next line without its end ("\n" or "\r\n"); false at the end of the file. The text is valid until the next

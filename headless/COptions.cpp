@@ -19,7 +19,7 @@ namespace
 constexpr std::uint64_t c_uMostIterations = 1'000'000'000'000; // years of the smallest world
 constexpr std::uint64_t c_uLargestSeed = std::numeric_limits<std::uint64_t>::max();
 
-// Adds an option whose text is read by one of the functions of OptionValues.h, which is told the option's name.
+// Adds an option. A function of OptionValues.h reads its text and gets the option's name for messages.
 template<class T, class Parse>
 void AddOption(CLI::App& app, const std::string& sName, T& target, Parse parse, const char* sType,
                const char* sDescription)
@@ -87,7 +87,7 @@ void AddOutputOptions(CLI::App& app, COptions& options)
     app.add_flag("--quiet", options.quiet, "No progress bar");
 }
 
-// A loaded state brings its own atoms: what would have made others must not be ignored in silence.
+// A loaded state brings its own atoms. Options that would make others must not be ignored silently.
 void CheckCombinations(const COptions& options)
 {
     const std::pair<bool, const char*> population[] = {{options.atoms.has_value(), "--atoms"},
@@ -107,7 +107,7 @@ void CheckCombinations(const COptions& options)
     }
 }
 
-// Two outputs in one file would destroy each other.
+// Two outputs to one file would overwrite each other.
 void CheckOutputs(const COptions& options)
 {
     if (options.picture == c_sStandardOutput)
@@ -139,7 +139,7 @@ CParsedOptions ParseOptions(const std::vector<std::string>& arguments)
     app.set_version_flag("--version", std::string("kinetarium-headless ") + KINETARIUM_VERSION);
     try
     {
-        // The library takes them from the end.
+        // The library expects the arguments in reverse order.
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     }
     catch (const CLI::CallForHelp&)

@@ -13,7 +13,7 @@
 
 constexpr std::uint64_t c_uDefaultIterations = 1000;
 
-// The command line. What is empty was not given. Paths are UTF-8.
+// The command line. An empty option was not given. Paths are UTF-8.
 struct COptions
 {
     std::optional<int> width;
@@ -40,13 +40,13 @@ struct COptions
 // The name that stands for standard output.
 constexpr const char* c_sStandardOutput = "-";
 
-// The command line that was given, or the text that answers it: the help or the version.
+// The options of a command line, or the text that answers it: the help or the version.
 struct CParsedOptions
 {
     COptions options;
     std::optional<std::string> answer;
 };
 
-// Reads the arguments (UTF-8, without the program's name). Every value is checked against what the option allows, as
-// far as the option alone can tell. Throws CUsageError.
+// Reads the arguments (UTF-8, without the program's name) and checks each value against the range of its option. Throws
+// CUsageError.
 CParsedOptions ParseOptions(const std::vector<std::string>& arguments);

@@ -12,10 +12,10 @@ namespace fs = std::filesystem;
 namespace
 {
 
-// Large enough that the time is spent in the disk and not in calls, small beside everything else.
+// Large enough that system calls cost little beside the disk, small beside the rest of the memory.
 constexpr std::size_t c_uBufferBytes = std::size_t{64} * 1024;
 
-// Names of temporary files are drawn; this many collisions in a row mean that something else is wrong.
+// Names of temporary files are random; after this many existing names in a row, something else is wrong.
 constexpr int c_iMaxNameAttempts = 100;
 
 constexpr fs::perms c_AnyoneMayWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
@@ -25,7 +25,7 @@ constexpr fs::perms c_AnyoneMayWrite = fs::perms::owner_write | fs::perms::group
     throw CHeadlessError(sPath + ": cannot be written: " + sReason);
 }
 
-// A link is followed, so that what it names is replaced and not the link.
+// Follows a link, so that its target is replaced and not the link itself.
 fs::path FollowLink(const fs::path& path)
 {
     std::error_code error;
@@ -87,7 +87,7 @@ void COutputFile::Check(const std::string& sPath)
     {
         FailToWrite(sPath, "it is a folder");
     }
-    // Replacing only needs the folder's permission, so a file that asks to be left alone is asked for its own.
+    // Replacing a file needs only the permission of its folder, so the read-only mark of the file is checked here.
     if (fs::is_regular_file(status) && (status.permissions() & c_AnyoneMayWrite) == fs::perms::none)
     {
         FailToWrite(sPath, "it is read-only");
@@ -159,8 +159,7 @@ void COutputFile::ReplaceOldFile()
     const fs::file_status old = fs::status(m_Target, error);
     if (fs::exists(old))
     {
-        // Whoever could read and write the old one can read and write the new one. Where that cannot be had, the
-        // file is still right.
+        // The new file gets the permissions of the old one. If that fails, the contents are still right.
         fs::permissions(m_Temporary, old.permissions(), error);
     }
     fs::rename(m_Temporary, m_Target, error);

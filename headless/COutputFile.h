@@ -5,14 +5,14 @@
 #include <filesystem>
 #include <string>
 
-// A file that appears whole or not at all: the bytes go to a temporary file in the same folder, which takes the place
-// of the old one when everything is on the disk. Until then, and after any failure, the old file is as it was.
-// Something that is no file (a device, a pipe) cannot be replaced and is written to directly.
+// A file that appears whole or not at all: the bytes go to a temporary file in the same folder, which replaces the old
+// file when all bytes are on the disk. Until then, and after any failure, the old file is unchanged. A device or a pipe
+// cannot be replaced and is written to directly.
 class COutputFile : public IByteSink
 {
 public:
-    // sPath is UTF-8. Throws CHeadlessError where the file cannot be written: a folder that does not exist or does not
-    // allow it, a file that is read-only, a path that is a folder.
+    // sPath is UTF-8. Throws CHeadlessError when the file cannot be written: the folder does not exist or does not
+    // allow it, the file is read-only, the path is a folder.
     explicit COutputFile(const std::string& sPath);
 
     COutputFile(const COutputFile&) = delete;
@@ -22,7 +22,7 @@ public:
     void Write(std::string_view sBytes) override;
     void Commit() override;
 
-    // Throws what the constructor would throw, as far as it can be known without writing anything.
+    // Throws the errors of the constructor that can be found without writing.
     static void Check(const std::string& sPath);
 
 private:
@@ -33,8 +33,8 @@ private:
     [[noreturn]] void Fail(const std::string& sReason) const;
 
     std::string m_sPath;               // as the user wrote it
-    std::filesystem::path m_Target;    // the file itself where the user named a link to it
-    std::filesystem::path m_Temporary; // empty while writing directly, and when nothing is left to remove
+    std::filesystem::path m_Target;    // the target where the path is a link
+    std::filesystem::path m_Temporary; // empty when writing directly, and when there is nothing to remove
     std::string m_sBuffer;
     int m_iFile;
 };

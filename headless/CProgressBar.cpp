@@ -13,7 +13,7 @@ constexpr std::chrono::milliseconds c_UpdatePeriod{100};
 constexpr double c_dSecondsPerMinute = 60;
 constexpr double c_dSecondsPerHour = 3600;
 constexpr double c_dLargestShownHours = 9999;
-constexpr double c_dWholeRatesFrom = 100; // slower ones are shown with a decimal
+constexpr double c_dWholeRatesFrom = 100; // lower rates are shown with one decimal
 
 std::string FormatTimeLeft(double seconds)
 {
@@ -80,7 +80,7 @@ void CProgressBar::Update(std::uint64_t uDone)
     }
 }
 
-// Blanks wipe what a longer line before it has left.
+// Blanks overwrite the rest of a longer line before it.
 void CProgressBar::Show(const std::string& sLine)
 {
     const std::size_t uWiped = m_uShownChars > sLine.size() ? m_uShownChars - sLine.size() : 0;

@@ -5,11 +5,11 @@
 #include <ostream>
 #include <string>
 
-// The line that shows how far a run is: bar, percentage, iterations, rate and time left. seconds is the time since the
-// start.
+// The line that shows the progress of a run: bar, percentage, iterations, rate and time left. seconds is the time since
+// the start.
 std::string FormatProgress(std::uint64_t uDone, std::uint64_t uTotal, double seconds);
 
-// Keeps that line up to date on a terminal, about ten times a second.
+// Updates that line on a terminal, about ten times a second.
 class CProgressBar
 {
 public:

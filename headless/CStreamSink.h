@@ -4,7 +4,7 @@
 
 #include <ostream>
 
-// Standard output as a file: what is written is written at once.
+// Standard output as a sink. Bytes are written at once; Commit only flushes.
 class CStreamSink : public IByteSink
 {
 public:

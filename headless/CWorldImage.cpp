@@ -13,7 +13,7 @@ namespace
 
 constexpr std::size_t c_uChannels = 3;
 constexpr float c_fHalfPixel = 0.5F;
-constexpr int c_iFullCoverage = 256; // coverage in whole numbers, so that blending is the same everywhere
+constexpr int c_iFullCoverage = 256; // coverage as an integer, so that blending gives the same bits everywhere
 constexpr int c_iCoverageShiftBits = 8;
 constexpr int c_iRounding = c_iFullCoverage / 2;
 
@@ -23,7 +23,7 @@ void Blend(std::uint8_t& uChannel, std::uint8_t uColour, int coverage)
     uChannel = static_cast<std::uint8_t>(blended >> c_iCoverageShiftBits);
 }
 
-// The first and the last pixel whose middle is nearer than reach to the centre, limited to the picture.
+// The first and the last pixel whose middle is nearer to the centre than reach, clamped to the picture.
 int FirstPixel(float centre, float reach)
 {
     return std::max(0, static_cast<int>(std::floor(centre - reach)));
@@ -73,7 +73,7 @@ void CWorldImage::FillRow(int row, float x, float y, float radius, ColourRef col
     {
         const float dx = static_cast<float>(column) + c_fHalfPixel - x;
         const float squared = dx * dx + dy * dy;
-        // No root for the many pixels that are wholly inside or outside.
+        // The many pixels wholly inside or outside need no square root.
         if (squared >= reach * reach)
         {
             continue;

@@ -13,12 +13,12 @@ struct CRunSettings;
 class CWorldImage
 {
 public:
-    // One colour everywhere. Throws std::bad_alloc.
+    // A picture of one colour. Throws std::bad_alloc.
     CWorldImage(const CSize<int>& size, ColourRef background);
 
-    // A filled circle with smooth edges: a pixel is covered by the part of its width that lies inside, measured along
-    // the line to the centre. What lies outside the picture is left out. The centre must be finite and not further
-    // away from the picture than a few radii.
+    // Draws a filled circle with anti-aliased edges: the coverage of a pixel is the part of its width inside the
+    // circle, measured along the line to the centre. The circle is clipped to the picture. The centre must be finite
+    // and within a few radii of the picture.
     void FillCircle(float x, float y, float radius, ColourRef colour);
 
     const CSize<int>& GetSize() const { return m_Size; }

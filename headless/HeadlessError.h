@@ -7,7 +7,7 @@ constexpr int c_iExitSuccess = 0;
 constexpr int c_iExitFailure = 1; // a file, the memory, an interruption
 constexpr int c_iExitUsage = 2;   // the command line
 
-// Something that ends the program with a message for the user, who is told what is wrong where and what is allowed.
+// An error that ends the program. Its message says what is wrong, where, and what is allowed.
 class CHeadlessError : public std::runtime_error
 {
 public:
@@ -15,7 +15,7 @@ public:
     virtual int GetExitCode() const { return c_iExitFailure; }
 };
 
-// The same, caused by the command line.
+// An error of the command line.
 class CUsageError : public CHeadlessError
 {
 public:

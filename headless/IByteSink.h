@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-// A file that is being written. What was not committed was never written: destroying the sink leaves whatever stood
-// there before. Both methods throw CHeadlessError naming the file.
+// A file that is being written. Only Commit makes it appear: a sink that is destroyed without Commit leaves the earlier
+// file unchanged. Both methods throw CHeadlessError naming the file.
 struct IByteSink
 {
     virtual void Write(std::string_view sBytes) = 0;

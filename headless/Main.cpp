@@ -21,7 +21,7 @@ void Interrupt(int)
 
 int RunMain(const std::vector<std::string>& arguments)
 {
-    // An interrupted run ends in order, so that no temporary file stays behind. Where the system refuses, it just ends.
+    // An interrupted run removes its temporary files before it ends. If the system refuses the handler, it just ends.
     static_cast<void>(std::signal(SIGINT, &Interrupt));
     static_cast<void>(std::signal(SIGTERM, &Interrupt));
     SetStandardOutputBinary();
@@ -32,7 +32,7 @@ int RunMain(const std::vector<std::string>& arguments)
 } // namespace
 
 #ifdef _WIN32
-// The system's code page could not hold every file name.
+// Narrow arguments could not hold every file name: the code page of the system lacks letters.
 extern "C" int wmain(int count, wchar_t** pArguments)
 {
     std::vector<std::string> arguments;

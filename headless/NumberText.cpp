@@ -8,9 +8,9 @@
 namespace
 {
 
-constexpr std::size_t c_uMaxFloatChars = 32;  // the longest shortest float has 15
+constexpr std::size_t c_uMaxFloatChars = 32;  // the shortest form of a float has at most 15
 constexpr std::size_t c_uMaxFixedChars = 400; // the largest double has 309 digits before the dot
-constexpr std::size_t c_uMaxQuotedChars = 40; // enough to find it in the file
+constexpr std::size_t c_uMaxQuotedChars = 40; // enough to find the text in the file
 constexpr unsigned char c_uFirstPrintable = ' ';
 constexpr unsigned char c_uDelete = 0x7F;
 

@@ -45,7 +45,7 @@ bool ParseColour(std::string_view sText, ColourRef& colour)
     {
         return false;
     }
-    // Written red first, stored red lowest.
+    // The text has red first, the number has red in its lowest byte.
     colour = MakeColour(static_cast<std::uint8_t>(uValue >> (2 * c_uByteBits)),
                         static_cast<std::uint8_t>(uValue >> c_uByteBits), static_cast<std::uint8_t>(uValue));
     return true;

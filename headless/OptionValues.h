@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-// Reads the values of options. Each throws CUsageError naming the option, the value and what is allowed.
+// Readers of option values. Each throws CUsageError naming the option, the value and the allowed values.
 
 // A whole number from uLow to uHigh.
 std::uint64_t ParseNumberOption(const std::string& sOption, const std::string& sText, std::uint64_t uLow,
@@ -22,10 +22,10 @@ CPoint<int> ParsePointOption(const std::string& sOption, const std::string& sTex
 // "RRGGBB", six hexadecimal digits.
 ColourRef ParseColourOption(const std::string& sOption, std::string_view sText);
 
-// Three of those, with commas.
+// Three colours with commas between them.
 CClassColours ParseColoursOption(const std::string& sOption, const std::string& sText);
 
-// "A,B,C", any of them empty. What the factors mean depends on the mode and is checked with it.
+// "A,B,C", each possibly empty. The factors are checked later, because their meaning depends on the mode.
 CFactorTexts ParseFactorsOption(const std::string& sOption, const std::string& sText);
 
 // "speed" or "fixed".

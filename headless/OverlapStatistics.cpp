@@ -14,8 +14,9 @@ namespace
 
 constexpr double c_dMaxCellsPerSide = 1024; // a million cells take 4 MB
 
-// The cells at least as wide as the largest atom, so that atoms that overlap lie in the same or in neighbouring ones.
-// Atoms outside the world count to the nearest edge cell, which never moves two of them apart.
+// A grid whose cells are at least as wide as the largest atom: atoms that overlap lie in the same cell or in
+// neighbouring ones. Atoms outside the world belong to the nearest edge cell, which never moves two of them further
+// apart.
 class CNeighbourGrid
 {
 public:
@@ -55,11 +56,11 @@ private:
     int GetNumber(float position, int count) const
     {
         const double number = static_cast<double>(position) / m_dSide;
-        // Written so that what is no number becomes 0 as well.
+        // NaN gives 0: it fails this comparison.
         return number > 0 ? static_cast<int>(std::min(number, static_cast<double>(count - 1))) : 0;
     }
 
-    // A counting sort: how many atoms each cell has, where its list begins, then each atom to its place.
+    // A counting sort: counts the atoms of each cell, finds where its list begins, then puts each atom into its place.
     void Sort(const CAtoms& atoms)
     {
         m_Starts.assign(GetIndex(0, m_iRows) + 1, 0);
@@ -92,7 +93,7 @@ class COverlapCounter
 public:
     explicit COverlapCounter(std::uint64_t uMaxLookedAtPairs) : m_uLeft(uMaxLookedAtPairs) {}
 
-    // The pairs of one atom with each of the others; false when too many pairs have been looked at.
+    // Counts the overlaps of one atom with each of the others; false when the limit of tested pairs is reached.
     bool Count(const CAtom& atom, std::span<const CAtom* const> others)
     {
         if (others.size() > m_uLeft)
@@ -129,7 +130,7 @@ private:
     std::uint64_t m_uLeft;
 };
 
-// The four of the eight neighbours that come after a cell: every pair of neighbours is met once.
+// The four of the eight neighbours that come after a cell, so that every pair of neighbours is visited once.
 constexpr std::array<CSize<int>, 4> c_LaterNeighbours = {CSize<int>{1, 0}, {-1, 1}, {0, 1}, {1, 1}};
 
 bool CountCell(const CNeighbourGrid& grid, int column, int row, COverlapCounter& counter)

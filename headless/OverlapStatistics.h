@@ -6,24 +6,24 @@
 
 class CAtoms;
 
-// An overlap up to this is what separating two atoms leaves, with a margin of ten; world units.
+// Overlaps up to this do not count, world units: ten times what separating two atoms may leave.
 constexpr double c_dCountedOverlap = 0.01;
 
-// Pairs of atoms that are looked at before counting is given up. Only atoms that lie on one another by the thousands
-// (all started at one point, and not yet apart) come to this; some ten seconds.
+// Pairs that are tested before counting stops early, after about ten seconds. Only thousands of atoms on top of each
+// other (all started at one point, and not yet apart) reach this.
 constexpr std::uint64_t c_uMaxLookedAtPairs = 5'000'000'000;
 
-// How far atoms lie on one another. An overlap is the sum of the radii minus the distance of the centres.
+// How far atoms overlap. An overlap is the sum of the radii minus the distance of the centres.
 struct COverlapStatistics
 {
     std::uint64_t pairs{}; // that overlap by more than c_dCountedOverlap
-    double largest{};      // overlap of any pair, world units; 0 where none overlaps
-    bool bComplete{true};  // false: counting was given up, and both are lower bounds
+    double largest{};      // largest overlap of a pair, world units; 0 without overlaps
+    bool bComplete{true};  // false: counting stopped early, and both are lower bounds
 };
 
-// Looks at the pairs of neighbouring atoms only, found through a grid of its own. Computed in double precision.
+// Tests only pairs of neighbouring atoms, which a grid of its own finds. Computed in double precision.
 COverlapStatistics ComputeOverlapStatistics(const CAtoms& atoms, const CSize<int>& world,
                                             std::uint64_t uMaxLookedAtPairs = c_uMaxLookedAtPairs);
 
-// Atoms of which a part lies outside the world, or whose position is no number.
+// The number of atoms that lie partly or wholly outside the world, or whose position is NaN.
 std::uint32_t CountAtomsOutside(const CAtoms& atoms, const CSize<int>& world);

@@ -6,7 +6,7 @@
 
 #include <exception>
 
-// Only what writes into memory; names of files stay the system's business.
+// Only the functions that write to memory: this program opens its files itself.
 #define STB_IMAGE_WRITE_IMPLEMENTATION
 #define STB_IMAGE_WRITE_STATIC
 #define STBI_WRITE_NO_STDIO
@@ -23,7 +23,7 @@ struct CSinkContext
     std::exception_ptr error;
 };
 
-// The library cannot be left by an exception without losing its memory.
+// An exception through the library would leak its memory.
 void WriteToSink(void* pContext, void* pData, int size) noexcept
 {
     auto* const pSink = static_cast<CSinkContext*>(pContext);
@@ -60,7 +60,7 @@ std::string GetNumberedName(const std::string& sPath, std::uint64_t uIteration, 
     const std::string sLast = std::to_string(uIterations);
     std::string sNumber = std::to_string(uIteration);
     sNumber.insert(0, sLast.size() > sNumber.size() ? sLast.size() - sNumber.size() : 0, '0');
-    const std::size_t uName = sPath.find_last_of("/\\") + 1; // 0 where there is no folder
+    const std::size_t uName = sPath.find_last_of("/\\") + 1; // 0 without a folder
     const std::size_t uDot = sPath.rfind('.');
     const std::size_t uInsert = uDot == std::string::npos || uDot <= uName ? sPath.size() : uDot;
     return sPath.substr(0, uInsert) + '-' + sNumber + sPath.substr(uInsert);

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <string>
 
-// What a run has found out, for the summary at its end.
+// The results of a run, for the summary at its end.
 struct CRunResults
 {
     std::uint64_t seed{};
@@ -17,18 +17,18 @@ struct CRunResults
     std::uint64_t collisions{};   // of all iterations
     CDurationHistogram durations; // of every iteration
     std::int32_t atoms{};
-    std::uint8_t smallestRadius{}; // that there is
+    std::uint8_t smallestRadius{}; // of the atoms in the world
     std::uint8_t largestRadius{};
     CVelocityStatistics velocities; // after the last iteration
-    double startSpeedSum{};         // added up in double precision, before the first iteration
-    double endSpeedSum{};           // and after the last
+    double startSpeedSum{};         // before the first iteration, in double precision
+    double endSpeedSum{};           // after the last iteration
     COverlapStatistics overlaps;
     std::uint32_t atomsOutside{};
     std::uint64_t hash{};
 };
 
-// The sum of the speeds in double precision: adding a million of them to a float would drift by itself.
+// The sum of the speeds in double precision: a sum of a million floats in a float would drift by rounding.
 double SumSpeeds(const CAtoms& atoms);
 
-// The summary: one "name: value" a line, the names never change, so that scripts can pick theirs.
+// The summary: one "name: value" a line. Scripts pick values by name, so the names never change.
 std::string FormatSummary(const CRunSettings& settings, const CRunResults& results);

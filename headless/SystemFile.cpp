@@ -16,7 +16,7 @@
 namespace
 {
 
-// The largest piece handed to the system at once: Windows counts in 32 bits.
+// The largest piece of one system call: Windows counts in 32 bits.
 constexpr std::size_t c_uMaxPieceBytes = 1U << 30U;
 
 #ifdef _WIN32
@@ -33,7 +33,7 @@ int WritePiece(int file, const char* pBytes, std::size_t uCount)
 
 #else
 
-// Read and write for everybody; the user's mask takes away what it must.
+// Read and write for everybody; the user's umask removes the rest.
 constexpr mode_t c_NewFileMode = 0666;
 
 int OpenFile(const std::filesystem::path& path, int flags)
@@ -101,7 +101,7 @@ int SystemFile_Flush(int file)
 #else
     const int result = fsync(file);
 #endif
-    // What cannot be flushed (a pipe, a device) says so with one of these.
+    // A pipe or a device, which cannot be flushed, answers with one of these errors.
     const bool bNothingToFlush = result != 0 && (errno == EINVAL || errno == ENOTSUP || errno == EBADF);
     return result == 0 || bNothingToFlush ? 0 : errno;
 }

@@ -24,10 +24,10 @@ struct CLanguage
 
 constexpr std::size_t c_uLanguageCount = 21;
 
-// The language of every index that is no other's.
+// Every index without a language gives this one.
 constexpr unsigned char c_uLanguageEnglish = 7;
 
-// The languages by index. Indices are stored outside of the program: the order is never to be changed.
+// The languages by index. Indices are stored outside the program, so the order must never change.
 inline constexpr std::array<CLanguage, c_uLanguageCount> c_Languages{{
     {1, L"Arabic", EnumReadingDirection::RightToLeft, TranslateStrings_Kinetarium_Arabic},
     {2, L"Belarusian", EnumReadingDirection::LeftToRight, TranslateStrings_Kinetarium_Belarusian},
@@ -52,7 +52,7 @@ inline constexpr std::array<CLanguage, c_uLanguageCount> c_Languages{{
     {21, L"Turkish", EnumReadingDirection::LeftToRight, TranslateStrings_Kinetarium_Turkish},
 }};
 
-// True when the languages are numbered from 1 without a gap, and named.
+// True when the languages have names and are numbered from 1 without a gap.
 constexpr bool Languages_AreSound()
 {
     std::size_t uExpected = 0;
@@ -67,10 +67,10 @@ constexpr bool Languages_AreSound()
     return true;
 }
 
-static_assert(Languages_AreSound(), "an index is stored outside of the program and must never change");
+static_assert(Languages_AreSound(), "an index is stored outside the program and must never change");
 static_assert(c_Languages[c_uLanguageEnglish - 1].sName == L"English");
 
-// The language of that index; English for every index that is none.
+// The language of an index; English for an index without a language.
 constexpr const CLanguage& Languages_Find(unsigned char uIndex)
 {
     const bool bKnown = uIndex >= 1 && uIndex <= c_uLanguageCount;

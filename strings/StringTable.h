@@ -5,8 +5,8 @@
 #include <span>
 #include <string_view>
 
-// One text of the user interface: the key by which the program asks for it, and its English wording. "%i" is filled
-// with a number by whoever shows the text; only such texts write a percent sign as "%%".
+// One text of the user interface: its key and its English wording. The caller that shows a text with "%i" replaces that
+// by a number; only such texts write a percent sign as "%%".
 struct CStringRow
 {
     std::wstring_view sKey;
@@ -15,7 +15,7 @@ struct CStringRow
 
 constexpr std::size_t c_uStringCount = 39;
 
-// Every text there is, in the order in which each language's table holds them.
+// All texts, in the order of the table of each language.
 inline constexpr std::array<CStringRow, c_uStringCount> c_StringRows{{
     {L"Ok", L"Ok"},
     {L"Cancel", L"Cancel"},
@@ -97,7 +97,7 @@ constexpr bool StringTable_IsKey(std::wstring_view sKey)
     return !sKey.empty();
 }
 
-// True when every row has a proper key and a text, and no key stands twice.
+// True when every row has a valid key and a text, and no key occurs twice.
 constexpr bool StringTable_IsSound(std::span<const CStringRow> rows)
 {
     for (std::size_t uRow = 0; uRow < rows.size(); ++uRow)
@@ -117,5 +117,5 @@ constexpr bool StringTable_IsSound(std::span<const CStringRow> rows)
     return true;
 }
 
-// A missing row leaves an empty one at the end of the array, and one too many does not fit in.
-static_assert(StringTable_IsSound(c_StringRows), "a text has no key, a key has no text, or a key stands twice");
+// A missing row leaves an empty one at the end of the array; a row too many does not compile.
+static_assert(StringTable_IsSound(c_StringRows), "a text has no key, a key has no text, or a key occurs twice");

@@ -10,12 +10,12 @@
 namespace
 {
 
-// Width that the columns announce to whoever shows the table, in characters.
+// Width of the columns for a caller that shows the table, in characters.
 constexpr int c_iColumnWidth = 255;
 
 constexpr int c_iCellsPerRow = 2;
 
-// Adds all rows, with what stands before and after each text. There is no window here whose log could be used.
+// Adds all rows, each text between sBefore and sAfter. Errors go to no log: there is no window here that has one.
 void FillRows(CDataCube* pStrings, std::wstring_view sBefore, std::wstring_view sAfter, const CTraceSite& site)
 {
     Guarded(site, [&] {
@@ -33,13 +33,13 @@ void FillRows(CDataCube* pStrings, std::wstring_view sBefore, std::wstring_view 
     });
 }
 
-// The English texts. The site is that of the calling filler.
+// Adds the English texts. The site is that of the calling filler.
 void AddRows(CDataCube* pStrings, const CTraceSite& site = {nullptr, __TIMESTAMP__})
 {
     FillRows(pStrings, L"", L"", site);
 }
 
-// What a language without a translation shows: the brackets tell a translator what is still to be done.
+// Adds the texts of a language without a translation: the brackets mark them for a translator.
 void AddRowsInBrackets(CDataCube* pStrings, const CTraceSite& site = {nullptr, __TIMESTAMP__})
 {
     FillRows(pStrings, L"[", L"]", site);

@@ -2,13 +2,13 @@
 
 class CDataCube;
 
-// Makes *pStrings the table of all texts of the user interface in the language of that index (see Languages.h): two
-// columns, "IDS" for the keys and "Strings" for the texts, one row per key. Whatever the table held before is gone.
-// An index that is no language's gives English. A null table is left alone.
+// Replaces the contents of *pStrings by all texts of the user interface in the language of that index (see
+// Languages.h): two columns, "IDS" for the keys and "Strings" for the texts, one row per key. An index without a
+// language gives English. Does nothing for null.
 void TranslateStrings_Kinetarium(CDataCube* pStrings, unsigned char uLanguage) noexcept;
 
-// The fillers, one per language: each adds all rows in the one order to a table that has the two columns. What fails is
-// reported, and the table stays as far as it was filled.
+// The fillers, one per language: each adds all rows, in the order of StringTable.h, to a table that has the two
+// columns. An error is reported, and the table keeps the rows added before it.
 void TranslateStrings_Kinetarium_Arabic(CDataCube* pStrings) noexcept;
 void TranslateStrings_Kinetarium_Belarusian(CDataCube* pStrings) noexcept;
 void TranslateStrings_Kinetarium_Flemish(CDataCube* pStrings) noexcept;

@@ -30,8 +30,8 @@ const std::string c_sMeeting = "x,y,vx,vy,radius\n40,50,1,0,5\n60,50,-1,0.25,5\n
 
 } // namespace
 
-// The same numbers in every build, on every machine: a change of one bit anywhere in the simulation, the random numbers
-// or the population shows here.
+// The numbers hold in every build and on every machine: a change of one bit in the simulation, the random numbers or
+// the population makes this fail.
 TEST(Experiment, ASeedGivesTheSameWorldEverywhere)
 {
     EXPECT_EQ(GetHash({"--seed", "42"}), "0975cc9dea5e75eb");
@@ -56,7 +56,7 @@ TEST(Experiment, TheSameSeedTwiceGivesTheSameFiles)
     EXPECT_NE(ReadFile(folder.GetPath("a.csv")), "");
 }
 
-TEST(Experiment, WithoutASeedOneIsDrawnPrintedAndRepeatsTheRun)
+TEST(Experiment, WithoutASeedARandomOneIsPrintedThatRepeatsTheRun)
 {
     const std::string sFirst = RunWell({"--iterations", "20"});
     const std::string sSecond = RunWell({"--iterations", "20"});
@@ -81,8 +81,8 @@ TEST(Experiment, SavingLoadingAndSavingAgainGivesTheSameBytes)
     EXPECT_THAT(ReadFile(sFirst), StartsWith("x,y,vx,vy,radius\n"));
 }
 
-// With other seeds on purpose: no random number may have a part in it.
-TEST(Experiment, ARunIsItsFirstHalfSavedAndContinued)
+// The seeds differ on purpose: the second half must not use a random number.
+TEST(Experiment, HalfARunSavedAndContinuedGivesTheWholeRun)
 {
     const CTemporaryFolder folder;
     const std::vector<std::string> world = {"--width", "600", "--height", "400"};
@@ -122,7 +122,7 @@ TEST(Experiment, TheStatisticsHaveARowForEachIteration)
     EXPECT_THAT(sText, HasSubstr("\n6,1,"));
 }
 
-TEST(Experiment, StateAndStatisticsCanGoToStandardOutputAndTheSummaryMakesRoom)
+TEST(Experiment, StateOrStatisticsOnStandardOutputMoveTheSummaryToStandardError)
 {
     const CTemporaryFolder folder;
     const std::string sFile = folder.GetPath("a.csv");
@@ -196,7 +196,7 @@ TEST(Experiment, EveryAtomStartsAtTheStartPoint)
     EXPECT_EQ(uRows, 3U);
 }
 
-TEST(Experiment, AnInterruptedRunEndsInOrderAndLeavesNoFile)
+TEST(Experiment, AnInterruptedRunSaysSoAndLeavesNoNewFile)
 {
     const CTemporaryFolder folder;
     const std::string sStats = folder.WriteFile("stats.csv", "old");

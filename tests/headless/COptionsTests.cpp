@@ -19,7 +19,7 @@ struct CUsageCase
     std::string message;
 };
 
-// How a failed test names its case.
+// Names the case in the output of a failed test.
 void PrintTo(const CUsageCase& usage, std::ostream* pStream)
 {
     *pStream << usage.message;
@@ -39,7 +39,7 @@ const std::string c_sSamePlace = "--save-state, --stats and --picture must not b
 
 } // namespace
 
-TEST_P(UsageErrors, NameTheOptionSayWhatIsAllowedAndExitWithTwo)
+TEST_P(UsageErrors, NameTheOptionAndTheAllowedValuesAndExitWithTwo)
 {
     const CProgramResult result = RunProgram(GetParam().arguments);
 
@@ -119,7 +119,7 @@ INSTANTIATE_TEST_SUITE_P(
                                "--picture-every: '0' is not allowed; allowed is a whole number from 1 to "
                                "1000000000000"}));
 
-// These messages are the option library's; what counts is that they name what is wrong.
+// The option library writes these messages; they only have to name the error.
 TEST(Options, AnUnknownOptionIsNamed)
 {
     const CProgramResult result = RunProgram({"--temperature=5"});
@@ -185,7 +185,7 @@ TEST(Options, TheLimitsThemselvesAreAllowed)
     EXPECT_EQ(options.iterations, 0U);
 }
 
-// Octal and hexadecimal readings would be silent surprises.
+// An octal reading would silently give another number.
 TEST(Options, ALeadingZeroStaysDecimal)
 {
     EXPECT_EQ(ParseOptions({"--width=020"}).options.width, 20);
@@ -209,7 +209,7 @@ TEST(Options, FactorsMayBeEmpty)
     EXPECT_EQ((*options.factors)[2], L"25%");
 }
 
-TEST(Options, WithoutAnyTheDefaultsStand)
+TEST(Options, WithoutOptionsTheDefaultsApply)
 {
     const COptions options = ParseOptions({}).options;
 

@@ -33,7 +33,7 @@ using CNames = std::vector<std::string>;
 
 } // namespace
 
-TEST(OutputFile, HoldsWhatWasWrittenAndNothingElseStaysInTheFolder)
+TEST(OutputFile, HoldsTheWrittenBytesAndLeavesNoOtherFileInTheFolder)
 {
     const CTemporaryFolder folder;
     const std::string sLarge(1'000'000, 'x');
@@ -60,7 +60,7 @@ TEST(OutputFile, TheOldFileStaysUntilTheNewOneIsComplete)
     EXPECT_EQ(folder.GetNames(), CNames{"a.csv"});
 }
 
-TEST(OutputFile, WithoutACommitTheOldFileIsAsItWas)
+TEST(OutputFile, WithoutACommitTheOldFileIsUnchanged)
 {
     const CTemporaryFolder folder;
     const std::string sPath = folder.WriteFile("a.csv", "old");
@@ -74,7 +74,7 @@ TEST(OutputFile, WithoutACommitTheOldFileIsAsItWas)
     EXPECT_EQ(folder.GetNames(), CNames{"a.csv"});
 }
 
-TEST(OutputFile, NamesMayHoldEveryLetter)
+TEST(OutputFile, NamesMayHoldLettersOutsideAscii)
 {
     const CTemporaryFolder folder;
     const std::string sName = "\xC3\xA4tom \xE2\x98\x83.csv";
@@ -94,7 +94,7 @@ TEST(OutputFile, AFolderThatDoesNotExistIsAnError)
     EXPECT_EQ(GetError(sPath), sPath + ": cannot be written: its folder does not exist");
 }
 
-TEST(OutputFile, AFolderIsNoFile)
+TEST(OutputFile, AFolderIsNotReplaced)
 {
     const CTemporaryFolder folder;
     const std::string sPath = folder.GetPath("inner");
@@ -115,12 +115,12 @@ TEST(OutputFile, AReadOnlyFileIsNotReplaced)
     EXPECT_EQ(folder.GetNames(), CNames{"a.csv"});
 }
 
-TEST(OutputFile, TheProgramSaysSoBeforeItComputesAnything)
+TEST(OutputFile, TheProgramChecksItsFilesBeforeItComputes)
 {
     const CTemporaryFolder folder;
     const std::string sPath = folder.GetPath("none/a.csv");
 
-    // Some years of computing.
+    // This run would take years.
     const CProgramResult result = RunProgram({"--iterations", "1000000000000", "--save-state", sPath});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.err, "error: " + sPath + ": cannot be written: its folder does not exist\n");
@@ -141,7 +141,7 @@ TEST(OutputFile, AFullDiskIsAnError)
     }
 }
 
-TEST(OutputFile, ADeviceIsWrittenToAndNotReplaced)
+TEST(OutputFile, ADeviceIsWrittenDirectlyAndNotReplaced)
 {
     EXPECT_EQ(GetError("/dev/null"), "");
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
@@ -159,7 +159,7 @@ TEST(OutputFile, ALinkStaysALink)
     EXPECT_EQ(ReadFile(sTarget), "something");
 }
 
-TEST(OutputFile, WhoMayReadTheOldFileMayReadTheNewOne)
+TEST(OutputFile, TheNewFileHasThePermissionsOfTheOldOne)
 {
     const CTemporaryFolder folder;
     const std::string sPath = folder.WriteFile("a.csv", "old");

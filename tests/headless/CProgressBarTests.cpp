@@ -22,14 +22,14 @@ TEST(ProgressBar, ShowsShareCountRateAndTimeLeft)
               "[##############################] 100%  1000/1000  500 iterations/s  0 s left");
 }
 
-TEST(ProgressBar, NothingIsForetoldBeforeTheFirstIteration)
+TEST(ProgressBar, WithoutAnIterationOrATimeThereIsNoForecast)
 {
     EXPECT_EQ(FormatProgress(0, 1000, 2.0), "[..............................] 0%  0/1000");
     EXPECT_EQ(FormatProgress(5, 1000, 0.0), "[..............................] 0%  5/1000");
     EXPECT_EQ(FormatProgress(0, 0, 1.0), "[##############################] 100%  0/0");
 }
 
-TEST(ProgressBar, TheLongestRunHasAnEndToo)
+TEST(ProgressBar, TimesAboveAYearAreNotSpelledOut)
 {
     EXPECT_THAT(FormatProgress(1, 1'000'000'000'000, 1000.0), EndsWith("over a year left"));
 }
@@ -48,7 +48,7 @@ TEST(ProgressBar, WipesItsLineAtTheEnd)
     EXPECT_EQ(sShown.find_first_not_of(' ', uLast + 1) == sShown.size() - 1 ? std::string::npos : 0, std::string::npos);
 }
 
-TEST(ProgressBar, IsShownOnATerminalOnly)
+TEST(ProgressBar, IsShownOnlyOnATerminal)
 {
     const std::vector<std::string> arguments = {"--seed", "1", "--iterations", "5"};
 

@@ -23,7 +23,7 @@ ColourRef GetPixel(const CWorldImage& image, int x, int y)
     return MakeColour(pChannels[0], pChannels[1], pChannels[2]);
 }
 
-// The area of everything that is white, in pixels.
+// The area of the white circle, in pixels.
 double GetArea(const CWorldImage& image)
 {
     double area = 0;
@@ -58,7 +58,7 @@ CAtom MakeMovingAtom(float x, float speed)
 
 } // namespace
 
-TEST(WorldImage, BeginsWithTheBackgroundEverywhere)
+TEST(WorldImage, StartsWithTheBackgroundEverywhere)
 {
     const CWorldImage image({3, 2}, 0x563412);
 
@@ -100,7 +100,7 @@ TEST(WorldImage, TheAreaOfACircleIsThatOfTheDisc)
     }
 }
 
-TEST(WorldImage, ACircleIsTheSameWhereverItLies)
+TEST(WorldImage, ACircleHasTheSamePixelsAtEveryPlace)
 {
     CWorldImage first({40, 40}, c_crBlack);
     CWorldImage second({40, 40}, c_crBlack);
@@ -116,7 +116,7 @@ TEST(WorldImage, ACircleIsTheSameWhereverItLies)
     }
 }
 
-TEST(WorldImage, WhatLiesOutsideIsLeftOut)
+TEST(WorldImage, ACircleIsClippedToThePicture)
 {
     CWorldImage image({10, 10}, c_crBlack);
     image.FillCircle(0, 5, 4, c_crWhite);
@@ -129,7 +129,7 @@ TEST(WorldImage, WhatLiesOutsideIsLeftOut)
     EXPECT_EQ(GetPixel(image, 9, 9), c_crBlack);
 }
 
-TEST(WorldImage, LaterAtomsLieOnEarlierOnes)
+TEST(WorldImage, LaterAtomsCoverEarlierOnes)
 {
     CAtoms atoms = MakeAtoms({MakeAtom(50, 50, 5), MakeAtom(50, 50, 5), MakeAtom(50, 50, 3)});
     const CRunSettings settings = MakeSettings(EnumAtomColourMode::Fixed, L"1", L"1", L"");
@@ -165,7 +165,7 @@ TEST(WorldImage, InFixedModeThePlaceInTheArrayDecidesTheColour)
     EXPECT_EQ(GetPixel(image, 70, 50), c_crGreen);
 }
 
-TEST(WorldImage, AtomsFarAwayOrNowhereAreNotDrawn)
+TEST(WorldImage, AtomsFarAwayOrAtNaNAreNotDrawn)
 {
     CAtoms atoms = MakeAtoms({MakeAtom(3e38F, 50, 255), MakeAtom(50, -3e38F, 255),
                               MakeAtom(std::numeric_limits<float>::quiet_NaN(), 50, 5)});

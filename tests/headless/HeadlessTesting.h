@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-// A folder of its own for one test, removed with everything in it.
+// A temporary folder for one test, removed at its end with all contents.
 class CTemporaryFolder
 {
 public:
@@ -22,10 +22,10 @@ public:
     // The path of a file in it, in UTF-8.
     std::string GetPath(const std::string& sName) const;
 
-    // Makes a file there and returns its path.
+    // Writes a file into the folder and returns its path.
     std::string WriteFile(const std::string& sName, std::string_view sBytes) const;
 
-    // The names of everything in it, sorted.
+    // The names of all its entries, sorted.
     std::vector<std::string> GetNames() const;
 
 private:
@@ -34,7 +34,7 @@ private:
 
 std::string ReadFile(const std::string& sPath);
 
-// A file that stays in the memory.
+// A sink that keeps its bytes in memory.
 class CTextSink : public IByteSink
 {
 public:
@@ -49,7 +49,7 @@ private:
     bool m_bCommitted = false;
 };
 
-// What a run of the program has left.
+// The exit code and the output of a run.
 struct CProgramResult
 {
     int exitCode{};
@@ -60,7 +60,7 @@ struct CProgramResult
 CProgramResult RunProgram(const std::vector<std::string>& arguments, bool bErrIsTerminal = false,
                           const std::atomic<bool>* pInterrupted = nullptr);
 
-// The value of a line "name: value" of the summary; empty where there is none.
+// The value of the line "name: value" of the summary; empty without such a line.
 std::string GetSummaryValue(const std::string& sSummary, const std::string& sName);
 
 CAtoms MakeAtoms(std::initializer_list<CAtom> atoms);

@@ -14,7 +14,7 @@ namespace
 
 constexpr CSize<int> c_World = {100, 100};
 
-// Every atom with every other.
+// Tests every atom with every other.
 COverlapStatistics CountPlainly(const CAtoms& atoms)
 {
     COverlapStatistics statistics;
@@ -71,7 +71,7 @@ TEST(OverlapStatistics, AtomsAtOnePlaceOverlapByTheSumOfTheirRadii)
     EXPECT_DOUBLE_EQ(statistics.largest, 8.0);
 }
 
-TEST(OverlapStatistics, TheGridFindsEveryPairThatThePlainWayFinds)
+TEST(OverlapStatistics, TheGridFindsTheSamePairsAsATestOfAllPairs)
 {
     for (std::uint64_t uSeed = 1; uSeed <= 20; ++uSeed)
     {
@@ -80,7 +80,7 @@ TEST(OverlapStatistics, TheGridFindsEveryPairThatThePlainWayFinds)
         atoms.Allocate(500);
         for (std::int32_t index = 0; index < atoms.GetCount(); ++index)
         {
-            // Beyond the walls too: pairs out there count as well.
+            // Some lie beyond the walls: their pairs count as well.
             const float x = random.GetRandomNumber_Float(-40, 340);
             const float y = random.GetRandomNumber_Float(-40, 190);
             atoms[index] = MakeAtom(x, y, random.GetRandomNumber_Uint8(1, uSeed % 2 == 0 ? 4 : 32));
@@ -93,7 +93,7 @@ TEST(OverlapStatistics, TheGridFindsEveryPairThatThePlainWayFinds)
     }
 }
 
-TEST(OverlapStatistics, CountingIsGivenUpWhenThereAreTooManyPairs)
+TEST(OverlapStatistics, CountingStopsEarlyWhenThereAreTooManyPairs)
 {
     CAtoms atoms;
     atoms.Allocate(100);
@@ -110,7 +110,7 @@ TEST(OverlapStatistics, CountingIsGivenUpWhenThereAreTooManyPairs)
     EXPECT_DOUBLE_EQ(some.largest, 10.0);
 }
 
-TEST(OverlapStatistics, PositionsThatAreNoNumbersOverlapNothing)
+TEST(OverlapStatistics, AtomsAtNaNOrInfinityOverlapNothing)
 {
     const float nothing = std::numeric_limits<float>::quiet_NaN();
     const float far = std::numeric_limits<float>::infinity();
@@ -122,7 +122,7 @@ TEST(OverlapStatistics, PositionsThatAreNoNumbersOverlapNothing)
     EXPECT_EQ(statistics.largest, 0.0);
 }
 
-TEST(OverlapStatistics, AnAtomIsOutsideWhenAPartOfItIs)
+TEST(OverlapStatistics, AnAtomIsOutsideWhenAnyPartOfItIs)
 {
     EXPECT_EQ(CountAtomsOutside(MakeAtoms({MakeAtom(5, 5, 5), MakeAtom(95, 95, 5)}), c_World), 0U);
     EXPECT_EQ(CountAtomsOutside(MakeAtoms({MakeAtom(4.999F, 50, 5), MakeAtom(95.001F, 50, 5), MakeAtom(50, 4.999F, 5),

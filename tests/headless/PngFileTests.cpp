@@ -16,7 +16,7 @@
 namespace
 {
 
-// What a reader of PNG files sees.
+// A picture as another PNG reader decodes it.
 struct CDecodedPicture
 {
     int width{};
@@ -107,7 +107,7 @@ TEST(PngFile, TheNumberStandsBeforeTheExtension)
     EXPECT_EQ(GetNumberedName(".gas", 7, 9), ".gas-7");
 }
 
-TEST(PngFile, WhatTheFileSaysComesThroughTheLibrary)
+TEST(PngFile, AnErrorOfTheFilePassesThroughTheLibrary)
 {
     CFailingSink sink;
     EXPECT_THROW(WritePng(CWorldImage({10, 10}, 0), sink), CHeadlessError);

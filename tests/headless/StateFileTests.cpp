@@ -76,8 +76,8 @@ TEST(StateFile, LoadingGivesTheAtomsWithTheirSpeedsAndStatistics)
     EXPECT_EQ(atoms.GetAvgVelocity(), 3.0F);
 }
 
-// Every finite float, the denormal ones and both zeros included, comes back as it was.
-TEST(StateFile, EveryBitPatternComesBack)
+// Random finite floats, a denormal number, the largest number and both zeros keep their bits.
+TEST(StateFile, FloatsOfAnyBitPatternComeBack)
 {
     constexpr int c_iPatterns = 20'000;
     std::mt19937 random(1);
@@ -109,7 +109,7 @@ TEST(StateFile, EveryBitPatternComesBack)
     EXPECT_EQ(Save(loaded), sText);
 }
 
-// Spreadsheets on Windows write such line ends.
+// Spreadsheets on Windows write these line ends.
 TEST(StateFile, LineEndsOfWindowsAreReadToo)
 {
     EXPECT_EQ(Load("x,y,vx,vy,radius\r\n1,2,3,4,5\r\n1,2,3,4,5\r\n").GetCount(), 2);
@@ -147,7 +147,7 @@ TEST(StateFile, ARowWithTooFewOrTooManyColumnsIsRefused)
               "a.csv, line 3, column 1 (x): the row has 1 column instead of 5 (x,y,vx,vy,radius)");
 }
 
-TEST(StateFile, WhatIsNoNumberIsRefused)
+TEST(StateFile, ATextThatIsNoNumberIsRefused)
 {
     EXPECT_EQ(GetError(c_sHeader + "abc,2,3,4,5\n"), "a.csv, line 2, column 1 (x): 'abc' is no number");
     EXPECT_EQ(GetError(c_sHeader + "1,2 ,3,4,5\n"), "a.csv, line 2, column 2 (y): '2 ' is no number");
@@ -160,7 +160,7 @@ TEST(StateFile, WhatIsNoNumberIsRefused)
               "a.csv, line 2, column 1 (x): '1?2' is no number");
 }
 
-TEST(StateFile, WhatIsNotFiniteIsRefused)
+TEST(StateFile, ANumberThatIsNotFiniteIsRefused)
 {
     EXPECT_EQ(GetError(c_sHeader + "nan,2,3,4,5\n"), "a.csv, line 2, column 1 (x): 'nan' is not finite");
     EXPECT_EQ(GetError(c_sHeader + "1,2,-inf,4,5\n"), "a.csv, line 2, column 3 (vx): '-inf' is not finite");
@@ -181,7 +181,7 @@ TEST(StateFile, ARadiusOutOfRangeIsRefused)
     }
 }
 
-// "...,1" may have been "...,12": such an atom is not guessed.
+// The end "...,1" may be a part of "...,12", so the row is refused.
 TEST(StateFile, ALastLineWithoutAnEndIsRefused)
 {
     EXPECT_EQ(GetError(c_sHeader + "1,2,3,4,5\n1,2,3,4,1"),
@@ -199,7 +199,7 @@ TEST(StateFile, MoreThanAMillionAtomsAreRefused)
     EXPECT_EQ(GetError(sText + "1,2,0,0,5\n"), "a.csv, line 1000002: more than 1000000 atoms");
 }
 
-TEST(StateFile, ARefusedFileLeavesTheAtomsAsTheyWere)
+TEST(StateFile, ARefusedFileLeavesTheAtomsUnchanged)
 {
     CAtoms atoms = MakeAtoms({MakeAtom(7, 8, 9)});
     std::istringstream stream(c_sHeader + "1,2,3,4,5\n1,2,3,4,0\n");
@@ -209,7 +209,7 @@ TEST(StateFile, ARefusedFileLeavesTheAtomsAsTheyWere)
     EXPECT_EQ(atoms[0].x, 7.0F);
 }
 
-TEST(StateFile, AStateThatNoFileCanHoldIsNotSaved)
+TEST(StateFile, AStateThatIsNotFiniteIsNotSaved)
 {
     CAtoms atoms = MakeAtoms({MakeAtom(1, 2, 3), MakeAtom(1, 2, 3)});
     atoms[1].vy = std::numeric_limits<float>::quiet_NaN();

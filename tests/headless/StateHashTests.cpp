@@ -16,7 +16,7 @@ CAtom MakeMovingAtom(float x, float y, float vx, float vy, std::uint8_t uRadius)
 
 } // namespace
 
-// Worked out apart from this program, from the description of the bytes.
+// The expected values were computed apart from this program, from the description of the bytes.
 TEST(StateHash, IsFnvOverTheBytesOfEveryAtom)
 {
     const CAtom first = MakeMovingAtom(1.5F, -2.25F, 0.5F, 0.125F, 7);
@@ -42,7 +42,7 @@ TEST(StateHash, ChangesWithEveryStoredValueAndTheOrder)
               ComputeStateHash(MakeAtoms({MakeAtom(0.0F, 1, 1)})));
 }
 
-TEST(StateHash, DoesNotLookAtTheSpeedWhichFollowsFromTheVelocity)
+TEST(StateHash, DoesNotDependOnTheSpeedWhichFollowsFromTheVelocity)
 {
     CAtom other = MakeMovingAtom(1, 2, 3, 4, 5);
     other.speed = 99;

@@ -74,11 +74,20 @@ std::string EscapeXml(std::string_view sText)
     {
         switch (c)
         {
-        case '&': sEscaped += "&amp;"; break;
-        case '<': sEscaped += "&lt;"; break;
-        case '>': sEscaped += "&gt;"; break;
-        case '"': sEscaped += "&quot;"; break;
-        default: sEscaped += c;
+        case '&':
+            sEscaped += "&amp;";
+            break;
+        case '<':
+            sEscaped += "&lt;";
+            break;
+        case '>':
+            sEscaped += "&gt;";
+            break;
+        case '"':
+            sEscaped += "&quot;";
+            break;
+        default:
+            sEscaped += c;
         }
     }
     return sEscaped;
@@ -135,12 +144,12 @@ public:
     std::string Draw() const
     {
         const int iHeight = GetTop(m_Rows.size()) + c_iLegendHeight;
-        std::string sSvg =
-            fmt::format("<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 {0} {1}\" width=\"{0}\" height=\"{1}\" "
-                        "role=\"img\" aria-label=\"The rooms of Kinetarium, from the highest floor to the ground, with "
-                        "an arrow from each room to every room that it includes\">\n{2}"
-                        "<rect width=\"{0}\" height=\"{1}\" rx=\"6\" fill=\"#ffffff\"/>\n",
-                        m_iWidth, iHeight, c_sStyle);
+        std::string sSvg = fmt::format(
+            "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 {0} {1}\" width=\"{0}\" height=\"{1}\" "
+            "role=\"img\" aria-label=\"The rooms of Kinetarium, from the highest floor to the ground, with "
+            "an arrow from each room to every room that it includes\">\n{2}"
+            "<rect width=\"{0}\" height=\"{1}\" rx=\"6\" fill=\"#ffffff\"/>\n",
+            m_iWidth, iHeight, c_sStyle);
         sSvg += DrawTests() + DrawFloors();
         for (std::size_t uRow = 0; uRow < m_Rows.size(); ++uRow)
         {

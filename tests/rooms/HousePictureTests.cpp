@@ -26,8 +26,9 @@ std::ptrdiff_t Count(const std::string& sText, const std::string& sPattern)
 int GetRow(const std::string& sPicture, const std::string& sFolder)
 {
     std::smatch match;
-    return std::regex_search(sPicture, match, std::regex("y=\"(\\d+)\" class=\"room\">" + sFolder)) ? std::stoi(match[1])
-                                                                                                   : -1;
+    return std::regex_search(sPicture, match, std::regex("y=\"(\\d+)\" class=\"room\">" + sFolder))
+               ? std::stoi(match[1])
+               : -1;
 }
 
 constexpr const char* c_sRed = "#d1242f";

@@ -34,6 +34,6 @@ CGraph MakeFolderGraph(const std::vector<CInclude>& includes);
 // Between files, where a .h and a .cpp of one name are one node, named without the extension.
 CGraph MakeFileGraph(const std::vector<CInclude>& includes);
 
-// The nodes of circles in the order of the arrows, each circle beginning with its first node in the alphabet. Of circles
-// that share a node only one is given.
+// The nodes of circles in the order of the arrows, each circle beginning with its first node in the alphabet. Of
+// circles that share a node only one is given.
 std::vector<std::vector<std::string>> FindCircles(const CGraph& graph);

@@ -13,8 +13,7 @@ using testing::IsEmpty;
 // and window/Window.h.
 std::vector<std::string> FindTargets(const std::string& sText)
 {
-    const CSourceTree tree{
-        {"Number.h", ""}, {"core/Number.h", ""}, {"core/User.cpp", sText}, {"window/Window.h", ""}};
+    const CSourceTree tree{{"Number.h", ""}, {"core/Number.h", ""}, {"core/User.cpp", sText}, {"window/Window.h", ""}};
     std::vector<std::string> targets;
     for (const CInclude& include : FindIncludes(tree))
     {
@@ -82,5 +81,6 @@ TEST(IncludeGraph, ACircleIsTheShortestAndBeginsWithItsFirstName)
 
 TEST(IncludeGraph, EveryCircleIsToldOnce)
 {
-    EXPECT_THAT(FindCirclesOf({"ab", "ba", "cd", "dc", "bc"}), ElementsAre(ElementsAre("a", "b"), ElementsAre("c", "d")));
+    EXPECT_THAT(FindCirclesOf({"ab", "ba", "cd", "dc", "bc"}),
+                ElementsAre(ElementsAre("a", "b"), ElementsAre("c", "d")));
 }

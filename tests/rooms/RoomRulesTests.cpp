@@ -45,16 +45,18 @@ TEST(RoomRules, AHouseWhoseArrowsPointDownwardsIsRight)
 
 TEST(RoomRules, AnArrowUpwardIsFoundWithFileLineIncludeAndFloors)
 {
-    EXPECT_THAT(CheckWith("core/Random.cpp", "// why\n\n#include \"window/Window.h\"\n"),
-                testing::Contains("core/Random.cpp:3: #include \"window/Window.h\": an arrow upward: core is on floor 1, "
-                                  "window is on floor 2"));
+    EXPECT_THAT(
+        CheckWith("core/Random.cpp", "// why\n\n#include \"window/Window.h\"\n"),
+        testing::Contains("core/Random.cpp:3: #include \"window/Window.h\": an arrow upward: core is on floor 1, "
+                          "window is on floor 2"));
 }
 
 TEST(RoomRules, AnArrowToAnotherRoomOfTheSameFloorIsFound)
 {
-    EXPECT_THAT(CheckWith("bench/Bench.cpp", "#include \"app/Program.h\"\n"),
-                ElementsAre("bench/Bench.cpp:1: #include \"app/Program.h\": an arrow on one floor: bench is on floor 3, "
-                            "app is on floor 3"));
+    EXPECT_THAT(
+        CheckWith("bench/Bench.cpp", "#include \"app/Program.h\"\n"),
+        ElementsAre("bench/Bench.cpp:1: #include \"app/Program.h\": an arrow on one floor: bench is on floor 3, "
+                    "app is on floor 3"));
 }
 
 TEST(RoomRules, AnIncludeInsideItsRoomIsAllowed)
@@ -121,8 +123,9 @@ TEST(RoomRules, ACircleBetweenFilesIsFoundAndAHeaderIsOneWithItsSource)
     tree["core/B.cpp"] = "#include \"core/B.h\"\n#include \"core/A.h\"\n";
     tree["core/C.h"] = "#include \"core/B.h\"\n";
 
-    EXPECT_THAT(CheckRooms(tree, MakeRooms()), ElementsAre("a circle between files: core/A -> core/C -> core/B -> core/A\n"
-                                                           "    core/A.h:1: #include \"core/C.h\"\n"
-                                                           "    core/C.h:1: #include \"core/B.h\"\n"
-                                                           "    core/B.cpp:2: #include \"core/A.h\""));
+    EXPECT_THAT(CheckRooms(tree, MakeRooms()),
+                ElementsAre("a circle between files: core/A -> core/C -> core/B -> core/A\n"
+                            "    core/A.h:1: #include \"core/C.h\"\n"
+                            "    core/C.h:1: #include \"core/B.h\"\n"
+                            "    core/B.cpp:2: #include \"core/A.h\""));
 }

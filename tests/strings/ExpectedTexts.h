@@ -9,8 +9,7 @@ struct CExpectedText
     std::wstring_view sText;
 };
 
-// What a user reads, written out a second time: a text or an order that changes unnoticed in the program's own table
-// does not change here.
+// The texts that a user reads, written out a second time, so that a change in the program's table makes a test fail.
 inline constexpr std::array<CExpectedText, 39> c_ExpectedTexts{{
     {L"Ok", L"Ok"},
     {L"Cancel", L"Cancel"},

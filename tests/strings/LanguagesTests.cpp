@@ -48,13 +48,13 @@ TEST(Languages, EveryIndexHasItsLanguageAndItsFiller)
     EXPECT_EQ(c_Languages.size(), std::size(c_Expected));
 }
 
-TEST(Languages, FlemishStandsBeforeChinese)
+TEST(Languages, FlemishHasTheIndexBeforeChinese)
 {
     EXPECT_EQ(Languages_Find(3).pFill, &TranslateStrings_Kinetarium_Flemish);
     EXPECT_EQ(Languages_Find(4).pFill, &TranslateStrings_Kinetarium_Chinese);
 }
 
-TEST(Languages, EveryOtherIndexIsEnglish)
+TEST(Languages, EveryOtherIndexGivesEnglish)
 {
     for (int i = 0; i <= 255; ++i)
     {

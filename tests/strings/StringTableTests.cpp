@@ -10,7 +10,7 @@
 namespace
 {
 
-TEST(StringTable, EveryKeyAndTextIsInItsPlaceLetterForLetter)
+TEST(StringTable, EveryKeyAndTextIsInItsPlaceToTheLetter)
 {
     const auto rows = StringTable_GetRows();
     ASSERT_EQ(rows.size(), c_ExpectedTexts.size());
@@ -49,7 +49,7 @@ std::wstring_view FindText(std::wstring_view sKey)
     return {};
 }
 
-TEST(StringTable, TheTextsThatAreFilledWithANumberReadWellWhenFilled)
+TEST(StringTable, TheFormattedTextsReadWellWithTheirNumber)
 {
     CWString sText;
     sText.Format(std::wstring(FindText(L"Colour_factor_n_is_invalid")).c_str(), 2);

@@ -31,7 +31,7 @@ void ExpectTable(const CDataCube& table, bool bEnglish)
     }
 }
 
-TEST(TranslateStrings, ANullTableIsLeftAlone)
+TEST(TranslateStrings, ANullTableIsIgnored)
 {
     TranslateStrings_Kinetarium(nullptr, c_uLanguageEnglish);
     for (const CLanguage& language : c_Languages)
@@ -55,7 +55,7 @@ TEST(TranslateStrings, TheTableHasAColumnOfKeysAndOneOfTexts)
     }
 }
 
-TEST(TranslateStrings, IndicesThatAreNoLanguagesGiveEnglish)
+TEST(TranslateStrings, IndicesOfNoLanguageGiveEnglish)
 {
     for (const unsigned char uLanguage : std::to_array<unsigned char>({0, 7, 22, 255}))
     {
@@ -92,7 +92,7 @@ TEST(TranslateStrings, ThirtyNineRowsWithTheSameKeysInEveryLanguage)
     }
 }
 
-TEST(TranslateStrings, EachFillerAddsItsRowsToTheTableItIsGiven)
+TEST(TranslateStrings, EachFillerAddsItsRowsToItsTable)
 {
     for (const CLanguage& language : c_Languages)
     {
@@ -124,7 +124,7 @@ TEST(TranslateStrings, TheFormattedTextsAreInBracketsTooWithTheirFormatUnchanged
               L"e.g., 12.34%%.]");
 }
 
-TEST(TranslateStrings, RefillingForAnotherLanguageLeavesNothingOfTheEarlierOne)
+TEST(TranslateStrings, RefillingForAnotherLanguageRemovesTheEarlierOne)
 {
     CDataCube table;
     table.AddColumn(L"something else", 0, c_iAtEnd, 1, true);
