@@ -32,8 +32,9 @@ public:
     // All texts with at least one finished call since the last Reset, the largest total time first.
     static std::vector<CProfileRow> GetTable();
 
-    // The same as text: a heading, then one line per row, times in milliseconds.
-    static std::string FormatTable();
+    // The rows as text in their order: a heading, then one line per row with calls, total, mean and longest time in
+    // milliseconds, and the scope's text. Columns are aligned; every line ends with "\n".
+    static std::string FormatTable(const std::vector<CProfileRow>& rows);
 
     // Starts all sums again at zero. Scopes that are open count towards the new sums when they close.
     static void Reset();
