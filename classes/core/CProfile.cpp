@@ -28,7 +28,7 @@ struct CProfileStore
     std::unordered_map<std::string, CProfileEntry> entries;
 };
 
-// Never destroyed: scopes may still close while the process ends.
+// Never destroyed, because scopes may still close while the process ends.
 CProfileStore& GetStore()
 {
     static CProfileStore& store = *new CProfileStore;

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-// What was recorded under one scope text.
+// The sums recorded under one scope text.
 struct CProfileRow
 {
     std::string sText;
@@ -16,9 +16,9 @@ struct CProfileRow
 
 struct CProfileEntry;
 
-// A profiling scope: from construction to destruction one call of the scope named by its text. The sums of all scopes
-// of the process are kept by text, on whichever thread they run. Opening a scope costs one look-up in a hash table
-// under a mutex, closing it two atomic additions; the text is not kept.
+// A profiling scope: its life counts as one call of the scope that its text names. The process keeps one set of sums
+// per text for all threads. Opening a scope costs one look-up in a hash table under a mutex, closing it two atomic
+// additions; the text is not kept.
 class CProfile
 {
 public:
