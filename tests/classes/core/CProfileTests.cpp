@@ -15,7 +15,7 @@ protected:
     Profile() { CProfile::Reset(); }
     ~Profile() override { CProfile::Reset(); }
 
-    // The recorded row of that text, an empty one when there is none.
+    // The recorded row of the text; an empty row if there is none.
     static CProfileRow Find(const std::string& sText)
     {
         for (const CProfileRow& row : CProfile::GetTable())
@@ -54,7 +54,7 @@ TEST_F(Profile, TimesAreSummedAndTheLongestKept)
     EXPECT_LE(row.llLongestMicroSeconds, row.llTotalMicroSeconds);
 }
 
-TEST_F(Profile, AScopeThatIsNotToRecordLeavesNoRow)
+TEST_F(Profile, AScopeWithoutRecordingLeavesNoRow)
 {
     {
         const CProfile scope("silent", nullptr, false, false);
@@ -86,7 +86,7 @@ TEST_F(Profile, ScopesOfManyThreadsLoseNoCall)
     EXPECT_EQ(CProfile::GetTable().size(), 1U + iThreads * 10U);
 }
 
-TEST_F(Profile, ResetStartsAllSumsAtZeroAndOpenScopesGoOn)
+TEST_F(Profile, ResetZeroesAllSumsAndOpenScopesStillCount)
 {
     {
         const CProfile scope("before", nullptr, true, false);
@@ -132,7 +132,7 @@ TEST_F(Profile, TheTextOfAnEmptyTableIsTheHeading)
               "       calls       total ms      mean ms   longest ms  scope\n");
 }
 
-TEST_F(Profile, EntryAndExitAreLoggedWhenAsked)
+TEST_F(Profile, EntryAndExitAreLoggedOnRequest)
 {
     std::wstring sLog;
     {
@@ -150,7 +150,7 @@ TEST_F(Profile, WithoutALogLoggingAndRecordingStillWork)
     EXPECT_EQ(Find("nowhere").uCalls, 1U);
 }
 
-TEST_F(Profile, ALogIsLeftAloneUnlessAsked)
+TEST_F(Profile, ALogStaysEmptyWithoutARequest)
 {
     std::wstring sLog;
     {
