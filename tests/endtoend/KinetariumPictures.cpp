@@ -1,5 +1,4 @@
-// Takes the pictures of the user guide: starts the program, uses it as the guide describes, and saves what the screen
-// shows.
+// Takes the pictures of the user guide: starts the program, uses it as the guide describes, and saves the screen.
 
 #include "tests/endtoend/CDrivenProgram.h"
 #include "tests/endtoend/CKinetariumUser.h"

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-// The profile that the finished program writes when its environment asks for it.
+// Tests the profile that the finished program writes on request.
 
 namespace
 {
