@@ -53,7 +53,7 @@ protected:
 };
 } // namespace
 
-TEST_F(ProfileFile, TheTableTakesThePlaceOfAnOlderFile)
+TEST_F(ProfileFile, TheTableReplacesAnOlderFile)
 {
     std::ofstream(m_file) << std::string(5000, 'x');
     const std::string sTable = CProfile::FormatTable(CProfile::GetTable());
@@ -69,7 +69,7 @@ TEST_F(ProfileFile, AFolderThatDoesNotExistIsReported)
     EXPECT_EQ(CountFiles(), 0);
 }
 
-TEST_F(ProfileFile, AFileInUseStaysAsItIsAndNoTemporaryFileIsLeft)
+TEST_F(ProfileFile, AFileInUseIsNotChangedAndNoTemporaryFileRemains)
 {
     std::ofstream(m_file) << "older";
     {
