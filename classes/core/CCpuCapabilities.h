@@ -8,10 +8,10 @@
 class CCpuCapabilities
 {
 public:
-    // What this process may use.
+    // The instruction sets that this process may use.
     CCpuCapabilities();
 
-    // What the machine offers, or just the baseline.
+    // The machine's instruction sets, or only the baseline.
     explicit CCpuCapabilities(bool bBaselineOnly);
 
     bool HasAvx2() const { return m_bAvx2; }

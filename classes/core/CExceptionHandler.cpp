@@ -35,7 +35,7 @@ void Report(const std::wstring& sWhat)
     }
 }
 
-// Runs the report, whatever happens in it.
+// Writes the report and swallows any exception in it.
 template<class F>
 void ReportSafely(F&& describe) noexcept
 {

@@ -32,11 +32,11 @@ struct CCrashFacts
     const char* version = nullptr;
     const char* build = nullptr;
     CCrashTime time;
-    const char* error = nullptr; // what happened, in one line
+    const char* error = nullptr; // one line
     CCrashPlace place;
     std::uint32_t thread = 0;
     bool mainThread = false;
-    const char* activity = nullptr; // what the program was doing
+    const char* activity = nullptr; // the crash note
     const char* system = nullptr;
     const char* processor = nullptr;
     std::uint64_t memoryTotal = 0; // bytes: of the machine,

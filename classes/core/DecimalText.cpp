@@ -21,7 +21,7 @@ bool IsDigit(wchar_t c)
     return c >= L'0' && c <= L'9';
 }
 
-// Reads sText from the front; each Take... moves on only past what it accepts.
+// Reads sText from the front; each Take... consumes only the characters that it accepts.
 class CScanner
 {
 public:

@@ -23,7 +23,7 @@ constexpr std::size_t c_uMaxSignificantDigits = 800;
 
 // Parses sText: blanks, sign, digits with at most one ".", exponent, one "%", blanks. All but the digits are optional.
 // Returns false for any other text; *pErrorPosition is then the index of the first wrong character, or the text's
-// length if it ends too early. The time is linear in the text's length, whatever the exponent.
+// length if it ends too early. The time is linear in the text's length and independent of the exponent.
 bool ScanDecimalText(std::wstring_view sText, CDecimalText* pOut, std::size_t* pErrorPosition);
 
 // "-d.ddde+n" of the number, "0" or "-0" for zero; plain ASCII.
