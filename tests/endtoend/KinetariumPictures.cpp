@@ -22,7 +22,7 @@ namespace
 using Row = EnumPanelRow;
 
 constexpr auto c_endPatience = std::chrono::milliseconds(20000);
-constexpr DWORD c_uPaintMilliseconds = 500; // for the program to draw what has changed
+constexpr DWORD c_uPaintMilliseconds = 500; // gives the program time to draw its changes
 
 class CPhotographer
 {
