@@ -2,6 +2,7 @@
 
 #include "bench/CBenchmarkWorld.h"
 #include "bench/Measurement.h"
+#include "classes/core/Percent.h"
 #include "simulation/SimulationConstants.h"
 #include "simulation/SimulationKernels.h"
 

@@ -1,10 +1,8 @@
 #include "bench/BenchmarkScene.h"
 #include "bench/CBenchmarkWorld.h"
 #include "classes/core/CCpuCapabilities.h"
-#include "simulation/SimulationConstants.h"
 #include "simulation/SimulationKernels.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -62,27 +60,9 @@ void MoveAndEnter(benchmark::State& state)
     ShowTimePer(state, "per_atom", scene.atoms);
 }
 
-CCellList GetTestedAtoms(CCollisionGrid& grid, int cell)
+std::uint32_t CollideAll(CBenchmarkWorld& world, const CSimulationKernels& kernels)
 {
-    if (cell == grid.GetCellCount())
-    {
-        return {nullptr, 0};
-    }
-    const std::span<CAtom* const> atoms = grid.GetCellAtoms(cell);
-    return {atoms.data(), static_cast<int>(std::min<std::size_t>(atoms.size(), c_iMaxTestedAtomsPerCell))};
-}
-
-std::uint32_t CollideAll(CBenchmarkWorld& world, const CSimulationKernels& kernels, CCellScratch& scratch)
-{
-    std::uint32_t uCollisions = 0;
-    CCellList next = GetTestedAtoms(world.grid, 0);
-    for (int cell = 0; cell < world.grid.GetCellCount(); ++cell)
-    {
-        const CCellList atoms = next;
-        next = GetTestedAtoms(world.grid, cell + 1);
-        uCollisions += kernels.pCollideCell(atoms, next, scratch, world.random);
-    }
-    return uCollisions;
+    return CollideCells(world.grid, world.atoms.GetCount(), world.random, kernels);
 }
 
 void EnterAll(CBenchmarkWorld& world)
@@ -110,14 +90,14 @@ void Stretch(CBenchmarkWorld& world, float fFactor)
 // Lets the atoms push each other apart where they are until no two touch; false if they have no room for that. Pushing
 // ends in contact, which counts as touching, so everything is also stretched by a thousandth: more than the tolerance
 // of the push for every sum of two radii.
-bool PushApart(CBenchmarkWorld& world, const CSimulationKernels& kernels, CCellScratch& scratch)
+bool PushApart(CBenchmarkWorld& world, const CSimulationKernels& kernels)
 {
     constexpr int c_iMostPasses = 60;
     constexpr float c_fStretch = 1.001F;
     for (int pass = 0; pass < c_iMostPasses; ++pass)
     {
         EnterAll(world);
-        if (CollideAll(world, kernels, scratch) == 0)
+        if (CollideAll(world, kernels) == 0)
         {
             return true;
         }
@@ -144,8 +124,7 @@ void PairTests(benchmark::State& state)
     const CScene& scene = GetScene(state);
     const CSimulationKernels& kernels = GetKernelSet(state, scene);
     CBenchmarkWorld world(scene);
-    CCellScratch scratch;
-    if (!PushApart(world, kernels, scratch))
+    if (!PushApart(world, kernels))
     {
         state.SkipWithError("its atoms have no room to stop touching");
         return;
@@ -153,7 +132,7 @@ void PairTests(benchmark::State& state)
     std::uint32_t uCollisions = 0;
     for ([[maybe_unused]] auto _ : state)
     {
-        uCollisions += CollideAll(world, kernels, scratch);
+        uCollisions += CollideAll(world, kernels);
     }
     if (uCollisions != 0)
     {

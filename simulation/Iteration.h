@@ -7,6 +7,7 @@
 class CAtoms;
 class CCollisionGrid;
 class CRandom;
+struct CCellList;
 struct CSimulationKernels;
 
 // Moves every atom by its velocity, reflects it at the walls, enters all into the grid (sized for this world before),
@@ -17,6 +18,15 @@ std::uint32_t AdvanceOneIteration(CAtoms& atoms, CCollisionGrid& grid, const CSi
 // The same with kernels of the caller's choice; all give the same bits.
 std::uint32_t AdvanceOneIteration(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRandom& random,
                                   const CSimulationKernels& kernels);
+
+// The step of an iteration that tests the pairs of all cells, cell by cell, and lets touching atoms collide. Returns
+// the number of collisions. atomCount is that of the world.
+std::uint32_t CollideCells(CCollisionGrid& grid, std::int32_t atomCount, CRandom& random,
+                           const CSimulationKernels& kernels);
+
+// The atoms of a cell that take part in its pair tests: the first c_iMaxTestedAtomsPerCell. None for cell ==
+// GetCellCount(), the one after the last.
+CCellList GetTestedAtoms(CCollisionGrid& grid, int cell);
 
 // Minimum, maximum, total and average of sqrt(vx * vx + vy * vy) over all atoms, added up in array order in single
 // precision. All zero for an empty set.

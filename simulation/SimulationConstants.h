@@ -71,4 +71,3 @@ constexpr std::int64_t c_iReportPeriodMs = 1000;
 constexpr float c_fMicroSecondsPerMs = 1000.0F;
 constexpr double c_dMicroSecondsPerMs = 1000.0;
 constexpr double c_dMsPerSecond = 1000.0;
-constexpr double c_dPercent = 100.0;
