@@ -8,8 +8,8 @@
 #include <span>
 #include <string>
 
-// The stages that exist once per instruction set, each with every set that the machine has: the second argument is its
-// number, slowest first. KINETARIUM_CPU plays no part here.
+// The stages that exist once per instruction set, with every set that the processor has. The second argument is the
+// number of the set, slowest first. KINETARIUM_CPU has no effect here.
 
 namespace
 {
@@ -40,7 +40,7 @@ void IterationBySet(benchmark::State& state)
     ShowTimePer(state, "per_atom", scene.atoms);
 }
 
-// Whole groups only: what is left over, less than one group, is one atom in a thousand at most.
+// Whole groups only: the rest, less than one group, is negligible.
 void MoveAndEnter(benchmark::State& state)
 {
     const CScene& scene = GetScene(state);
@@ -54,7 +54,7 @@ void MoveAndEnter(benchmark::State& state)
         const int moved =
             kernels.pMoveAtomGroups(world.atoms.GetAtoms(), count, world.size, world.grid.GetGeometry(), pPlaces);
         benchmark::DoNotOptimize(moved);
-        benchmark::DoNotOptimize(world.grid.GetCellAtoms(0).data()); // the first reader fills the lists
+        benchmark::DoNotOptimize(world.grid.GetCellAtoms(0).data()); // the first read fills the lists
     }
     CountAtoms(state, scene);
     ShowTimePer(state, "per_atom", scene.atoms);
@@ -74,7 +74,7 @@ void EnterAll(CBenchmarkWorld& world)
     }
 }
 
-// The atoms further apart from each other, and the world with them.
+// Scales all positions and the size of the world.
 void Stretch(CBenchmarkWorld& world, float fFactor)
 {
     for (std::int32_t i = 0; i < world.atoms.GetCount(); ++i)
@@ -87,9 +87,9 @@ void Stretch(CBenchmarkWorld& world, float fFactor)
     world.grid.Resize(world.size);
 }
 
-// Lets the atoms push each other apart where they are until no two touch; false if they have no room for that. Pushing
-// ends in contact, which counts as touching, so everything is also stretched by a thousandth: more than the tolerance
-// of the push for every sum of two radii.
+// Pushes the atoms apart without moving them otherwise, until no two touch; false if they have no room. A push ends in
+// contact, which counts as touching, so each pass also stretches the world by a thousandth: more than the tolerance of
+// the push for any sum of two radii.
 bool PushApart(CBenchmarkWorld& world, const CSimulationKernels& kernels)
 {
     constexpr int c_iMostPasses = 60;
@@ -117,8 +117,8 @@ double CountPairs(CBenchmarkWorld& world)
     return pairs;
 }
 
-// The pair tests of a world in which nothing touches, so that they are all there is to do. A pair is one that the plain
-// rule tests: two atoms of one cell.
+// The pair tests alone, in a world in which no two atoms touch. A pair is two atoms of one cell, as the plain form
+// tests them.
 void PairTests(benchmark::State& state)
 {
     const CScene& scene = GetScene(state);
@@ -165,7 +165,7 @@ void AddAll(benchmark::internal::Benchmark* pBenchmark)
     AddScenesAndSets(pBenchmark, [](const CScene&) { return true; });
 }
 
-// All but the one whose atoms touch wherever they are.
+// All scenes except the dense one, whose atoms have no room.
 void AddThoseWithRoom(benchmark::internal::Benchmark* pBenchmark)
 {
     AddScenesAndSets(pBenchmark, [](const CScene& scene) { return scene.seed != c_SceneDense.seed; });

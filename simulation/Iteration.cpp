@@ -13,8 +13,8 @@
 namespace
 {
 
-// Mirrors a coordinate that has gone beyond the wall at 0 or at length, once. What is still outside afterwards stays
-// there for now; touching is no bounce.
+// Mirrors a coordinate once if the atom has crossed the wall at 0 or at length (world units). An atom that is still
+// outside afterwards stays there until the next iteration. Touching a wall is no bounce.
 void Reflect(float& position, float& velocity, int radius, int length)
 {
     const auto r = static_cast<float>(radius);
@@ -40,7 +40,7 @@ void MoveAtom(CAtom& atom, const CSize<int>& world)
     Reflect(atom.x, atom.vx, atom.radius, world.cx);
 }
 
-// Moves all atoms and enters them into the grid, most of them in groups.
+// Moves all atoms and enters them into the grid: whole groups by the kernel, the rest one by one.
 void MoveAtoms(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, const CSimulationKernels& kernels)
 {
     const CGridGeometry& geometry = grid.GetGeometry();

@@ -112,7 +112,7 @@ struct CLanesAvx2
         return __builtin_popcount(uMask);
     }
 
-    // Eight loads and shuffles: on many processors without AVX-512 a gather is slower.
+    // Eight scalar loads and shuffles: gathers are slow on many processors that have AVX2 but not AVX-512.
     static __m256 LoadField(const float* pFirst)
     {
         return _mm256_setr_ps(pFirst[0], pFirst[c_iAtomFloats], pFirst[2 * c_iAtomFloats], pFirst[3 * c_iAtomFloats],
