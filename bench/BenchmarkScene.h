@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
-// What every stage benchmark does with its first argument: the number of a benchmark scene.
+// Helpers of the stage benchmarks. Their first argument is the number of a benchmark scene.
 
 constexpr int c_iSceneCount = static_cast<int>(c_BenchmarkScenes.size());
 
@@ -23,8 +23,8 @@ inline void CountAtoms(benchmark::State& state, const CScene& scene)
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * scene.atoms);
 }
 
-// Shows nanoseconds per something of which every round of the benchmark handles that many. (The library divides time
-// by a count and prints seconds with a prefix: 1.5n is 1.5 nanoseconds.)
+// Shows the time per item, where each round of the benchmark handles countPerRound items. (The library prints seconds
+// with a prefix: 1.5n is 1.5 nanoseconds.)
 inline void ShowTimePer(benchmark::State& state, const char* sName, double countPerRound)
 {
     state.counters[sName] =

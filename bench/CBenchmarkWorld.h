@@ -8,7 +8,7 @@
 #include "simulation/Population.h"
 #include "tests/reference/Scenes.h"
 
-// A scene in the program's form.
+// A scene in the fast form of the program.
 struct CBenchmarkWorld
 {
     static constexpr int c_iSettlingIterations = 20;
@@ -18,8 +18,8 @@ struct CBenchmarkWorld
         Populate(atoms, grid, size, scene.atoms, scene.minRadius, scene.maxRadius, nullptr, random);
     }
 
-    // Some iterations, after which the overlaps that random positions begin with are gone. The first of them handle
-    // many times as many collisions as any later one.
+    // Runs the first iterations, which remove the overlaps of the random start positions. They handle many times as
+    // many collisions as later iterations.
     void Settle()
     {
         for (int iteration = 0; iteration < c_iSettlingIterations; ++iteration)

@@ -9,12 +9,12 @@
 #include <cstddef>
 #include <cstdint>
 
-// What a frame costs besides the drawing calls themselves.
+// The cost of a frame without the drawing calls.
 
 namespace
 {
 
-// The factors of the first start: slower than 3/4 of the average, faster than 5/4 of it.
+// The default factors: slower than 3/4 of the average speed, faster than 5/4 of it.
 CColourSettings MakeSettings()
 {
     constexpr double c_dSlowFactor = 0.75;
@@ -25,8 +25,8 @@ CColourSettings MakeSettings()
     return settings;
 }
 
-// Does with an atom what a painter does before its drawing call - class, rectangle, change of colour - and instead of
-// drawing adds everything up, so that nothing of it can be left out.
+// Computes what a painter computes before its drawing call (class and rectangle). Instead of drawing it adds the
+// results up, so that the compiler cannot drop the work.
 class CCountingPainter
 {
 public:
@@ -99,7 +99,7 @@ void FrameAllDrawnByPlace(benchmark::State& state)
     MeasureFrames(state, GetWholeWorld(state), DrawByPlace);
 }
 
-// Every atom is looked at and none is drawn: the visible part lies beside the world, further than any radius.
+// Every atom is tested and none is drawn: the visible part is beside the world, further away than any radius.
 void FrameAllCulled(benchmark::State& state)
 {
     constexpr int c_iBeside = 1'000;
@@ -110,7 +110,7 @@ void FrameAllCulled(benchmark::State& state)
     MeasureFrames(state, rcVisible, DrawBySpeed);
 }
 
-// Atoms inside and outside in no order: half of the width and of the height, a quarter of the atoms.
+// Atoms inside and outside in random order: half of the width and of the height shows, a quarter of the atoms.
 void FrameQuarterDrawn(benchmark::State& state)
 {
     CRect rcVisible = GetWholeWorld(state);

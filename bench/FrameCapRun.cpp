@@ -20,7 +20,7 @@ namespace
 
 constexpr double c_dMicroSecondsPerSecond = 1e6;
 
-// Counts frames, prints the lines for the status bar, and stops the loop at the first frame after the time is over.
+// Counts frames, prints the statistics lines, and stops the loop at the first frame after the given time.
 class CCountingView final : public IFrameSink, public IFinishedEvent
 {
 public:

@@ -2,6 +2,7 @@
 
 #include "bench/CBenchmarkWorld.h"
 #include "bench/Measurement.h"
+#include "classes/core/Percent.h"
 #include "simulation/SimulationConstants.h"
 #include "simulation/SimulationKernels.h"
 
@@ -22,13 +23,13 @@ namespace
 {
 
 constexpr std::array c_Counts = {1'000, 3'000, 10'000, 30'000, 100'000, 300'000, 1'000'000};
-constexpr double c_dAreaPerAtom = 100; // square units: half of it filled at radii of 3 to 5
+constexpr double c_dAreaPerAtom = 100; // square units; atoms of radius 3 to 5 fill half of it
 constexpr int c_iTurns = 9;
 constexpr double c_dMillisecondsPerTurn = 100;
 constexpr double c_dNanosecondsPerMillisecond = 1e6;
 constexpr double c_dMicrosecondsPerMillisecond = 1e3;
 
-// Bytes that the program has asked for and not given back; 0 where the library cannot tell.
+// Bytes allocated at present; 0 if the C library cannot tell.
 std::size_t GetAllocatedBytes()
 {
 #ifdef __GLIBC__
@@ -39,7 +40,7 @@ std::size_t GetAllocatedBytes()
 #endif
 }
 
-// Milliseconds per iteration: the median of some turns.
+// Milliseconds per iteration: the median of several turns.
 double MeasureIteration(CBenchmarkWorld& world)
 {
     const auto advance = [&world] { world.Advance(); };
@@ -54,7 +55,7 @@ double MeasureIteration(CBenchmarkWorld& world)
     return GetMedian(times);
 }
 
-// How many collisions an iteration handles per hundred atoms, over some iterations.
+// Collisions per iteration in percent of the atoms, averaged over some iterations.
 double MeasureCollisionPercent(CBenchmarkWorld& world)
 {
     constexpr int c_iIterations = 10;

@@ -1,5 +1,5 @@
 #pragma once
 
-// Prints what an iteration takes, and how much memory a world, for 1,000 to 1,000,000 atoms: once in worlds that grow
-// with them, and once in the largest world.
+// Prints time per iteration and memory for 1,000 to 1,000,000 atoms: first in worlds of constant density, then in the
+// largest world.
 void PrintGrowth();

@@ -1,17 +1,15 @@
 #include "bench/BenchmarkScene.h"
 #include "bench/CBenchmarkWorld.h"
 #include "classes/core/CCpuCapabilities.h"
-#include "simulation/SimulationConstants.h"
 #include "simulation/SimulationKernels.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
 
-// The stages that exist once per instruction set, each with every set that the machine has: the second argument is its
-// number, slowest first. KINETARIUM_CPU plays no part here.
+// The stages that exist once per instruction set, with every set that the processor has. The second argument is the
+// number of the set, slowest first. KINETARIUM_CPU has no effect here.
 
 namespace
 {
@@ -42,7 +40,7 @@ void IterationBySet(benchmark::State& state)
     ShowTimePer(state, "per_atom", scene.atoms);
 }
 
-// Whole groups only: what is left over, less than one group, is one atom in a thousand at most.
+// Whole groups only: the rest, less than one group, is negligible.
 void MoveAndEnter(benchmark::State& state)
 {
     const CScene& scene = GetScene(state);
@@ -56,33 +54,15 @@ void MoveAndEnter(benchmark::State& state)
         const int moved =
             kernels.pMoveAtomGroups(world.atoms.GetAtoms(), count, world.size, world.grid.GetGeometry(), pPlaces);
         benchmark::DoNotOptimize(moved);
-        benchmark::DoNotOptimize(world.grid.GetCellAtoms(0).data()); // the first reader fills the lists
+        benchmark::DoNotOptimize(world.grid.GetCellAtoms(0).data()); // the first read fills the lists
     }
     CountAtoms(state, scene);
     ShowTimePer(state, "per_atom", scene.atoms);
 }
 
-CCellList GetTestedAtoms(CCollisionGrid& grid, int cell)
+std::uint32_t CollideAll(CBenchmarkWorld& world, const CSimulationKernels& kernels)
 {
-    if (cell == grid.GetCellCount())
-    {
-        return {nullptr, 0};
-    }
-    const std::span<CAtom* const> atoms = grid.GetCellAtoms(cell);
-    return {atoms.data(), static_cast<int>(std::min<std::size_t>(atoms.size(), c_iMaxTestedAtomsPerCell))};
-}
-
-std::uint32_t CollideAll(CBenchmarkWorld& world, const CSimulationKernels& kernels, CCellScratch& scratch)
-{
-    std::uint32_t uCollisions = 0;
-    CCellList next = GetTestedAtoms(world.grid, 0);
-    for (int cell = 0; cell < world.grid.GetCellCount(); ++cell)
-    {
-        const CCellList atoms = next;
-        next = GetTestedAtoms(world.grid, cell + 1);
-        uCollisions += kernels.pCollideCell(atoms, next, scratch, world.random);
-    }
-    return uCollisions;
+    return CollideCells(world.grid, world.atoms.GetCount(), world.random, kernels);
 }
 
 void EnterAll(CBenchmarkWorld& world)
@@ -94,7 +74,7 @@ void EnterAll(CBenchmarkWorld& world)
     }
 }
 
-// The atoms further apart from each other, and the world with them.
+// Scales all positions and the size of the world.
 void Stretch(CBenchmarkWorld& world, float fFactor)
 {
     for (std::int32_t i = 0; i < world.atoms.GetCount(); ++i)
@@ -107,17 +87,17 @@ void Stretch(CBenchmarkWorld& world, float fFactor)
     world.grid.Resize(world.size);
 }
 
-// Lets the atoms push each other apart where they are until no two touch; false if they have no room for that. Pushing
-// ends in contact, which counts as touching, so everything is also stretched by a thousandth: more than the tolerance
-// of the push for every sum of two radii.
-bool PushApart(CBenchmarkWorld& world, const CSimulationKernels& kernels, CCellScratch& scratch)
+// Pushes the atoms apart without moving them otherwise, until no two touch; false if they have no room. A push ends in
+// contact, which counts as touching, so each pass also stretches the world by a thousandth: more than the tolerance of
+// the push for any sum of two radii.
+bool PushApart(CBenchmarkWorld& world, const CSimulationKernels& kernels)
 {
     constexpr int c_iMostPasses = 60;
     constexpr float c_fStretch = 1.001F;
     for (int pass = 0; pass < c_iMostPasses; ++pass)
     {
         EnterAll(world);
-        if (CollideAll(world, kernels, scratch) == 0)
+        if (CollideAll(world, kernels) == 0)
         {
             return true;
         }
@@ -137,15 +117,14 @@ double CountPairs(CBenchmarkWorld& world)
     return pairs;
 }
 
-// The pair tests of a world in which nothing touches, so that they are all there is to do. A pair is one that the plain
-// rule tests: two atoms of one cell.
+// The pair tests alone, in a world in which no two atoms touch. A pair is two atoms of one cell, as the plain form
+// tests them.
 void PairTests(benchmark::State& state)
 {
     const CScene& scene = GetScene(state);
     const CSimulationKernels& kernels = GetKernelSet(state, scene);
     CBenchmarkWorld world(scene);
-    CCellScratch scratch;
-    if (!PushApart(world, kernels, scratch))
+    if (!PushApart(world, kernels))
     {
         state.SkipWithError("its atoms have no room to stop touching");
         return;
@@ -153,7 +132,7 @@ void PairTests(benchmark::State& state)
     std::uint32_t uCollisions = 0;
     for ([[maybe_unused]] auto _ : state)
     {
-        uCollisions += CollideAll(world, kernels, scratch);
+        uCollisions += CollideAll(world, kernels);
     }
     if (uCollisions != 0)
     {
@@ -186,7 +165,7 @@ void AddAll(benchmark::internal::Benchmark* pBenchmark)
     AddScenesAndSets(pBenchmark, [](const CScene&) { return true; });
 }
 
-// All but the one whose atoms touch wherever they are.
+// All scenes except the dense one, whose atoms have no room.
 void AddThoseWithRoom(benchmark::internal::Benchmark* pBenchmark)
 {
     AddScenesAndSets(pBenchmark, [](const CScene& scene) { return scene.seed != c_SceneDense.seed; });

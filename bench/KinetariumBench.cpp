@@ -18,7 +18,7 @@ constexpr double c_dDefaultFrameCapSeconds = 5;
 
 int PrintUsage()
 {
-    std::puts("kinetarium-bench --ratios               plain form against the program's own, five scenes;\n"
+    std::puts("kinetarium-bench --ratios               plain form compared with the program's, five scenes;\n"
               "                                        fails if one bit of the results differs\n"
               "kinetarium-bench --growth               time and memory per atom, from 1,000 atoms to 1,000,000\n"
               "kinetarium-bench --frame-cap [SECONDS]  iterations per second of the run loop without drawing");

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-// Milliseconds per call over some calls of action.
+// Milliseconds per call: the average over that many calls of action (at least one).
 template<class Action>
 double MeasureMilliseconds(int calls, Action action)
 {
@@ -18,7 +18,7 @@ double MeasureMilliseconds(int calls, Action action)
     return elapsed.count() / calls;
 }
 
-// The value in the middle, the upper one of two; there must be one.
+// The median, the upper one of an even number of values. The list must not be empty.
 inline double GetMedian(std::vector<double> values)
 {
     const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);

@@ -17,7 +17,7 @@ namespace
 {
 
 constexpr int c_iTurns = 9;
-constexpr double c_dMillisecondsPerTurn = 40; // long enough to measure, short enough to take turns
+constexpr double c_dMillisecondsPerTurn = 40; // long enough to measure, short enough to alternate
 
 bool PrintRatio(const CScene& scene)
 {
@@ -27,7 +27,7 @@ bool PrintRatio(const CScene& scene)
     const auto advancePlain = [&] { plain.Advance(); };
     const auto advanceFast = [&] { fast.Advance(); };
 
-    // The first iteration also warms both up; its time says how many make a turn.
+    // The first iteration also warms up the caches; its time decides the iterations per turn.
     const double first = MeasureMilliseconds(1, advancePlain);
     advanceFast();
     const int iterations = std::max(1, static_cast<int>(c_dMillisecondsPerTurn / first));

@@ -96,8 +96,7 @@ CPair MakePair()
     return {a, b};
 }
 
-// Puts a pair back to where it overlaps by one unit. The velocities stay: each response waits for those of the one
-// before.
+// Moves a pair back to an overlap of one unit. The velocities stay, so each response depends on the one before.
 void Overlap(CPair& pair)
 {
     pair.first.x = pair.second.x = c_fMiddle;
@@ -105,7 +104,7 @@ void Overlap(CPair& pair)
     pair.second.x += c_fDistance;
 }
 
-// One pair again and again: the time of a response from end to end.
+// One pair repeatedly: the latency of a response.
 void Response(benchmark::State& state)
 {
     CRandom random(1);
@@ -118,7 +117,7 @@ void Response(benchmark::State& state)
     }
 }
 
-// Many pairs that have nothing to do with each other: what a response costs while others are under way.
+// Many independent pairs: the throughput of responses that overlap in the processor.
 void ResponsesOfManyPairs(benchmark::State& state)
 {
     constexpr int c_iPairs = 256;

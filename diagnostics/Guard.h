@@ -11,15 +11,15 @@
 //
 //     return Traced({m_pDebugLog, __TIMESTAMP__}, false, [&] { ...; return true; });
 //
-// Traced opens a profiling scope named for the calling method and runs the body inside a catch-all guard: whatever is
-// thrown is reported with the method's signature, file, line and time stamp, and the method ends with its failure
-// value. Guarded is the guard without the scope, for what runs per message or per pair of atoms: while nothing is
-// thrown it costs no more than the three stores that fill in the site.
+// Traced opens a profiling scope with the name of the calling method and runs the body inside a catch-all guard. The
+// guard reports any exception with the method's signature, file, line and time stamp, and returns the method's failure
+// value. Guarded is the guard without the scope, for methods that run per message or per pair of atoms: without an
+// exception it costs only the three stores that fill in the site.
 
-// The method that is traced: where it stands, and which log hears of it.
+// The traced method: its place in the source, and the log for its reports.
 struct CTraceSite
 {
-    // pDebugLog may be null. The location is that of the braces in which the site is written.
+    // pLog may be null. The location is that of the braces in which the caller writes the site.
     constexpr CTraceSite(std::wstring* pLog, const char* sTimeStamp,
                          CSourceLocation location = CSourceLocation::current()) noexcept
         : pDebugLog(pLog), sBuildTimeStamp(sTimeStamp), where(location)
@@ -31,13 +31,13 @@ struct CTraceSite
     CSourceLocation where;
 };
 
-// "<signature> - Line <line> - File <path>", the name of the method's profiling scope.
+// "<signature> - Line <line> - File <path>": the name of the method's profiling scope.
 std::string FormatScopeText(const CTraceSite& site);
 
-// Reports the exception being handled as one that the site's guard caught. For guards only.
+// Reports the exception that is being handled. Only for the guards below, inside a catch block.
 [[gnu::cold, gnu::noinline]] void ReportException(const CTraceSite& site) noexcept;
 
-// Runs the body; whatever it throws is reported and swallowed.
+// Runs the body; reports and swallows any exception.
 template<class F>
 void Guarded(const CTraceSite& site, F&& body) noexcept
 {
@@ -51,11 +51,11 @@ void Guarded(const CTraceSite& site, F&& body) noexcept
     }
 }
 
-// Returns what the body returns; whatever it throws is reported, and failure is returned instead.
+// Returns the result of the body. Reports any exception, and then returns failure.
 template<class R, class F>
 R Guarded(const CTraceSite& site, R failure, F&& body) noexcept
 {
-    static_assert(std::is_nothrow_move_constructible_v<R>, "the failure value must come back whatever happens");
+    static_assert(std::is_nothrow_move_constructible_v<R>, "returning the failure value must not throw");
     try
     {
         return std::forward<F>(body)();
@@ -67,8 +67,8 @@ R Guarded(const CTraceSite& site, R failure, F&& body) noexcept
     return failure;
 }
 
-// As Guarded, inside a profiling scope, which also covers the reporting. A scope that cannot be opened is a failure of
-// the method.
+// Like Guarded, inside a profiling scope, which also covers the reporting. If the scope cannot be opened, reports that
+// and returns failure without running the body.
 template<class F>
 void Traced(const CTraceSite& site, F&& body) noexcept
 {

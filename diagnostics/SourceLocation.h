@@ -4,14 +4,14 @@
 
 #ifdef __cpp_lib_source_location
 
-// Where in the source something is called: file, line, and the function's full signature.
+// The place of a call in the source: file, line, and the full signature of the function.
 using CSourceLocation = std::source_location;
 
 #else
 
 #include <cstdint>
 
-// The same three facts for compilers whose library has no std::source_location yet. The function is its bare name.
+// The same for standard libraries without std::source_location. Here function_name() is the bare name.
 class CSourceLocation
 {
 public:

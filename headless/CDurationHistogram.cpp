@@ -1,5 +1,7 @@
 #include "headless/CDurationHistogram.h"
 
+#include "classes/core/Percent.h"
+
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -14,7 +16,6 @@ constexpr std::uint64_t c_uSteps = 1U << (c_iKeptBits - 1);
 constexpr std::uint64_t c_uExactBelow = 2 * c_uSteps;
 constexpr int c_iDurationBits = 64;
 constexpr std::size_t c_uBins = (c_iDurationBits - c_iKeptBits + 2) * c_uSteps;
-constexpr double c_dPercent = 100.0;
 
 std::size_t GetBin(std::uint64_t uNanoSeconds)
 {

@@ -1,5 +1,6 @@
 #include "headless/CProgressBar.h"
 
+#include "classes/core/Percent.h"
 #include "headless/NumberText.h"
 
 #include <cmath>
@@ -8,7 +9,6 @@ namespace
 {
 
 constexpr std::uint64_t c_uBarChars = 30;
-constexpr double c_dPercent = 100.0;
 constexpr std::chrono::milliseconds c_UpdatePeriod{100};
 constexpr double c_dSecondsPerMinute = 60;
 constexpr double c_dSecondsPerHour = 3600;

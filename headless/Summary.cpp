@@ -1,5 +1,6 @@
 #include "headless/Summary.h"
 
+#include "classes/core/Percent.h"
 #include "classes/core/Utf8.h"
 #include "headless/NumberText.h"
 
@@ -10,7 +11,6 @@
 namespace
 {
 
-constexpr double c_dPercent = 100.0;
 constexpr double c_dNanoSecondsPerMs = 1e6;
 constexpr double c_dMedian = 50.0;
 constexpr double c_dHighPercentile = 95.0;

@@ -20,17 +20,17 @@ CAtoms& CAtoms::operator=(CAtoms&& other) noexcept
 
 void CAtoms::Allocate(std::int32_t count)
 {
-    // The old array goes first: two of them at a time would double the memory of a large world.
+    // Free the old array first: two arrays at a time would double the memory of a large world.
     m_pAtoms.reset();
     m_iCount = 0;
     m_Velocities = {};
     if (count < 0)
     {
-        throw std::length_error("the number of atoms is below zero");
+        throw std::length_error("the number of atoms is negative");
     }
+    // An empty set needs no memory, so making one cannot fail.
     if (count > 0)
     {
-        // An empty set needs no memory, so that it can always be had.
         m_pAtoms = std::make_unique<CAtom[]>(static_cast<std::size_t>(count));
         m_iCount = count;
     }

@@ -16,8 +16,8 @@ struct CVelocityStatistics
     bool operator==(const CVelocityStatistics&) const = default;
 };
 
-// All atoms of a world in one array, with the velocity statistics of the last iteration. The array never grows or
-// shrinks while a simulation runs.
+// All atoms of a world in one array, and the velocity statistics of the last iteration. The size of the array does not
+// change while a simulation runs.
 class CAtoms
 {
 public:
@@ -28,8 +28,8 @@ public:
     CAtoms& operator=(const CAtoms&) = delete;
     ~CAtoms() = default;
 
-    // Frees the atoms there are and makes count new ones with every field zero. Throws std::length_error (count below
-    // zero) or std::bad_alloc and then leaves an empty set: no atoms, statistics zero.
+    // Frees the present atoms and makes count new ones with every field zero. Throws std::length_error (negative count)
+    // or std::bad_alloc; the set is then empty: no atoms, statistics zero.
     void Allocate(std::int32_t count);
 
     CAtom* GetAtoms() { return m_pAtoms.get(); }

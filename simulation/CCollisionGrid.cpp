@@ -7,11 +7,11 @@
 namespace
 {
 
-// The list that an atom goes to is fetched while so many atoms before it are entered.
+// The list that an atom goes to is prefetched this many atoms before the atom is entered.
 constexpr std::size_t c_uFillAhead = 24;
 
-// Calls action(cell) for the cell of a place and for each neighbour it names. (Entering the first neighbour without a
-// branch, into a spare cell where there is none, was tried: it is slower, as nine of ten atoms have none.)
+// Calls action(cell) for the cell of a place and for each neighbour that it names. (A form without a branch for the
+// first neighbour, which entered the atom into a spare cell if there is none, was slower: nine of ten atoms have none.)
 template<class Action>
 void ForEachCell(std::uint32_t uPlace, const CGridGeometry& geometry, Action action)
 {
@@ -20,7 +20,7 @@ void ForEachCell(std::uint32_t uPlace, const CGridGeometry& geometry, Action act
     for (std::uint32_t uLeft = GetPlaceNeighbours(uPlace); uLeft != 0; uLeft &= uLeft - 1)
     {
         const int step = geometry.neighbourSteps[static_cast<std::size_t>(std::countr_zero(uLeft))];
-        action(uCell + static_cast<std::size_t>(step)); // a step back wraps round to it
+        action(uCell + static_cast<std::size_t>(step)); // a negative step wraps around to the right index
     }
 }
 
@@ -77,7 +77,7 @@ std::span<CAtom* const> CCollisionGrid::GetCellAtoms(int cell)
     return {m_Entries.data() + uFirst, uEnd - uFirst};
 }
 
-// Leaves in m_Ends[c + 1] the index of the first entry of cell c, and returns how many entries there are.
+// Counts the entries of each cell, sets m_Ends[c + 1] to the index of the first entry of cell c, and returns the total.
 std::uint32_t CCollisionGrid::CountEntries()
 {
     std::fill(m_Ends.begin(), m_Ends.end(), 0U);
@@ -94,13 +94,14 @@ std::uint32_t CCollisionGrid::CountEntries()
     return uTotal;
 }
 
-// Each cell's end starts at its first entry and moves on with every entry, until it is where the next cell begins.
+// The second half of the counting sort: the end of each cell starts at its first entry and advances with every entry,
+// until it is where the next cell begins.
 void CCollisionGrid::FillCells()
 {
     const std::uint32_t uEntries = CountEntries();
     if (m_Entries.size() < uEntries)
     {
-        // With room for more, as the number of entries changes a little in every iteration.
+        // Half as many again, because the number of entries varies a little from one iteration to the next.
         m_Entries.resize(uEntries + uEntries / 2);
     }
     std::uint32_t* const pEnds = m_Ends.data() + 1;

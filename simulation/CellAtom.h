@@ -2,8 +2,8 @@
 
 #include "simulation/CAtom.h"
 
-// An atom while its cell is at work: a copy laid out so that position and velocity are one vector of four floats, and
-// a whole cell lies close together. Written back when the cell is done.
+// The copy of an atom that the pair tests of a cell work on: position and velocity are adjacent pairs of floats, which
+// load as halves of one vector, and all atoms of the cell are contiguous. Written back when the cell is done.
 struct alignas(32) CCellAtom
 {
     float x;
@@ -12,7 +12,7 @@ struct alignas(32) CCellAtom
     float vy;
     float speed;
     float radius;
-    float searchedX; // where the search has seen it
+    float searchedX; // its position when the search last looked at it
     float searchedY;
 };
 
@@ -25,7 +25,7 @@ static inline CCellAtom MakeCellAtom(const CAtom& atom)
 
 static inline void WriteBack(const CCellAtom& from, CAtom& to)
 {
-    to.x = from.x; // NOLINT(clang-analyzer-core.uninitialized.Assign): a cell is opened before it is closed
+    to.x = from.x; // NOLINT(clang-analyzer-core.uninitialized.Assign): OpenCell comes before CloseCell
     to.y = from.y;
     to.speed = from.speed;
     to.vx = from.vx;

@@ -5,10 +5,10 @@
 
 #include <cstdint>
 
-// The most floats that a kernel handles at a time.
+// The most lanes of any instruction set.
 constexpr int c_iMaxLanes = 16;
 
-// Pairs per row of the search from which on a cell counts as dense, and what the first rows may have beyond that.
+// A cell is dense if, after any row of the search, it has more than 12 pairs per row so far plus 64.
 constexpr int c_iDensePairsPerRow = 12;
 constexpr int c_iDensePairsSlack = 64;
 
@@ -19,9 +19,8 @@ struct CCellList
     int count;
 };
 
-// Working memory of the pair tests of one cell: copies of its atoms, their positions and radii side by
-// side, and the pairs found. Made
-// once and used for every cell, so that it stays in the nearest cache.
+// Working memory of the pair tests of one cell: copies of its atoms, their positions and radii as arrays, and the pairs
+// found. One object serves all cells, so that it stays in the cache.
 struct CCellScratch
 {
     static constexpr int c_iAtoms = c_iMaxTestedAtomsPerCell + 2 * c_iMaxLanes;
@@ -31,13 +30,13 @@ struct CCellScratch
 
     alignas(64) CCellAtom atoms[c_iMaxTestedAtomsPerCell];
 
-    // What the search looks at; a copy that stands still while responses move the atoms above.
+    // Noted positions (world units) and radii: the search reads these, while responses move the atoms above.
     alignas(64) float x[c_iAtoms];
     alignas(64) float y[c_iAtoms];
     alignas(64) float radius[c_iAtoms];
-    float originX; // of the points
+    float originX; // of the points, world units
     float originY;
-    alignas(64) std::int32_t points[c_iAtoms]; // x and y as whole numbers of 16 bits each, see MakePoint
-    alignas(64) std::uint32_t pairs[c_iPairs]; // found by the search, in order
-    std::uint32_t latePairs[c_iLatePairs];     // found later, for atoms that were pushed far, in order
+    alignas(64) std::int32_t points[c_iAtoms]; // packed points: x in the lower 16 bits, y in the upper 16
+    alignas(64) std::uint32_t pairs[c_iPairs]; // found by the search, ascending
+    std::uint32_t latePairs[c_iLatePairs];     // found later, for atoms that were pushed far, ascending
 };

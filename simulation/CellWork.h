@@ -5,35 +5,35 @@
 
 class CRandom;
 
-// A cell on the workbench: its atoms copied and noted, and those of the next cell on their way.
-//
-// Everything here is static: it is compiled once per instruction set, and the linker must not merge the copies.
+// Opens and closes a cell for the pair tests, and prefetches the atoms of the next one. The functions are static, see
+// SimulationKernelSets.h.
 
-// One cell at work.
+// A cell at work.
 struct CCell
 {
     int count;
     CCellList next;
     CCellScratch& scratch;
     CRandom& random;
-    float minRadius;
+    float minRadius; // of its atoms, world units
     float maxRadius;
 };
 
-// The atoms of a cell lie anywhere in memory: fetched while the cell before is at work, they are near when their turn
-// comes.
-// (Always inlined: GCC takes a function that only prefetches for one without effect and drops the calls.)
+// Prefetches one atom of the list, if there is one at the index. The atoms of a cell are scattered in memory;
+// prefetched while the cell before is at work, they are in the cache when their turn comes. (Always inlined: GCC takes
+// a function that only prefetches for one without effect and drops the calls.)
 __attribute__((always_inline)) static inline void Prefetch(const CCellList& list, int index)
 {
     if (index < list.count)
     {
         const CAtom* const pAtom = list.ppAtoms[index];
         __builtin_prefetch(pAtom);
-        // An atom may reach over into a second cache line.
+        // An atom may cross into a second cache line.
         __builtin_prefetch(&pAtom->reserved);
     }
 }
 
+// Prefetches all atoms from an index on.
 __attribute__((always_inline)) static inline void PrefetchFrom(const CCellList& list, int firstIndex)
 {
     for (int index = firstIndex; index < list.count; ++index)
@@ -42,7 +42,7 @@ __attribute__((always_inline)) static inline void PrefetchFrom(const CCellList& 
     }
 }
 
-// Copies the atoms and notes where they are.
+// Copies the atoms into scratch and notes their positions and radii. The list must not be empty.
 static inline CCell OpenCell(const CCellList& list, const CCellList& next, CCellScratch& scratch, CRandom& random)
 {
     CAtom* const* const ppAtoms = list.ppAtoms;
@@ -62,6 +62,7 @@ static inline CCell OpenCell(const CCellList& list, const CCellList& next, CCell
     return {count, next, scratch, random, static_cast<float>(minRadius), static_cast<float>(maxRadius)};
 }
 
+// Writes the copies back to the atoms of the list.
 static inline void CloseCell(const CCell& cell, CAtom* const* ppAtoms)
 {
     for (int i = 0; i < cell.count; ++i)

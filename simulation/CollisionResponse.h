@@ -8,19 +8,22 @@
 
 class CRandom;
 
-// The response to one touching pair, with both atoms side by side in one vector register: lanes ax, ay, bx, by. Every
-// lane computes what the scalar formula says, in its order, so that the bits are those of the formula. What limits it
-// is latency: four square roots and three divisions, each waiting for the one before (some 190 cycles), so it is
-// written without branches where the common case has none, and several responses overlap in the processor.
+// The response to one touching pair, with both atoms in one vector register: lanes ax, ay, bx, by. Each lane computes
+// the scalar formula, operation by operation in its order; tests/reference/ReferenceCollision.cpp has that formula. No
+// operation may be reordered or fused, because the bits would change. (Only the operands of one addition may be
+// swapped.)
 //
-// Everything here is static: it is compiled once per instruction set, and the linker must not merge the copies.
+// The cost is latency: four square roots and three divisions in a chain (some 190 cycles). So the usual case has no
+// branches, and several responses overlap in the processor.
+//
+// The functions are static, see SimulationKernelSets.h.
 
-// Moves coincident centres by random steps until the line between them has a direction. False where that cannot be:
-// millions of units away from the origin both positions swallow every step.
+// Moves coincident centres by random steps of at most c_fMaxJitter per axis until their distance is above
+// c_fCoincidenceLimit. False if that is impossible: millions of units from the origin every step rounds to nothing.
 bool JitterCentresApart(CCellAtom& a, CCellAtom& b, CRandom& random);
 
-// {first[0], first[1], second[0], second[1]}. Positions and velocities are loaded and stored apart from each other:
-// the next response of an atom needs its position long before its velocity is ready.
+// {first[0], first[1], second[0], second[1]}. Positions and velocities are loaded and stored separately, because the
+// next response of an atom needs its position long before its velocity is ready.
 static inline __m128 LoadPairs(const float* pFirst, const float* pSecond)
 {
     const __m128 first = _mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(pFirst)));
@@ -33,25 +36,25 @@ static inline void StorePairs(float* pFirst, float* pSecond, __m128 pairs)
     _mm_storeh_pi(reinterpret_cast<__m64*>(pSecond), pairs);
 }
 
-// The lanes of each pair changed over.
+// {v1, v0, v3, v2}
 static inline __m128 SwapWithin(__m128 v)
 {
     return _mm_shuffle_ps(v, v, _MM_SHUFFLE(2, 3, 0, 1));
 }
 
-// The two pairs changed over.
+// {v2, v3, v0, v1}
 static inline __m128 SwapPairs(__m128 v)
 {
     return _mm_shuffle_ps(v, v, _MM_SHUFFLE(1, 0, 3, 2));
 }
 
-// {v0 + v1, v0 + v1, v2 + v3, v2 + v3}; a sum of two does not depend on their order.
+// {v0 + v1, v1 + v0, v2 + v3, v3 + v2}: both lanes of a pair get the same bits, as addition is commutative.
 static inline __m128 AddWithin(__m128 v)
 {
     return _mm_add_ps(v, SwapWithin(v));
 }
 
-// The line of centres in all lanes: direction {dx, dy, dx, dy}, from b to a, and distance.
+// The line of centres: direction {dx, dy, dx, dy} from b to a, not normalised, and the distance in all lanes.
 struct CLineLanes
 {
     __m128 direction;
@@ -64,7 +67,7 @@ static inline CLineLanes GetLine(__m128 centres)
     return {direction, _mm_sqrt_ps(AddWithin(_mm_mul_ps(direction, direction)))};
 }
 
-// {step, step, -step, -step}: half of the overlap along the line of centres, away from each other.
+// {sx, sy, -sx, -sy} with s = direction / distance * overlap * 0.5, in this order.
 static inline __m128 GetStepsApart(const CLineLanes& line, __m128 overlap)
 {
     const __m128 step =
@@ -72,9 +75,10 @@ static inline __m128 GetStepsApart(const CLineLanes& line, __m128 overlap)
     return _mm_xor_ps(step, _mm_setr_ps(0.0F, 0.0F, -0.0F, -0.0F));
 }
 
-// Pushes the centres apart until they just touch; walls and other atoms are not looked at. Ends also when a pass has
-// changed none of the four coordinates, since no further one would: far out one step of a float is larger than the
-// rest of the overlap. False when the centres coincide and cannot be jittered apart, so that there is no line.
+// Pushes the centres apart until the atoms just touch (overlap at most c_fOverlapLimit); ignores walls and other atoms.
+// Also ends when a pass has changed none of the four coordinates, because no later pass would: far from the origin the
+// spacing of floats is larger than the rest of the overlap. False if the centres coincide and cannot be jittered apart;
+// then there is no line of centres.
 static inline bool Separate(CCellAtom& a, CCellAtom& b, __m128& centres, CLineLanes& line, __m128 radiusSum,
                             CRandom& random)
 {
@@ -102,8 +106,9 @@ static inline bool Separate(CCellAtom& a, CCellAtom& b, __m128& centres, CLineLa
     return true;
 }
 
-// Equal masses, fully elastic: the components along the normal change places, the tangential ones stay. The tangent is
-// the normal turned by a right angle, {-ny, nx}.
+// The elastic collision of equal masses: the two atoms exchange their velocity components along the unit normal n =
+// {nx, ny, nx, ny} and keep those along the tangent t = {-ny, nx}:
+//   a' = (a . t) t + (b . n) n,  b' = (b . t) t + (a . n) n
 static inline __m128 ExchangeNormalComponents(__m128 velocities, __m128 normal)
 {
     const __m128 tangent = _mm_xor_ps(SwapWithin(normal), _mm_setr_ps(-0.0F, 0.0F, -0.0F, 0.0F));
@@ -118,7 +123,8 @@ static inline __m128 GetSpeeds(__m128 velocities)
     return _mm_sqrt_ps(AddWithin(_mm_mul_ps(velocities, velocities)));
 }
 
-// What each velocity is to be multiplied by so that the sum of both speeds is what it was; 1 for an atom at rest.
+// The factors by which to multiply the velocities so that the speeds sum up to oldSpeedSum again:
+//   (speed + (oldSpeedSum - speedSum) * 0.5) / speed, and 1 for an atom at rest (speed <= c_fRestLimit)
 static inline __m128 GetCorrectionFactors(__m128 speeds, float oldSpeedSum)
 {
     const __m128 speedSum = _mm_add_ps(speeds, SwapPairs(speeds));
@@ -128,7 +134,7 @@ static inline __m128 GetCorrectionFactors(__m128 speeds, float oldSpeedSum)
     return _mm_or_ps(_mm_and_ps(atRest, _mm_set1_ps(1.0F)), _mm_andnot_ps(atRest, factors));
 }
 
-// The response to a pair that is known to touch. radiusSum is the sum of both radii.
+// The response to a pair that touches. radiusSum is the sum of both radii.
 static inline void RespondToTouch(CCellAtom& a, CCellAtom& b, float radiusSum, CRandom& random)
 {
     __m128 centres = LoadPairs(&a.x, &b.x);
@@ -147,7 +153,7 @@ static inline void RespondToTouch(CCellAtom& a, CCellAtom& b, float radiusSum, C
     b.speed = _mm_cvtss_f32(_mm_movehl_ps(speeds, speeds));
 }
 
-// The same for two atoms by themselves.
+// The same for two atoms outside of a cell at work.
 static inline void RespondToTouch(CAtom& a, CAtom& b, CRandom& random)
 {
     CCellAtom cellA = MakeCellAtom(a);

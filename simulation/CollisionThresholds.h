@@ -6,11 +6,11 @@
 #include <bit>
 #include <cstdint>
 
-// The tolerant comparisons of the collision response widen a float to double, subtract and compare. Each splits the
-// floats at one point, so a single comparison of floats decides the same, and the compiler finds that point with the
-// tolerant comparison itself.
+// The tolerant comparisons of the collision response widen a float to double, subtract and compare. Each is monotonic:
+// there is one float up to which it holds and above which it fails. So one comparison of floats with that threshold
+// gives the same decision. The compiler finds each threshold by bisection with the tolerant comparison itself.
 
-// The largest positive float for which the rule holds. The rule must hold at 0, fail at 1, and change over only once.
+// The largest positive float for which the rule holds. The rule must hold at 0, fail at 1, and be monotonic.
 template<class Rule>
 constexpr float FindLargestFloat(Rule rule)
 {
@@ -18,7 +18,7 @@ constexpr float FindLargestFloat(Rule rule)
     std::uint32_t uFails = std::bit_cast<std::uint32_t>(1.0F);
     while (uFails - uHolds > 1)
     {
-        // Positive floats are ordered as their bits are.
+        // Positive floats sort as their bits do.
         const std::uint32_t uMiddle = uHolds + (uFails - uHolds) / 2;
         (rule(static_cast<double>(std::bit_cast<float>(uMiddle))) ? uHolds : uFails) = uMiddle;
     }

@@ -2,6 +2,6 @@
 
 #include <cstdint>
 
-// How long to wait after a pass that took that many milliseconds, in microseconds, so that passes begin at most 60
-// times per second. 0 for a pass that took the whole period or more, and for one too short for the clock to see.
+// Microseconds to wait after a pass that took passMs milliseconds, so that at most 60 passes per second begin. 0 if the
+// pass took the whole period or more, if passMs is NaN, and if it is not above 0 (too short for the clock).
 std::int64_t GetFrameCapWait(float passMs);

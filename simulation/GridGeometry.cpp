@@ -64,7 +64,7 @@ std::uint32_t CGridGeometry::Locate(float x, float y, float radius) const
     const bool bWest = left >= x - radius;
     if (!(bNorth || bEast || bSouth || bWest))
     {
-        // Most atoms end here: a corner lies within the circle only where two sides do.
+        // Most atoms end here. A circle that reaches no edge reaches no corner.
         return uPlace;
     }
 

@@ -17,7 +17,7 @@ float GetDistance(const Atom& a, const Atom& b)
     return std::sqrt(dx * dx + dy * dy);
 }
 
-// Whether the coordinate is so large that no jitter changes it: then rounding swallows the smaller ones too.
+// True if the coordinate is so large that the largest jitter does not change it; then no smaller one does either.
 bool IsBeyondJitter(float coordinate)
 {
     return coordinate + c_fMaxJitter == coordinate && coordinate - c_fMaxJitter == coordinate;

@@ -1,6 +1,6 @@
 #pragma once
 
-// The event by which whoever stops the worker learns that its loop has ended. It stays set until it is reset.
+// The event that tells the thread that stops the worker that the loop has ended. Stays set until it is reset.
 struct IFinishedEvent
 {
     virtual ~IFinishedEvent() = default;

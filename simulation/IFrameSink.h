@@ -2,15 +2,15 @@
 
 class CWString;
 
-// What the simulation worker tells the outside. Both calls come from the worker's thread and are synchronous: the
-// worker waits, and so leaves the atoms alone, until they return.
+// The calls of the simulation worker to its window. Both come from the worker's thread and are synchronous: the worker
+// waits until they return, and does not touch the atoms meanwhile.
 struct IFrameSink
 {
     virtual ~IFrameSink() = default;
 
-    // An iteration is done: draw the atoms.
+    // Draws the atoms, after an iteration.
     virtual void DrawFrame() = 0;
 
-    // About once a second: the line for the status bar.
+    // Shows the line in the status bar; comes about once a second.
     virtual void ShowStatistics(const CWString& line) = 0;
 };

@@ -13,8 +13,8 @@
 namespace
 {
 
-// Mirrors a coordinate that has gone beyond the wall at 0 or at length, once. What is still outside afterwards stays
-// there for now; touching is no bounce.
+// Mirrors a coordinate once if the atom has crossed the wall at 0 or at length (world units). An atom that is still
+// outside afterwards stays there until the next iteration. Touching a wall is no bounce.
 void Reflect(float& position, float& velocity, int radius, int length)
 {
     const auto r = static_cast<float>(radius);
@@ -40,7 +40,7 @@ void MoveAtom(CAtom& atom, const CSize<int>& world)
     Reflect(atom.x, atom.vx, atom.radius, world.cx);
 }
 
-// Moves all atoms and enters them into the grid, most of them in groups.
+// Moves all atoms and enters them into the grid: whole groups by the kernel, the rest one by one.
 void MoveAtoms(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, const CSimulationKernels& kernels)
 {
     const CGridGeometry& geometry = grid.GetGeometry();
@@ -54,35 +54,8 @@ void MoveAtoms(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, con
     }
 }
 
-// The first c_iMaxTestedAtomsPerCell atoms of a cell; none for the cell behind the last.
-CCellList GetTestedAtoms(CCollisionGrid& grid, int cell)
-{
-    if (cell == grid.GetCellCount())
-    {
-        return {nullptr, 0};
-    }
-    const std::span<CAtom* const> atoms = grid.GetCellAtoms(cell);
-    return {atoms.data(), static_cast<int>(std::min<std::size_t>(atoms.size(), c_iMaxTestedAtomsPerCell))};
-}
-
-// From so many atoms on the array no longer fits into the second-level cache (usually 1 to 2 MB).
+// From this many atoms on, the array no longer fits into the second-level cache (usually 1 to 2 MB).
 constexpr std::int32_t c_iPrefetchAtoms = 1'000'000 / static_cast<std::int32_t>(sizeof(CAtom));
-
-std::uint32_t CollideCells(CCollisionGrid& grid, std::int32_t atomCount, CRandom& random,
-                           const CSimulationKernels& kernels)
-{
-    CCellScratch scratch;
-    const CCellList none = {nullptr, 0};
-    std::uint32_t uCollisions = 0;
-    CCellList next = GetTestedAtoms(grid, 0);
-    for (int cell = 0; cell < grid.GetCellCount(); ++cell)
-    {
-        const CCellList atoms = next;
-        next = GetTestedAtoms(grid, cell + 1);
-        uCollisions += kernels.pCollideCell(atoms, atomCount < c_iPrefetchAtoms ? none : next, scratch, random);
-    }
-    return uCollisions;
-}
 
 } // namespace
 
@@ -98,6 +71,32 @@ std::uint32_t AdvanceOneIteration(CAtoms& atoms, CCollisionGrid& grid, const CSi
     MoveAtoms(atoms, grid, world, kernels);
     const std::uint32_t uCollisions = CollideCells(grid, atoms.GetCount(), random, kernels);
     ComputeVelocityStatistics(atoms);
+    return uCollisions;
+}
+
+CCellList GetTestedAtoms(CCollisionGrid& grid, int cell)
+{
+    if (cell == grid.GetCellCount())
+    {
+        return {nullptr, 0};
+    }
+    const std::span<CAtom* const> atoms = grid.GetCellAtoms(cell);
+    return {atoms.data(), static_cast<int>(std::min<std::size_t>(atoms.size(), c_iMaxTestedAtomsPerCell))};
+}
+
+std::uint32_t CollideCells(CCollisionGrid& grid, std::int32_t atomCount, CRandom& random,
+                           const CSimulationKernels& kernels)
+{
+    CCellScratch scratch;
+    const CCellList none = {nullptr, 0};
+    std::uint32_t uCollisions = 0;
+    CCellList next = GetTestedAtoms(grid, 0);
+    for (int cell = 0; cell < grid.GetCellCount(); ++cell)
+    {
+        const CCellList atoms = next;
+        next = GetTestedAtoms(grid, cell + 1);
+        uCollisions += kernels.pCollideCell(atoms, atomCount < c_iPrefetchAtoms ? none : next, scratch, random);
+    }
     return uCollisions;
 }
 

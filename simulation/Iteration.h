@@ -7,17 +7,28 @@
 class CAtoms;
 class CCollisionGrid;
 class CRandom;
+struct CCellList;
 struct CSimulationKernels;
 
-// Moves every atom by its velocity, reflects it at the walls, enters all into the grid (sized for this world before),
-// lets touching atoms collide cell by cell, and refreshes the velocity statistics. Returns the number of collisions
-// handled; a pair that shares several cells counts once in each. Throws std::bad_alloc while the grid still grows.
+// Moves every atom by its velocity, reflects it at the walls, enters all atoms into the grid (which must have been
+// resized to this world), lets touching atoms collide cell by cell, and updates the velocity statistics. Returns the
+// number of collisions; a pair that shares several cells counts once in each. Throws std::bad_alloc if the grid cannot
+// grow.
 std::uint32_t AdvanceOneIteration(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRandom& random);
 
-// The same with kernels of the caller's choice; all give the same bits.
+// The same with the given kernels; all kernels give the same bits.
 std::uint32_t AdvanceOneIteration(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRandom& random,
                                   const CSimulationKernels& kernels);
 
-// Minimum, maximum, total and average of sqrt(vx * vx + vy * vy) over all atoms, added up in array order in single
-// precision. All zero for an empty set.
+// The step of an iteration that tests the pairs of all cells, cell by cell, and lets touching atoms collide. Returns
+// the number of collisions. atomCount is that of the world.
+std::uint32_t CollideCells(CCollisionGrid& grid, std::int32_t atomCount, CRandom& random,
+                           const CSimulationKernels& kernels);
+
+// The atoms of a cell that take part in its pair tests: the first c_iMaxTestedAtomsPerCell. None for cell ==
+// GetCellCount(), the one after the last.
+CCellList GetTestedAtoms(CCollisionGrid& grid, int cell);
+
+// Minimum, maximum, total and average of sqrt(vx * vx + vy * vy) over all atoms, in world units per iteration. The
+// total is added up in array order in single precision; another order would change its bits. All zero for an empty set.
 void ComputeVelocityStatistics(CAtoms& atoms);

@@ -12,15 +12,15 @@
 namespace
 {
 
-// The start point moved so far into the world that the largest atom fits; where none fits, its radius from the left or
-// top wall.
+// The start point, clamped so that the largest atom is inside the walls. In a world too small for that: its radius from
+// the left or top wall.
 CPoint<float> FitIntoWorld(const CPoint<int>& point, const CSize<int>& world, int radius)
 {
     return {static_cast<float>(std::max(radius, std::min(point.x, world.cx - radius))),
             static_cast<float>(std::max(radius, std::min(point.y, world.cy - radius)))};
 }
 
-// Drawn with the largest radius of all, as the atom's own is not drawn yet.
+// Keeps the largest radius away from the walls, because the radius of this atom is drawn later.
 CPoint<float> DrawPosition(const CSize<int>& world, int radius, CRandom& random)
 {
     const auto low = static_cast<float>(radius);
@@ -37,7 +37,7 @@ void DrawVelocity(CAtom& atom, CRandom& random)
     atom.speed = std::sqrt(atom.vx * atom.vx + atom.vy * atom.vy);
 }
 
-// The order of the draws is part of what a seed means: x, y, vx, vy, radius.
+// The order of the draws must not change, or seeds would give other worlds: x, y, vx, vy, radius.
 void CreateAtoms(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, std::uint8_t minRadius,
                  std::uint8_t maxRadius, const CPoint<int>* pStart, CRandom& random)
 {
@@ -68,7 +68,7 @@ void Populate(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, std:
     }
     catch (...)
     {
-        // The grid must not point at atoms that are gone.
+        // The grid must not point to freed atoms.
         grid.Clear();
         atoms.Allocate(0);
         throw;

@@ -17,7 +17,7 @@ static_assert(std::atomic<bool>::is_always_lock_free && sizeof(std::atomic<bool>
 namespace
 {
 
-// Resets the event, and sets it however the scope is left.
+// Resets the event, and sets it at the end of the scope, also after an exception.
 class CFinishedScope
 {
 public:
@@ -30,7 +30,7 @@ private:
     IFinishedEvent& m_Finished;
 };
 
-// Sums up passes and knows when a line is due.
+// Sums up passes, and reports a line when one is due.
 class CReporter
 {
 public:

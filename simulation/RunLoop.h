@@ -12,11 +12,11 @@ class CRandom;
 struct IFinishedEvent;
 struct IFrameSink;
 
-// The body of the simulation worker: iterates, has every frame drawn, keeps to at most 60 passes per second and shows
-// a statistics line about once a second, until running is false. It looks at running before each pass and right after
-// the drawing, so a stop is followed by no further frame and no line for the last part of a second.
+// The body of the simulation worker: iterates, has each frame drawn, keeps to at most 60 passes per second, and shows a
+// statistics line about once a second, until running is false. Reads running before each pass and right after drawing:
+// after a stop there is no further frame, and no line for the last part of a second.
 //
-// The finished event is reset first and set last, also with no atoms and whatever is thrown in between; an exception
-// is reported and ends the run. pDebugLog may be null.
+// The finished event is reset first and set last, also without atoms and after an exception. An exception is reported
+// and ends the run. pDebugLog may be null.
 void RunLoop(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRandom& random,
              const std::atomic<bool>& running, IFinishedEvent& finished, IFrameSink& sink, std::wstring* pDebugLog);

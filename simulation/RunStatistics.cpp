@@ -1,5 +1,6 @@
 #include "simulation/RunStatistics.h"
 
+#include "classes/core/Percent.h"
 #include "simulation/SimulationConstants.h"
 
 CWString FormatStatisticsLine(const CRunStatistics& statistics)

@@ -9,23 +9,22 @@
 namespace
 {
 
-// Each set of instructions includes the ones before it.
-constexpr std::array c_Kernels = {c_BaselineKernels, c_Avx2Kernels, c_Avx512Kernels};
-
 std::size_t CountKernels(const CCpuCapabilities& capabilities)
 {
     if (!capabilities.HasAvx2())
     {
         return 1;
     }
-    return capabilities.HasAvx512() ? c_Kernels.size() : c_Kernels.size() - 1;
+    return capabilities.HasAvx512() ? 3 : 2;
 }
 
 } // namespace
 
 std::span<const CSimulationKernels> GetKernels(const CCpuCapabilities& capabilities)
 {
-    return std::span(c_Kernels).first(CountKernels(capabilities));
+    // A processor that has one of these instruction sets also has those before it.
+    static const std::array kernels = {c_BaselineKernels, c_Avx2Kernels, c_Avx512Kernels};
+    return std::span(kernels).first(CountKernels(capabilities));
 }
 
 const CSimulationKernels& GetSimulationKernels()

@@ -1,17 +1,115 @@
-#include "simulation/Lanes_Baseline.h"
-// The kernels below are written for the Lanes above.
 #include "simulation/MoveKernel.h"
 #include "simulation/PairKernel.h"
 #include "simulation/SimulationKernelSets.h"
 
-std::uint32_t CollideCell_Baseline(const CCellList& atoms, const CCellList& next, CCellScratch& scratch,
-                                   CRandom& random)
-{
-    return CollideCellAtoms(atoms, next, scratch, random);
-}
+#include <emmintrin.h>
 
-int MoveAtomGroups_Baseline(CAtom* pAtoms, int count, const CSize<int>& world, const CGridGeometry& geometry,
-                            std::uint32_t* pPlaces)
+namespace
 {
-    return MoveAtomGroups(pAtoms, count, world, geometry, pPlaces);
-}
+
+// Four lanes, with SSE2, which every x86-64 processor has.
+struct CLanesBaseline
+{
+    static constexpr int c_iCount = 4;
+
+    using Floats = float __attribute__((vector_size(sizeof(float) * c_iCount)));
+    using Ints = std::int32_t __attribute__((vector_size(sizeof(std::int32_t) * c_iCount)));
+
+    struct CCircle
+    {
+        __m128 x;
+        __m128 y;
+        __m128 radius;
+    };
+
+    static void Fill(std::int32_t* pFirst, std::int32_t value)
+    {
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(pFirst), _mm_set1_epi32(value));
+    }
+
+    static void Fill(float* pFirst, float value) { _mm_storeu_ps(pFirst, _mm_set1_ps(value)); }
+
+    static CCircle MakeCircle(float x, float y, float radius)
+    {
+        return {_mm_set1_ps(x), _mm_set1_ps(y), _mm_set1_ps(radius)};
+    }
+
+    static std::uint32_t FindTouching(const CCircle& circle, const CCellScratch& scratch, int block)
+    {
+        const __m128 dx = _mm_sub_ps(circle.x, _mm_load_ps(scratch.x + block));
+        const __m128 dy = _mm_sub_ps(circle.y, _mm_load_ps(scratch.y + block));
+        const __m128 sum = _mm_add_ps(circle.radius, _mm_load_ps(scratch.radius + block));
+        const __m128 squares = _mm_add_ps(_mm_mul_ps(dy, dy), _mm_mul_ps(dx, dx));
+        return static_cast<std::uint32_t>(_mm_movemask_ps(_mm_cmple_ps(squares, _mm_mul_ps(sum, sum))));
+    }
+
+    struct CDisc
+    {
+        __m128i point;
+        __m128i reach;
+    };
+
+    static CDisc MakeDisc(std::int32_t point, std::int32_t reach)
+    {
+        return {_mm_set1_epi32(point), _mm_set1_epi32(reach)};
+    }
+
+    static std::uint32_t FindNear(const CDisc& disc, const CCellScratch& scratch, int block)
+    {
+        const __m128i points = _mm_load_si128(reinterpret_cast<const __m128i*>(scratch.points + block));
+        const __m128i offset = _mm_sub_epi16(disc.point, points);
+        const __m128i beyond = _mm_cmpgt_epi32(_mm_madd_epi16(offset, offset), disc.reach);
+        return static_cast<std::uint32_t>(_mm_movemask_ps(_mm_castsi128_ps(beyond))) ^ 0xFU;
+    }
+
+    static void MakePoints(CCellScratch& scratch, int block, float scale, float limit)
+    {
+        const auto toPoints = [=](const float* pPositions, float origin) {
+            const __m128 offset = _mm_sub_ps(_mm_load_ps(pPositions), _mm_set1_ps(origin));
+            const __m128 points = _mm_mul_ps(offset, _mm_set1_ps(scale));
+            return _mm_cvtps_epi32(_mm_max_ps(_mm_min_ps(points, _mm_set1_ps(limit)), _mm_set1_ps(-limit)));
+        };
+        const __m128i x = toPoints(scratch.x + block, scratch.originX);
+        const __m128i y = toPoints(scratch.y + block, scratch.originY);
+        const __m128i packed = _mm_or_si128(_mm_slli_epi32(y, 16), _mm_and_si128(x, _mm_set1_epi32(0xFFFF)));
+        _mm_store_si128(reinterpret_cast<__m128i*>(scratch.points + block), packed);
+    }
+
+    static int Append(std::uint32_t* pEnd, std::uint32_t uMask, std::uint32_t uFirst)
+    {
+        int count = 0;
+        for (; uMask != 0; uMask &= uMask - 1)
+        {
+            pEnd[count++] =
+                uFirst + static_cast<std::uint32_t>(__builtin_ctz(uMask) * static_cast<int>(sizeof(CCellAtom)));
+        }
+        return count;
+    }
+
+    static __m128 LoadField(const float* pFirst)
+    {
+        return _mm_setr_ps(pFirst[0], pFirst[c_iAtomFloats], pFirst[2 * c_iAtomFloats], pFirst[3 * c_iAtomFloats]);
+    }
+
+    static void StoreField(float* pFirst, __m128 values)
+    {
+        alignas(16) float lanes[c_iCount];
+        _mm_store_ps(lanes, values);
+        for (int i = 0; i < c_iCount; ++i)
+        {
+            pFirst[i * c_iAtomFloats] = lanes[i];
+        }
+    }
+
+    static Ints LoadRadii(const CAtom* pAtoms)
+    {
+        return Ints{pAtoms[0].radius, pAtoms[1].radius, pAtoms[2].radius, pAtoms[3].radius};
+    }
+
+    static bool HasAny(Ints lanes) { return _mm_movemask_epi8(reinterpret_cast<__m128i>(lanes)) != 0; }
+};
+
+} // namespace
+
+constinit const CSimulationKernels c_BaselineKernels = {"baseline", CPairKernel<CLanesBaseline>::CollideCell,
+                                                        CMoveKernel<CLanesBaseline>::MoveAtomGroups};

@@ -1,6 +1,7 @@
 #include "view/ColourRules.h"
 
 #include "classes/core/Dbl.h"
+#include "classes/core/Percent.h"
 #include "classes/core/StringToNumber.h"
 
 #include <algorithm>
@@ -12,7 +13,6 @@ namespace
 
 constexpr double c_dNotGiven = -1.0;
 constexpr double c_dEpsilon = 1e-10;     // tolerance of every comparison of factors
-constexpr double c_dPercent = 100.0;     // parts of a whole
 constexpr std::size_t c_uGivenCount = 2; // factors that must be given; the third one follows from them
 
 bool ParseNumber(const CWString& sText, double& dValue)

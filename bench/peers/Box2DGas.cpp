@@ -7,13 +7,13 @@
 namespace
 {
 
-// The engine is made for bodies of 0.1 to 10 metres and lets none move by more than 2 metres per step: a tenth of a
-// metre per unit of ours fits both.
+// The engine is tuned for bodies of 0.1 to 10 metres and limits motion to 2 metres per step. With a tenth of a metre
+// per world unit both hold.
 constexpr float c_fMetresPerUnit = 0.1F;
 constexpr float c_fSecondsPerStep = 1.0F;
-constexpr float c_fWallUnits = 100; // thick enough that no disc gets through
+constexpr float c_fWallUnits = 100; // thick enough that no disc passes through
 
-// Collisions here are between two at a time, so a single pass of the solver is enough; stacks need more of them.
+// Collisions here are between two discs at a time, so one pass of the solver is enough; stacks need more.
 constexpr int c_iVelocityPasses = 1;
 constexpr int c_iPositionPasses = 1;
 
@@ -34,7 +34,7 @@ public:
     CBox2DGas(const CSize<int>& world, std::span<const CAtom> atoms) : m_World(b2Vec2(0, 0))
     {
         m_World.SetAllowSleeping(false);
-        m_World.SetContinuousPhysics(false); // the walls are thick, so nothing needs it
+        m_World.SetContinuousPhysics(false); // not needed, as the walls are thick
         AddWalls(static_cast<float>(world.cx), static_cast<float>(world.cy));
         m_Discs.reserve(atoms.size());
         for (const CAtom& atom : atoms)
@@ -87,7 +87,7 @@ private:
         const b2FixtureDef fixture = MakeElasticFixture(shape);
         b2Body* const pDisc = m_World.CreateBody(&body);
         pDisc->CreateFixture(&fixture);
-        // All weigh the same, whatever their radius.
+        // All have the same mass, whatever their radius.
         b2MassData mass;
         mass.mass = 1;
         mass.center.SetZero();
@@ -97,7 +97,7 @@ private:
     }
 
     b2World m_World;
-    std::vector<b2Body*> m_Discs; // the world's
+    std::vector<b2Body*> m_Discs; // owned by m_World
 };
 
 } // namespace

@@ -9,9 +9,9 @@ namespace
 {
 
 constexpr cpFloat c_dTimePerStep = 1;
-constexpr cpFloat c_dWallUnits = 100; // thick enough that no disc gets through
-constexpr cpFloat c_dHashCell = 10;   // the widest disc, as the engine's manual advises
-constexpr int c_iSolverPasses = 1;    // collisions here are between two at a time
+constexpr cpFloat c_dWallUnits = 100; // thick enough that no disc passes through
+constexpr cpFloat c_dHashCell = 10;   // the largest diameter, as the manual of the engine advises
+constexpr int c_iSolverPasses = 1;    // collisions here are between two discs at a time
 
 class CChipmunkGas final : public IPeerGas
 {
@@ -19,7 +19,7 @@ public:
     CChipmunkGas(const CSize<int>& world, std::span<const CAtom> atoms) : m_pSpace(cpSpaceNew())
     {
         cpSpaceSetIterations(m_pSpace, c_iSolverPasses);
-        // Faster than the tree for many discs of about one size.
+        // Faster than the tree for many discs of similar size.
         cpSpaceUseSpatialHash(m_pSpace, c_dHashCell, static_cast<int>(atoms.size()));
         AddWalls(world.cx, world.cy);
         m_Bodies.reserve(atoms.size());
@@ -67,7 +67,7 @@ private:
         m_Shapes.push_back(cpSpaceAddShape(m_pSpace, pShape));
     }
 
-    // A wall is a segment with a radius, which keeps the discs that far away.
+    // A wall is a segment with a radius; the radius keeps the discs that far away.
     void AddWall(cpVect from, cpVect to)
     {
         AddShape(cpSegmentShapeNew(cpSpaceGetStaticBody(m_pSpace), from, to, c_dWallUnits));
@@ -85,7 +85,7 @@ private:
 
     void AddDisc(const CAtom& atom)
     {
-        // No spin: nothing can turn what has an infinite moment.
+        // An infinite moment of inertia: no spin.
         cpBody* const pBody = cpSpaceAddBody(m_pSpace, cpBodyNew(1, HUGE_VAL));
         cpBodySetPosition(pBody, cpv(static_cast<cpFloat>(atom.x), static_cast<cpFloat>(atom.y)));
         cpBodySetVelocity(pBody, cpv(static_cast<cpFloat>(atom.vx), static_cast<cpFloat>(atom.vy)));

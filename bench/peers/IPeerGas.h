@@ -7,13 +7,13 @@
 #include <span>
 
 // The gas in another engine: discs of equal mass that bounce off each other and off four walls without loss, friction
-// or spin. Times are iterations of ours: a step moves each disc by its velocity.
+// or spin. The unit of time is one iteration: a step moves each disc by its velocity.
 struct IPeerGas
 {
     virtual ~IPeerGas() = default;
     virtual void Step() = 0;
 
-    // Sum of all kinetic energies in units of ours (mass 1): shows whether it is still the same gas.
+    // Sum of all kinetic energies (mass 1, world units per iteration): shows whether it is still the same gas.
     virtual double GetEnergy() const = 0;
 
 protected:

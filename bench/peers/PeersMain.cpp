@@ -9,17 +9,17 @@
 #include <span>
 #include <vector>
 
-// Prints what a step of the same gas takes in this program and in the engines that are installed, on one thread.
+// Prints the time of a step of the same gas in this program and in the installed engines, on one thread.
 
 namespace
 {
 
 constexpr std::size_t c_uWarmUpSteps = 3;
 constexpr std::size_t c_uFewestSteps = 3;
-constexpr std::size_t c_uMostSteps = 60; // their gas must not cool or heat up much meanwhile: ours does neither
+constexpr std::size_t c_uMostSteps = 60; // few enough that the gas of another engine does not cool or heat up much
 constexpr double c_dMillisecondsPerScene = 3'000;
 
-// The median time of a step, in milliseconds. The first steps, which also find all contacts there are, do not count.
+// The median time of a step, in milliseconds. The first steps, which also find all initial contacts, do not count.
 template<class Step>
 double MeasureStep(Step step)
 {
@@ -48,7 +48,7 @@ void ComparePeer(const char* sName, MakeGas makeGas, const CScene& scene, std::s
 
 void CompareScene(const CScene& scene)
 {
-    // All begin with the same settled gas, so that none of them has to take atoms apart first.
+    // All start with the same settled gas, so that none has to separate atoms first.
     CBenchmarkWorld world(scene);
     world.Settle();
     const std::span<const CAtom> all(world.atoms.GetAtoms(), static_cast<std::size_t>(world.atoms.GetCount()));
@@ -64,7 +64,7 @@ void CompareScene(const CScene& scene)
 
 } // namespace
 
-// Without an argument all scenes; with the number of one, counted from 1, that alone.
+// Without an argument: all scenes. With a number, counted from 1: that scene alone.
 int main(int argc, char** argv)
 {
     const std::size_t uOnly = argc > 1 ? std::strtoul(argv[1], nullptr, 0) : 0;

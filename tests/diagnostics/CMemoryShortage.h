@@ -1,6 +1,6 @@
 #pragma once
 
-// As long as the object lives, every allocation of its thread fails.
+// While an object exists, every allocation of its thread fails.
 class CMemoryShortage
 {
 public:

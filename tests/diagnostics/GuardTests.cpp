@@ -22,7 +22,7 @@ struct COwnThrow
 {
 };
 
-// A program's class as the guards are meant for: methods that do what the test puts in.
+// A class with guarded methods, which run a body that the test gives.
 class CGuarded
 {
 public:
@@ -87,7 +87,7 @@ std::uint64_t CountCalls()
     return uCalls;
 }
 
-TEST_F(Guard, WithoutAnExceptionTheBodysValueComesBackAndNothingIsReported)
+TEST_F(Guard, WithoutAnExceptionTheResultOfTheBodyIsReturnedAndNothingIsReported)
 {
     EXPECT_TRUE(m_Object.Trace([] {}));
     EXPECT_TRUE(m_Object.Guard([] {}));
@@ -98,7 +98,7 @@ TEST_F(Guard, WithoutAnExceptionTheBodysValueComesBackAndNothingIsReported)
     EXPECT_TRUE(m_sLog.empty());
 }
 
-TEST_F(Guard, AStandardExceptionIsSwallowedReportedWithItsTextAndGivesTheFailureValue)
+TEST_F(Guard, AStandardExceptionIsReportedWithItsTextAndTheFailureValueReturned)
 {
     EXPECT_FALSE(m_Object.Guard([] { throw std::runtime_error("disk full"); }));
     EXPECT_THAT(m_sLog, StartsWith(L"Exception: std::runtime_error \"disk full\" in "));
@@ -107,7 +107,7 @@ TEST_F(Guard, AStandardExceptionIsSwallowedReportedWithItsTextAndGivesTheFailure
     EXPECT_THAT(m_sLog, StartsWith(L"Exception: std::bad_alloc "));
 }
 
-TEST_F(Guard, WhateverElseIsThrownIsSwallowedAndReportedToo)
+TEST_F(Guard, AnyOtherExceptionIsReportedAndSwallowedToo)
 {
     EXPECT_FALSE(m_Object.Trace([] { throw 5; }));
     EXPECT_THAT(m_sLog, StartsWith(L"Exception: int in "));
@@ -122,7 +122,7 @@ TEST_F(Guard, WhateverElseIsThrownIsSwallowedAndReportedToo)
     EXPECT_THAT(m_sLog, StartsWith(L"Exception: wchar_t in "));
 }
 
-TEST_F(Guard, OneExceptionIsOneReport)
+TEST_F(Guard, OneExceptionMakesOneReport)
 {
     m_Object.Trace([] { throw 5; });
     EXPECT_EQ(std::count(m_sLog.begin(), m_sLog.end(), L'\n'), 1);
@@ -130,7 +130,7 @@ TEST_F(Guard, OneExceptionIsOneReport)
     EXPECT_EQ(std::count(m_sLog.begin(), m_sLog.end(), L'\n'), 2);
 }
 
-TEST_F(Guard, TheReportNamesMethodLineFileAndTimeStamp)
+TEST_F(Guard, TheReportHasMethodLineFileAndTimeStamp)
 {
     EXPECT_EQ(m_Object.Throw(42), -1);
     const std::string sLine = " - Line " + std::to_string(CGuarded::GetLineOfThrow()) + " - File ";
@@ -142,7 +142,7 @@ TEST_F(Guard, TheReportNamesMethodLineFileAndTimeStamp)
     EXPECT_THAT(m_sLog, EndsWith(L"(" + std::wstring(sStamp.begin(), sStamp.end()) + L")\n"));
 }
 
-TEST_F(Guard, WithoutALogEverythingStillWorks)
+TEST_F(Guard, WithoutALogTheGuardsStillWork)
 {
     CGuarded silent(nullptr);
     EXPECT_FALSE(silent.Trace([] { throw std::runtime_error("unheard"); }));
@@ -202,7 +202,7 @@ TEST_F(Guard, TheGuardAloneOpensNoScope)
     EXPECT_EQ(CountCalls(), 0U);
 }
 
-TEST_F(Guard, FailureValuesOfEveryKindComeBack)
+TEST_F(Guard, FailureValuesOfAnyTypeAreReturned)
 {
     const std::wstring sText =
         Guarded({nullptr, __TIMESTAMP__}, std::wstring(L"failed"), []() -> std::wstring { throw 5; });
@@ -243,12 +243,12 @@ TEST_F(Guard, AnExceptionInsideTheReportingIsSwallowed)
         bResult = m_Object.Guard([] { throw 5; });
     }
     EXPECT_FALSE(bResult);
-    EXPECT_TRUE(m_sLog.empty()) << "there was no memory for the report";
+    EXPECT_TRUE(m_sLog.empty()) << "without memory there is no report";
     EXPECT_FALSE(m_Object.Guard([] { throw 5; }));
-    EXPECT_FALSE(m_sLog.empty()) << "the next report is made as ever";
+    EXPECT_FALSE(m_sLog.empty()) << "the next report must be made";
 }
 
-TEST_F(Guard, AScopeThatCannotBeOpenedIsAFailureOfTheMethod)
+TEST_F(Guard, AScopeThatCannotBeOpenedReturnsTheFailureValue)
 {
     bool bResult = true;
     bool bRun = false;
@@ -262,7 +262,7 @@ TEST_F(Guard, AScopeThatCannotBeOpenedIsAFailureOfTheMethod)
     EXPECT_TRUE(bRun);
 }
 
-TEST_F(Guard, NothingGetsOutOfAThreadsEntry)
+TEST_F(Guard, NoExceptionLeavesTheEntryOfAThread)
 {
     constexpr int iThreads = 4;
     std::vector<std::thread> threads;
@@ -284,7 +284,7 @@ TEST_F(Guard, NothingGetsOutOfAThreadsEntry)
     EXPECT_EQ(CountCalls(), 400U);
 }
 
-TEST_F(Guard, NoGuardLetsAnExceptionThroughByItsType)
+TEST_F(Guard, AllGuardsAreNoexcept)
 {
     const CTraceSite site{nullptr, __TIMESTAMP__};
     const auto throwing = [] { throw 5; };

@@ -11,14 +11,14 @@
 namespace
 {
 
-TEST(PruneDebugLog, TheNewestTextSurvives)
+TEST(PruneDebugLog, TheNewestTextStays)
 {
     std::wstring sLog = L"0123456789";
     PruneDebugLog(sLog, 4);
     EXPECT_EQ(sLog, L"6789");
 }
 
-TEST(PruneDebugLog, KeepingAsMuchAsThereIsOrMoreChangesNothing)
+TEST(PruneDebugLog, KeepingTheWholeLengthOrMoreChangesNothing)
 {
     std::wstring sLog = L"0123456789";
     PruneDebugLog(sLog, 10);
@@ -29,14 +29,14 @@ TEST(PruneDebugLog, KeepingAsMuchAsThereIsOrMoreChangesNothing)
     EXPECT_EQ(sLog, L"0123456789");
 }
 
-TEST(PruneDebugLog, OneCharacterTooManyIsTheFirst)
+TEST(PruneDebugLog, OfOneCharacterTooManyTheFirstIsRemoved)
 {
     std::wstring sLog = L"0123456789";
     PruneDebugLog(sLog, 9);
     EXPECT_EQ(sLog, L"123456789");
 }
 
-TEST(PruneDebugLog, KeepingNothingAndAnEmptyLogAreFine)
+TEST(PruneDebugLog, KeepingNothingAndAnEmptyLogGiveAnEmptyLog)
 {
     std::wstring sLog = L"0123456789";
     PruneDebugLog(sLog, 0);
@@ -46,7 +46,7 @@ TEST(PruneDebugLog, KeepingNothingAndAnEmptyLogAreFine)
     EXPECT_TRUE(sLog.empty());
 }
 
-TEST(PruneDebugLog, TheReservedStorageStays)
+TEST(PruneDebugLog, TheReservedStorageIsKept)
 {
     constexpr std::size_t uReserved = 100'000;
     std::wstring sLog;
@@ -59,7 +59,7 @@ TEST(PruneDebugLog, TheReservedStorageStays)
     EXPECT_EQ(reinterpret_cast<std::uintptr_t>(sLog.data()), uStorage);
 }
 
-TEST(PruneDebugLog, AMessageOfAnotherThreadIsNeverTornOrLost)
+TEST(PruneDebugLog, AMessageOfAnotherThreadIsNeitherTornNorLost)
 {
     constexpr int iMessages = 5'000;
     std::wstring sLog;
@@ -81,7 +81,7 @@ TEST(PruneDebugLog, AMessageOfAnotherThreadIsNeverTornOrLost)
     EXPECT_EQ(sLog.substr(0, 10), L"0123456789");
 }
 
-TEST(PruneDebugLog, IsNeededAboveThreeQuartersOnly)
+TEST(PruneDebugLog, IsNeededOnlyAboveThreeQuarters)
 {
     static_assert(!NeedsPruning(15'000'000, 20'000'000));
     static_assert(NeedsPruning(15'000'001, 20'000'000));
@@ -89,7 +89,7 @@ TEST(PruneDebugLog, IsNeededAboveThreeQuartersOnly)
     static_assert(NeedsPruning(1, 0));
 }
 
-TEST(PruneDebugLog, ThreeQuartersAreCountedInWholeNumbers)
+TEST(PruneDebugLog, ThreeQuartersAreRoundedDownToWholeCharacters)
 {
     // 3/4 of 1, 2, 3 and 5 are 0.75, 1.5, 2.25 and 3.75.
     static_assert(!NeedsPruning(0, 1) && NeedsPruning(1, 1));

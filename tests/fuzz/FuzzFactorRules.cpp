@@ -1,3 +1,4 @@
+#include "classes/core/Percent.h"
 #include "simulation/Parameters.h"
 #include "simulation/SimulationConstants.h"
 #include "tests/fuzz/CFuzzInput.h"

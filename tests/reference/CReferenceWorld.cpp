@@ -104,7 +104,7 @@ void CReferenceWorld::Move(CAtom& atom) const
     }
 }
 
-// Rounded down, limited to the grid as a float, and only then made an integer.
+// Rounds down and clamps as a float, and then converts to an integer. NaN gives 0.
 static int CellNumber(float position, int cellLength, int cells)
 {
     float number = std::floor(position / static_cast<float>(cellLength));
@@ -169,7 +169,7 @@ std::size_t CReferenceWorld::GetIndex(int row, int column) const
     return static_cast<std::size_t>(row) * static_cast<std::size_t>(m_iColumns) + static_cast<std::size_t>(column);
 }
 
-// Cells that the grid does not have are left out.
+// Skips cells outside the grid.
 void CReferenceWorld::EnterInto(CAtom& atom, int row, int column)
 {
     if (row >= 0 && row < m_iRows && column >= 0 && column < m_iColumns)

@@ -10,21 +10,22 @@
 #include <optional>
 #include <vector>
 
-// The simulation in its plain form: written to be obviously right, one growing list per cell, one pair at a time,
-// every rule in its own order. The program's fast form must equal it bit for bit, and the benchmarks measure against
-// it. It shares nothing with the program but the atom record and the random generator.
+// The simulation in its plain form, written to be obviously correct: one growing list per cell, one pair at a time,
+// each rule in its order. The fast form of the program must equal it bit for bit, and the benchmarks compare with it.
+// It shares only the atom record and the random generator with the program. Do not reorder its floating-point
+// operations: they define the bits.
 class CReferenceWorld
 {
 public:
     CReferenceWorld(const CSize<int>& size, std::uint64_t uSeed);
 
-    // Makes the atoms, all at the start point when there is one.
+    // Makes the atoms, at random positions or all at the start point (world units).
     void Populate(int count, std::uint8_t minRadius, std::uint8_t maxRadius, std::optional<CPoint<int>> start);
 
-    // Moves, enters, collides, measures. Returns the number of collisions handled.
+    // One iteration: moves and enters all atoms, collides them, measures velocities. Returns the number of collisions.
     std::uint32_t Advance();
 
-    // The steps of Advance, for tests and benchmarks of a single one.
+    // The single steps of Advance, for tests and benchmarks.
     void ClearCells();
     void MoveAndEnter();
     void Enter(CAtom& atom);
@@ -62,5 +63,5 @@ private:
     float m_fAvg = 0;
 };
 
-// The plain form of the response to one pair.
+// The plain form of HandleAtomCollision.
 void ReferenceCollision(CAtom& a, CAtom& b, CRandom& random);

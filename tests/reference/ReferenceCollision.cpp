@@ -5,7 +5,7 @@
 namespace
 {
 
-// Tolerances as doubles: a float compared with them is widened.
+// The tolerances are doubles: floats are widened for the comparison.
 constexpr double c_dTolerance = 0.001;
 constexpr double c_dRest = 1e-5;
 constexpr double c_dEpsilon = 1e-10;
@@ -27,7 +27,7 @@ bool IsAtRest(float speed)
     return static_cast<double>(speed) - -c_dRest >= -c_dEpsilon && static_cast<double>(speed) - c_dRest <= c_dEpsilon;
 }
 
-// Where a step of a float is so large that the jitter vanishes in rounding.
+// True if the spacing of floats is so large here that the jitter rounds to zero.
 bool SwallowsJitter(float coordinate)
 {
     return coordinate + c_fJitter == coordinate && coordinate - c_fJitter == coordinate;
@@ -52,7 +52,7 @@ void ReferenceCollision(CAtom& a, CAtom& b, CRandom& random)
         {
             if (SwallowsJitter(a.x) && SwallowsJitter(a.y) && SwallowsJitter(b.x) && SwallowsJitter(b.y))
             {
-                return; // no step will ever part these two, and without a distance there is no normal
+                return; // no step can separate these two, and without a distance there is no normal
             }
             const float jx = random.GetRandomNumber_Float(-c_fJitter, c_fJitter);
             const float jy = random.GetRandomNumber_Float(-c_fJitter, c_fJitter);
@@ -80,7 +80,7 @@ void ReferenceCollision(CAtom& a, CAtom& b, CRandom& random)
         overlap = s - d;
         if (a.x == ax && a.y == ay && b.x == bx && b.y == by)
         {
-            break; // the rest of the overlap is smaller than a step of these floats
+            break; // the rest of the overlap is smaller than the spacing of these floats
         }
     }
 

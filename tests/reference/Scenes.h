@@ -7,7 +7,8 @@
 #include <cstdint>
 #include <optional>
 
-// A world by name, shared by tests and benchmarks, so that a slow case becomes a test and a failing one a benchmark.
+// A named start of a world. Tests and benchmarks share the scenes, so that a slow case can become a test and a failing
+// one a benchmark.
 struct CScene
 {
     const char* name;
@@ -19,22 +20,22 @@ struct CScene
     std::optional<CPoint<int>> start; // all atoms at this point
 };
 
-// What people see on the first Start.
+// The scene of the first start of the program.
 inline constexpr CScene c_SceneDefault = {"256 in 512 x 512", {512, 512}, 256, 3, 5, 1, std::nullopt};
 
-// As well filled as a million in the largest world, small enough to stay in the cache.
+// The density of a million atoms in the largest world, small enough for the cache.
 inline constexpr CScene c_SceneFilled = {"10,000 in 1,000 x 1,000", {1000, 1000}, 10'000, 3, 5, 2, std::nullopt};
 
-// More atoms than have room: every atom touches several others all the time.
+// More atoms than there is room for: every atom always touches several others.
 inline constexpr CScene c_SceneDense = {"20,000 in 512 x 512", {512, 512}, 20'000, 3, 5, 3, std::nullopt};
 
 // Mostly empty cells.
 inline constexpr CScene c_SceneSparse = {"100,000 in 9,999 x 9,999", {9999, 9999}, 100'000, 3, 5, 4, std::nullopt};
 
-// The most there can be.
+// The most atoms in the largest world.
 inline constexpr CScene c_SceneLargest = {"1,000,000 in 9,999 x 9,999", {9999, 9999}, 1'000'000, 3, 5, 5, std::nullopt};
 
-// A click into the world: everything starts in one crowded cell.
+// A click into the world: all atoms start at one point, in one crowded cell.
 inline constexpr CScene c_SceneBurst = {"3,000 from one point", {700, 500}, 3'000, 1, 7, 6, CPoint<int>{333, 222}};
 
 inline constexpr std::array c_BenchmarkScenes = {c_SceneDefault, c_SceneFilled, c_SceneDense, c_SceneSparse,

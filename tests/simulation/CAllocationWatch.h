@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-// The test program's global operator new, watched. Counts allocations while an object exists.
+// Counts the calls of the test program's global operator new since the object was made.
 class CAllocationWatch
 {
 public:
@@ -13,7 +13,7 @@ private:
     std::size_t m_uStart;
 };
 
-// While one exists, every allocation of at least that many bytes fails as if memory had run out.
+// While an object exists, every allocation of at least uBytes fails with std::bad_alloc.
 class CAllocationLimit
 {
 public:

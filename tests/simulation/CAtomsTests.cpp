@@ -19,7 +19,7 @@ TEST(Atom, ARadiusAbove255CannotBeStored)
     EXPECT_EQ(std::numeric_limits<decltype(CAtom::radius)>::max(), 255);
 }
 
-TEST(Atom, ANewOneIsAllZero)
+TEST(Atom, ANewAtomIsAllZero)
 {
     const CAtom atom;
     EXPECT_EQ(atom.x, 0.0F);
@@ -39,7 +39,7 @@ TEST(Atoms, AnEmptySetHasNoAtomsAndNoVelocities)
     EXPECT_EQ(atoms.GetVelocities(), CVelocityStatistics{});
 }
 
-TEST(Atoms, AllocatingGivesThatManyAtomsWithEveryFieldZero)
+TEST(Atoms, AllocateMakesThatManyAtomsWithEveryFieldZero)
 {
     CAtoms atoms;
     atoms.Allocate(1000);
@@ -52,7 +52,7 @@ TEST(Atoms, AllocatingGivesThatManyAtomsWithEveryFieldZero)
     }
 }
 
-TEST(Atoms, AllocatingAgainForgetsTheOldAtomsAndTheirVelocities)
+TEST(Atoms, AllocatingAgainDropsTheOldAtomsAndTheirVelocities)
 {
     CAtoms atoms;
     atoms.Allocate(10);
@@ -64,7 +64,7 @@ TEST(Atoms, AllocatingAgainForgetsTheOldAtomsAndTheirVelocities)
     EXPECT_EQ(atoms.GetVelocities(), CVelocityStatistics{});
 }
 
-TEST(Atoms, ANegativeCountIsALengthErrorAndLeavesAnEmptySet)
+TEST(Atoms, ANegativeCountThrowsLengthErrorAndLeavesAnEmptySet)
 {
     CAtoms atoms;
     atoms.Allocate(10);
@@ -73,7 +73,7 @@ TEST(Atoms, ANegativeCountIsALengthErrorAndLeavesAnEmptySet)
     EXPECT_EQ(atoms.GetAtoms(), nullptr);
 }
 
-TEST(Atoms, WhereMemoryRunsOutTheSetIsEmptyAndUsableAgain)
+TEST(Atoms, OutOfMemoryLeavesAnEmptySetThatIsUsableAgain)
 {
     CAtoms atoms;
     atoms.Allocate(10);
@@ -99,7 +99,7 @@ TEST(Atoms, MovingASetLeavesTheOldOneEmpty)
     EXPECT_EQ(moved.GetCount(), 3);
     EXPECT_EQ(moved[2].x, 7.0F);
     EXPECT_EQ(moved.GetTotVelocity(), 3.0F);
-    // This is what is tested.
+    // The test is about the moved-from object.
     EXPECT_EQ(atoms.GetCount(), 0); // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
     atoms = std::move(moved);
     EXPECT_EQ(atoms.GetCount(), 3);

@@ -94,7 +94,7 @@ TEST(CollisionGrid, AWorldWithoutAreaStillHasACell)
     EXPECT_EQ(GetCellsOf(grid, MakeCircle(5, 5, 3)), (Cells{{0, 0}}));
 }
 
-TEST(CollisionGrid, AWorldTooLargeForTheGridIsALengthErrorAndTheOldCellsStay)
+TEST(CollisionGrid, AWorldTooLargeForTheGridThrowsLengthErrorAndTheOldCellsStay)
 {
     CCollisionGrid grid = MakeGrid(300, 200);
     EXPECT_THROW(grid.Resize({std::numeric_limits<int>::max(), std::numeric_limits<int>::max()}), std::length_error);
@@ -103,13 +103,13 @@ TEST(CollisionGrid, AWorldTooLargeForTheGridIsALengthErrorAndTheOldCellsStay)
     EXPECT_EQ(GetCellsOf(grid, MakeCircle(150, 150, 3)), (Cells{{1, 1}}));
 }
 
-TEST(CollisionGrid, AnAtomAwayFromTheEdgesIsInOneCellOnly)
+TEST(CollisionGrid, AnAtomAwayFromTheEdgesIsInOneCell)
 {
     CCollisionGrid grid = MakeGrid(300, 300);
     EXPECT_EQ(GetCellsOf(grid, MakeCircle(150, 150, 5)), (Cells{{1, 1}}));
 }
 
-TEST(CollisionGrid, AnAtomTouchingACellEdgeIsEnteredIntoTheNextCellToo)
+TEST(CollisionGrid, AnAtomTouchingACellEdgeIsAlsoInTheNextCell)
 {
     CCollisionGrid grid = MakeGrid(300, 300);
     EXPECT_EQ(GetCellsOf(grid, MakeCircle(195, 150, 5)), (Cells{{1, 1}, {1, 2}}));
@@ -118,26 +118,26 @@ TEST(CollisionGrid, AnAtomTouchingACellEdgeIsEnteredIntoTheNextCellToo)
     EXPECT_EQ(GetCellsOf(grid, MakeCircle(150, 105, 5)), (Cells{{1, 1}, {0, 1}}));
 }
 
-TEST(CollisionGrid, AnAtomOneStepOfAFloatAwayFromAnEdgeIsNot)
+TEST(CollisionGrid, AnAtomOneFloatAwayFromACellEdgeIsInOneCell)
 {
     CCollisionGrid grid = MakeGrid(300, 300);
     EXPECT_EQ(GetCellsOf(grid, MakeCircle(std::nextafter(195.0F, 0.0F), 150, 5)), (Cells{{1, 1}}));
     EXPECT_EQ(GetCellsOf(grid, MakeCircle(std::nextafter(105.0F, 300.0F), 150, 5)), (Cells{{1, 1}}));
 }
 
-TEST(CollisionGrid, ADiagonalNeighbourIsEnteredOnlyWhenTheCornerLiesWithinOrOnTheCircle)
+TEST(CollisionGrid, ADiagonalNeighbourIsEnteredOnlyIfTheCornerIsWithinOrOnTheCircle)
 {
     CCollisionGrid grid = MakeGrid(300, 300);
-    // The corner (200, 100) is 3 right and 4 up: exactly on the circle of radius 5, ...
+    // The corner (200, 100) is 3 to the right and 4 up: exactly on the circle of radius 5.
     EXPECT_EQ(GetCellsOf(grid, MakeCircle(197, 104, 5)), (Cells{{1, 1}, {0, 1}, {1, 2}, {0, 2}}));
-    // ... and 4 right and 4 up: outside it, although both edges are reached.
+    // Here it is 4 to the right and 4 up: outside of the circle, which reaches both edges.
     EXPECT_EQ(GetCellsOf(grid, MakeCircle(196, 104, 5)), (Cells{{1, 1}, {0, 1}, {1, 2}}));
     EXPECT_EQ(GetCellsOf(grid, MakeCircle(197, 196, 5)), (Cells{{1, 1}, {2, 1}, {1, 2}, {2, 2}}));
     EXPECT_EQ(GetCellsOf(grid, MakeCircle(103, 196, 5)), (Cells{{1, 1}, {2, 1}, {1, 0}, {2, 0}}));
     EXPECT_EQ(GetCellsOf(grid, MakeCircle(103, 104, 5)), (Cells{{1, 1}, {0, 1}, {1, 0}, {0, 0}}));
 }
 
-TEST(CollisionGrid, NeighboursThatDoNotExistAreLeftOut)
+TEST(CollisionGrid, NeighboursOutsideTheGridAreSkipped)
 {
     CCollisionGrid grid = MakeGrid(300, 300);
     EXPECT_EQ(GetCellsOf(grid, MakeCircle(2, 2, 5)), (Cells{{0, 0}}));
@@ -145,7 +145,7 @@ TEST(CollisionGrid, NeighboursThatDoNotExistAreLeftOut)
     EXPECT_EQ(GetCellsOf(grid, MakeCircle(298, 199, 5)), (Cells{{1, 2}, {2, 2}}));
 }
 
-TEST(CollisionGrid, ACentreAtOrBeyondTheWorldsEdgeGoesIntoTheEdgeCell)
+TEST(CollisionGrid, ACentreAtOrBeyondTheEdgeOfTheWorldGoesIntoTheEdgeCell)
 {
     CCollisionGrid grid = MakeGrid(300, 300);
     EXPECT_EQ(GetCellsOf(grid, MakeCircle(300, 150, 5)), (Cells{{1, 2}}));
@@ -164,15 +164,15 @@ TEST(CollisionGrid, PositionsOutsideTheRangeOfAnIntegerStayInsideTheGrid)
     }
 }
 
-TEST(CollisionGrid, APositionThatIsNoNumberGoesToCellZero)
+TEST(CollisionGrid, ANanPositionGoesToCellZero)
 {
     CCollisionGrid grid = MakeGrid(300, 300);
-    const float none = std::numeric_limits<float>::quiet_NaN();
-    EXPECT_EQ(GetCellsOf(grid, MakeCircle(none, none, 5)), (Cells{{0, 0}}));
-    EXPECT_EQ(GetCellsOf(grid, MakeCircle(none, 250, 5)).count({2, 0}), 1U);
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    EXPECT_EQ(GetCellsOf(grid, MakeCircle(nan, nan, 5)), (Cells{{0, 0}}));
+    EXPECT_EQ(GetCellsOf(grid, MakeCircle(nan, 250, 5)).count({2, 0}), 1U);
 }
 
-TEST(CollisionGrid, ACellKeepsTheOrderOfInsertion)
+TEST(CollisionGrid, ACellListsItsAtomsInTheOrderOfInsertion)
 {
     CCollisionGrid grid = MakeGrid(300, 300);
     std::vector<CAtom> atoms = {MakeCircle(50, 50, 3), MakeCircle(99, 50, 3), MakeCircle(150, 50, 3),
@@ -189,7 +189,7 @@ TEST(CollisionGrid, ACellKeepsTheOrderOfInsertion)
               (std::vector<CAtom*>{&atoms[1], &atoms[2], &atoms[3]}));
 }
 
-TEST(CollisionGrid, AnAtomInsertedAfterReadingIsSeenByTheNextReader)
+TEST(CollisionGrid, AnAtomInsertedAfterAReadIsInTheNextRead)
 {
     CCollisionGrid grid = MakeGrid(300, 300);
     CAtom one = MakeCircle(50, 50, 3);
@@ -220,7 +220,7 @@ TEST(CollisionGrid, ClearingAndResizingEmptyEveryCell)
     }
 }
 
-// Positions are drawn near the cells' edges, where rounding decides, with every radius that an atom can store.
+// Positions are drawn near the edges of cells, where rounding decides; radii are all that an atom can store.
 TEST(CollisionGrid, EveryAtomGoesIntoTheSameCellsAsInThePlainForm)
 {
     std::mt19937 draw(7);

@@ -16,7 +16,7 @@
 #include <span>
 #include <vector>
 
-// The program's own form of a world, with everything that an iteration needs.
+// A world of the program, with everything that an iteration needs.
 struct CWorld
 {
     explicit CWorld(const CSize<int>& worldSize, std::uint64_t uSeed = 1) : size(worldSize), random(uSeed)
@@ -30,7 +30,7 @@ struct CWorld
                  scene.start ? &*scene.start : nullptr, random);
     }
 
-    // Puts exactly these atoms into the world.
+    // Replaces the atoms of the world by these.
     void SetAtoms(const std::vector<CAtom>& newAtoms)
     {
         atoms.Allocate(static_cast<std::int32_t>(newAtoms.size()));
@@ -48,14 +48,14 @@ struct CWorld
     const CSimulationKernels* pKernels = &GetSimulationKernels();
 };
 
-// The kernels of every instruction set that this machine has.
+// The kernels of all instruction sets that this processor has, slowest first.
 std::span<const CSimulationKernels> GetAllKernels();
 
-// An atom whose speed field matches its velocity.
+// An atom; its speed is computed from the velocity.
 CAtom MakeAtom(float x, float y, float vx, float vy, std::uint8_t radius);
 
 // The same scene in the plain form.
 CReferenceWorld MakeReference(const CScene& scene);
 
-// Whether all fields of all atoms and the velocity statistics are the same bits.
+// Success if all fields of all atoms and the velocity statistics have equal bits.
 testing::AssertionResult IsSameWorld(const CWorld& world, const CReferenceWorld& reference);

@@ -11,7 +11,7 @@ namespace
 
 constexpr std::uint32_t c_uFloatsAround = 100'000;
 
-// Calls check for the floats around the limit, and for some far away.
+// Calls check for the floats around the limit, and for some far from it.
 template<class Check>
 void ForFloatsAround(float limit, Check check)
 {
@@ -27,7 +27,7 @@ void ForFloatsAround(float limit, Check check)
     }
 }
 
-TEST(CollisionThresholds, TheOverlapLimitDecidesAsTheTolerantComparison)
+TEST(CollisionThresholds, TheOverlapLimitDecidesAsTheTolerantComparisonDoes)
 {
     ForFloatsAround(c_fOverlapLimit, [](float overlap) {
         const bool bTolerant = Dbl_IsBigger(static_cast<double>(overlap), c_dSeparationTolerance, c_dEpsilon);
@@ -35,7 +35,7 @@ TEST(CollisionThresholds, TheOverlapLimitDecidesAsTheTolerantComparison)
     });
 }
 
-TEST(CollisionThresholds, TheCoincidenceLimitDecidesAsTheTolerantComparison)
+TEST(CollisionThresholds, TheCoincidenceLimitDecidesAsTheTolerantComparisonDoes)
 {
     ForFloatsAround(c_fCoincidenceLimit, [](float distance) {
         const bool bTolerant = Dbl_IsSmaller(static_cast<double>(distance), c_dCoincidenceDistance, c_dEpsilon);
@@ -43,7 +43,7 @@ TEST(CollisionThresholds, TheCoincidenceLimitDecidesAsTheTolerantComparison)
     });
 }
 
-TEST(CollisionThresholds, TheRestLimitDecidesAsTheTolerantComparison)
+TEST(CollisionThresholds, TheRestLimitDecidesAsTheTolerantComparisonDoes)
 {
     ForFloatsAround(c_fRestLimit, [](float speed) {
         const bool bTolerant =

@@ -9,17 +9,17 @@ namespace
 
 constexpr int c_iRandomScenes = 1000;
 constexpr int c_iMostAtoms = 20'000;
-constexpr double c_dPairTestsPerMove = 10;   // moving an atom takes about as long
+constexpr double c_dPairTestsPerMove = 10;   // moving an atom takes about as long as these
 constexpr double c_dPairTestsPerScene = 6e5; // bounds the plain form to a few milliseconds per scene
 
-// A number from low to high whose logarithm is evenly spread, so that small worlds come up as often as large ones.
+// A number from low to high with a uniformly distributed logarithm: small worlds are as frequent as large ones.
 int DrawSpread(std::mt19937& draw, int low, int high)
 {
     std::uniform_real_distribution<double> power(std::log(low), std::log1p(high));
     return std::clamp(static_cast<int>(std::exp(power(draw))), low, high);
 }
 
-// Everything a scene can be: any size, any radii, filled or empty, all from one point or scattered.
+// A random scene: any size, any radii, filled or empty, from one point or scattered.
 CScene DrawScene(std::mt19937& draw)
 {
     CScene scene = {"random", {DrawSpread(draw, 10, 9999), DrawSpread(draw, 10, 9999)}, 1, 1, 1, draw(), {}};
@@ -39,7 +39,7 @@ CScene DrawScene(std::mt19937& draw)
     return scene;
 }
 
-// So many iterations that a crowded scene does not take longer than an empty one.
+// The number of iterations for which a crowded scene takes no longer than an empty one.
 int GetIterations(const CScene& scene)
 {
     const double cells = std::max(1, (scene.world.cx / 100) * (scene.world.cy / 100));
@@ -66,7 +66,7 @@ void CompareScene(const CScene& scene, int iterations, const CSimulationKernels&
     ASSERT_EQ(world.random.GetRandomNumber_Float(0, 1), reference.GetRandom().GetRandomNumber_Float(0, 1));
 }
 
-TEST(Differential, RandomWorldsGoOnBitForBitAsInThePlainForm)
+TEST(Differential, RandomWorldsEqualThePlainFormBitForBit)
 {
     std::mt19937 draw(2026);
     for (int i = 0; i < c_iRandomScenes; ++i)
@@ -89,32 +89,32 @@ void CompareWithAllKernels(const CScene& scene, int iterations)
     }
 }
 
-TEST(Differential, TheDefaultSceneGoesOnAsInThePlainForm)
+TEST(Differential, TheDefaultSceneEqualsThePlainForm)
 {
     CompareWithAllKernels(c_SceneDefault, 2000);
 }
 
-TEST(Differential, AFilledSceneGoesOnAsInThePlainForm)
+TEST(Differential, AFilledSceneEqualsThePlainForm)
 {
     CompareWithAllKernels(c_SceneFilled, 40);
 }
 
-TEST(Differential, ADenseSceneGoesOnAsInThePlainForm)
+TEST(Differential, ADenseSceneEqualsThePlainForm)
 {
     CompareWithAllKernels(c_SceneDense, 10);
 }
 
-TEST(Differential, ASparseSceneGoesOnAsInThePlainForm)
+TEST(Differential, ASparseSceneEqualsThePlainForm)
 {
     CompareWithAllKernels(c_SceneSparse, 10);
 }
 
-TEST(Differential, ABurstFromOnePointGoesOnAsInThePlainForm)
+TEST(Differential, ABurstFromOnePointEqualsThePlainForm)
 {
     CompareWithAllKernels(c_SceneBurst, 60);
 }
 
-TEST(Differential, TheLargestSceneGoesOnAsInThePlainForm)
+TEST(Differential, TheLargestSceneEqualsThePlainForm)
 {
     CompareScene(c_SceneLargest, 2, GetSimulationKernels());
 }

@@ -3,6 +3,8 @@
 namespace
 {
 
+// A scene and its hash after some iterations. A hash changes only if a rule of the simulation changes, never with the
+// compiler, the system or the instruction set.
 struct CGolden
 {
     CScene scene;
@@ -10,8 +12,6 @@ struct CGolden
     std::uint64_t hash;
 };
 
-// What these scenes were when they were first computed. They change only if the rules of the world change, never with
-// the compiler, the system or the speed of the machine: each build runs this test.
 void PrintTo(const CGolden& golden, std::ostream* pStream)
 {
     *pStream << golden.scene.name;

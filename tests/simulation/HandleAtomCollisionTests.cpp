@@ -29,8 +29,8 @@ TEST(AtomCollision, AtomsThatDoNotTouchAreLeftAlone)
     EXPECT_TRUE(IsSameAtom(b, oldB));
 }
 
-// Distance 6, radii 3 and 3: no overlap, but the velocities along the normal are exchanged all the same.
-TEST(AtomCollision, AtomsExactlyTouchingExchangeTheirNormalVelocitiesAndStayInPlace)
+// Distance 6, radii 3 and 3: no overlap, but the velocities along the normal are exchanged.
+TEST(AtomCollision, ExactlyTouchingAtomsExchangeTheirNormalVelocitiesAndStayInPlace)
 {
     CRandom random(1);
     CAtom a = MakeAtom(10, 10, 1, 0.5F, 3);
@@ -69,7 +69,7 @@ TEST(AtomCollision, OverlappingAtomsArePushedApartHalfEachUntilTheyJustTouch)
     EXPECT_NEAR(GetDistance(a, b), 8, 0.0011);
 }
 
-TEST(AtomCollision, RecedingAtomsExchangeToo)
+TEST(AtomCollision, RecedingAtomsExchangeTheirVelocitiesToo)
 {
     CRandom random(1);
     CAtom a = MakeAtom(10, 10, -1, 0, 3);
@@ -79,8 +79,8 @@ TEST(AtomCollision, RecedingAtomsExchangeToo)
     EXPECT_FLOAT_EQ(b.vx, -1);
 }
 
-// Equal radii are not needed: a large atom weighs no more than a small one.
-TEST(AtomCollision, RadiusIsNoMass)
+// A large atom has the same mass as a small one.
+TEST(AtomCollision, TheRadiusDoesNotChangeTheMass)
 {
     CRandom random(1);
     CAtom a = MakeAtom(100, 100, 2, 0, 32);
@@ -90,7 +90,7 @@ TEST(AtomCollision, RadiusIsNoMass)
     EXPECT_FLOAT_EQ(b.vx, 2);
 }
 
-// The exchange leaves a at rest (b had nothing along the normal), so only b is rescaled.
+// The exchange leaves a at rest, because b had no velocity along the normal. So only b is rescaled.
 TEST(AtomCollision, AnAtomAtRestIsNotRescaled)
 {
     CRandom random(1);
@@ -101,7 +101,7 @@ TEST(AtomCollision, AnAtomAtRestIsNotRescaled)
     EXPECT_EQ(a.vx, 0.0F);
     EXPECT_EQ(a.vy, 0.0F);
     EXPECT_EQ(a.speed, 0.0F);
-    // b now moves (1, 0.5), 1.118 fast, and takes its half of the missing 0.382.
+    // b now has the velocity (1, 0.5), a speed of 1.118, and gets half of the missing 0.382.
     const float unscaled = std::sqrt(1.25F);
     EXPECT_NEAR(b.speed, unscaled + (speedSum - unscaled) / 2, c_fTolerance);
     EXPECT_NEAR(b.vx / b.vy, 2, c_fTolerance);
@@ -118,20 +118,20 @@ TEST(AtomCollision, TwoAtomsAtRestStayAtRest)
     EXPECT_EQ(a.x, 9.5F);
 }
 
-// The rest band is inclusive: 1e-5 still counts as at rest, a hair more does not.
+// The range of speeds at rest is inclusive: 1e-5 is at rest.
 TEST(AtomCollision, ASpeedOfExactlyTheRestSpeedIsNotRescaled)
 {
     CRandom random(1);
     const float rest = 1e-5F;
     CAtom a = MakeAtom(10, 10, 1, 0, 3);
     CAtom b = MakeAtom(16, 10, rest, 0, 3);
-    b.speed = 1; // a wrong sum before leaves something to correct
+    b.speed = 1; // not the speed of b, so that the sum has to be corrected
     HandleAtomCollision(a, b, random);
     EXPECT_EQ(a.vx, rest);
     EXPECT_GT(b.vx, 1.4F);
 }
 
-TEST(AtomCollision, TheSpeedSumIsWhatItWasBefore)
+TEST(AtomCollision, TheSpeedSumIsConserved)
 {
     CRandom random(1);
     std::mt19937 draw(3);
@@ -143,7 +143,7 @@ TEST(AtomCollision, TheSpeedSumIsWhatItWasBefore)
         CAtom b = MakeAtom(50 + offset(draw), 50 + offset(draw), velocity(draw), velocity(draw), 3);
         const float before = a.speed + b.speed;
         HandleAtomCollision(a, b, random);
-        // Where one of the two comes nearly to rest the correction would turn it round and cannot restore the sum.
+        // If one of the two nearly comes to rest, the correction would reverse it and cannot restore the sum.
         if (a.speed > 0.5F && b.speed > 0.5F)
         {
             EXPECT_NEAR(a.speed + b.speed, before, 1e-3F);
@@ -159,16 +159,15 @@ TEST(AtomCollision, AtomsAtTheSameCentreAreJitteredAndThenPushedApart)
     CAtom a = MakeAtom(50, 60, 1, 0, 4);
     CAtom b = MakeAtom(50, 60, -1, 0, 5);
     HandleAtomCollision(a, b, random);
-    // The overlap of before the jitter is what is made up for, so the jitter itself (at most 0.2 per axis) comes on
-    // top.
+    // The separation removes the overlap from before the jitter; the jitter itself (at most 0.2 per axis) is added.
     EXPECT_GE(GetDistance(a, b), 9 - 0.0011);
     EXPECT_LE(GetDistance(a, b), 9 + 0.283);
-    // What both move is opposite, so the middle stays, but for the rounding.
+    // Both move in opposite directions, so the middle stays, except for rounding.
     EXPECT_NEAR((a.x + b.x) / 2, 50, c_fTolerance);
     EXPECT_NEAR((a.y + b.y) / 2, 60, c_fTolerance);
 }
 
-// One jitter moves the two centres apart by at most 0.2 per axis, in a direction that the generator's two draws give.
+// One jitter moves the two centres apart by at most 0.2 per axis, in the direction of two draws of the generator.
 TEST(AtomCollision, TheJitterDrawsOneNumberPerAxis)
 {
     CRandom random(42);
@@ -182,7 +181,7 @@ TEST(AtomCollision, TheJitterDrawsOneNumberPerAxis)
     EXPECT_EQ(random.GetRandomNumber_Float(0, 1), expected.GetRandomNumber_Float(0, 1));
 }
 
-TEST(AtomCollision, AtomsApartDrawNoRandomNumber)
+TEST(AtomCollision, AtomsWithDifferentCentresDrawNoRandomNumber)
 {
     CRandom random(42);
     CRandom untouched(42);
@@ -192,9 +191,9 @@ TEST(AtomCollision, AtomsApartDrawNoRandomNumber)
     EXPECT_EQ(random.GetRandomNumber_Float(0, 1), untouched.GetRandomNumber_Float(0, 1));
 }
 
-// At 9,000 one step of a float is 0.00098: an overlap just above the tolerance of 0.001 asks for moves of half of it
-// per atom, times the direction's cosine, which round to nothing. A loop that waits for the overlap to go never ends.
-TEST(AtomCollision, ASeparationThatRoundsToNothingEnds)
+// At 9,000 the spacing of floats is 0.00098. An overlap just above the tolerance of 0.001 asks for moves of half of it
+// per atom, times the cosine of the direction, which round to zero. A loop until the overlap is gone would never end.
+TEST(AtomCollision, ASeparationThatRoundsToZeroEnds)
 {
     CRandom random(1);
     int stalled = 0;
@@ -207,16 +206,16 @@ TEST(AtomCollision, ASeparationThatRoundsToNothingEnds)
         CAtom referenceB = b;
         HandleAtomCollision(a, b, random);
         stalled += 10 - GetDistance(a, b) > 0.0011F ? 1 : 0;
-        EXPECT_TRUE(a.vx != 1 || a.vy != 0.25F) << "the response goes on with the normal";
+        EXPECT_TRUE(a.vx != 1 || a.vy != 0.25F) << "the response must use the normal all the same";
         ReferenceCollision(referenceA, referenceB, random);
         EXPECT_TRUE(IsSameAtom(a, referenceA)) << "at " << angle << " degrees";
         EXPECT_TRUE(IsSameAtom(b, referenceB)) << "at " << angle << " degrees";
     }
-    EXPECT_GT(stalled, 0) << "the case that this test is for did not come up";
+    EXPECT_GT(stalled, 0) << "no separation rounded to zero, so nothing was tested";
 }
 
-// Far outside the world a jitter of 0.1 rounds to nothing: no number of draws parts two centres there.
-TEST(AtomCollision, CoincidentAtomsBeyondTheReachOfJitterAreLeftAlone)
+// Far outside the world a jitter of 0.1 rounds to zero: no number of draws separates two centres there.
+TEST(AtomCollision, CoincidentAtomsTooFarOutForJitterAreLeftAlone)
 {
     CRandom random(1);
     CAtom a = MakeAtom(1e9F, -1e9F, 1, 0.25F, 5);
@@ -227,8 +226,8 @@ TEST(AtomCollision, CoincidentAtomsBeyondTheReachOfJitterAreLeftAlone)
     EXPECT_EQ(b.vx, -1.0F);
 }
 
-// One coordinate that can still be jittered is enough.
-TEST(AtomCollision, CoincidentAtomsFarOutOnOneAxisPartAlongTheOther)
+// One coordinate that jitter can change is enough.
+TEST(AtomCollision, CoincidentAtomsFarOutOnOneAxisSeparateAlongTheOther)
 {
     CRandom random(1);
     CAtom a = MakeAtom(1e9F, 50, 1, 0.25F, 5);
@@ -239,7 +238,7 @@ TEST(AtomCollision, CoincidentAtomsFarOutOnOneAxisPartAlongTheOther)
     EXPECT_LE(std::abs(a.y - b.y), 10 + 0.2);
 }
 
-TEST(AtomCollision, APositionThatIsNoNumberTouchesNothing)
+TEST(AtomCollision, ANanPositionTouchesNothing)
 {
     CRandom random(1);
     CAtom a = MakeAtom(std::nanf(""), 50, 1, 0, 5);
@@ -250,8 +249,8 @@ TEST(AtomCollision, APositionThatIsNoNumberTouchesNothing)
     EXPECT_EQ(b.x, 50.0F);
 }
 
-// Random pairs of all distances, radii and places, each against the plain form, with a shared course of random numbers.
-TEST(AtomCollision, EveryPairComesOutAsInThePlainForm)
+// Random pairs of all distances, radii and places, each compared with the plain form at the same random numbers.
+TEST(AtomCollision, EveryPairEqualsThePlainForm)
 {
     std::mt19937 draw(11);
     CRandom random(5);
@@ -266,7 +265,7 @@ TEST(AtomCollision, EveryPairComesOutAsInThePlainForm)
         CAtom b = MakeAtom(0, 0, velocity(draw), velocity(draw), static_cast<std::uint8_t>(1 + radius(draw) % 32));
         const auto reach = static_cast<float>(a.radius + b.radius);
         std::uniform_real_distribution<float> offset(-reach, reach);
-        const float nearness = round % 5 == 0 ? 1e-4F : 1.0F; // every fifth pair is as good as coincident
+        const float nearness = round % 5 == 0 ? 1e-4F : 1.0F; // every fifth pair is nearly coincident
         b.x = a.x + offset(draw) * nearness;
         b.y = a.y + offset(draw) * nearness;
         CAtom referenceA = a;

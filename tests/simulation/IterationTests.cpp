@@ -31,7 +31,7 @@ TEST(Iteration, CrossingAWallMirrorsPositionAndVelocityAndKeepsTheSpeed)
         100, 80,
         {MakeAtom(4, 40, -2, 0, 3), MakeAtom(96, 20, 2, 0, 3), MakeAtom(50, 4, 0, -2, 3), MakeAtom(20, 76, 0, 2, 3)});
     world.Advance();
-    EXPECT_EQ(world.atoms[0].x, 4.0F); // 2 is 1 beyond the line x = 3
+    EXPECT_EQ(world.atoms[0].x, 4.0F); // x = 2, mirrored at 3
     EXPECT_EQ(world.atoms[0].vx, 2.0F);
     EXPECT_EQ(world.atoms[1].x, 96.0F);
     EXPECT_EQ(world.atoms[1].vx, -2.0F);
@@ -61,13 +61,13 @@ TEST(Iteration, AnAtomFasterThanItsRadiusIsMirroredOnce)
 {
     CWorld world = MakeWorld(100, 80, {MakeAtom(10, 40, -30, 0, 3)});
     world.Advance();
-    EXPECT_EQ(world.atoms[0].x, 26.0F); // -20 mirrored about 3
+    EXPECT_EQ(world.atoms[0].x, 26.0F); // x = -20, mirrored at 3
     EXPECT_EQ(world.atoms[0].vx, 30.0F);
 }
 
-// 300 units to the left in a world of 100: mirrored about x = 3 the atom is at 296, and nothing clamps it. The next
-// step takes it to 596 and mirrors about 97, and so on.
-TEST(Iteration, AnAtomFasterThanTheWorldStaysOutsideUntilLaterSteps)
+// 300 units to the left in a world of 100: mirrored at x = 3 the atom is at 296, and nothing clamps it. The next
+// iteration moves it to 596 and mirrors it at 97, and so on.
+TEST(Iteration, AnAtomFasterThanTheWorldStaysOutsideUntilALaterIteration)
 {
     CWorld world = MakeWorld(100, 80, {MakeAtom(10, 40, -300, 0, 3)});
     world.Advance();
@@ -84,14 +84,14 @@ TEST(Iteration, ThePairOfTwoTouchingAtomsCountsOnce)
     EXPECT_EQ(world.Advance(), 1U);
 }
 
-TEST(Iteration, AtomsExactlyTouchingCount)
+TEST(Iteration, ExactlyTouchingAtomsCollide)
 {
     CWorld world = MakeWorld(100, 100, {MakeAtom(50, 50, 0, 0, 3), MakeAtom(56, 50, 0, 0, 3)});
     EXPECT_EQ(world.Advance(), 1U);
 }
 
-// Both atoms reach over the edge x = 100: they share two cells. They touch exactly, so the first response leaves them
-// where they are and the second finds them again; exchanging twice gives the velocities back.
+// Both atoms cross the edge x = 100, so they share two cells. They touch exactly, so the first response leaves them in
+// place and the second cell finds them again; two exchanges restore the velocities.
 TEST(Iteration, APairThatSharesTwoCellsIsHandledTwice)
 {
     CWorld world = MakeWorld(200, 100, {MakeAtom(99, 40, 0, 0.5F, 3), MakeAtom(99, 46, 0, 0.5F, 3)});
@@ -105,8 +105,8 @@ TEST(Iteration, APairAtACornerOfFourCellsIsHandledFourTimes)
     EXPECT_EQ(world.Advance(), 4U);
 }
 
-// The first pair is pushed apart before the second is tested; the middle atom is by then out of reach of the right one.
-TEST(Iteration, APairTestSeesWhatEarlierResponsesHaveMoved)
+// The first pair is pushed apart before the second is tested, so the second overlaps more than at the start.
+TEST(Iteration, APairTestUsesThePositionsThatEarlierResponsesLeft)
 {
     CWorld world =
         MakeWorld(100, 100, {MakeAtom(53, 50, 0, 0, 3), MakeAtom(55, 50, 0, 0, 3), MakeAtom(48, 50, 0, 0, 3)});
@@ -117,7 +117,7 @@ TEST(Iteration, APairTestSeesWhatEarlierResponsesHaveMoved)
     EXPECT_FLOAT_EQ(world.atoms[2].x, 46.5F);
 }
 
-// Atoms of radius 1 far apart from each other, 1,001 of them in one cell of 100 x 100; the last two overlap.
+// Atoms of radius 1 in one cell of 100 x 100, none of which touch except the last two, which overlap.
 std::vector<CAtom> MakeCrowd(std::size_t count)
 {
     constexpr std::size_t c_uPerRow = 33;
@@ -133,20 +133,20 @@ std::vector<CAtom> MakeCrowd(std::size_t count)
     return atoms;
 }
 
-TEST(Iteration, InACellOf1000AtomsTheLastTakesPart)
+TEST(Iteration, InACellOf1000AtomsTheLastIsTested)
 {
     CWorld world = MakeWorld(100, 100, MakeCrowd(1000));
     EXPECT_EQ(world.Advance(), 1U);
 }
 
-TEST(Iteration, InACellOf1001AtomsTheLastIsIgnored)
+TEST(Iteration, InACellOf1001AtomsTheLastIsNotTested)
 {
     CWorld world = MakeWorld(100, 100, MakeCrowd(1001));
     EXPECT_EQ(world.Advance(), 0U);
 }
 
-// 1,000 atoms fill the left cell; two more, at its right edge, are beyond its cap but also in the nearly empty right
-// one.
+// 1,000 atoms fill the left cell. Two more at its right edge exceed its cap, but are also in the nearly empty right
+// cell.
 TEST(Iteration, AnAtomBeyondTheCapIsStillTestedInANeighbouringCell)
 {
     std::vector<CAtom> atoms = MakeCrowd(1000);
@@ -174,8 +174,8 @@ TEST(Iteration, TheStatisticsAreMinimumMaximumTotalAndAverage)
     EXPECT_EQ(world.atoms.GetVelocities(), (CVelocityStatistics{1, 10, 18, 4.5F}));
 }
 
-// The speed field may be stale; what counts is the velocity.
-TEST(Iteration, TheStatisticsAreTakenFromTheVelocityComponents)
+// The speed field may be stale; the statistics use the velocity.
+TEST(Iteration, TheStatisticsUseTheVelocityComponents)
 {
     CAtom atom = MakeAtom(50, 50, 3, 4, 3);
     atom.speed = 77;
@@ -184,7 +184,7 @@ TEST(Iteration, TheStatisticsAreTakenFromTheVelocityComponents)
     EXPECT_EQ(world.atoms.GetMaxVelocity(), 5.0F);
 }
 
-// In single precision 16,777,216 + 1 is 16,777,216: added in array order the ones after it are lost.
+// In single precision 16,777,216 + 1 is 16,777,216: the ones that are added after it are lost.
 TEST(Iteration, TheTotalIsAddedUpInArrayOrderInSinglePrecision)
 {
     CWorld world({100, 100});
@@ -196,7 +196,7 @@ TEST(Iteration, TheTotalIsAddedUpInArrayOrderInSinglePrecision)
     EXPECT_EQ(world.atoms.GetTotVelocity(), 16'777'218.0F);
 }
 
-TEST(Iteration, AVelocityThatIsNoNumberTouchesMinimumAndMaximumOnlyAtTheFirstAtom)
+TEST(Iteration, ANanVelocityAfterTheFirstAtomLeavesMinimumAndMaximumAlone)
 {
     CWorld world({100, 100});
     world.SetAtoms({MakeAtom(0, 0, 1, 0, 1), MakeAtom(0, 0, std::nanf(""), 0, 1), MakeAtom(0, 0, 3, 0, 1)});
@@ -213,8 +213,8 @@ TEST(Iteration, AnEmptyWorldHasNoCollisionsAndNoVelocities)
     EXPECT_EQ(world.atoms.GetVelocities(), CVelocityStatistics{});
 }
 
-// A position that overflows an integer, or is no number, must neither index outside the grid nor stop the others.
-TEST(Iteration, PositionsThatAreNotFiniteDoNotDisturbTheOthers)
+// A position that overflows an integer or is NaN must neither index outside the grid nor affect other atoms.
+TEST(Iteration, NonFinitePositionsDoNotAffectOtherAtoms)
 {
     const float infinity = std::numeric_limits<float>::infinity();
     CWorld world = MakeWorld(500, 500,
@@ -223,17 +223,17 @@ TEST(Iteration, PositionsThatAreNotFiniteDoNotDisturbTheOthers)
                               MakeAtom(255, 250, 0, 0, 3), MakeAtom(450, 450, 1e30F, -1e30F, 3)});
     for (int iteration = 0; iteration < 3; ++iteration)
     {
-        EXPECT_EQ(world.Advance(), 1U) << "the two that touch, at rest, and no other pair";
+        EXPECT_EQ(world.Advance(), 1U) << "only the two atoms at rest touch";
     }
     EXPECT_EQ(world.atoms[3].x, 249.5F);
 }
 
-// 10,000 atoms in the largest world come to a stalled separation in the far corner within a second of work.
+// 10,000 atoms in the far corner of the largest world have separations that stall within a second.
 TEST(Iteration, ALargeWorldDoesNotStallInItsFarCorner)
 {
     const CScene scene = {"far corner", {9999, 9999}, 10'000, 3, 5, 1, std::nullopt};
     CWorld world(scene);
-    // All of them in the corner where a step of a float is as large as the tolerance.
+    // All atoms go to the corner where the spacing of floats is about the tolerance.
     for (std::int32_t i = 0; i < world.atoms.GetCount(); ++i)
     {
         world.atoms[i].x = 9000 + world.atoms[i].x / 12;

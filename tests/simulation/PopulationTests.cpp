@@ -34,7 +34,7 @@ TEST(Population, TheDrawsComeInTheOrderXYVxVyRadius)
     }
 }
 
-TEST(Population, AStartPointTakesNoDrawForThePosition)
+TEST(Population, WithAStartPointNoPositionIsDrawn)
 {
     const CWorld world(MakeScene({300, 200}, 2, 3, 5, CPoint<int>{120, 80}));
     CRandom random(9);
@@ -75,7 +75,7 @@ TEST(Population, AStartPointOutsideTheWorldIsMovedInside)
     EXPECT_EQ(getStart({c_iFar, -c_iFar}), (CPoint<float>{295, 5}));
 }
 
-// 10 - 32 is below 32: the range of positions is turned round. The draw lies between the two, and nothing asserts.
+// 10 - 32 is below 32, so the bounds of the draw are reversed. The draw is between them, and nothing asserts.
 TEST(Population, AWorldNarrowerThanTwoRadiiDrawsBetweenTheReversedBounds)
 {
     const CWorld world(MakeScene({10, 200}, 1000, 1, 32));
@@ -95,7 +95,7 @@ TEST(Population, AWorldNarrowerThanTwoRadiiWithAStartPointGivesTheRadius)
     EXPECT_EQ(world.atoms[0].y, 100.0F);
 }
 
-TEST(Population, AWorldOfExactlyTwoRadiiGivesItsMiddle)
+TEST(Population, InAWorldOfExactlyTwoRadiiAllAtomsAreInTheMiddle)
 {
     const CWorld world(MakeScene({64, 64}, 100, 1, 32));
     for (const CAtom& atom : world.GetAtoms())
@@ -121,7 +121,7 @@ TEST(Population, WithOneAtomAllVelocitiesAreItsSpeed)
     EXPECT_EQ(world.atoms.GetVelocities(), (CVelocityStatistics{speed, speed, speed, speed}));
 }
 
-// sqrt(2) * (sqrt(2) + ln(1 + sqrt(2))) / 3: what users are told is "about 1".
+// sqrt(2) * (sqrt(2) + ln(1 + sqrt(2))) / 3 = 1.0820, which the user guide calls "about 1.0".
 TEST(Population, TheMeanSpeedIsAbout1)
 {
     const CWorld world(MakeScene({1000, 1000}, 100'000, 3, 5));
@@ -155,7 +155,7 @@ TEST(Population, EveryAtomIsEnteredIntoTheGrid)
     }
 }
 
-TEST(Population, WhereMemoryRunsOutAnEmptyUsableWorldIsLeft)
+TEST(Population, OutOfMemoryLeavesAnEmptyUsableWorld)
 {
     CWorld world(MakeScene({500, 500}, 100, 3, 5));
     {
@@ -169,7 +169,7 @@ TEST(Population, WhereMemoryRunsOutAnEmptyUsableWorldIsLeft)
     EXPECT_EQ(world.atoms.GetCount(), 100'000);
 }
 
-TEST(Population, ANegativeCountIsALengthErrorAndLeavesAnEmptyWorld)
+TEST(Population, ANegativeCountThrowsLengthErrorAndLeavesAnEmptyWorld)
 {
     CWorld world(MakeScene({500, 500}, 100, 3, 5));
     EXPECT_THROW(Populate(world.atoms, world.grid, {500, 500}, -5, 3, 5, nullptr, world.random), std::length_error);
@@ -177,7 +177,7 @@ TEST(Population, ANegativeCountIsALengthErrorAndLeavesAnEmptyWorld)
     EXPECT_TRUE(world.grid.GetCellAtoms(0).empty());
 }
 
-TEST(Population, AWorldStartsAsInThePlainForm)
+TEST(Population, AStartEqualsThePlainForm)
 {
     for (const CScene& scene : {c_SceneDefault, c_SceneFilled, c_SceneBurst})
     {

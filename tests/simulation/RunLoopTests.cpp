@@ -13,7 +13,7 @@
 namespace
 {
 
-// Writes down what the loop does to its event and its sink, and lets a test act on every frame.
+// Records the calls of the loop to its event and its sink, and lets a test act on every frame.
 class CRecorder final : public IFinishedEvent, public IFrameSink
 {
 public:
@@ -45,7 +45,7 @@ public:
     std::function<void()> m_OnLine;
 };
 
-// The line with all digits zero and every number before the decimal point a single one.
+// The line with every digit replaced by 0 and every integer part shortened to one digit.
 std::wstring GetShape(const std::wstring& line)
 {
     std::wstring shape;
@@ -85,7 +85,7 @@ protected:
     std::atomic<bool> m_bRunning{true};
 };
 
-TEST_F(RunLoopTest, WithNoAtomsTheEventIsResetAndSetAndNothingIsDrawn)
+TEST_F(RunLoopTest, WithoutAtomsTheEventIsResetAndSetAndNothingIsDrawn)
 {
     m_World.atoms.Allocate(0);
     Run();
@@ -124,7 +124,7 @@ TEST_F(RunLoopTest, EachFrameIsDrawnAfterItsIteration)
     EXPECT_EQ(m_Recorder.m_iFrames, 5);
 }
 
-TEST_F(RunLoopTest, AStopDuringAPassEndsTheLoopAfterThatPassesFrame)
+TEST_F(RunLoopTest, AStopWhileAFrameIsDrawnEndsTheLoopAfterThatFrame)
 {
     m_Recorder.m_OnFrame = [this](int) { m_bRunning = false; };
     Run();
@@ -154,16 +154,16 @@ TEST_F(RunLoopTest, AnExceptionFromTheSinkEndsTheLoopAndSetsTheEvent)
     EXPECT_NE(log.find(L"the view is gone"), std::wstring::npos);
 }
 
-TEST_F(RunLoopTest, WhateverIsThrownIsCaught)
+TEST_F(RunLoopTest, AnyExceptionIsCaught)
 {
     m_Recorder.m_OnFrame = [](int) { throw 42; };
     Run();
     EXPECT_EQ(m_Recorder.m_sLog, "rs");
 }
 
-TEST_F(RunLoopTest, WhereMemoryRunsOutInAnIterationTheEventIsSet)
+TEST_F(RunLoopTest, OutOfMemoryInAnIterationSetsTheEvent)
 {
-    // The grid has only seen 256 atoms so far and must grow for these.
+    // The grid has room for 256 atoms and must grow.
     m_World.atoms.Allocate(100'000);
     const CAllocationLimit limit(10'000);
     Run();
@@ -171,7 +171,7 @@ TEST_F(RunLoopTest, WhereMemoryRunsOutInAnIterationTheEventIsSet)
     EXPECT_EQ(m_Recorder.m_iFrames, 0);
 }
 
-TEST_F(RunLoopTest, ASecondRunGoesOnWithTheSameWorld)
+TEST_F(RunLoopTest, ASecondRunContinuesTheSameWorld)
 {
     m_Recorder.m_OnFrame = [this](int frame) { m_bRunning = frame != 2; };
     Run();
@@ -187,7 +187,7 @@ TEST_F(RunLoopTest, ASecondRunGoesOnWithTheSameWorld)
     EXPECT_TRUE(IsSameWorld(m_World, reference));
 }
 
-// Runs until two lines were shown, about two seconds.
+// Runs until two lines have been shown: about two seconds.
 TEST_F(RunLoopTest, AboutEverySecondALineIsShownAndWrittenToTheLog)
 {
     m_Recorder.m_OnLine = [this] { m_bRunning = m_Recorder.m_Lines.size() < 2; };

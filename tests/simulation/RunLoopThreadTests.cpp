@@ -17,17 +17,17 @@
 #include <string>
 #include <thread>
 
-// The run loop on a thread of its own against one that pumps messages, as in the program: the worker's two messages are
-// synchronous, a stop clears the flag and pumps until the event is set. With the thread sanitizer these tests prove
-// that nothing is shared beside the flag, the event, the log and what the hand-over of a frame covers.
+// The run loop on one thread and a message pump on another, as in the program: the two messages of the worker are
+// synchronous, and a stop clears the flag and pumps until the event is set. Under the thread sanitizer these tests
+// prove that the threads share only the flag, the event, the log, and the data that they hand over with a frame.
 namespace
 {
 
 using std::chrono::microseconds;
 
-constexpr microseconds c_Patience{500}; // of a look at the queue
+constexpr microseconds c_Patience{500}; // longest wait for a message
 
-// The window's half of the two messages: a sender waits until the pumping thread has handled its message.
+// A queue of synchronous messages: the sender waits until the pumping thread has handled its message.
 class CMessageQueue
 {
 public:
@@ -40,7 +40,7 @@ public:
         m_Changed.wait(lock, [this] { return !m_Message; });
     }
 
-    // On the pumping thread: handles the message there is, or waits a little for one.
+    // On the pumping thread: handles a message, or waits up to patience for one.
     void Pump(microseconds patience)
     {
         std::unique_lock lock(m_Mutex);
@@ -69,7 +69,7 @@ private:
     std::atomic<bool> m_bSet{true};
 };
 
-// Everything that the view and the status bar read while the worker waits for them.
+// Reads what the view and the status bar read while the worker waits for them.
 class CWindow final : public IFrameSink
 {
 public:
@@ -125,7 +125,7 @@ public:
         });
     }
 
-    // Messages are handled, and the timer of the debug log comes in between.
+    // Handles messages, and prunes the debug log in between, as its timer does.
     void PumpFor(microseconds duration)
     {
         const auto end = std::chrono::steady_clock::now() + duration;
@@ -152,8 +152,8 @@ public:
         }
     }
 
-    // A stop that comes before the worker has reset the event finds it set from the last time, and joins at once: that
-    // worker sees the cleared flag and sends nothing.
+    // A stop before the worker has reset the event finds it still set and joins at once. That is safe: then the worker
+    // reads the cleared flag and sends nothing (flag and event are sequentially consistent).
     void Stop()
     {
         m_bRunning = false;
@@ -180,9 +180,9 @@ private:
     std::thread m_Thread;
 };
 
-// A stop can come before the first frame, while a frame is drawn, while the worker waits for the next one or computes
-// it. Whenever it does, the worker ends, no iteration is lost or cut short, and the next start goes on from there.
-TEST(RunLoopOnAThread, AStopAtAnyMomentEndsItAfterAWholeIteration)
+// A stop can come before the first frame, while a frame is drawn, and while the worker computes the next one or waits.
+// In each case the worker ends, no iteration is lost or incomplete, and the next start continues from there.
+TEST(RunLoopOnAThread, AStopAtAnyMomentEndsTheLoopAfterAWholeIteration)
 {
     constexpr int c_iStops = 60;
     constexpr int c_iLongestRun = 40'000; // microseconds: a little more than two frames
@@ -203,7 +203,7 @@ TEST(RunLoopOnAThread, AStopAtAnyMomentEndsItAfterAWholeIteration)
     EXPECT_EQ(simulation.GetWindow().GetBadFrames(), 0);
 }
 
-TEST(RunLoopOnAThread, AStopRightAfterTheStartEndsItToo)
+TEST(RunLoopOnAThread, AStopRightAfterTheStartEndsTheLoopToo)
 {
     constexpr int c_iStops = 200;
     CSimulation simulation;
@@ -216,7 +216,7 @@ TEST(RunLoopOnAThread, AStopRightAfterTheStartEndsItToo)
     EXPECT_EQ(simulation.GetWindow().GetBadFrames(), 0);
 }
 
-TEST(RunLoopOnAThread, AFrameShowsTheIterationThatItFollows)
+TEST(RunLoopOnAThread, AFrameShowsTheIterationBeforeIt)
 {
     CSimulation simulation;
     simulation.Start();
@@ -231,8 +231,8 @@ TEST(RunLoopOnAThread, AFrameShowsTheIterationThatItFollows)
                               [](float fSum, const CAtom& atom) { return fSum + atom.speed; }));
 }
 
-// Runs until a line is shown, about a second.
-TEST(RunLoopOnAThread, ALineReachesTheWindowAndTheLogThatIsPrunedMeanwhile)
+// Runs until a line is shown: about a second.
+TEST(RunLoopOnAThread, ALineReachesTheWindowAndTheLogWhileTheLogIsPruned)
 {
     CSimulation simulation;
     simulation.Start();

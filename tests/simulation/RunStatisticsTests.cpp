@@ -8,7 +8,7 @@
 namespace
 {
 
-TEST(StatisticsLine, ItsTextIsThatOfTheStatusBar)
+TEST(StatisticsLine, TheTextIsTheLineOfTheStatusBar)
 {
     CRunStatistics statistics;
     statistics.totalIterations = 12345;
@@ -22,7 +22,7 @@ TEST(StatisticsLine, ItsTextIsThatOfTheStatusBar)
               L"avg = 1.080   collided = 0.62%");
 }
 
-TEST(StatisticsLine, MoreCollisionsThanAtomsAreMoreThan100Percent)
+TEST(StatisticsLine, MoreCollisionsThanAtomsExceed100Percent)
 {
     CRunStatistics statistics;
     statistics.totalIterations = 18'446'744'073'709'551'615U;
@@ -41,14 +41,14 @@ TEST(FrameCap, AShortPassWaitsForTheRestOfThePeriod)
     EXPECT_EQ(GetFrameCapWait(16.5F), 166);
 }
 
-TEST(FrameCap, APassAsLongAsThePeriodOrLongerWaitsNotAtAll)
+TEST(FrameCap, APassOfThePeriodOrLongerDoesNotWait)
 {
     EXPECT_EQ(GetFrameCapWait(16.66668F), 0);
     EXPECT_EQ(GetFrameCapWait(20.0F), 0);
     EXPECT_EQ(GetFrameCapWait(std::numeric_limits<float>::infinity()), 0);
 }
 
-TEST(FrameCap, APassTooShortForTheClockWaitsNotAtAll)
+TEST(FrameCap, APassTooShortForTheClockDoesNotWait)
 {
     EXPECT_EQ(GetFrameCapWait(0.0F), 0);
     EXPECT_EQ(GetFrameCapWait(-1.0F), 0);

@@ -12,7 +12,7 @@
 namespace
 {
 
-// The plain rule for the pairs of one cell.
+// The plain form of the pair tests of one cell.
 std::uint32_t CollidePlainly(std::span<CAtom> atoms, CRandom& random)
 {
     std::uint32_t collisions = 0;
@@ -75,7 +75,7 @@ std::vector<CAtom> DrawCell(std::mt19937& draw, std::size_t count, float width, 
     return atoms;
 }
 
-TEST(SimulationKernels, TheBaselineIsAlwaysThereAndAloneWhereItIsForced)
+TEST(SimulationKernels, TheBaselineIsAlwaysAvailableAndTheOnlySetIfForced)
 {
     const auto kernels = GetKernels(CCpuCapabilities(true));
     ASSERT_EQ(kernels.size(), 1U);
@@ -83,15 +83,15 @@ TEST(SimulationKernels, TheBaselineIsAlwaysThereAndAloneWhereItIsForced)
     EXPECT_EQ(std::string_view(GetAllKernels()[0].name), "baseline");
 }
 
-TEST(SimulationKernels, AProcessorWithAllInstructionSetsHasAllKernels)
+TEST(SimulationKernels, AProcessorHasTheKernelsOfItsInstructionSets)
 {
     const CCpuCapabilities capabilities(false);
     const std::size_t expected = capabilities.HasAvx512() ? 3 : capabilities.HasAvx2() ? 2 : 1;
     EXPECT_EQ(GetKernels(capabilities).size(), expected);
 }
 
-// Every number of atoms around the widths of the vectors, from hardly touching to heaped up.
-TEST(SimulationKernels, ACellOfAnySizeComesOutAsByTheRule)
+// All numbers of atoms around the widths of the vectors, from hardly touching to all overlapping.
+TEST(SimulationKernels, ACellOfAnySizeEqualsThePlainForm)
 {
     std::mt19937 draw(1);
     for (std::size_t count = 0; count <= 70; ++count)
@@ -107,8 +107,8 @@ TEST(SimulationKernels, ACellOfAnySizeComesOutAsByTheRule)
     }
 }
 
-// Between a gas and a heap lies the density where atoms are pushed further than the search has looked, time and again.
-TEST(SimulationKernels, CellsOfEveryDensityComeOutAsByTheRule)
+// At densities between sparse and dense, atoms are often pushed further than the margin of the search.
+TEST(SimulationKernels, CellsOfAnyDensityEqualThePlainForm)
 {
     std::mt19937 draw(2);
     for (const std::size_t count : {100U, 200U, 333U, 500U, 777U, 1000U})
@@ -121,7 +121,7 @@ TEST(SimulationKernels, CellsOfEveryDensityComeOutAsByTheRule)
     }
 }
 
-TEST(SimulationKernels, AtomsAtOnePointComeOutAsByTheRule)
+TEST(SimulationKernels, AtomsAtOnePointEqualThePlainForm)
 {
     for (const std::size_t count : {2U, 17U, 100U, 1000U})
     {
@@ -137,8 +137,8 @@ TEST(SimulationKernels, AtomsAtOnePointComeOutAsByTheRule)
     }
 }
 
-// Edge cells hold whatever has left the world, however far away; near and far ones must not disturb each other.
-TEST(SimulationKernels, AtomsFarApartOrNowhereInOneCellComeOutAsByTheRule)
+// Edge cells hold the atoms outside the world, however far away. Near and far atoms must not affect each other.
+TEST(SimulationKernels, AtomsFarApartOrNotFiniteInOneCellEqualThePlainForm)
 {
     std::mt19937 draw(4);
     for (const std::size_t count : {5U, 40U, 120U})
@@ -160,7 +160,7 @@ TEST(SimulationKernels, AtomsFarApartOrNowhereInOneCellComeOutAsByTheRule)
         {
             CompareCell(atoms);
             ASSERT_FALSE(HasFatalFailure()) << count << " atoms";
-            std::swap(atoms.front(), atoms.back()); // the search is relative to the first
+            std::swap(atoms.front(), atoms.back()); // points are relative to the first atom
         }
     }
 }

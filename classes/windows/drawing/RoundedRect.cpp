@@ -1,6 +1,7 @@
 #include "classes/windows/drawing/RoundedRect.h"
 
 #include "classes/core/ColourMath.h"
+#include "classes/core/Percent.h"
 #include "classes/windows/system/RectHelpers.h"
 
 #include <algorithm>
@@ -9,7 +10,6 @@
 namespace
 {
 constexpr double c_dPixelCentre = 0.5;
-constexpr double c_dPercent = 100.0;
 
 void FillPlain(HDC hDc, const RECT& rc, COLORREF cr)
 {
