@@ -2,8 +2,11 @@
 #include "classes/core/CCpuCapabilities.h"
 #include "classes/core/CExceptionHandler.h"
 #include "classes/core/CrashNote.h"
+#include "classes/core/EnvironmentText.h"
+#include "classes/core/OutputDebugMessage.h"
 #include "classes/windows/crash/CCrashReport.h"
 #include "classes/windows/system/ModuleFolder.h"
+#include "classes/windows/system/ProfileFile.h"
 #include "classes/windows/system/SafeLibrarySearch.h"
 #include "diagnostics/Guard.h"
 
@@ -13,6 +16,15 @@ namespace
 {
 // Looked at once, before anything runs that could depend on it.
 const CCpuCapabilities s_CpuCapabilities;
+
+void WriteProfileIfAsked()
+{
+    if (GetEnvironmentText("KINETARIUM_PROFILE") == L"1" &&
+        !WriteProfile(GetModuleFolder() + L"Kinetarium-profile.txt"))
+    {
+        OutputDebugMessage(nullptr, L"The profile cannot be written\n");
+    }
+}
 } // namespace
 
 int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int)
@@ -25,5 +37,7 @@ int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int)
         SetCrashNote("no simulation so far");
         const CKinetarium application(nullptr, hInstance);
     });
+    // Only now every scope is closed.
+    Guarded({nullptr, __TIMESTAMP__}, [] { WriteProfileIfAsked(); });
     return 0;
 }

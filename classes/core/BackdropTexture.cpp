@@ -18,7 +18,7 @@ constexpr int c_iGreenShift = 8;
 
 static_assert(c_iBackdropTextureLength % c_iWeavePeriod == 0);
 
-// A small linear congruential generator: the grain needs no better one, only the same one everywhere.
+// A small linear congruential generator. It is good enough for the grain and gives the same numbers everywhere.
 std::uint32_t NextGrain(std::uint32_t& uState)
 {
     constexpr std::uint32_t c_uMultiplier = 1664525u;

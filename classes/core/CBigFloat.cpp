@@ -80,7 +80,7 @@ const CBigFloat::CNumber& CBigFloat::GetNumber() const
 
 double CBigFloat::ToDouble() const
 {
-    // Through text, because a decimal converted by arithmetic is not always rounded to the nearest double.
+    // Converted through text: arithmetic would not always round a decimal to the nearest double.
     const Decimal& value = GetNumber().value;
     const std::string sText = value.str(std::numeric_limits<Decimal>::max_digits10, std::ios_base::scientific);
     double dResult = 0.0;

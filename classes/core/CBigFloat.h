@@ -5,15 +5,15 @@
 
 struct CDecimalText;
 
-// A decimal number of 100 significant digits, for what users type: "0.1" is one tenth here and not its neighbour among
-// the doubles. Numbers beyond 10^1,000,000 are held at that bound, those nearer to zero than 10^-1,000,000 are zero.
-// There is no infinity and no "not a number".
+// A decimal number of 100 significant digits, for what users type: "0.1" is exactly one tenth here, not the nearest
+// double. Numbers beyond 10^1,000,000 saturate at that bound; numbers nearer to zero than 10^-1,000,000 become zero.
+// There is no infinity and no NaN.
 class CBigFloat
 {
 public:
     CBigFloat() noexcept;
 
-    // The double's exact value up to 100 digits; infinities become the nearest double, "not a number" becomes zero.
+    // The double's exact value up to 100 digits; infinities become the largest double of their sign; NaN becomes zero.
     explicit CBigFloat(double dValue);
 
     explicit CBigFloat(const CDecimalText& text);
@@ -24,7 +24,8 @@ public:
     CBigFloat& operator=(CBigFloat&& other) noexcept;
     ~CBigFloat();
 
-    // The nearest double; beyond the doubles' range the largest of that sign, never an infinity.
+    // The nearest double. Saturates: beyond the range of doubles it gives the largest double of that sign, never an
+    // infinity.
     double ToDouble() const;
 
     bool operator==(const CBigFloat& other) const;
@@ -37,6 +38,6 @@ private:
 
     const CNumber& GetNumber() const;
 
-    // Null stands for zero, so that default construction and moving never allocate.
+    // Null means zero, so that default construction and moving never allocate.
     std::unique_ptr<CNumber> m_pNumber;
 };

@@ -5,7 +5,7 @@
 namespace
 {
 
-// Turns c_iAtEnd into the index behind the last of iCount items. False for a position outside.
+// Turns c_iAtEnd into the index after the last of iCount items. False if the position is out of range.
 bool ResolvePosition(int iCount, int* pPosition)
 {
     if (*pPosition == c_iAtEnd)

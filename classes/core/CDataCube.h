@@ -12,8 +12,8 @@ constexpr int c_iColumnTypeWideText = -9;
 constexpr int c_iAtEnd = -1;
 constexpr int c_iAll = -1;
 
-// What a table knows about a column. Type and width describe it to whoever shows or stores the table: cells are texts
-// of any length whatever they say.
+// The description of a column. Type and width are hints for code that shows or stores the table; they do not limit the
+// cells, which are texts of any length.
 struct CDataCubeColumn
 {
     CWString sName;
@@ -26,16 +26,17 @@ struct CDataCubeColumn
 class CDataCube
 {
 public:
-    // Deletes one column with its cells, or all columns (and so all rows) for c_iAll. False for an index outside.
+    // Deletes one column with its cells, or all columns (and so all rows) for c_iAll. False if the index is out of
+    // range.
     bool DeleteColumn(int iIndex);
 
-    // Adds a column before iPosition, at the end for c_iAtEnd; the rows that exist get an empty cell there. False for
-    // a position outside.
+    // Adds a column before iPosition, at the end for c_iAtEnd; existing rows get an empty cell there. False if the
+    // position is out of range.
     bool AddColumn(const wchar_t* sName, int iType, int iPosition, int iWidth, bool bHidden);
 
     // Adds a row of iCells texts before iPosition, at the end for c_iAtEnd. Columns without a text get an empty cell.
-    // False, and nothing added, when iCells is not the number of texts, there are more texts than columns, or the
-    // position lies outside.
+    // Returns false and adds nothing if iCells is not the number of texts, if there are more texts than columns, or if
+    // the position is out of range.
     template<class... A>
     bool AddRow(int iPosition, int iCells, const A&... texts)
     {
@@ -49,10 +50,10 @@ public:
     int GetRowCount() const { return static_cast<int>(m_Rows.size()); }
     int GetColumnCount() const { return static_cast<int>(m_Columns.size()); }
 
-    // The text of a cell; empty for a row or column outside.
+    // The text of a cell; empty if the row or column is out of range.
     const CWString& GetCell(int iRow, int iColumn) const;
 
-    // The column's description; an empty one for an index outside.
+    // The column's description; an empty one if the index is out of range.
     const CDataCubeColumn& GetColumn(int iColumn) const;
 
     // Index of the first column of that name, -1 when there is none.

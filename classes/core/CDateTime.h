@@ -3,8 +3,7 @@
 #include <chrono>
 #include <cstdint>
 
-// A moment on the monotonic clock, for measuring how long something takes: setting the computer's time does not
-// disturb it.
+// A moment on the monotonic clock, for measuring durations. A change of the computer's time does not disturb it.
 class CDateTime
 {
 public:
@@ -13,7 +12,7 @@ public:
 
     void SetNow();
 
-    // How much later this moment is than the other, below zero when it is earlier; parts of the unit are cut off.
+    // The time from the other moment to this one, negative if this one is earlier. Truncated to whole units.
     std::int64_t DiffInMicroSeconds(const CDateTime& earlier) const;
     std::int64_t DiffInMilliSeconds(const CDateTime& earlier) const;
 

@@ -35,7 +35,7 @@ void Report(const std::wstring& sWhat)
     }
 }
 
-// Runs the report, whatever happens in it.
+// Writes the report and swallows any exception in it.
 template<class F>
 void ReportSafely(F&& describe) noexcept
 {
@@ -45,7 +45,7 @@ void ReportSafely(F&& describe) noexcept
     }
     catch (...)
     {
-        // The process ends anyway; the handler that was there before us has the last word.
+        // The process ends anyway; the previous handler has the last word.
         return;
     }
 }
@@ -58,7 +58,7 @@ void CallReporter(const CUnhandledError& error)
     }
 }
 
-// Into storage on the stack, so that an exception for want of memory is reported too.
+// Writes into storage on the stack, so that an out-of-memory exception is reported too.
 void DescribeException(CFixedText& text) noexcept
 {
     try
@@ -94,7 +94,7 @@ void OnTerminate()
 namespace
 {
 
-// Faults with this code are C++ exceptions on their way: the runtime's own filter turns them into std::terminate.
+// The code of C++ exceptions in flight: the runtime's own filter turns these faults into std::terminate.
 constexpr DWORD c_dwGccExceptionCode = 0x20474343;
 constexpr DWORD c_dwGccExceptionMask = 0x20FFFFFF;
 
@@ -117,7 +117,7 @@ LONG WINAPI OnFault(EXCEPTION_POINTERS* pPointers)
     return pPrevious != nullptr ? pPrevious(pPointers) : EXCEPTION_CONTINUE_SEARCH;
 }
 
-// Returns the filter that was in force.
+// Returns the previous filter.
 CExceptionHandler::FunctionPointer InstallFaultFilter()
 {
     const LPTOP_LEVEL_EXCEPTION_FILTER pPrevious = SetUnhandledExceptionFilter(&OnFault);

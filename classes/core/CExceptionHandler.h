@@ -2,7 +2,7 @@
 
 #include <string>
 
-// An error that ends the process, one of the two.
+// An error that ends the process: one of the two members is set.
 struct CUnhandledError
 {
     const char* exception = nullptr; // an exception's type and text in UTF-8
@@ -11,13 +11,13 @@ struct CUnhandledError
 
 using UnhandledErrorFunction = void (*)(const CUnhandledError& error);
 
-// The process's last resort, one object for the life of the program: what nothing else caught (a C++ exception, on
-// Windows also a fault such as an access violation) is named in the debug output and the log before the process ends.
-// The destructor gives the process back the handlers that it had before.
+// The process's last resort, one object for the life of the program. It names an uncaught C++ exception, on Windows
+// also a fault such as an access violation, in the debug output and the log before the process ends. The destructor
+// restores the previous handlers.
 class CExceptionHandler
 {
 public:
-    // Holds a handler of whatever type.
+    // Can hold a handler of any type.
     using FunctionPointer = void (*)();
 
     // pDebugLog may be null and must outlive this object. bShow: the user sees the report too.
@@ -26,8 +26,8 @@ public:
     CExceptionHandler(const CExceptionHandler&) = delete;
     CExceptionHandler& operator=(const CExceptionHandler&) = delete;
 
-    // From now on the function is called with each such error before anything else is done about it, on the thread
-    // where it happened. It may end the process itself. Null: nothing is called.
+    // From now on the handler first calls this function with each such error, on the thread where the error happened.
+    // The function may end the process itself. Null: nothing is called.
     static void SetReporter(UnhandledErrorFunction pReporter) noexcept;
 
 private:

@@ -7,7 +7,7 @@ namespace
 {
 constexpr unsigned c_uDecimal = 10;
 constexpr unsigned c_uHexadecimal = 16;
-constexpr unsigned c_uMostDigits = 20; // of 64 bits, in decimal
+constexpr unsigned c_uMostDigits = 20; // of a 64-bit number in decimal
 
 // UTF-8 bytes that continue a character have the bits 10xxxxxx.
 constexpr unsigned char c_uTopBits = 0xC0;

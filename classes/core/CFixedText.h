@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
-// UTF-8 text in storage that exists already: for code that runs when the heap may be broken, exhausted or locked. What
-// does not fit is cut off at a whole character. Nothing in here allocates, throws or asks the system.
+// UTF-8 text in existing storage, for code that runs when the heap may be broken, exhausted or locked. A text that does
+// not fit is truncated at a whole character. Nothing here allocates, throws or calls the system.
 class CFixedText
 {
 public:
@@ -30,5 +30,5 @@ private:
     char* m_pStorage;
     std::size_t m_uSize;
     std::size_t m_uLength = 0;
-    bool m_bFull = false; // nothing may follow what was cut off
+    bool m_bFull = false; // after a truncation nothing may be added
 };

@@ -28,7 +28,7 @@ struct CProfileStore
     std::unordered_map<std::string, CProfileEntry> entries;
 };
 
-// Never destroyed: scopes may still close while the process ends.
+// Never destroyed, because scopes may still close while the process ends.
 CProfileStore& GetStore()
 {
     static CProfileStore& store = *new CProfileStore;
@@ -109,14 +109,17 @@ std::vector<CProfileRow> CProfile::GetTable()
     return rows;
 }
 
-std::string CProfile::FormatTable()
+std::string CProfile::FormatTable(const std::vector<CProfileRow>& rows)
 {
     constexpr double dMicroSecondsPerMilliSecond = 1000.0;
     const auto toMilliSeconds = [](std::int64_t ll) { return static_cast<double>(ll) / dMicroSecondsPerMilliSecond; };
-    std::string sTable = fmt::format("{:>12} {:>14} {:>12}  {}\n", "calls", "total ms", "longest ms", "scope");
-    for (const CProfileRow& row : GetTable())
+    std::string sTable =
+        fmt::format("{:>12} {:>14} {:>12} {:>12}  {}\n", "calls", "total ms", "mean ms", "longest ms", "scope");
+    for (const CProfileRow& row : rows)
     {
-        sTable += fmt::format("{:>12} {:>14.3f} {:>12.3f}  {}\n", row.uCalls, toMilliSeconds(row.llTotalMicroSeconds),
+        const double dTotal = toMilliSeconds(row.llTotalMicroSeconds);
+        const double dMean = row.uCalls > 0 ? dTotal / static_cast<double>(row.uCalls) : 0.0;
+        sTable += fmt::format("{:>12} {:>14.3f} {:>12.3f} {:>12.3f}  {}\n", row.uCalls, dTotal, dMean,
                               toMilliSeconds(row.llLongestMicroSeconds), row.sText);
     }
     return sTable;

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-// What was recorded under one scope text.
+// The sums recorded under one scope text.
 struct CProfileRow
 {
     std::string sText;
@@ -16,9 +16,9 @@ struct CProfileRow
 
 struct CProfileEntry;
 
-// A profiling scope: from construction to destruction one call of the scope named by its text. The sums of all scopes
-// of the process are kept by text, on whichever thread they run. Opening a scope costs one look-up in a hash table
-// under a mutex, closing it two atomic additions; the text is not kept.
+// A profiling scope: its life counts as one call of the scope that its text names. The process keeps one set of sums
+// per text for all threads. Opening a scope costs one look-up in a hash table under a mutex, closing it two atomic
+// additions; the text is not kept.
 class CProfile
 {
 public:
@@ -32,8 +32,9 @@ public:
     // All texts with at least one finished call since the last Reset, the largest total time first.
     static std::vector<CProfileRow> GetTable();
 
-    // The same as text: a heading, then one line per row, times in milliseconds.
-    static std::string FormatTable();
+    // The rows as text in their order: a heading, then one line per row with calls, total, mean and longest time in
+    // milliseconds, and the scope's text. Columns are aligned; every line ends with "\n".
+    static std::string FormatTable(const std::vector<CProfileRow>& rows);
 
     // Starts all sums again at zero. Scopes that are open count towards the new sums when they close.
     static void Reset();

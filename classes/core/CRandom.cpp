@@ -11,7 +11,7 @@ constexpr unsigned c_uBitsOfEngine = 64;
 constexpr unsigned c_uBitsOfFraction = 24;
 constexpr double c_dFractionStep = 1.0 / (1 << c_uBitsOfFraction);
 
-// So many bits make every whole number of a range of at most 256 equally likely to within 2^-24.
+// With this many bits, every whole number in a range of at most 256 is equally likely to within 2^-24.
 constexpr unsigned c_uBitsOfChoice = 32;
 
 std::uint64_t DrawSeedFromSystem()
@@ -35,8 +35,8 @@ void CRandom::SetSeed(std::uint64_t uSeed)
 
 float CRandom::GetRandomNumber_Float(float fLow, float fHigh)
 {
-    // In double neither the difference of two floats can overflow nor the sum lie outside of the bounds after rounding
-    // to float: rounding never passes a float, and both bounds are floats.
+    // In double, the difference of two floats cannot overflow. The sum rounded to float cannot lie outside the bounds,
+    // because rounding never passes a float and both bounds are floats.
     const double dLow = static_cast<double>(fLow);
     const double dHigh = static_cast<double>(fHigh);
     const double dFraction = static_cast<double>(m_Engine() >> (c_uBitsOfEngine - c_uBitsOfFraction)) * c_dFractionStep;

@@ -9,7 +9,7 @@
 class CRandom
 {
 public:
-    // Seeded from the system: every object gives other numbers.
+    // Seeded from the system: every object gives different numbers.
     CRandom();
 
     explicit CRandom(std::uint64_t uSeed);
@@ -17,9 +17,9 @@ public:
     void SetSeed(std::uint64_t uSeed);
     std::uint64_t GetSeed() const { return m_uSeed; }
 
-    // Uniform between the two finite bounds, whichever is the larger: fLow + u (fHigh - fLow) with u one of the 2^24
-    // multiples of 2^-24 in [0, 1), computed in double and rounded once. fLow can be drawn; fHigh only by rounding.
-    // Equal bounds give that value.
+    // Uniform between the two finite bounds, in either order: fLow + u (fHigh - fLow) with u one of the 2^24 multiples
+    // of 2^-24 in [0, 1), computed in double and rounded once. fLow can be drawn; fHigh only by rounding. If the bounds
+    // are equal, the result is that value.
     float GetRandomNumber_Float(float fLow, float fHigh);
 
     // Uniform among the whole numbers from one bound to the other, both included.

@@ -2,7 +2,7 @@
 
 #include "classes/core/CPoint.h"
 
-// A rectangle of whole pixels. The right and bottom edges lie just outside, as in every rectangle of Windows.
+// A rectangle of whole pixels. The right and bottom edges are exclusive, as in every Windows rectangle.
 struct CRect
 {
     int left{};
@@ -13,7 +13,7 @@ struct CRect
     constexpr int GetWidth() const { return right - left; }
     constexpr int GetHeight() const { return bottom - top; }
 
-    // True when no pixel lies inside, also for edges in the wrong order.
+    // True if no pixel lies inside; also true if the edges are in the wrong order.
     constexpr bool IsEmpty() const { return right <= left || bottom <= top; }
 
     bool operator==(const CRect&) const = default;

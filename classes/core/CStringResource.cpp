@@ -26,7 +26,7 @@ void CStringResource::Initialize(TranslateFunction pTranslate, unsigned char uLa
     {
         entries.emplace_back(table.GetCell(iRow, c_iKeyColumn).Get(), table.GetCell(iRow, c_iTextColumn));
     }
-    // Stable, so that among equal keys the first row stays the first.
+    // A stable sort keeps the first of several equal keys first.
     std::stable_sort(entries.begin(), entries.end(),
                      [](const Entry& first, const Entry& second) { return first.first < second.first; });
     m_Entries = std::move(entries);

@@ -15,12 +15,12 @@ class CStringResource
 public:
     using TranslateFunction = void (*)(CDataCube*, unsigned char);
 
-    // Asks pTranslate for the table of the language (keys in the first column, texts in the second) and takes its
-    // texts over; what was there before is gone. Of rows with the same key the first counts. Null gives no texts.
+    // Replaces all texts by those in pTranslate's table for the language (keys in the first column, texts in the
+    // second). If rows have the same key, the first one counts. Null gives no texts.
     void Initialize(TranslateFunction pTranslate, unsigned char uLanguage);
 
-    // The text of the key. A key without a text gives the key itself when bKeyIfMissing, so that a forgotten text is
-    // visible and the program still usable, and otherwise an empty text. Null and empty keys give an empty text.
+    // The text of the key. An unknown key gives itself if bKeyIfMissing is true, so that a forgotten text is visible
+    // and the program still usable; otherwise it gives an empty text. Null and empty keys give an empty text.
     CWString Get(const wchar_t* sKey, bool bKeyIfMissing) const;
 
     unsigned char GetLanguage() const { return m_uLanguage; }

@@ -31,8 +31,8 @@ CWString& CWString::Erase(int iStart, int iCount)
 {
     const int iLength = GetLength();
     const int iFirst = std::clamp(iStart, 0, iLength);
-    // What lies before the text counts towards iCount, so a start below zero removes less. 64 bits cannot overflow
-    // here.
+    // Positions before the text count towards iCount, so a negative start removes fewer characters. 64 bits cannot
+    // overflow here.
     const std::int64_t llEnd = iCount < 0 ? iLength : std::int64_t{iStart} + iCount;
     const int iEnd = static_cast<int>(std::clamp<std::int64_t>(llEnd, iFirst, iLength));
     m_sText.erase(static_cast<std::size_t>(iFirst), static_cast<std::size_t>(iEnd - iFirst));

@@ -27,13 +27,14 @@ public:
     {
     }
 
-    // Index of the first occurrence at or after iStart (below zero counts as zero), -1 when there is none.
+    // Index of the first occurrence at or after iStart (a negative iStart counts as 0), -1 if there is none.
     int Find(std::wstring_view sWhat, int iStart = 0) const;
 
-    // Index of the last occurrence, -1 when there is none.
+    // Index of the last occurrence, -1 if there is none.
     int FindLast(std::wstring_view sWhat) const;
 
-    // Removes iCount characters from iStart on, all of them when iCount is below zero. What lies outside is ignored.
+    // Removes iCount characters from iStart on; a negative iCount removes all of them. The part of the range outside
+    // the text is ignored.
     CWString& Erase(int iStart, int iCount = -1);
 
     void Clear() { m_sText.clear(); }
@@ -59,8 +60,8 @@ public:
     const std::wstring& Get() const { return m_sText; }
     operator std::wstring_view() const { return m_sText; }
 
-    // Below, equal to or above zero, as in an alphabet where the letters A to Z and a to z are the same. Other letters
-    // count by their code, since no locale is asked.
+    // Negative, zero or positive. Case is ignored for A to Z only; other characters compare by code, independent of the
+    // locale.
     int CompareNoCase(std::wstring_view sOther) const;
 
     template<std::convertible_to<std::wstring_view> T>
@@ -79,5 +80,5 @@ private:
     std::wstring m_sText;
 };
 
-// The two texts, one after the other.
+// Concatenates the two texts.
 CWString operator+(const CWString& sFirst, std::wstring_view sSecond);

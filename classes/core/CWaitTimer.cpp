@@ -4,7 +4,7 @@
 
 #ifdef _WIN32
 #include <windows.h>
-// After windows.h, which it needs.
+// Must follow windows.h.
 #include <timeapi.h>
 #else
 #include <thread>
@@ -31,13 +31,13 @@ void CWaitTimer::WaitMicroSeconds(std::int64_t llMicroSeconds)
 namespace
 {
 
-// Known to Windows 10 from version 1803 on; headers of earlier kits do not name it.
+// Windows 10 knows this flag since version 1803; the headers of earlier kits do not name it.
 constexpr DWORD c_dwHighResolutionTimer = 0x00000002;
 
 // The finest tick that Windows grants to ordinary timers, in milliseconds.
 constexpr UINT c_uTimerPeriodMilliSeconds = 1;
 
-// Waitable timers count in steps of 100 ns; a due time below zero is relative to now.
+// Waitable timers count in steps of 100 ns; a negative due time is relative to now.
 constexpr std::int64_t c_llTimerStepsPerMilliSecond = 10'000;
 
 } // namespace

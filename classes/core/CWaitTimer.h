@@ -3,7 +3,8 @@
 #include <cstdint>
 
 // Waits on the monotonic clock, to about a millisecond. The usual sleep of Windows ends only at the system's timer
-// tick, every 15.6 ms, which would halve a frame rate of 60 per second; so a high-resolution timer is used there.
+// tick, every 15.6 ms, which would halve a frame rate of 60 per second. On Windows this class therefore uses a
+// high-resolution timer.
 class CWaitTimer
 {
 public:
@@ -12,8 +13,8 @@ public:
     CWaitTimer(const CWaitTimer&) = delete;
     CWaitTimer& operator=(const CWaitTimer&) = delete;
 
-    // Returns once the clock has advanced by at least llMicroSeconds; at once for zero or less. Sleeps whole
-    // milliseconds, rounded up, until the deadline is reached.
+    // Returns when the clock has advanced by at least llMicroSeconds; returns at once for zero or less. Sleeps whole
+    // milliseconds, rounded up, until the deadline.
     void WaitMicroSeconds(std::int64_t llMicroSeconds);
 
 private:

@@ -24,7 +24,7 @@ double ToLinear(std::uint8_t uChannel)
 
 double GetLuminance(ColourRef cr)
 {
-    // The eye's share of each primary; they add up to 1.
+    // The weight of each primary for the eye; the weights add up to 1.
     constexpr double c_dRedShare = 0.2126;
     constexpr double c_dGreenShare = 0.7152;
     constexpr double c_dBlueShare = 0.0722;

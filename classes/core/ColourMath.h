@@ -14,11 +14,12 @@ constexpr ColourRef BlendColours(ColourRef crFirst, ColourRef crSecond, int iPer
                       Mix(GetBlue(crFirst), GetBlue(crSecond), iPercent));
 }
 
-// How light a colour looks, from 0 (black) to 1 (white): the relative luminance of the sRGB standard.
+// The relative luminance of a colour by the sRGB standard, from 0 (black) to 1 (white).
 double GetLuminance(ColourRef cr);
 
-// How well two colours can be told apart, from 1 (the same) to 21 (black and white).
+// The contrast ratio of two colours, from 1 (the same) to 21 (black and white).
 double GetContrast(ColourRef crFirst, ColourRef crSecond);
 
-// Black or white, whichever stands out more on the colour. It is never below 4.5, which is what small text needs.
+// Black or white, whichever has the higher contrast on the colour. The contrast is never below 4.5, which small text
+// needs.
 ColourRef GetContrastColour(ColourRef crBackground);

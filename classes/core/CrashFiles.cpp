@@ -81,7 +81,7 @@ std::vector<std::wstring> ChooseCrashFilesToDelete(const std::vector<std::wstrin
         }
     }
     std::set<std::wstring> old;
-    std::size_t uPlace = 1; // the current one has the first
+    std::size_t uPlace = 1; // the current crash has the first place
     for (const std::wstring& sStem : others)
     {
         ++uPlace;

@@ -9,8 +9,7 @@ namespace
 {
 constexpr std::size_t c_uNoteSize = 256;
 
-// One is read while the other is written: no reader ever sees half a note, unless two more notes are taken while it
-// reads.
+// Double buffer: a reader sees half a note only if two more notes are set while it reads.
 char g_sNotes[2][c_uNoteSize];
 std::atomic<std::size_t> g_uCurrent{0};
 } // namespace

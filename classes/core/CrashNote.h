@@ -1,9 +1,9 @@
 #pragma once
 
-// What the program is doing, in a few words for a crash report. Any thread may read it at any moment.
+// A short description of the program's activity for a crash report. Any thread may read it at any moment.
 
-// Replaces the note; what is longer than 255 bytes is cut off. To be called by one thread only. Does not allocate.
+// Replaces the note, truncated to 255 bytes. Only one thread may call this. Does not allocate.
 void SetCrashNote(const char* sNote) noexcept;
 
-// The last note, an empty text before the first.
+// The last note; empty before the first one.
 const char* GetCrashNote() noexcept;

@@ -35,7 +35,7 @@ constexpr CFaultName c_FaultNames[] = {
     {0xC0000409, "damaged stack"},
 };
 
-// The first detail of an access violation says what was tried.
+// The first detail of an access violation is the attempted operation.
 constexpr std::uint64_t c_uReading = 0;
 constexpr std::uint64_t c_uWriting = 1;
 constexpr std::uint64_t c_uExecuting = 8;

@@ -5,11 +5,11 @@
 
 #include <cstdint>
 
-// The words of a crash report. Nothing in here allocates, throws or asks the system.
+// The text of a crash report. Nothing here allocates, throws or calls the system.
 
 inline constexpr std::size_t c_uModuleNameSize = 64;
 
-// A place in the program or in one of its libraries. A module without a name: the address lies in none.
+// A place in the program or in one of its libraries. If the module has no name, the address lies in no module.
 struct CCrashPlace
 {
     char module[c_uModuleNameSize] = {};
@@ -17,7 +17,7 @@ struct CCrashPlace
     std::uint64_t address = 0;
 };
 
-// A fault of the processor as the system tells of it.
+// A processor fault as the system reports it.
 struct CFault
 {
     std::uint32_t code = 0;
@@ -25,18 +25,18 @@ struct CFault
     std::uint64_t details[2] = {};
 };
 
-// What a report tells. Texts may be null, which leaves their line out.
+// The contents of a report. If a text is null, the report omits its line.
 struct CCrashFacts
 {
     const char* program = nullptr;
     const char* version = nullptr;
     const char* build = nullptr;
     CCrashTime time;
-    const char* error = nullptr; // what happened, in one line
+    const char* error = nullptr; // one line
     CCrashPlace place;
     std::uint32_t thread = 0;
     bool mainThread = false;
-    const char* activity = nullptr; // what the program was doing
+    const char* activity = nullptr; // the crash note
     const char* system = nullptr;
     const char* processor = nullptr;
     std::uint64_t memoryTotal = 0; // bytes: of the machine,
@@ -44,7 +44,7 @@ struct CCrashFacts
     std::uint64_t memoryOwn = 0;   // and taken by the program
 };
 
-// "access violation (0xc0000005) writing to address 0x10", for a code without a name "fault (0xe0001234)".
+// "access violation (0xc0000005) writing to address 0x10"; an unknown code gives "fault (0xe0001234)".
 void AddFault(CFixedText& text, const CFault& fault) noexcept;
 
 // "Kinetarium.exe+0x1234", or the bare address.

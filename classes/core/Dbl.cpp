@@ -9,11 +9,12 @@ namespace
 
 constexpr double c_dBase = 10.0;
 
-// From here on a double has no decimal places that could be rounded away; more places change nothing.
+// Rounding to more places than this changes no double.
 constexpr int c_iMostDigits = 400;
 
-// To the nearest whole number, halves away from zero. Not std::round: one of the C libraries that we are built with
-// adds a half and cuts off, which makes 1 of the largest number below 0.5. The difference to the whole part is exact.
+// To the nearest whole number, halves away from zero. Does not use std::round: one of the C libraries that we build
+// with adds 0.5 and truncates, which turns the largest number below 0.5 into 1. The difference to the whole part is
+// exact.
 double RoundToWhole(double dValue)
 {
     constexpr double dHalf = 0.5;

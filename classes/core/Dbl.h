@@ -1,7 +1,8 @@
 #pragma once
 
-// Comparisons of doubles with a tolerance eps >= 0, which is on the side named by each. The expressions are part of
-// the simulation's results: another form of the same inequality rounds differently.
+// Comparisons of doubles with a tolerance eps >= 0. IsBigger and IsSmaller need a difference above eps; IsBiggerEqual
+// and the range accept values up to eps outside. The expressions affect the simulation's results: another form of the
+// same inequality would round differently.
 
 constexpr bool Dbl_IsBigger(double dValue, double dReference, double dEps)
 {
@@ -23,6 +24,6 @@ constexpr bool Dbl_IsInRangeInclusive(double dValue, double dLow, double dHigh, 
     return dValue - dLow >= -dEps && dValue - dHigh <= dEps;
 }
 
-// Rounds to iDigits decimal places (below zero: to tens, hundreds, ...), halves away from zero. The double nearest to
-// the result is returned; numbers too large to have such places come back as they are.
+// Rounds to iDigits decimal places (below zero: to tens, hundreds, ...), halves away from zero. Returns the double
+// nearest to the result. Numbers too large to have such places are returned unchanged.
 double Dbl_Round(double dValue, int iDigits);

@@ -5,7 +5,7 @@
 namespace
 {
 
-// Exponents beyond this are as good as this: no text is long enough to bring such a number back into any range.
+// Larger exponents saturate at this one: no text has enough digits to bring such a number back into any range.
 constexpr std::int64_t c_llExponentLimit = 1'000'000'000'000'000;
 
 constexpr int c_iBase = 10;
@@ -15,13 +15,13 @@ bool IsBlank(wchar_t c)
     return c == L' ' || c == L'\t';
 }
 
-// Only the ten ASCII digits: other scripts' digits are letters to a parser that does not know them.
+// Only the ten ASCII digits count; digits of other scripts are not parsed.
 bool IsDigit(wchar_t c)
 {
     return c >= L'0' && c <= L'9';
 }
 
-// Reads sText from the front; each Take... moves on only past what it accepts.
+// Reads sText from the front; each Take... consumes only the characters that it accepts.
 class CScanner
 {
 public:
@@ -120,7 +120,7 @@ std::int64_t ToExponent(std::wstring_view sDigits, bool bNegative)
     return bNegative ? -llValue : llValue;
 }
 
-// Digits with at most one "." among, before or behind them.
+// Digits with at most one "." among, before or after them.
 bool ScanDigits(CScanner& scanner, CDecimalText& out)
 {
     const std::wstring_view sWhole = scanner.TakeDigits();

@@ -41,7 +41,7 @@ std::wstring FilterPastedText(std::wstring_view sText, bool bDigitsOnly, std::si
 
 std::int64_t ReadLeadingNumber(std::wstring_view sText, std::int64_t iLow, std::int64_t iHigh)
 {
-    // Beyond this no 32-bit range is left to tell apart, and one more digit still fits the arithmetic.
+    // A number above this exceeds every 32-bit range, and one more digit still cannot overflow.
     constexpr std::int64_t c_iEnough = 1'000'000'000'000;
     constexpr std::int64_t c_iDecimal = 10;
     std::size_t i = std::min(sText.find_first_not_of(L" \t"), sText.size());

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-// What a row of the panel holds. The values are fixed: tables of controls name them by number.
+// The kind of a panel row. The values are fixed: tables of controls name them by number.
 enum class EnumDataCtrlType : std::uint32_t
 {
     ColourButton = 1,

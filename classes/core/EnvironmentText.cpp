@@ -12,7 +12,7 @@ std::optional<std::wstring> GetEnvironmentText(const char* sName)
 {
 #ifdef _WIN32
     const std::wstring sWideName = WideFromUtf8(sName);
-    // The length of the value with its final zero, so never 0 for a variable that is set.
+    // The length includes the terminating zero, so it is never 0 for a variable that is set.
     const DWORD dwSize = GetEnvironmentVariableW(sWideName.c_str(), nullptr, 0);
     if (dwSize == 0)
     {
@@ -20,11 +20,11 @@ std::optional<std::wstring> GetEnvironmentText(const char* sName)
     }
     std::wstring sValue(dwSize, L'\0');
     const DWORD dwLength = GetEnvironmentVariableW(sWideName.c_str(), sValue.data(), dwSize);
-    // Longer only if another thread has just changed it: then what was asked for is gone.
+    // Longer only if another thread has just changed it; the old value is then gone.
     sValue.resize(dwLength < dwSize ? dwLength : 0);
     return sValue;
 #else
-    // Nothing in this program changes the environment, which is what makes reading it unsafe among threads.
+    // Reading is safe: this program never changes its environment, so no thread can do so meanwhile.
     const char* sValue = std::getenv(sName); // NOLINT(concurrency-mt-unsafe)
     if (sValue == nullptr)
     {

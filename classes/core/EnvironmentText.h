@@ -3,5 +3,5 @@
 #include <optional>
 #include <string>
 
-// The value of an environment variable, nothing when it is not set. The name is plain ASCII.
+// The value of an environment variable, nullopt if it is not set. The name is plain ASCII.
 std::optional<std::wstring> GetEnvironmentText(const char* sName);

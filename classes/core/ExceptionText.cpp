@@ -44,7 +44,7 @@ std::wstring DescribeCurrentException()
     }
     catch (...)
     {
-        // Anything else has no text of its own: its type must do.
+        // An exception of any other type has no text; its type is all there is to report.
         return sText;
     }
     return sText;

@@ -36,7 +36,7 @@ void OnException(std::wstring* pDebugLog, const char* sFile, unsigned uLine, con
     }
     catch (...)
     {
-        // Most likely there is no memory left: the caller goes on with its failure value all the same.
+        // Most likely there is no memory left. The caller still returns its failure value.
         return;
     }
 }

@@ -37,12 +37,12 @@ void WriteToStandardError(std::wstring_view sText)
         return;
     }
     const std::string sNarrow = Utf8FromWide(sText);
-    // Where this cannot be written, nothing can tell of it.
+    // If this fails, there is nowhere left to report it.
     static_cast<void>(std::fwrite(sNarrow.data(), 1, sNarrow.size(), stderr));
     static_cast<void>(std::fflush(stderr));
 }
 
-// Each way out is tried, whatever became of the others.
+// Each output is tried even if another one fails.
 template<class F>
 void Try(F&& write) noexcept
 {
@@ -72,7 +72,7 @@ std::wstring FormatOrQuote(std::wstring_view sFormat, std::span<const CPrintfArg
 
 std::mutex& DebugLog_GetMutex()
 {
-    // Never destroyed: the last resort of the process may still write while statics go.
+    // Never destroyed: the exception handler may still write while static objects are destroyed.
     static std::mutex& mutex = *new std::mutex;
     return mutex;
 }

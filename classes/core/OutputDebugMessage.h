@@ -13,10 +13,10 @@ std::mutex& DebugLog_GetMutex();
 
 // Writes the text to the debug output (a debugger on Windows; on every system also the standard error stream when the
 // environment variable KINETARIUM_DEBUG_OUTPUT is set) and appends it to the log when pDebugLog is not null. A
-// diagnostic must not bring down what it diagnoses: what there is no memory for is left out.
+// diagnostic must not bring down the program: it leaves out the texts for which there is no memory.
 void WriteDebugText(std::wstring* pDebugLog, std::wstring_view sText) noexcept;
 
-// Formats, then writes as above. A format that does not fit its arguments is written as it stands.
+// Formats, then writes as above. If the format does not fit its arguments, the format itself is written.
 void WriteDebugMessage(std::wstring* pDebugLog, std::wstring_view sFormat,
                        std::span<const CPrintfArgument> arguments) noexcept;
 

@@ -5,8 +5,8 @@
 #include "classes/core/CRect.h"
 #include "classes/core/EnumDataCtrlType.h"
 
-// Where a row and its parts stand, in pixels from the left top corner of the panel's whole content (as if nothing were
-// scrolled). A heading has a label over the whole width, a divider neither label nor control.
+// The rectangles of a row and its parts, in pixels from the top left corner of the panel's unscrolled content. A
+// heading has a label over the whole width, a divider neither label nor control.
 struct CPanelRow
 {
     CRect rcRow;
@@ -20,13 +20,13 @@ struct CPanelLayout
     int iHeight = 0; // of the whole content
 };
 
-// Places the rows one below the other. dLabelShare (0 to 1) of the width is the labels', the rest the controls', all
-// of which end at the right edge.
+// Places the rows one below the other. The labels get dLabelShare (0 to 1) of the width, the controls the rest; all
+// controls end at the right edge.
 CPanelLayout LayOutPanel(const std::vector<EnumDataCtrlType>& types, int iWidth, double dLabelShare);
 
-// The scroll position, from 0 to iContent - iPage, that lies nearest to iWanted; 0 when everything fits.
+// iWanted clamped to the scroll range 0 to iContent - iPage; 0 if everything fits.
 int ClampScrollPosition(int iWanted, int iContent, int iPage);
 
-// The scroll position nearest to iPosition at which iTop..iBottom of the content is seen; its top when the page is
-// lower.
+// The scroll position nearest to iPosition that shows iTop..iBottom of the content; iTop if the page is too low for all
+// of it.
 int ScrollIntoView(int iPosition, int iPage, int iContent, int iTop, int iBottom);

@@ -9,7 +9,7 @@ namespace
 
 using PrintfContext = fmt::basic_printf_context<wchar_t>;
 
-// Everything that may stand between "%" and the length modifier: flags, width, precision, argument number.
+// All characters that may stand between "%" and the length modifier: flags, width, precision, argument number.
 constexpr std::wstring_view c_sFlagsWidthPrecision = L"-+ #0123456789.*$";
 
 struct CLengthModifier
@@ -38,7 +38,7 @@ std::wstring TranslateLengthModifiers(std::wstring_view sFormat)
             copyTo(uAt + std::wstring_view(L"%%").size());
             continue;
         }
-        // Skips the "%", if there is one, and all up to the modifier.
+        // Skips the "%", if there is one, and everything up to the modifier.
         copyTo(std::min(sFormat.find_first_not_of(c_sFlagsWidthPrecision, std::min(uAt + 1, sFormat.size())),
                         sFormat.size()));
         for (const CLengthModifier& modifier : c_LengthModifiers)

@@ -8,8 +8,8 @@
 #include <type_traits>
 #include <variant>
 
-// One argument of FormatPrintf: keeps the width and sign of integers, because "%x" prints the bits of that width.
-// Texts are referred to, not copied.
+// One argument of FormatPrintf: keeps the width and sign of integers, because "%x" prints the bits of that width. Texts
+// are referenced, not copied.
 class CPrintfArgument
 {
 public:
@@ -24,10 +24,10 @@ public:
     CPrintfArgument(const wchar_t* sText) : m_Value(sText != nullptr ? std::wstring_view(sText) : L"(null)") {}
     CPrintfArgument(const void* pAddress) : m_Value(pAddress) {}
 
-    // Narrow text has no encoding that "%s" could assume: see Utf8.h. (It would print as an address.)
+    // Narrow text is refused: "%s" could not know its encoding and would print an address. Convert it with Utf8.h.
     CPrintfArgument(const char* sText) = delete;
 
-    // Every class that is a wide text: std::wstring, std::wstring_view, CWString.
+    // Every wide text class: std::wstring, std::wstring_view, CWString.
     template<class T>
     requires(std::convertible_to<const T&, std::wstring_view> && !std::convertible_to<const T&, const wchar_t*>)
         CPrintfArgument(const T& text)
@@ -59,7 +59,7 @@ private:
     Value m_Value;
 };
 
-// Formats as wide printf does where "%s" is wide, on every platform alike; "%I64u", "%I64i", "%I64d", "%I64x" (and
-// "%I32...") are understood everywhere. Never looks at the locale. Throws an exception derived from
-// std::runtime_error when the format is malformed or asks for an argument that is missing or of another kind.
+// Formats like a wide printf whose "%s" is wide, the same on every platform; "%I64u", "%I64i", "%I64d", "%I64x" (and
+// "%I32...") are understood everywhere. Ignores the locale. Throws an exception derived from std::runtime_error if the
+// format is malformed, or if an argument is missing or of another kind.
 std::wstring FormatPrintf(std::wstring_view sFormat, std::span<const CPrintfArgument> arguments);

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <limits>
 
-// The value, or the nearest end of an integer's range. For sums of pixels, which are formed wide: a settings file may
-// ask for any 32-bit length, and a thumb may be dragged to any 32-bit place.
+// Saturates the value to the range of int. For sums of pixels computed in 64 bits: a settings file may contain any
+// 32-bit length, and a thumb may be dragged to any 32-bit position.
 constexpr int SaturateToInt(std::int64_t value)
 {
     constexpr std::int64_t c_lowest = std::numeric_limits<int>::min();

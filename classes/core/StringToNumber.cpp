@@ -10,7 +10,7 @@
 namespace
 {
 
-// No double has a power of ten beyond this, either way; what lies beyond need not be looked at digit by digit.
+// No double has a power of ten beyond this in either direction; such numbers need no digit-by-digit conversion.
 constexpr std::int64_t c_llExponentLimit = 400;
 
 double ToDouble(const CDecimalText& text)
@@ -34,7 +34,7 @@ double ToDouble(const CDecimalText& text)
     return dResult;
 }
 
-// Scans, and stores what convert makes of the parts.
+// Parses the text and stores the number that convert makes of its parts.
 template<class T, class F>
 bool Convert(std::wstring_view sText, T* pOut, bool bClearOnFailure, unsigned* pErrorPosition, F&& convert)
 {

@@ -20,7 +20,7 @@ void ShowToUser(const std::wstring& sText)
     MessageBoxW(nullptr, sText.c_str(), L"Kinetarium", MB_OK | MB_ICONERROR | MB_TASKMODAL | MB_SETFOREGROUND);
 #else
     const std::string sNarrow = Utf8FromWide(sText + L"\n");
-    // Where this cannot be written, nothing can tell of it.
+    // If this fails, there is nowhere left to report it.
     static_cast<void>(std::fwrite(sNarrow.data(), 1, sNarrow.size(), stderr));
 #endif
 }

@@ -8,6 +8,6 @@ using SystemMessageFunction = void (*)(const std::wstring& sText);
 // error stream elsewhere.
 void ShowSystemMessage(const std::wstring& sText);
 
-// Replaces how system messages are shown, for programs without a user and for tests. Null restores the usual way.
-// Returns what was in force before, null for the usual way.
+// Replaces the function that shows system messages, for programs without a user and for tests. Null restores the
+// default. Returns the previous function, null for the default.
 SystemMessageFunction SetSystemMessageFunction(SystemMessageFunction pFunction);

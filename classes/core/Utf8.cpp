@@ -20,7 +20,7 @@ constexpr char32_t c_uContinuationMask = 0x3F;
 constexpr char32_t c_uContinuationTag = 0x80;
 constexpr char32_t c_uTagMask = 0xC0;
 
-// A sequence of UTF-8 by its number of bytes: its code points start at uFirst, its lead byte is uLead under uLeadMask.
+// A UTF-8 sequence of a given length: its code points start at uFirst, its lead byte is uLead under uLeadMask.
 struct CSequence
 {
     char32_t uFirst;
@@ -36,7 +36,7 @@ bool IsSurrogate(char32_t u)
     return u >= c_uFirstSurrogate && u <= c_uLastSurrogate;
 }
 
-// Takes one code point off the front of sText; of what is no UTF-8, one byte.
+// Removes one code point from the front of sText; one byte if it is not valid UTF-8.
 char32_t TakeFromUtf8(std::string_view& sText)
 {
     const auto byteAt = [&sText](std::size_t u) { return static_cast<char32_t>(static_cast<std::uint8_t>(sText[u])); };
@@ -78,7 +78,7 @@ void AppendWide(std::wstring& sText, char32_t uCode)
     sText += static_cast<wchar_t>(c_uFirstLowSurrogate + (uOffset & c_uSurrogateMask));
 }
 
-// Takes one code point off the front of sText; a lone surrogate or a number that is no code point gives U+FFFD.
+// Removes one code point from the front of sText; a lone surrogate or an invalid code point gives U+FFFD.
 char32_t TakeFromWide(std::wstring_view& sText)
 {
     const char32_t uFirst = static_cast<char32_t>(sText[0]);

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-// Wide text of UTF-8 bytes: UTF-16 where wchar_t has 16 bits, else one code point per character. Bytes that are no
-// UTF-8 become U+FFFD, one each, so that nothing is lost silently and nothing is refused.
+// Wide text of UTF-8 bytes: UTF-16 where wchar_t has 16 bits, else one code point per character. Every invalid byte
+// becomes one U+FFFD, so that nothing is lost silently and nothing is refused.
 std::wstring WideFromUtf8(std::string_view sText);
 
 // UTF-8 of wide text. Lone surrogates and values above U+10FFFF become U+FFFD.

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(StopGate, DefersNothingWhileNoStopGoesOn)
+TEST(StopGate, DefersNothingWithoutAStopInProgress)
 {
     CStopGate gate;
 
@@ -73,7 +73,7 @@ TEST(StopGate, ATakenRequestIsForgotten)
     EXPECT_FALSE(gate.TakeRequests().toggleFullScreen);
 }
 
-TEST(StopGate, WhatArrivesDuringAChangeWaitsForItsEnd)
+TEST(StopGate, RequestsDuringAChangeWaitForItsEnd)
 {
     CStopGate gate;
     {

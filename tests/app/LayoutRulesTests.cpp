@@ -9,7 +9,7 @@ constexpr CLayoutMeasures c_Measures{20, 17, 18};
 constexpr CSize<int> c_Client{984, 661};
 } // namespace
 
-TEST(Layout, PartsStandAtFixedDistancesFromTheRightAndBottomEdges)
+TEST(Layout, PartsHaveFixedDistancesFromTheRightAndBottomEdges)
 {
     const CWindowedLayout layout = ComputeWindowedLayout(c_Client, {512, 512}, c_Measures);
 
@@ -29,7 +29,7 @@ TEST(Layout, AWorldThatFitsIsCentredInItsArea)
     EXPECT_EQ(layout.worldView, (CRect{left, top, left + 512, top + 512}));
 }
 
-TEST(Layout, AWorldTooHighGetsRoomForTheVerticalBarBeside)
+TEST(Layout, AWorldThatIsTooHighGetsRoomForAVerticalBarBesideIt)
 {
     const CWindowedLayout layout = ComputeWindowedLayout(c_Client, {300, 2000}, c_Measures);
 
@@ -38,7 +38,7 @@ TEST(Layout, AWorldTooHighGetsRoomForTheVerticalBarBeside)
     EXPECT_EQ(layout.worldView.top, 10);
 }
 
-TEST(Layout, AWorldTooWideGetsRoomForTheHorizontalBarBelow)
+TEST(Layout, AWorldThatIsTooWideGetsRoomForAHorizontalBarBelowIt)
 {
     const CWindowedLayout layout = ComputeWindowedLayout(c_Client, {2000, 300}, c_Measures);
 
@@ -46,7 +46,7 @@ TEST(Layout, AWorldTooWideGetsRoomForTheHorizontalBarBelow)
     EXPECT_EQ(layout.worldView.GetHeight(), 300 + 18);
 }
 
-// The vertical bar's width is what makes this world too wide, so that the second bar appears too.
+// The width of the vertical bar makes this world too wide, so the second bar appears too.
 TEST(Layout, TheRoomOfOneScrollBarCanMakeTheOtherNecessary)
 {
     const int availableWidth = 984 - 260;
@@ -73,8 +73,8 @@ TEST(Layout, NoPartOfATinyWindowHasANegativeSize)
     EXPECT_EQ(layout.startButton.GetWidth(), 130);
 }
 
-// Before the first start the world has the size that the settings file says, and a file can say anything.
-TEST(Layout, AWorldOfAnySizeGetsTheRoomThatThereIs)
+// Before the first start the world has the size from the settings file, which can be any number.
+TEST(Layout, AWorldOfAnySizeGetsTheAvailableRoom)
 {
     constexpr int lowest = std::numeric_limits<int>::min();
     constexpr int highest = std::numeric_limits<int>::max();
@@ -86,7 +86,7 @@ TEST(Layout, AWorldOfAnySizeGetsTheRoomThatThereIs)
     EXPECT_EQ(nothing.GetHeight(), 0);
 }
 
-TEST(Layout, PartsOfAClientAreaOfLessThanNothingEndAtTheEndOfTheIntegers)
+TEST(Layout, PartsOfANegativeClientAreaSaturateAtTheIntegerRange)
 {
     constexpr int lowest = std::numeric_limits<int>::min();
     const CWindowedLayout layout = ComputeWindowedLayout({lowest, lowest}, {512, 512}, c_Measures);

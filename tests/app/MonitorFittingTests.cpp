@@ -7,11 +7,11 @@ namespace
 {
 constexpr CSize<int> c_Screen{1920, 1080};
 
-// The main display, and one to its left whose coordinates are negative.
+// The main display, and a second one to its left with negative coordinates.
 const std::vector<CMonitorArea> c_TwoMonitors{{{0, 0, 1920, 1080}, true}, {{-1280, 100, 0, 1124}, false}};
 } // namespace
 
-TEST(MonitorFitting, WithNothingSavedADefaultWindowIsCentredOnThePrimaryScreen)
+TEST(MonitorFitting, WithoutASavedRectangleADefaultWindowIsCentredOnThePrimaryScreen)
 {
     const CMonitorFit fit = FitRectangleOnMonitors({0, 0, 0, 0}, c_TwoMonitors, c_Screen);
 
@@ -20,7 +20,7 @@ TEST(MonitorFitting, WithNothingSavedADefaultWindowIsCentredOnThePrimaryScreen)
     EXPECT_FALSE(fit.switchedToMain);
 }
 
-TEST(MonitorFitting, AnInvertedRectangleCountsAsNothingSaved)
+TEST(MonitorFitting, AnInvertedRectangleCountsAsNotSaved)
 {
     const CMonitorFit fit = FitRectangleOnMonitors({900, 100, 300, 700}, c_TwoMonitors, c_Screen);
 
@@ -53,7 +53,7 @@ TEST(MonitorFitting, TiesGoToTheLowerIndex)
     EXPECT_EQ(fit.bestMonitor, 0u);
 }
 
-TEST(MonitorFitting, AWindowOnAMonitorThatIsGoneMovesToTheMainDisplaysCorner)
+TEST(MonitorFitting, AWindowOnAMissingMonitorMovesToTheMainDisplaysCorner)
 {
     const std::vector<CMonitorArea> monitors{{{-1280, 0, 0, 1024}, false}, {{0, 0, 1920, 1080}, true}};
     const CMonitorFit fit = FitRectangleOnMonitors({5000, 5000, 6000, 5700}, monitors, c_Screen);
@@ -108,7 +108,7 @@ TEST(MonitorFitting, OnlyACornerBeyondTheInsetMovesTheWindow)
     EXPECT_EQ(FitRectangleOnMonitors({100, 100, 1928, 800}, one, c_Screen).window, (CRect{0, 0, 1000, 700}));
 }
 
-TEST(MonitorFitting, ExtremeNumbersFromTheFileNeitherOverflowNorEscapeTheMonitors)
+TEST(MonitorFitting, ExtremeNumbersFromTheFileNeitherOverflowNorLeaveTheMonitors)
 {
     constexpr int lowest = std::numeric_limits<int>::min();
     constexpr int highest = std::numeric_limits<int>::max();
@@ -119,7 +119,7 @@ TEST(MonitorFitting, ExtremeNumbersFromTheFileNeitherOverflowNorEscapeTheMonitor
               (CRect{0, 0, 1000, 700}));
 }
 
-TEST(MonitorFitting, AMonitorAtTheEndOfTheIntegersTakesTheWindowToo)
+TEST(MonitorFitting, AMonitorAtTheEndOfTheIntegerRangeCanHoldTheWindow)
 {
     constexpr int highest = std::numeric_limits<int>::max();
     const std::vector<CMonitorArea> far{{{highest - 500, highest - 300, highest, highest}, true}};

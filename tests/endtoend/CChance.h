@@ -5,16 +5,16 @@
 #include <cstdint>
 #include <random>
 
-// What someone who plays at random chooses. The seed decides every choice, so that a game can be played again.
+// Random choices of a simulated user. The seed decides every choice, so that a run can be repeated.
 class CChance
 {
 public:
     explicit CChance(std::uint32_t uSeed) : m_random(uSeed) {}
 
-    // A number from `iLow` to `iHigh`, both of them included.
+    // A number from `iLow` to `iHigh`, both included.
     int Choose(int iLow, int iHigh);
 
-    // A point of the window's client area that is on the screen, in pixels of the screen.
+    // A point of the window's client area that is on the screen, in screen pixels.
     POINT ChoosePoint(HWND hWindow);
 
     // An element of a container that is not empty.

@@ -10,7 +10,7 @@
 
 namespace
 {
-constexpr UINT c_uTerminatedExitCode = 99; // tells a program that was ended by force from one that failed by itself
+constexpr UINT c_uTerminatedExitCode = 99; // distinguishes a terminated program from one that failed by itself
 constexpr DWORD c_uTerminateMilliseconds = 5000;
 
 std::string SystemError(const std::string& sWhat)
@@ -111,6 +111,6 @@ CProgramCopy::CProgramCopy(const std::filesystem::path& program)
 
 CProgramCopy::~CProgramCopy()
 {
-    std::error_code ignored; // what cannot be deleted stays in the folder for temporary files
+    std::error_code ignored; // files that cannot be deleted stay in the temporary folder
     std::filesystem::remove_all(m_folder, ignored);
 }

@@ -8,16 +8,16 @@
 #include <filesystem>
 #include <string>
 
-// What a process holds; for finding leaks by comparing two moments of its life.
+// The resources that a process holds. Two counts at different times reveal leaks.
 struct CProcessCounts
 {
     int threads = 0;
     int handles = 0; // kernel handles
     CGdiCount gdiObjects;
-    int userObjects = 0; // windows above all, menus, cursors
+    int userObjects = 0; // mainly windows, menus and cursors
 };
 
-// A program in a process of its own, started by the constructor and, if it still runs then, ended by the destructor.
+// A program in a process of its own. The constructor starts it; the destructor terminates it if it still runs.
 class CDrivenProgram
 {
 public:
@@ -27,7 +27,7 @@ public:
     CDrivenProgram(const CDrivenProgram&) = delete;
     CDrivenProgram& operator=(const CDrivenProgram&) = delete;
 
-    // Stays owned by this object.
+    // This object keeps the ownership.
     HANDLE GetHandle() const { return m_hProcess; }
     DWORD GetProcessId() const { return m_uProcessId; }
     bool IsRunning() const;
@@ -42,8 +42,8 @@ private:
     DWORD m_uProcessId = 0;
 };
 
-// A folder of its own with a copy of the program, so that every start finds the default settings, and none overwrites
-// those of another. Deleted at the end.
+// A copy of the program in a folder of its own, so that it starts with the default settings and changes no other copy's
+// settings. The destructor deletes the folder.
 class CProgramCopy
 {
 public:

@@ -8,16 +8,16 @@
 #include <chrono>
 #include <filesystem>
 
-// The program of the build tree that the test program lies in.
+// The program from the test program's own build tree.
 std::filesystem::path BuiltProgram();
 
-// A fresh copy of the program with the default settings, running, and someone who uses it.
+// A running fresh copy of the program with the default settings, and a simulated user.
 class CEndToEndTest : public testing::Test
 {
 protected:
     CEndToEndTest() : m_copy(BuiltProgram()), m_program(m_copy.GetPath()), m_user(m_program) {}
 
-    // In full screen the world has the place of the status bar too.
+    // In full screen the status bar is hidden.
     bool IsFullScreen() const { return IsWindowVisible(m_user.GetStatusBar()) == FALSE; }
 
     // Closes the window and expects a clean end.

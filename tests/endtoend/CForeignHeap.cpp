@@ -20,7 +20,7 @@ constexpr DWORD c_uPatienceMilliseconds = 20000;
     throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), sWhat);
 }
 
-// Beside the test program.
+// The probe lies beside the test program.
 std::filesystem::path GetProbePath()
 {
     std::array<wchar_t, MAX_PATH> path{};
@@ -28,7 +28,7 @@ std::filesystem::path GetProbePath()
     return std::filesystem::path(path.data()).parent_path() / "kinetarium-heap-probe.dll";
 }
 
-// Runs a function of the other process there, in a thread of its own, and waits for its end.
+// Runs a function inside the other process, in a new thread, and waits for its end.
 void RunThere(HANDLE hProcess, void* pFunction, void* pArgument)
 {
     const auto pEntry = reinterpret_cast<LPTHREAD_START_ROUTINE>(pFunction);
@@ -41,7 +41,7 @@ void RunThere(HANDLE hProcess, void* pFunction, void* pArgument)
     CloseHandle(hThread);
     if (uWaited != WAIT_OBJECT_0)
     {
-        throw std::runtime_error("the probe in the program does not come back");
+        throw std::runtime_error("the probe in the program does not return");
     }
 }
 
@@ -70,7 +70,7 @@ std::byte* FindModuleThere(DWORD uProcessId, const std::wstring& sName)
     return pBase;
 }
 
-// How far behind its library's beginning the probe's function lies, in every process.
+// The offset of the probe's function in its library; the same in every process.
 std::ptrdiff_t GetFunctionOffset(const std::filesystem::path& probe)
 {
     const HMODULE hHere = LoadLibraryW(probe.c_str());

@@ -4,11 +4,11 @@
 
 #include <windows.h>
 
-// Counts what the heaps of another process hold, through a probe that it loads into that process and leaves there.
+// Counts the heap blocks of another process with a probe library. The probe stays loaded in that process.
 class CForeignHeap
 {
 public:
-    // Throws std::runtime_error if the probe cannot be loaded there. The handle stays the caller's.
+    // Throws std::runtime_error if the probe cannot be loaded. The caller keeps the handle.
     CForeignHeap(HANDLE hProcess, DWORD uProcessId);
     ~CForeignHeap();
     CForeignHeap(const CForeignHeap&) = delete;

@@ -12,12 +12,12 @@
 
 namespace
 {
-// The first start on a machine also sets up fonts and the drawing of Direct2D in software.
+// The first start on a machine also sets up fonts and Direct2D's software drawing.
 constexpr auto c_startPatience = std::chrono::milliseconds(60000);
 constexpr auto c_actionPatience = std::chrono::milliseconds(20000);
 constexpr auto c_linePatience = std::chrono::milliseconds(30000);
 
-// What may have kept a click from its target.
+// The possible reasons why a click missed its target.
 std::string DescribeInput()
 {
     POINT pt{};
@@ -60,7 +60,7 @@ std::wstring CKinetariumUser::GetButtonText() const
 
 std::wstring CKinetariumUser::GetStatusText() const
 {
-    return ReadText(m_hStatusBar); // that of its first part
+    return ReadText(m_hStatusBar); // the text of its first part
 }
 
 RECT CKinetariumUser::GetWindowRectangle() const

@@ -8,13 +8,12 @@
 #include <cstdint>
 #include <string>
 
-// Someone who sits before a running Kinetarium, and sees and does what a person can: all through the screen, the mouse
-// and the keyboard, and from another process. Every method throws std::runtime_error with the reason if the program
-// does not do its part in time.
+// A simulated user of a running Kinetarium, in another process: it uses only the screen, the mouse and the keyboard.
+// Every method throws std::runtime_error with the reason if the program does not respond in time.
 class CKinetariumUser
 {
 public:
-    // Waits until the main window is there.
+    // Waits until the main window exists.
     explicit CKinetariumUser(const CDrivenProgram& program);
 
     HWND GetMainWindow() const { return m_hMain; }
@@ -31,7 +30,7 @@ public:
     void PressStart() const;
     // Clicks the button that reads "Stop", and waits until it reads "Start".
     void PressStop() const;
-    // Clicks into the world, at a point counted from its upper left corner; waits for nothing.
+    // Clicks into the world at a point relative to its upper left corner; does not wait.
     void ClickWorld(POINT point) const;
     void ClickWorldMiddle() const;
     // Moves the mouse onto the title bar, where no control reacts to it.
@@ -40,7 +39,7 @@ public:
     void PressKeyInWindow(WORD uKey) const;
     // Waits for a statistics line whose number of iterations is not `uKnown`.
     CStatistics WaitForStatistics(std::uint64_t uKnown) const;
-    // Asks the window to close, as its close button does, and waits for nothing.
+    // Asks the window to close, like its close button; does not wait.
     void Close() const;
 
 private:

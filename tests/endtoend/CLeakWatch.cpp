@@ -6,12 +6,12 @@
 
 namespace
 {
-// The system keeps a few objects of its own that come and go: what is left of them does not grow with the rounds, and
-// is below what one object lost in every tenth round of the shortest form would leave.
+// The system keeps a few temporary objects of its own. Their number does not grow with the rounds. The slack is smaller
+// than the loss of one object in every tenth round of the shortest form.
 constexpr int c_iThreadSlack = 1;
 constexpr int c_iHandleSlack = 10;
-// Of GDI objects it keeps what it has loaded once: three bitmaps for each mouse pointer, a bitmap and a brush for the
-// pattern of a scroll bar's shaft.
+// The system caches some GDI objects: three bitmaps for each mouse pointer, a bitmap and a brush for the pattern of a
+// scroll bar's shaft.
 constexpr int c_iGdiSlack = 8;
 constexpr std::uint64_t c_uHeapSlack = std::uint64_t{16} * 1024; // bytes
 } // namespace
@@ -23,7 +23,7 @@ CLeakWatch::CLeakWatch(const CDrivenProgram& program)
 
 CLeakWatch::CCounts CLeakWatch::Count() const
 {
-    // The heaps first: the probe's thread is gone when the threads are counted.
+    // Count the heaps first, so that the probe's thread is gone when the threads are counted.
     const CHeapCount heap = m_heap.Count();
     return {m_program.Count(), heap};
 }

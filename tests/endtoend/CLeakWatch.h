@@ -6,17 +6,17 @@
 #include <cstdint>
 #include <string>
 
-// Compares what a program holds at two moments at which it has come to rest in the same way.
+// Compares a program's resources at two moments in the same idle state.
 class CLeakWatch
 {
 public:
-    // From the construction on the program holds the probe that counts its heaps. Throws like CForeignHeap.
+    // Loads the probe that counts the heaps into the program. Throws like CForeignHeap.
     explicit CLeakWatch(const CDrivenProgram& program);
 
-    // Takes the first count: after a warm-up, since what is made once and kept is no leak.
+    // Takes the first count. Call it after a warm-up, because objects that are created once and kept are no leak.
     void Begin();
-    // Prints both counts under a heading, and expects that the second is no larger, but for what the system itself
-    // keeps now and then, and uHeapOfSystem bytes that it is known to lose.
+    // Prints both counts under a heading and expects that the second is not larger. Allowed are the system's own
+    // temporary objects and uHeapOfSystem bytes that the system is known to lose.
     void ExpectNothingLeft(const std::string& sAfterWhat, std::uint64_t uHeapOfSystem = 0) const;
 
 private:

@@ -125,7 +125,7 @@ void CPanelUser::Clear(EnumPanelRow eRow) const
 
 void CPanelUser::ChooseMode(const std::wstring& sMode) const
 {
-    Click(EnumPanelRow::ColourMode); // opens the list as well
+    Click(EnumPanelRow::ColourMode); // also opens the list
     WaitForFocus(GetControl(EnumPanelRow::ColourMode));
     WaitUntil("the list to open", c_patience, [&] { return IsListOpen(); });
     PressKey(sMode == L"Fixed" ? WORD{VK_HOME} : WORD{VK_END});

@@ -6,7 +6,7 @@
 
 #include <string>
 
-// The rows of the settings panel that hold a control, by their place in it.
+// The rows of the settings panel that have a control, by their position.
 enum class EnumPanelRow
 {
     Width = 1,
@@ -24,7 +24,7 @@ enum class EnumPanelRow
     Factor3 = 16,
 };
 
-// A message that stands before the main window.
+// A message box in front of the main window.
 struct CSeenMessage
 {
     HWND hWindow = nullptr;
@@ -34,15 +34,15 @@ struct CSeenMessage
     int buttons = 0;
 };
 
-// Someone who uses the settings panel with real keys and clicks. Like CKinetariumUser, its methods throw
-// std::runtime_error if the program does not do its part in time.
+// A simulated user of the settings panel with real keys and clicks. Its methods throw std::runtime_error if the program
+// does not respond in time, as in CKinetariumUser.
 class CPanelUser
 {
 public:
     explicit CPanelUser(const CKinetariumUser& user);
 
     HWND GetPanel() const { return m_hPanel; }
-    // The window of the row's control, which takes the focus.
+    // The window of the row's control, which gets the focus.
     HWND GetControl(EnumPanelRow eRow) const;
     RECT GetControlRectangle(EnumPanelRow eRow) const;
     bool IsWhollyVisible(EnumPanelRow eRow) const;
@@ -51,23 +51,23 @@ public:
     int GetScrollPosition() const;
     bool IsListOpen() const;
 
-    // The window of the program that has the keyboard.
+    // The window of the program that has the keyboard focus.
     HWND GetFocus() const;
     void WaitForFocus(HWND hWindow) const;
     void WaitForText(EnumPanelRow eRow, const std::wstring& sText) const;
 
     void Click(EnumPanelRow eRow) const;
-    // Clicks into an entry, selects what it holds and types over it, and waits until it reads `sExpected`.
+    // Clicks into an entry, selects its text, types the new text, and waits until the entry reads `sExpected`.
     void Enter(EnumPanelRow eRow, const std::wstring& sTyped, const std::wstring& sExpected) const;
     void Enter(EnumPanelRow eRow, const std::wstring& sTyped) const { Enter(eRow, sTyped, sTyped); }
     // Empties an entry.
     void Clear(EnumPanelRow eRow) const;
-    // Opens the list and chooses "Fixed" or "Speed" in it by keys.
+    // Opens the list and chooses "Fixed" or "Speed" with keys.
     void ChooseMode(const std::wstring& sMode) const;
-    // Clicks Start and waits for nothing.
+    // Clicks Start; does not wait.
     void ClickStart() const;
 
-    // A box of the program that is open before the main window; null if there is none.
+    // The message box or dialog in front of the main window; null if there is none.
     HWND FindDialog() const;
     CSeenMessage WaitForMessage() const;
     void WaitUntilClosed(HWND hDialog) const;

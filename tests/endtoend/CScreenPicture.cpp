@@ -21,7 +21,7 @@ void Check(HRESULT iResult, const char* sWhat)
     }
 }
 
-// The reference that a COM call hands out; released at the end of its scope.
+// An owned COM reference, released at the end of its scope.
 template<class T>
 class CReference
 {
@@ -60,7 +60,7 @@ CScreenPicture::CScreenPicture(RECT rcPart)
     RECT rcVisible{};
     if (IntersectRect(&rcVisible, &rcPart, &rcScreen) == FALSE)
     {
-        throw std::runtime_error("nothing of it is on the screen");
+        throw std::runtime_error("the rectangle lies outside the screen");
     }
     m_iWidth = rcVisible.right - rcVisible.left;
     m_iHeight = rcVisible.bottom - rcVisible.top;

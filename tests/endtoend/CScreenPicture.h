@@ -10,12 +10,12 @@
 class CScreenPicture
 {
 public:
-    // Copies a rectangle given in screen coordinates, cut to the screen. Throws std::runtime_error if nothing is left.
+    // Copies a rectangle in screen coordinates, clipped to the screen. Throws std::runtime_error if it lies outside.
     explicit CScreenPicture(RECT rcPart);
 
     int GetWidth() const { return m_iWidth; }
     int GetHeight() const { return m_iHeight; }
-    // The colour of a pixel, counted from the upper left corner.
+    // The colour of a pixel, relative to the upper left corner.
     COLORREF GetPixel(int iX, int iY) const;
     // Throws std::runtime_error if the file cannot be written.
     void SavePng(const std::filesystem::path& file) const;

@@ -10,7 +10,7 @@ class CSettingsTest : public CEndToEndTest
 {
 protected:
     static constexpr auto c_patience = std::chrono::milliseconds(20000);
-    // Time in which something that must not happen would have happened.
+    // An unwanted reaction would occur within this time.
     static constexpr DWORD c_uSettleMilliseconds = 300;
 
     CSettingsTest();

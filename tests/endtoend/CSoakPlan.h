@@ -3,7 +3,7 @@
 #include <chrono>
 #include <cstdint>
 
-// How often or how long each soak does its part.
+// The repetitions or the duration of each soak test.
 struct CSoakPlan
 {
     std::uint32_t seed = 0;
@@ -15,10 +15,11 @@ struct CSoakPlan
     std::chrono::seconds run{};
 };
 
-// Environment variables: "long" asks for the long form, a number for the random choices of a soak that is known.
+// Environment variables: the first selects the form with "short" or "long"; the second is a seed that repeats the
+// random choices of an earlier soak.
 constexpr const char* c_sSoakVariable = "KINETARIUM_SOAK";
 constexpr const char* c_sSoakSeedVariable = "KINETARIUM_SOAK_SEED";
 
-// The short form unless the environment asks for the long one; the seed is drawn unless the environment gives one.
-// Throws std::invalid_argument if what it gives is something else.
+// The short form unless the environment selects the long one; the seed is random unless the environment sets it. Throws
+// std::invalid_argument if a variable has another value.
 CSoakPlan ReadSoakPlan();

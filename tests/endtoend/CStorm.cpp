@@ -10,15 +10,15 @@
 namespace
 {
 constexpr auto c_patience = std::chrono::milliseconds(20000);
-constexpr DWORD c_uRestMilliseconds = 100; // between two looks at whether all is at rest
+constexpr DWORD c_uRestMilliseconds = 100; // between two checks for the idle state
 constexpr int c_iLooksAtRest = 5;
-constexpr DWORD c_uBreathMilliseconds = 30; // between two looks at a dialog that is to close
+constexpr DWORD c_uBreathMilliseconds = 30; // between two checks for a closing dialog
 } // namespace
 
 struct CStorm::CAction
 {
     const char* sName;
-    int iWeight; // how often it comes, among the others
+    int iWeight; // relative frequency
     void (CStorm::*pDo)();
 };
 
@@ -70,7 +70,7 @@ void CStorm::ActEachOnce()
 
 void CStorm::VisitEverything()
 {
-    constexpr int c_iGrip = 2; // pixels from the outside of the frame
+    constexpr int c_iGrip = 2; // pixels from the outer edge of the frame
     const RECT rc = m_user.GetWindowRectangle();
     const POINT middle = MiddleOf(rc);
     for (const LONG iX : {rc.left + c_iGrip, middle.x, rc.right - 1 - c_iGrip})
@@ -86,12 +86,12 @@ void CStorm::VisitEverything()
     {
         MoveMouse(MiddleOf(hWindow));
     }
-    WaitForAnswer("a visit with the mouse");
+    WaitForAnswer("a tour with the mouse");
 }
 
 void CStorm::Do(const CAction& action)
 {
-    constexpr int c_iDialogStays = 3; // in so many of four cases an open dialog is closed before the next action
+    constexpr int c_iDialogStays = 3; // in this many of four cases an open dialog is closed before the next action
     if (FindDialog() != nullptr && m_chance.Choose(0, 3) < c_iDialogStays)
     {
         CloseDialogs();
@@ -128,10 +128,10 @@ void CStorm::Settle()
 {
     CloseDialogs();
     SetForegroundWindow(m_user.GetMainWindow());
-    PressKey(VK_ESCAPE); // for a menu or a list that is open
-    // Leaving full screen starts the simulation, and what was done last may still be on its way.
+    PressKey(VK_ESCAPE); // closes an open menu or list
+    // Leaving full screen starts the simulation, and the last action may still be in progress.
     int iAtRest = 0;
-    WaitUntil("the program to come to rest", c_patience, [&] {
+    WaitUntil("the program to become idle", c_patience, [&] {
         CloseDialogs();
         WaitForAnswer("the storm");
         const bool bFullScreen = IsFullScreen();
@@ -161,7 +161,7 @@ void CStorm::WaitForAnswer(const std::string& sAfter) const
     if (SendMessageTimeoutW(m_user.GetMainWindow(), WM_NULL, 0, 0, SMTO_BLOCK, static_cast<UINT>(c_patience.count()),
                             &uIgnored) == 0)
     {
-        throw std::runtime_error(m_program.IsRunning() ? "the program does not answer any more after: " + sAfter
+        throw std::runtime_error(m_program.IsRunning() ? "the program no longer answers after: " + sAfter
                                                        : "the program has ended after: " + sAfter);
     }
 }

@@ -9,31 +9,31 @@
 #include <map>
 #include <string>
 
-// Someone who plays with a running Kinetarium at random: clicks, keys, the wheel, sizes, full screen, colour dialogs.
+// Random input for a running Kinetarium: clicks, keys, the wheel, sizes, full screen, colour dialogs.
 //
-// The seed decides every choice, so that a storm can be played again; how far the program has come when an action
-// reaches it is up to the machine. It keeps away from what ends the program, and types nothing into the entries: a
-// factor once spoilt would keep the simulation from every later start.
+// The seed decides every choice, so that a storm can be repeated; only the timing depends on the machine. The storm
+// avoids input that ends the program. It types nothing into the entries, because one invalid factor would prevent every
+// later start.
 class CStorm
 {
 public:
     CStorm(const CDrivenProgram& program, const CKinetariumUser& user, std::uint32_t uSeed);
 
-    // Does one thing, then waits until the program answers. Throws std::runtime_error that names the action if the
+    // Performs one action and waits until the program answers. Throws std::runtime_error with the action's name if the
     // program has ended or does not answer in time.
     void Act();
-    // Does each kind of thing once, whatever the seed.
+    // Performs each kind of action once, independent of the seed.
     void ActEachOnce();
-    // Moves the mouse over the frame's edges and corners and over every control. The system keeps each pointer that it
-    // has shown once, which is no leak.
+    // Moves the mouse over the frame's edges and corners and over every control. The system caches each mouse pointer
+    // after its first use; after this tour that no longer looks like a leak.
     void VisitEverything();
-    // Closes what is open and brings the window back to its size, without a simulation.
+    // Closes everything that is open, restores the window's size, and stops the simulation.
     void Settle();
 
-    // How often each kind of action was done.
+    // The number of actions of each kind.
     const std::map<std::string, int>& GetTally() const { return m_tally; }
 
-    // How many of them met a running simulation.
+    // The number of actions during a running simulation.
     int GetCountWhileRunning() const { return m_iWhileRunning; }
 
 private:

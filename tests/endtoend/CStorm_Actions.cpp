@@ -8,12 +8,12 @@
 #include <chrono>
 #include <vector>
 
-// What the storm does to the program, each thing by itself.
+// The single actions of the storm.
 
 namespace
 {
 constexpr auto c_dialogPatience = std::chrono::milliseconds(1000);
-constexpr DWORD c_uBreathMilliseconds = 30; // between two looks at a dialog that may open
+constexpr DWORD c_uBreathMilliseconds = 30; // between two checks for an opening dialog
 } // namespace
 
 void CStorm::ClickWorld()
@@ -33,7 +33,7 @@ void CStorm::ClickAnywhere()
 
 void CStorm::ClickButton()
 {
-    // In full screen it is hidden, and in a small window the view lies over it or the screen's edge cuts it off.
+    // It may be unreachable: hidden in full screen, or, in a small window, covered by the view or outside the screen.
     const POINT middle = MiddleOf(m_user.GetButton());
     if (WindowFromPoint(middle) == m_user.GetButton())
     {
@@ -103,8 +103,7 @@ void CStorm::OpenColourDialog()
     {
         return;
     }
-    // The colour buttons are the ones without a text. They may all be scrolled out of the panel, or lie beyond the
-    // screen.
+    // Only the colour buttons have no text. All of them may be scrolled out of the panel or lie outside the screen.
     const std::vector<HWND> buttons = CollectDescendants(m_user.GetMainWindow(), [](HWND hWindow) {
         return ClassOf(hWindow) == L"CWndButton" && ReadText(hWindow).empty() &&
                WindowFromPoint(MiddleOf(hWindow)) == hWindow;

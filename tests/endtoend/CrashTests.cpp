@@ -7,7 +7,7 @@
 #include <sstream>
 #include <stdexcept>
 
-// The finished program comes to grief by no fault of its own: a thread of it is started where no code is.
+// Crashes the finished program from outside: starts a thread in it at an address without code.
 
 namespace
 {
@@ -34,7 +34,7 @@ std::string ReadFile(const std::filesystem::path& path)
     return text.str();
 }
 
-// The one file of the folder with that ending.
+// The only file in the folder with that extension.
 std::filesystem::path FindFile(const std::filesystem::path& folder, const std::string& sEnding)
 {
     for (const auto& entry : std::filesystem::directory_iterator(folder))

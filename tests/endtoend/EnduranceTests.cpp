@@ -9,14 +9,14 @@ constexpr auto c_patience = std::chrono::milliseconds(20000);
 using Endurance = CEndToEndTest;
 } // namespace
 
-TEST_F(Endurance, AClickIntoTheWorldAndACloseRightAfterItEndTheProgram)
+TEST_F(Endurance, ACloseRightAfterAClickIntoTheWorldEndsTheProgram)
 {
     m_user.PressStart();
     m_user.ClickWorldMiddle();
     ExpectCleanClose();
 }
 
-TEST(EnduranceOfTheProcess, TenTimesInARowItStartsRunsAndIsClosedWhileItRuns)
+TEST(EnduranceOfTheProcess, TheProgramStartsAndClosesDuringTheRunTenTimesInARow)
 {
     constexpr int c_iStarts = 10;
     for (int iStart = 0; iStart < c_iStarts; ++iStart)

@@ -15,7 +15,7 @@ INPUT MakeKey(WORD uKey, DWORD uFlags)
     INPUT input{};
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = uKey;
-    // Programs read the keyboard's own number of a key as well, to tell a first press from a repeated one.
+    // Programs also read a key's scan code, to distinguish a first press from a repeated one.
     input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(uKey, MAPVK_VK_TO_VSC));
     input.ki.dwFlags = uFlags;
     return input;

@@ -1,5 +1,5 @@
-// Uses the program as a person would, for a demonstration without a person: starts it, presses Start, reads the
-// statistics lines, takes a picture, presses Stop and closes the window.
+// Demonstrates the program without a person: starts it, presses Start, reads the statistics lines, takes a picture,
+// presses Stop and closes the window.
 
 #include "tests/endtoend/CDrivenProgram.h"
 #include "tests/endtoend/CKinetariumUser.h"
@@ -22,10 +22,10 @@ constexpr int c_iLongestSeconds = 24 * 60 * 60;
 
 void Say(const std::string& sText)
 {
-    std::cout << sText << std::endl; // flushed: whoever watches sees it now
+    std::cout << sText << std::endl; // flushed, so that it appears at once
 }
 
-// Prints statistics lines until there are enough of them and the time is over.
+// Prints statistics lines until there are enough and the time is over.
 void WatchStatistics(const CKinetariumUser& user, std::chrono::seconds atLeast)
 {
     const auto end = std::chrono::steady_clock::now() + atLeast;
@@ -33,14 +33,14 @@ void WatchStatistics(const CKinetariumUser& user, std::chrono::seconds atLeast)
     for (int iLines = 0; iLines < c_iFewestLines || std::chrono::steady_clock::now() < end; ++iLines)
     {
         last = user.WaitForStatistics(last.iterations);
-        Say(std::string(last.line.begin(), last.line.end())); // its form allows nothing beyond ASCII
+        Say(std::string(last.line.begin(), last.line.end())); // the line is pure ASCII
     }
 }
 
 void Demonstrate(const std::filesystem::path& program, const std::filesystem::path& picture,
                  std::chrono::seconds atLeast)
 {
-    // A copy with the default settings, whatever the last use of the program left behind.
+    // A copy starts with the default settings; the program's own settings file is ignored.
     const CProgramCopy copy(program);
     Say("Starting " + program.filename().string());
     const CDrivenProgram process(copy.GetPath());

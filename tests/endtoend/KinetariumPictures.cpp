@@ -1,5 +1,4 @@
-// Takes the pictures of the user guide: starts the program, uses it as the guide describes, and saves what the screen
-// shows.
+// Takes the pictures of the user guide: starts the program, uses it as the guide describes, and saves the screen.
 
 #include "tests/endtoend/CDrivenProgram.h"
 #include "tests/endtoend/CKinetariumUser.h"
@@ -23,7 +22,7 @@ namespace
 using Row = EnumPanelRow;
 
 constexpr auto c_endPatience = std::chrono::milliseconds(20000);
-constexpr DWORD c_uPaintMilliseconds = 500; // for the program to draw what has changed
+constexpr DWORD c_uPaintMilliseconds = 500; // gives the program time to draw its changes
 
 class CPhotographer
 {

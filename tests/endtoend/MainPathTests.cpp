@@ -10,13 +10,13 @@ namespace
 constexpr auto c_patience = std::chrono::milliseconds(20000);
 constexpr COLORREF c_crBlack = RGB(0, 0, 0);
 
-// How many pixels of the world are of each kind of colour.
+// The number of the world's pixels of each kind of colour.
 struct CColourCounts
 {
     int black = 0, red = 0, grey = 0, green = 0;
 };
 
-// Edges are smoothed, so a kind is a direction of colour: grey has three levels that are nearly the same.
+// Edges are anti-aliased, so the kinds are hues: grey has three nearly equal channels.
 CColourCounts CountColours(const CScreenPicture& picture)
 {
     constexpr int c_iNear = 24; // levels
@@ -41,7 +41,7 @@ CColourCounts CountColours(const CScreenPicture& picture)
 using EndToEnd = CEndToEndTest;
 } // namespace
 
-TEST_F(EndToEnd, StartGivesStatisticsLinesStopEndsTheRunAndClosingEndsTheProgram)
+TEST_F(EndToEnd, StartShowsStatisticsLinesStopEndsTheRunAndClosingEndsTheProgram)
 {
     m_user.PressStart();
     const CStatistics first = m_user.WaitForStatistics(0);
@@ -53,7 +53,7 @@ TEST_F(EndToEnd, StartGivesStatisticsLinesStopEndsTheRunAndClosingEndsTheProgram
     ExpectCleanClose();
 }
 
-TEST_F(EndToEnd, TheCountOfIterationsBeginsAgainWithEveryStart)
+TEST_F(EndToEnd, EveryStartResetsTheCountOfIterations)
 {
     m_user.PressStart();
     CStatistics last;
@@ -74,7 +74,7 @@ TEST_F(EndToEnd, TheWorldShowsRedGreyAndGreenAtomsOnBlack)
     m_user.WaitForStatistics(0);
     const CScreenPicture world(m_user.GetWorldRectangle());
     const CColourCounts counts = CountColours(world);
-    // 256 atoms of radius 3 to 5 cover about 13,000 of the world's 262,144 pixels; a class of speed can be small.
+    // 256 atoms of radius 3 to 5 cover about 13,000 of the world's 262,144 pixels; a speed class can be small.
     constexpr int c_iFewest = 200;
     EXPECT_GT(counts.black, world.GetWidth() * world.GetHeight() / 2);
     EXPECT_GT(counts.red, c_iFewest);
@@ -83,12 +83,12 @@ TEST_F(EndToEnd, TheWorldShowsRedGreyAndGreenAtomsOnBlack)
     ExpectCleanClose();
 }
 
-TEST_F(EndToEnd, AClickInTheWorldStartsItAnewFromThatPoint)
+TEST_F(EndToEnd, AClickInTheWorldRestartsItFromThatPoint)
 {
     m_user.PressStart();
     m_user.WaitForStatistics(0);
     const POINT click = {100, 120};
-    // Shortly after the click all atoms are near it, and so the far half of the world is empty.
+    // Shortly after the click all atoms are near it, so the far half of the world is empty.
     WaitUntil("the atoms to burst from the click", c_patience, [&] {
         m_user.ClickWorld(click);
         for (int iPicture = 0; iPicture < 20; ++iPicture)
@@ -119,7 +119,7 @@ TEST_F(EndToEnd, ClosingWhileTheSimulationRunsEndsTheProgram)
     ExpectCleanClose();
 }
 
-TEST_F(EndToEnd, ClosingWithoutAnyStartEndsTheProgram)
+TEST_F(EndToEnd, ClosingWithoutAStartEndsTheProgram)
 {
     ExpectCleanClose();
 }
@@ -130,7 +130,7 @@ TEST_F(EndToEnd, TheControlsAreThoseOfVersion6)
     ExpectCleanClose();
 }
 
-TEST_F(EndToEnd, F11ShowsTheWorldAloneOnTheWholeScreenAndF11AgainBringsTheWindowBack)
+TEST_F(EndToEnd, F11ShowsOnlyTheWorldOnTheWholeScreenAndF11AgainRestoresTheWindow)
 {
     const RECT rcBefore = m_user.GetWindowRectangle();
     m_user.PressStart();

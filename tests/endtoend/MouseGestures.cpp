@@ -7,7 +7,7 @@
 namespace
 {
 constexpr int c_iDragSteps = 4;
-constexpr DWORD c_uStepMilliseconds = 15; // for the window under the mouse to follow
+constexpr DWORD c_uStepMilliseconds = 15; // gives the window under the mouse time to follow
 
 void SendButton(DWORD uFlags, int iWheel = 0)
 {

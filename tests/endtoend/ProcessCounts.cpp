@@ -16,7 +16,7 @@ namespace
 constexpr auto c_eSystemHandleInformation = static_cast<SYSTEM_INFORMATION_CLASS>(16);
 constexpr NTSTATUS c_iInfoLengthMismatch = static_cast<NTSTATUS>(0xC0000004);
 
-// The list that the system gives: a count, then one of these per handle of any process.
+// One entry of the system's list of handles, which is a count followed by one entry per handle of any process.
 struct CHandleEntry
 {
     std::uint16_t processId;
@@ -28,7 +28,8 @@ struct CHandleEntry
     std::uint32_t access;
 };
 
-// Where the process environment block of a 64-bit process points to the table of its GDI objects, and that table.
+// The offset of the pointer to the GDI handle table in the process environment block of a 64-bit process, and the
+// layout of that table.
 constexpr std::size_t c_uGdiTableInPeb = 0xF8;
 constexpr std::size_t c_uGdiTableEntries = 0x4000;
 struct CGdiEntry
@@ -136,7 +137,7 @@ int CountHandles(DWORD uProcessId)
     for (std::uint32_t i = 0; i < uTotal; ++i)
     {
         CHandleEntry entry;
-        // The entries begin at a multiple of a pointer's size.
+        // The entries are aligned to the size of a pointer.
         std::memcpy(&entry, buffer.data() + sizeof(void*) + i * sizeof(entry), sizeof(entry));
         iCount += entry.processId == static_cast<std::uint16_t>(uProcessId) ? 1 : 0;
     }
@@ -149,7 +150,7 @@ CGdiCount CountGdiObjects(HANDLE hProcess)
     {
         return {static_cast<int>(uCount), {}};
     }
-    // Wine does not count them, but keeps the table that Windows keeps.
+    // Wine does not count them but maintains the same table as Windows.
     PROCESS_BASIC_INFORMATION basic{};
     if (NtQueryInformationProcess(hProcess, ProcessBasicInformation, &basic, sizeof(basic), nullptr) < 0)
     {
@@ -183,7 +184,7 @@ int CountUserObjects(HANDLE hProcess)
         return static_cast<int>(uCount);
     }
     CWindowCount count{GetProcessId(hProcess), 0};
-    // Below the desktop stand all windows but those that only take messages.
+    // The desktop's descendants are all windows except message-only windows.
     EnumChildWindows(GetDesktopWindow(), CountWindow, reinterpret_cast<LPARAM>(&count));
     HWND hWindow = nullptr;
     while ((hWindow = FindWindowExW(HWND_MESSAGE, hWindow, nullptr, nullptr)) != nullptr)

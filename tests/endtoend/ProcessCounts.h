@@ -4,20 +4,20 @@
 
 #include <string>
 
-// How many threads the process has.
+// The number of threads of the process.
 int CountThreads(DWORD uProcessId);
 
-// How many kernel handles the process has open.
+// The number of open kernel handles of the process.
 int CountHandles(DWORD uProcessId);
 
 struct CGdiCount
 {
     int total = 0;
-    std::string kinds; // how many of each, to read; empty where the system only tells the total
+    std::string kinds; // the count of each kind as text; empty if the system gives only the total
 };
 
-// How many GDI objects the process holds.
+// The GDI objects of the process.
 CGdiCount CountGdiObjects(HANDLE hProcess);
 
-// How many user objects the process holds; under Wine, which does not count them, how many windows it has.
+// The number of user objects of the process; under Wine, which does not count them, the number of its windows.
 int CountUserObjects(HANDLE hProcess);

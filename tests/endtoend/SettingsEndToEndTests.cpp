@@ -7,13 +7,13 @@
 #include <array>
 #include <string>
 
-// What the settings panel holds: its defaults, what is typed, pasted or chosen, and what of it is saved.
+// Tests the contents of the settings panel: defaults, typed, pasted and chosen values, and the saved settings.
 
 namespace
 {
 using Row = EnumPanelRow;
 
-constexpr int c_iColourOfTheDialog = 720; // the number of the field of basic colours in the system's colour dialog
+constexpr int c_iColourOfTheDialog = 720; // the identifier of the basic colours in the system's colour dialog
 
 class SettingsByHand : public CSettingsTest
 {
@@ -28,7 +28,7 @@ protected:
 };
 } // namespace
 
-TEST_F(SettingsByHand, ThePanelStartsWithTheDefaultsAndTheSecondFactorOutOfUse)
+TEST_F(SettingsByHand, ThePanelStartsWithTheDefaultsAndTheSecondFactorDisabled)
 {
     EXPECT_EQ(m_panel.Read(Row::Width), L"512");
     EXPECT_EQ(m_panel.Read(Row::Height), L"512");
@@ -43,7 +43,7 @@ TEST_F(SettingsByHand, ThePanelStartsWithTheDefaultsAndTheSecondFactorOutOfUse)
     ExpectCleanClose();
 }
 
-TEST_F(SettingsByHand, WhatIsTypedAndStartedIsFoundAgainAfterTheNextStartOfTheProgram)
+TEST_F(SettingsByHand, TypedSettingsAreRestoredAfterTheProgramRestarts)
 {
     m_panel.Enter(Row::Width, L"400");
     m_panel.Enter(Row::Height, L"300");
@@ -56,7 +56,7 @@ TEST_F(SettingsByHand, WhatIsTypedAndStartedIsFoundAgainAfterTheNextStartOfThePr
     m_panel.Enter(Row::Factor2, L"30");
     m_panel.Clear(Row::Factor3);
     m_user.PressStart();
-    m_panel.WaitForText(Row::MinRadius, L"4"); // brought into order
+    m_panel.WaitForText(Row::MinRadius, L"4"); // swapped into order
     m_panel.WaitForText(Row::MaxRadius, L"9");
     ExpectCleanClose();
     EXPECT_EQ(ReadFile(L"Atom_colour_1_factor"), L"12.5%");
@@ -79,7 +79,7 @@ TEST_F(SettingsByHand, WhatIsTypedAndStartedIsFoundAgainAfterTheNextStartOfThePr
     EXPECT_EQ(program.WaitForExit(c_patience), 0U);
 }
 
-TEST_F(SettingsByHand, NumberEntriesTakeDigitsAloneAndNoMoreThanTheirSize)
+TEST_F(SettingsByHand, NumberEntriesAcceptOnlyDigitsAndNoMoreThanTheirSize)
 {
     m_panel.Enter(Row::Width, L"a1-2.3%x4567", L"1234");
     m_panel.Enter(Row::TotalAtoms, L"123456789", L"1234567");
@@ -88,7 +88,7 @@ TEST_F(SettingsByHand, NumberEntriesTakeDigitsAloneAndNoMoreThanTheirSize)
     ExpectCleanClose();
 }
 
-TEST_F(SettingsByHand, ArrowKeysInTheClosedListChooseTheModeAndSpeedEmptiesTheSecondFactor)
+TEST_F(SettingsByHand, ArrowKeysInTheClosedListChooseTheModeAndSpeedClearsTheSecondFactor)
 {
     m_panel.Click(Row::MaxRadius);
     m_panel.WaitForFocus(m_panel.GetControl(Row::MaxRadius));
@@ -124,7 +124,7 @@ TEST_F(SettingsByHand, CopyPasteCutAndUndoWorkInAnEntry)
     PressKeyWith(VK_CONTROL, 'A');
     PressKeyWith(VK_CONTROL, 'X');
     m_panel.WaitForText(Row::Factor1, L"");
-    // Only the digits of what was cut fit a number.
+    // A number entry accepts only the digits of the cut text.
     m_panel.Clear(Row::Width);
     PressKeyWith(VK_CONTROL, 'V');
     m_panel.WaitForText(Row::Width, L"0125");

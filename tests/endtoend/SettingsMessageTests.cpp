@@ -4,7 +4,7 @@
 
 #include <string>
 
-// The messages that refuse a start, and the ways to close them.
+// Tests the messages that refuse a start, and the ways to close them.
 
 namespace
 {
@@ -13,7 +13,7 @@ using Row = EnumPanelRow;
 class SettingsMessagesByHand : public CSettingsTest
 {
 protected:
-    // Starts by a click that the panel's settings let come to a message, and gives what it says.
+    // Clicks Start with settings that lead to a message, and returns that message.
     CSeenMessage StartIntoMessage() const
     {
         m_panel.ClickStart();
@@ -39,7 +39,7 @@ void ExpectMessage(const CSeenMessage& message, const std::wstring& sTitle, cons
 }
 } // namespace
 
-TEST_F(SettingsMessagesByHand, AFactorThatIsNoNumberIsNamedWithItsOwnTitleAndTheMessageClosesByEnterAndByEscape)
+TEST_F(SettingsMessagesByHand, AnInvalidFactorHasItsOwnTitleAndTheMessageClosesWithEnterAndWithEscape)
 {
     m_panel.Enter(Row::Factor3, L"abc");
     const std::wstring sText =
@@ -57,7 +57,7 @@ TEST_F(SettingsMessagesByHand, AFactorThatIsNoNumberIsNamedWithItsOwnTitleAndThe
     ExpectCleanClose();
 }
 
-TEST_F(SettingsMessagesByHand, APercentageInSpeedModeIsRefusedAndTwoBadFactorsGiveTwoMessages)
+TEST_F(SettingsMessagesByHand, APercentageInSpeedModeIsRefusedAndTwoInvalidFactorsGiveTwoMessages)
 {
     m_panel.Enter(Row::Factor1, L"x");
     m_panel.Enter(Row::Factor3, L"50%");
@@ -77,7 +77,7 @@ TEST_F(SettingsMessagesByHand, APercentageInSpeedModeIsRefusedAndTwoBadFactorsGi
     ExpectCleanClose();
 }
 
-TEST_F(SettingsMessagesByHand, OneFactorAloneIsTooFewAndTheMessageClosesByItsButton)
+TEST_F(SettingsMessagesByHand, ASingleFactorIsRefusedAndTheMessageClosesWithItsButton)
 {
     m_panel.Clear(Row::Factor1);
     const CSeenMessage message = StartIntoMessage();

@@ -5,7 +5,7 @@
 
 #include <array>
 
-// The ways through the settings panel: Tab, the wheel, its open list, and the keys that are the window's own.
+// Tests navigation in the settings panel: Tab, the wheel, the open list, and the keys of the main window.
 
 namespace
 {
@@ -17,7 +17,7 @@ constexpr std::array<Row, 12> c_StopsInSpeedMode{Row::Width,     Row::Height,   
                                                  Row::Factor1,   Row::Colour2,   Row::Colour3,          Row::Factor3};
 } // namespace
 
-TEST_F(SettingsNavigationByHand, TabWalksThroughEveryControlInOrderAndWrapsAroundAndShiftWithTabWalksBack)
+TEST_F(SettingsNavigationByHand, TabVisitsEveryControlInOrderAndWrapsAroundAndShiftTabGoesBack)
 {
     PressKey(VK_TAB);
     m_panel.WaitForFocus(m_user.GetButton());
@@ -38,7 +38,7 @@ TEST_F(SettingsNavigationByHand, TabWalksThroughEveryControlInOrderAndWrapsAroun
     ExpectCleanClose();
 }
 
-TEST_F(SettingsNavigationByHand, EscapeClosesAnOpenListAndNothingElseAndF11ClosesItToo)
+TEST_F(SettingsNavigationByHand, EscapeClosesOnlyTheOpenListAndF11ClosesItToo)
 {
     const RECT rcBefore = m_user.GetWindowRectangle();
     m_panel.Click(Row::ColourMode);
@@ -51,7 +51,7 @@ TEST_F(SettingsNavigationByHand, EscapeClosesAnOpenListAndNothingElseAndF11Close
     EXPECT_FALSE(IsFullScreen());
     EXPECT_EQ(m_panel.Read(Row::ColourMode), L"Speed");
     EXPECT_EQ(m_panel.GetFocus(), m_panel.GetControl(Row::ColourMode));
-    Sleep(GetDoubleClickTime()); // the next click is not to be the second of a double click
+    Sleep(GetDoubleClickTime()); // the next click must not become a double click
     m_panel.Click(Row::ColourMode);
     WaitUntil("the list to open again", c_patience, [&] { return m_panel.IsListOpen(); });
     PressKey(VK_F11);
@@ -72,7 +72,7 @@ TEST_F(SettingsNavigationByHand, F11AndEscapeWorkWhileAnEntryHasTheFocus)
     ExpectCleanClose();
 }
 
-TEST_F(SettingsNavigationByHand, InALoweredWindowTheWheelAndTheFocusScrollThePanel)
+TEST_F(SettingsNavigationByHand, InALowWindowTheWheelAndTheFocusScrollThePanel)
 {
     constexpr int c_iWidth = 1000;
     constexpr int c_iHeight = 420;
@@ -80,7 +80,7 @@ TEST_F(SettingsNavigationByHand, InALoweredWindowTheWheelAndTheFocusScrollThePan
     WaitUntil("the last row to be hidden", c_patience, [&] { return !m_panel.IsWhollyVisible(Row::Factor3); });
     const RECT rcWidth = m_panel.GetControlRectangle(Row::Width);
     TurnWheel({(rcWidth.left + rcWidth.right) / 2, (rcWidth.top + rcWidth.bottom) / 2}, -20);
-    // The rows move one after the other.
+    // The rows move one after another.
     WaitUntil("the wheel to show the last row", c_patience,
               [&] { return m_panel.IsWhollyVisible(Row::Factor3) && !m_panel.IsWhollyVisible(Row::Width); });
     m_panel.Enter(Row::Factor3, L"1.5");

@@ -16,7 +16,7 @@ namespace
 constexpr auto c_patience = std::chrono::milliseconds(20000);
 constexpr int c_iWarmUpRounds = 10;
 
-// What is done again and again may leave nothing behind; how often it is done, the plan says.
+// Repeated actions must not leak resources. The plan sets the number of repetitions.
 class Soak : public CEndToEndTest
 {
 protected:
@@ -37,7 +37,7 @@ protected:
                   [&] { return m_user.GetButtonText() == L"Stop" && IsWindowEnabled(m_user.GetButton()) != FALSE; });
     }
 
-    // Until the status line has been drawn again, which takes memory for its letters.
+    // Waits until the status line has been drawn again, because its glyphs take memory.
     void ComeToRestInRun() const
     {
         m_user.RestMouse();
@@ -64,7 +64,7 @@ protected:
             ClickRight({(rc.left + rc.right) / 2, (rc.top + rc.bottom) / 2});
         }
         WaitUntil("the change of the screen", c_patience, [&] { return IsFullScreen() != bBefore; });
-        // Either way the world starts anew, in its new size.
+        // Both directions restart the world in its new size.
         WaitForRun();
     }
 
@@ -74,8 +74,8 @@ protected:
 };
 } // namespace
 
-// Every start makes a worker, drawing resources and a world, and every stop gives them back.
-TEST_F(Soak, RoundsOfStartAndStopLeaveNothingBehind)
+// Every start creates a worker, drawing resources and a world; every stop releases them.
+TEST_F(Soak, RoundsOfStartAndStopLeakNothing)
 {
     const auto playRound = [&] {
         m_user.PressStart();
@@ -95,11 +95,11 @@ TEST_F(Soak, RoundsOfStartAndStopLeaveNothingBehind)
     ExpectCleanClose();
 }
 
-// A click stops the run and starts another where it fell. Some come faster than that takes: they fall into the stop,
-// which goes on answering messages while it waits.
-TEST_F(Soak, ClicksInTheWorldLeaveOneWorkerAndNothingBehind)
+// A click stops the run and starts another at its point. Some clicks come faster and arrive during the stop, which
+// still answers messages while it waits.
+TEST_F(Soak, ClicksInTheWorldLeaveOneWorkerAndLeakNothing)
 {
-    constexpr int c_iPatientIn = 2; // one click of so many is followed by a wait
+    constexpr int c_iPatientIn = 2; // one of this many clicks is followed by a wait
     const auto clickOnce = [&] {
         m_user.ClickWorld(ChoosePointInWorld());
         if (m_chance.Choose(1, c_iPatientIn) == 1)
@@ -126,7 +126,7 @@ TEST_F(Soak, ClicksInTheWorldLeaveOneWorkerAndNothingBehind)
     ExpectCleanClose();
 }
 
-TEST_F(Soak, FullScreenTogglesLeaveNothingBehind)
+TEST_F(Soak, FullScreenTogglesLeakNothing)
 {
     constexpr int c_iWarmUpToggles = 2 * c_iWarmUpRounds;
     m_user.PressStart();
@@ -145,7 +145,7 @@ TEST_F(Soak, FullScreenTogglesLeaveNothingBehind)
     ExpectCleanClose();
 }
 
-TEST_F(Soak, AStormOfRandomInputLeavesTheProgramAliveAndNothingBehind)
+TEST_F(Soak, AStormOfRandomInputLeavesTheProgramAliveAndLeaksNothing)
 {
     CStorm storm(m_program, m_user, m_plan.seed);
     constexpr int c_iWarmUpActions = 40;
@@ -170,9 +170,9 @@ TEST_F(Soak, AStormOfRandomInputLeavesTheProgramAliveAndNothingBehind)
     {
         std::cout << "  " << iTimes << " x " << sAction << "\n";
     }
-    std::cout << "  " << storm.GetCountWhileRunning() << " of them while a simulation ran\n";
-    // Wine's themed controls lose a small block each when a dialog of the system closes, also in a program that does
-    // nothing but open it: 15 of 24 bytes for the colour dialog.
+    std::cout << "  " << storm.GetCountWhileRunning() << " of them during a simulation\n";
+    // Under Wine, each themed control leaks a small block when a system dialog closes, even in a program that only
+    // opens the dialog: 15 blocks of 24 bytes for the colour dialog.
     constexpr std::uint64_t c_uLostPerDialog = std::uint64_t{15} * 24;
     m_leaks.ExpectNothingLeft("after " + std::to_string(m_plan.storm.count()) + " s of random input",
                               c_uLostPerDialog * static_cast<std::uint64_t>(storm.GetTally().at("colour dialog")));
@@ -181,7 +181,7 @@ TEST_F(Soak, AStormOfRandomInputLeavesTheProgramAliveAndNothingBehind)
     ExpectCleanClose();
 }
 
-TEST_F(Soak, ALongRunOfAHundredThousandAtomsGrowsByNothing)
+TEST_F(Soak, ALongRunOfAHundredThousandAtomsLeaksNothing)
 {
     const CPanelUser panel(m_user);
     panel.Enter(EnumPanelRow::Width, L"9999");

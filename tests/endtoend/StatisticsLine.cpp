@@ -7,7 +7,7 @@ std::optional<CStatistics> ParseStatisticsLine(const std::wstring& sLine)
     static const std::wregex s_form(LR"(Iter = (\d+)   (\d+\.\d\d) ms = (\d+\.\d\d) FPS     )"
                                     LR"(velocity: min = \d+\.\d{3}   max = \d+\.\d{3}   tot = \d+\.\d{3}   )"
                                     LR"(avg = \d+\.\d{3}   collided = (\d+\.\d\d)%)");
-    // The groups of the form, in its order.
+    // The groups of the pattern, in order.
     enum
     {
         Iterations = 1,

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-// The numbers of a statistics line that the tests look at.
+// The numbers of a statistics line that the tests use.
 struct CStatistics
 {
     std::uint64_t iterations = 0; // since the start of the run
@@ -14,5 +14,5 @@ struct CStatistics
     std::wstring line;
 };
 
-// Nothing if the text is not a whole statistics line, blank for blank.
+// nullopt if the text is not exactly a statistics line.
 std::optional<CStatistics> ParseStatisticsLine(const std::wstring& sLine);

@@ -8,8 +8,8 @@ const std::wstring c_sLine = L"Iter = 61   1.25 ms = 800.00 FPS     velocity: mi
                              L"tot = 640.000   avg = 2.500   collided = 12.50%";
 } // namespace
 
-// The reader decides what the other tests accept, so it must not take just anything.
-TEST(StatisticsLine, TheNumbersOfAWholeLineAreRead)
+// The other tests rely on this parser, so it must refuse wrong lines.
+TEST(StatisticsLine, TheNumbersOfACompleteLineAreRead)
 {
     const auto statistics = ParseStatisticsLine(c_sLine);
     ASSERT_TRUE(statistics.has_value());
@@ -19,7 +19,7 @@ TEST(StatisticsLine, TheNumbersOfAWholeLineAreRead)
     EXPECT_DOUBLE_EQ(statistics->collidedPercent, 12.5);
 }
 
-TEST(StatisticsLine, ALineWithABlankMoreOrADigitLessIsNone)
+TEST(StatisticsLine, ALineWithAnExtraBlankOrAMissingDigitIsRefused)
 {
     EXPECT_FALSE(ParseStatisticsLine(L" " + c_sLine));
     EXPECT_FALSE(ParseStatisticsLine(c_sLine.substr(0, c_sLine.size() - 1)));
@@ -28,7 +28,7 @@ TEST(StatisticsLine, ALineWithABlankMoreOrADigitLessIsNone)
     EXPECT_FALSE(ParseStatisticsLine(sOtherDigits));
 }
 
-TEST(StatisticsLine, ADescriptionOfAControlIsNone)
+TEST(StatisticsLine, ADescriptionOfAControlIsRefused)
 {
     EXPECT_FALSE(ParseStatisticsLine(L"This button starts/stops the simulation"));
     EXPECT_FALSE(ParseStatisticsLine(L""));

@@ -9,8 +9,8 @@
 namespace
 {
 constexpr auto c_patience = std::chrono::milliseconds(5000);
-constexpr UINT c_uAnswerMilliseconds = 2000; // a program that is busy for longer counts as not answering
-constexpr LONG c_iAbsoluteRange = 65535;     // the far edge of the screen in the units of absolute mouse input
+constexpr UINT c_uAnswerMilliseconds = 2000; // a program that is busy for longer counts as hanging
+constexpr LONG c_iAbsoluteRange = 65535;     // the last pixel of the screen in units of absolute mouse input
 
 void Send(std::vector<INPUT> inputs)
 {
@@ -21,14 +21,14 @@ void Send(std::vector<INPUT> inputs)
     }
 }
 
-// Rounded up, so that the system's division, which rounds down, gives the pixel again.
+// Rounded up, because the system rounds down when it converts back to pixels.
 LONG ToAbsolute(LONG iPixel, int iScreenMetric)
 {
     const LONG iLast = GetSystemMetrics(iScreenMetric) - 1;
     return (iPixel * c_iAbsoluteRange + iLast - 1) / iLast;
 }
 
-// Every piece of input says where it happens, so that no late news of an earlier movement can shift it.
+// Every input event carries its position, so that a late report of an earlier movement cannot shift it.
 void SendMouse(POINT point, std::initializer_list<DWORD> flags)
 {
     std::vector<INPUT> inputs;
@@ -51,8 +51,8 @@ bool IsMouseAt(POINT point)
 }
 } // namespace
 
-// Wine tells the display of a movement, and the display tells Wine: for a few milliseconds an older place can come
-// back.
+// Wine reports a movement to the display, and the display reports it back to Wine. For a few milliseconds an older
+// position can return.
 void MoveMouse(POINT point)
 {
     constexpr int c_iPollsAtRest = 4;

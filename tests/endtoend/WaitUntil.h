@@ -6,8 +6,8 @@
 #include <stdexcept>
 #include <string>
 
-// Asks `condition` every few milliseconds until it gives something true, and returns that. Throws std::runtime_error
-// that names `sWhat` when the time is over.
+// Evaluates `condition` every few milliseconds until its result is true, and returns the result. Throws
+// std::runtime_error with `sWhat` when the time is over.
 template<class F>
 auto WaitUntil(const std::string& sWhat, std::chrono::milliseconds patience, F&& condition)
 {

@@ -7,11 +7,11 @@ namespace
 {
 BOOL CALLBACK VisitWindow(HWND hWindow, LPARAM iVisit)
 {
-    // The visit answers whether to go on.
+    // The visitor returns whether to continue.
     return (*reinterpret_cast<const WindowPredicate*>(iVisit))(hWindow) ? TRUE : FALSE;
 }
 
-// A visit that stops at the first window that is wanted.
+// A visitor that stops at the first match.
 WindowPredicate StopAt(const WindowPredicate& isWanted, HWND& hFound)
 {
     return [&](HWND hWindow) {

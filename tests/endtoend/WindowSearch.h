@@ -6,26 +6,26 @@
 #include <string>
 #include <vector>
 
-// Finding windows of a program and places in them, from outside.
+// Finds a program's windows, and points in them, from another process.
 
 using WindowPredicate = std::function<bool(HWND)>;
 
 // The name of the window's class; empty if there is no such window.
 std::wstring ClassOf(HWND hWindow);
 
-// The first window, from the front backwards, that meets the predicate; null if none does.
+// The frontmost top-level window that meets the predicate; null if none does.
 HWND FindTopWindow(const WindowPredicate& isWanted);
 HWND FindDescendant(HWND hParent, const WindowPredicate& isWanted);
 HWND FindDescendantByClass(HWND hParent, const std::wstring& sClass);
 
-// The visible message box or dialog of the system that belongs to the window; null if none is open.
+// The visible message box or system dialog that the window owns; null if none is open.
 HWND FindDialogOf(HWND hOwner);
 
-// The windows below one that meet the predicate, each before those inside it.
+// The descendants of a window that meet the predicate; parents come before children.
 std::vector<HWND> CollectDescendants(HWND hParent, const WindowPredicate& isWanted);
 
 POINT MiddleOf(const RECT& rc);
-// In pixels of the screen.
+// In screen pixels.
 POINT MiddleOf(HWND hWindow);
 
 // The nearest point that the mouse can reach.

@@ -45,7 +45,7 @@ TEST(AtomScene, SpeedModeKeepsTheArrayOrderAcrossTheClasses)
     EXPECT_EQ(drawn, (CDrawn{{&atoms[0], 2}, {&atoms[1], 0}, {&atoms[2], 1}, {&atoms[4], 2}}));
 }
 
-TEST(AtomScene, FixedModeFollowsThePlaceInTheArray)
+TEST(AtomScene, FixedModeFollowsTheIndexInTheArray)
 {
     const std::vector<CAtom> atoms(10, MakeAtom(5.0F, 5.0F, 1.0F));
     CAtomScene scene = MakeScene(atoms);
@@ -57,7 +57,7 @@ TEST(AtomScene, FixedModeFollowsThePlaceInTheArray)
     EXPECT_EQ(classes, (std::vector<int>{0, 0, 1, 1, 1, 1, 1, 2, 2, 2}));
 }
 
-TEST(AtomScene, CulledAtomsKeepTheirPlaceInTheRunsOfFixedMode)
+TEST(AtomScene, CulledAtomsStillCountInTheRunsOfFixedMode)
 {
     std::vector<CAtom> atoms(6, MakeAtom(5.0F, 5.0F, 1.0F));
     atoms[0].x = 9000.0F;
@@ -70,7 +70,7 @@ TEST(AtomScene, CulledAtomsKeepTheirPlaceInTheRunsOfFixedMode)
     EXPECT_EQ(drawn, (CDrawn{{&atoms[1], 0}, {&atoms[2], 1}, {&atoms[4], 2}, {&atoms[5], 2}}));
 }
 
-TEST(AtomScene, AnEmptySetDrawsNothing)
+TEST(AtomScene, NoAtomsDrawNothing)
 {
     const CAtomScene scene;
     DrawAtoms_Speed(scene, [](const CAtom&, int) { FAIL(); });

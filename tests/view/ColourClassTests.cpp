@@ -9,7 +9,7 @@
 #include <limits>
 #include <random>
 
-// Which of the three colours an atom has: by its speed, or by its place in the array.
+// Tests the colour class of an atom: by its speed, or by its index in the array.
 
 namespace
 {
@@ -34,20 +34,20 @@ TEST(SpeedClass, AnAtomAtRestIsSlow)
     EXPECT_EQ(ClassOfAtom(0.0F, 3.0F, MakeSettings(0.0, 0.0, 1.25)), 0);
 }
 
-TEST(SpeedClass, WhereTheLimitsOverlapTheSlowClassWins)
+TEST(SpeedClass, IfTheLimitsOverlapTheSlowClassWins)
 {
     EXPECT_EQ(ClassOfAtom(1.0F, 1.0F, MakeSettings(2.0, 0.0, 0.5)), 0);
     EXPECT_EQ(ClassOfAtom(2.0F, 1.0F, MakeSettings(2.0, 0.0, 2.0)), 0);
 }
 
-TEST(SpeedClass, TheMiddleFactorPlaysNoPart)
+TEST(SpeedClass, TheMiddleFactorHasNoEffect)
 {
     EXPECT_EQ(ClassOfAtom(1.0F, 1.0F, MakeSettings(0.75, 1e300, 1.25)), 1);
     EXPECT_EQ(ClassOfAtom(1.0F, 1.0F, MakeSettings(0.75, -1.0, 1.25)), 1);
 }
 
-// 0.1F * 0.7 is a different number in single and in double precision; the float speed nearest to the product lies above
-// the exact one, so that only the comparison in double precision keeps it out of the slow class.
+// 0.1F * 0.7 is a different number in single and in double precision; the float nearest to the product lies above the
+// exact product. Only a comparison in double precision keeps this speed out of the slow class.
 TEST(SpeedClass, TheComparisonIsMadeInDoublePrecision)
 {
     constexpr float c_fAverage = 0.1F;
@@ -62,13 +62,13 @@ TEST(SpeedClass, TheComparisonIsMadeInDoublePrecision)
     EXPECT_EQ(ClassOfAtom(fAbove, c_fAverage, settings), 1);
 }
 
-TEST(SpeedClass, ASpeedThatIsNotANumberIsInTheMiddle)
+TEST(SpeedClass, ANanSpeedIsInTheMiddleClass)
 {
     EXPECT_EQ(ClassOfAtom(std::nanf(""), 1.0F, MakeSettings(0.75, 0.0, 1.25)), 1);
     EXPECT_EQ(ClassOfAtom(1.0F, std::nanf(""), MakeSettings(0.75, 0.0, 1.25)), 1);
 }
 
-TEST(Truncation, GoesTowardsZeroAndStopsAtTheEndsOfTheRange)
+TEST(Truncation, GoesTowardsZeroAndSaturates)
 {
     EXPECT_EQ(TruncateToInt32(2.9), 2);
     EXPECT_EQ(TruncateToInt32(-2.9), -2);
@@ -80,13 +80,13 @@ TEST(Truncation, GoesTowardsZeroAndStopsAtTheEndsOfTheRange)
     EXPECT_EQ(TruncateToInt32(std::nan("")), 0);
 }
 
-TEST(FixedRuns, AreTakenFromTheFirstTwoFactorsTruncated)
+TEST(FixedRuns, AreTheFirstTwoFactorsTruncated)
 {
     EXPECT_EQ(GetFixedRuns(MakeSettings(10.9, 140.9, 50.0), 200), (CFixedRuns{10, 150, 200}));
     EXPECT_EQ(GetFixedRuns(MakeSettings(0.0, 0.0, 200.0), 200), (CFixedRuns{0, 0, 200}));
 }
 
-TEST(FixedRuns, StopAtTheCount)
+TEST(FixedRuns, NeverExceedTheAtomCount)
 {
     EXPECT_EQ(GetFixedRuns(MakeSettings(10.0, 20.0, 0.0), 5), (CFixedRuns{5, 5, 5}));
     EXPECT_EQ(GetFixedRuns(MakeSettings(3.0, 20.0, 0.0), 5), (CFixedRuns{3, 5, 5}));
@@ -94,8 +94,8 @@ TEST(FixedRuns, StopAtTheCount)
     EXPECT_EQ(GetFixedRuns(MakeSettings(10.0, 20.0, 0.0), -1), (CFixedRuns{0, 0, 0}));
 }
 
-// After a refused start the factors of the other mode may still be there when the next frame is drawn.
-TEST(FixedRuns, AlwaysLieInOrderInsideTheArrayWhateverTheFactorsHold)
+// After a refused start the next frame may still see the factors of the other mode.
+TEST(FixedRuns, AreOrderedAndInsideTheArrayForAllFactors)
 {
     std::mt19937_64 random(7);
     const std::array<double, 11> values{

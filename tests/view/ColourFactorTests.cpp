@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <optional>
 
-// What the texts of the three factors mean in each mode, and which of them are refused.
+// Tests the meaning of the three factor texts in each mode, and the refused texts.
 
 namespace
 {
@@ -61,7 +61,7 @@ TEST(ColourFactorsFixed, ACountAPercentageAndAnEmptyTextMakeTenOneHundredFortyAn
     EXPECT_EQ(GetFixedRuns(result.settings, c_iAtoms), (CFixedRuns{10, 150, c_iAtoms}));
 }
 
-TEST(ColourFactorsFixed, AnyOfTheThreeFactorsMayBeTheOneLeftOut)
+TEST(ColourFactorsFixed, AnyOfTheThreeFactorsMayBeEmpty)
 {
     ExpectFactors(Fixed(L"", L"30", L"20"), 150.0, 30.0, 20.0);
     ExpectFactors(Fixed(L"30", L"", L"20"), 30.0, 150.0, 20.0);
@@ -88,12 +88,12 @@ TEST(ColourFactorsFixed, APercentageWithNoAtomSetFails)
     EXPECT_TRUE(Fixed(L"25%", L"", L"10", 0).bOk);
 }
 
-TEST(ColourFactorsFixed, CountsWithoutAnAtomSetLeaveNothingOver)
+TEST(ColourFactorsFixed, CountsWithoutAnAtomSetLeaveNoRemainder)
 {
     ExpectFactors(Fixed(L"25", L"", L"10", std::nullopt), 25.0, 0.0, 10.0);
 }
 
-TEST(ColourFactorsFixed, APercentSignAloneIsNoNumber)
+TEST(ColourFactorsFixed, APercentSignAloneIsRefused)
 {
     EXPECT_FALSE(Fixed(L"%", L"", L"10").bOk);
 }
@@ -106,7 +106,7 @@ TEST(ColourFactorsFixed, OnlyAPercentSignAtTheEndMakesAPercentage)
     ExpectFactors(Fixed(L"5%", L"", L"10"), 10.0, 180.0, 10.0);
 }
 
-TEST(ColourFactorsFixed, ATextThatIsNoNumberFailsInEveryPlace)
+TEST(ColourFactorsFixed, AnInvalidNumberFailsInEveryFactor)
 {
     for (const wchar_t* const sText : {L"abc", L"12abc", L"1,5", L"0x10", L"nan", L"inf", L" ", L"+", L"1e"})
     {
@@ -122,20 +122,20 @@ TEST(ColourFactorsFixed, CountsAndPercentagesAreRoundedHalfAwayFromZero)
     ExpectFactors(Fixed(L"50%", L"", L"10%", 5), 3.0, 1.0, 1.0); // 2.5 and 0.5 atoms
 }
 
-TEST(ColourFactorsFixed, ANegativeCountCountsAsLeftOut)
+TEST(ColourFactorsFixed, ANegativeCountIsTreatedAsEmpty)
 {
     ExpectFactors(Fixed(L"10", L"-5", L"20"), 10.0, 170.0, 20.0);
     EXPECT_FALSE(Fixed(L"10", L"-5", L"").bOk);
     EXPECT_TRUE(Fixed(L"10", L"-0.4", L"").bOk); // rounds to zero atoms, which is a count
 }
 
-TEST(ColourFactorsFixed, MoreAtomsThanThereAreLeaveNothingOver)
+TEST(ColourFactorsFixed, CountsAboveTheNumberOfAtomsLeaveNoRemainder)
 {
     ExpectFactors(Fixed(L"150", L"", L"100"), 150.0, 0.0, 100.0);
     ExpectFactors(Fixed(L"1000000000000%", L"", L"0"), 2.0e12, 0.0, 0.0);
 }
 
-TEST(ColourFactorsFixed, NumbersOutsideAnIntegersRangeSaturate)
+TEST(ColourFactorsFixed, NumbersOutsideTheIntegerRangeSaturate)
 {
     for (const wchar_t* const sHuge : {L"1e300", L"1e300%", L"1e308%", L"1e999", L"2147483648"})
     {
@@ -148,7 +148,7 @@ TEST(ColourFactorsFixed, NumbersOutsideAnIntegersRangeSaturate)
     EXPECT_FALSE(Fixed(L"-1e300", L"", L"10").bOk);
 }
 
-TEST(ColourFactorsFixed, AFailedTextLeavesItsFactorAsItWasAndStoresTheOthers)
+TEST(ColourFactorsFixed, AFailedTextLeavesItsFactorUnchangedAndStoresTheOthers)
 {
     const CInterpreted result = Fixed(L"10", L"abc", L"");
     EXPECT_FALSE(result.bOk);
@@ -168,7 +168,7 @@ TEST(ColourFactorsSpeed, TheSecondTextIsIgnored)
     }
 }
 
-TEST(ColourFactorsSpeed, TheMiddleFactorIsFilledWithACountThatNothingReads)
+TEST(ColourFactorsSpeed, TheMiddleFactorGetsACountThatNothingReads)
 {
     ExpectFactors(Speed(L"1.9", L"", L"2.9"), 1.9, c_iAtoms - 1.0 - 2.0, 2.9);
 }
@@ -184,7 +184,7 @@ TEST(ColourFactorsSpeed, BothOuterTextsMustBeNumbersOfAtLeastZero)
     EXPECT_FALSE(Speed(L"0.75", L"", L"abc").bOk);
 }
 
-TEST(ColourFactorsSpeed, AHairBelowZeroStillCountsAsZero)
+TEST(ColourFactorsSpeed, ATinyNegativeNumberCountsAsZero)
 {
     EXPECT_TRUE(Speed(L"-1e-11", L"", L"1.25").bOk);
     EXPECT_FALSE(Speed(L"-1e-9", L"", L"1.25").bOk);
@@ -195,7 +195,7 @@ TEST(ColourFactorsSpeed, NothingIsRounded)
     EXPECT_EQ(Speed(L"0.123456789", L"", L"2").settings[0].dFactor, 0.123456789);
 }
 
-TEST(ColourFactorsSpeed, AFailedTextLeavesItsFactorAsItWas)
+TEST(ColourFactorsSpeed, AFailedTextLeavesItsFactorUnchanged)
 {
     const CInterpreted result = Speed(L"abc", L"", L"1.25");
     EXPECT_EQ(result.settings[0].dFactor, c_dUntouched);
@@ -203,7 +203,7 @@ TEST(ColourFactorsSpeed, AFailedTextLeavesItsFactorAsItWas)
     EXPECT_EQ(result.settings[2].dFactor, 1.25);
 }
 
-TEST(ColourFactors, AnUnknownModeFailsAndTouchesNothing)
+TEST(ColourFactors, AnUnknownModeFailsAndChangesNothing)
 {
     constexpr auto c_eUnknown = static_cast<EnumAtomColourMode>(2);
     const CInterpreted result = Interpret(c_eUnknown, Texts(L"10", L"", L"20"));

@@ -2,7 +2,7 @@
 
 #include "view/ColourRules.h"
 
-// The settings of the three colours with these factors.
+// Settings of the three colours with the given factors.
 inline CColourSettings MakeSettings(double d0, double d1, double d2)
 {
     CColourSettings settings{};

@@ -24,7 +24,7 @@ CAtom MakeAtom(float fX, float fY, std::uint8_t uRadius)
 
 } // namespace
 
-TEST(EllipseRect, IsTheCircleMovedByTheWorldsCorner)
+TEST(EllipseRect, IsTheCirclesRectangleOffsetByTheWorldsCorner)
 {
     EXPECT_EQ(GetEllipseRect(MakeAtom(10.0F, 20.0F, 3), {100, 200}), (CRect{107, 217, 113, 223}));
     EXPECT_EQ(GetEllipseRect(MakeAtom(98.0F, 199.0F, 2), {-100, -200}), (CRect{-4, -3, 0, 1}));
@@ -37,17 +37,17 @@ TEST(EllipseRect, CornersAreRoundedHalfAwayFromZero)
     EXPECT_EQ(GetEllipseRect(MakeAtom(0.5F, 0.5F, 3), {0, 0}), (CRect{-3, -3, 4, 4})); // -2.5 and 3.5
 }
 
-// At 9,999 a float has steps of 0.00098: the sum left + x is rounded to one before the radius is taken off.
-TEST(EllipseRect, SumsAreFormedInSinglePrecision)
+// At 9,999 a float has steps of 0.00098: the sum left + x is rounded to such a step before the radius is subtracted.
+TEST(EllipseRect, SumsAreComputedInSinglePrecision)
 {
     const CAtom atom = MakeAtom(0.50001F, 0.0F, 1);
     ASSERT_EQ(9999.0F + atom.x, 9999.5F);
     EXPECT_EQ(GetEllipseRect(atom, {9999, 0}).left, 9999); // 9998.5 rounds up
     const CAtom atomBelow = MakeAtom(0.4999F, 0.0F, 1);
-    EXPECT_EQ(GetEllipseRect(atomBelow, {9999, 0}).left, 9999); // the sum has become 9999.5 as well
+    EXPECT_EQ(GetEllipseRect(atomBelow, {9999, 0}).left, 9999); // the rounded sum is also 9999.5
 }
 
-// An atom that is torn between two writes may lie anywhere while it is drawn.
+// An atom that is read between two writes may have any position while it is drawn.
 TEST(EllipseRect, APositionOutsideEveryWorldGivesARectangleOutsideEveryView)
 {
     constexpr int c_iEnd = 1 << 30;
@@ -57,7 +57,7 @@ TEST(EllipseRect, APositionOutsideEveryWorldGivesARectangleOutsideEveryView)
     EXPECT_EQ(GetEllipseRect(MakeAtom(std::numeric_limits<float>::infinity(), 5.0F, 3), {0, 0}).right, c_iEnd);
 }
 
-// The quick form against the general one, over every exponent that a float has.
+// Compares the fast form with the general one, for every exponent of a float.
 TEST(RoundToPixel, EqualsRoundingHalfAwayFromZero)
 {
     std::mt19937 random(3);

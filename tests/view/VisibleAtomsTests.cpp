@@ -30,7 +30,7 @@ bool Overlaps(const CRect& rc, const CRect& rcOther)
     return !Intersect(rc, rcOther).IsEmpty();
 }
 
-// Every pixel whose square the exact circle can reach.
+// The smallest rectangle of whole pixels around the exact circle.
 CRect GetAntiAliasedRect(const CAtom& atom, const CPoint<int>& ptWorld)
 {
     const float fX = static_cast<float>(ptWorld.x) + atom.x;
@@ -42,7 +42,7 @@ CRect GetAntiAliasedRect(const CAtom& atom, const CPoint<int>& ptWorld)
 
 } // namespace
 
-TEST(VisibleAtoms, AnAtomInsideIsShownAndOneFarOutsideIsNot)
+TEST(VisibleAtoms, AnAtomInsideIsVisibleAndOneFarOutsideIsNot)
 {
     const CVisibleArea area(c_rcView, {0, 0});
     EXPECT_TRUE(area.Shows(MakeAtom(350.0F, 300.0F, 5)));
@@ -52,7 +52,7 @@ TEST(VisibleAtoms, AnAtomInsideIsShownAndOneFarOutsideIsNot)
     EXPECT_FALSE(area.Shows(MakeAtom(350.0F, 620.0F, 5)));
 }
 
-TEST(VisibleAtoms, AnAtomThatOnlyReachesInWithItsRimIsShown)
+TEST(VisibleAtoms, AnAtomWithOnlyItsRimInsideIsVisible)
 {
     const CVisibleArea area(c_rcView, {0, 0});
     EXPECT_TRUE(area.Shows(MakeAtom(-4.5F, 300.0F, 5)));
@@ -75,7 +75,7 @@ TEST(VisibleAtoms, InAnEmptyViewNothingIsVisible)
     EXPECT_FALSE(CVisibleArea({0, 0, -5, 600}, {0, 0}).Shows(MakeAtom(0.0F, 300.0F, 255)));
 }
 
-TEST(VisibleAtoms, APositionThatIsNotFiniteIsNeverVisible)
+TEST(VisibleAtoms, ANonFinitePositionIsNeverVisible)
 {
     const CVisibleArea area(c_rcView, {0, 0});
     for (const float fBad : {std::nanf(""), std::numeric_limits<float>::infinity(),
@@ -86,9 +86,9 @@ TEST(VisibleAtoms, APositionThatIsNotFiniteIsNeverVisible)
     }
 }
 
-// Both painters may touch pixels a little outside the exact circle: whatever either of them can touch counts. And an
-// atom more than the margin and a pixel away must be left out, or the culling would not be worth its name.
-TEST(VisibleAtoms, NoAtomThatEitherPainterCouldShowIsLeftOutAndNoneFarAwayIsShown)
+// Both painters may touch pixels slightly outside the exact circle, so every pixel that either of them can touch
+// counts. An atom farther away than the margin and one pixel must be culled.
+TEST(VisibleAtoms, EveryAtomThatEitherPainterCouldShowIsVisitedAndNoneFarAway)
 {
     std::mt19937_64 random(11);
     const CPoint<int> ptWorld{-4321, -1234};
@@ -117,7 +117,7 @@ TEST(VisibleAtoms, NoAtomThatEitherPainterCouldShowIsLeftOutAndNoneFarAwayIsShow
     EXPECT_LT(iShown, c_iAtoms);
 }
 
-TEST(VisibleAtoms, AreVisitedInArrayOrderWhateverTheNumberOfBlocks)
+TEST(VisibleAtoms, AreVisitedInArrayOrderForAnyNumberOfBlocks)
 {
     const CVisibleArea area(c_rcView, {0, 0});
     for (const std::int32_t count : {0, 1, 2, 511, 512, 513, 1024, 1500})

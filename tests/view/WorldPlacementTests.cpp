@@ -29,7 +29,7 @@ std::optional<int> Request(const CScrollBarState& bar, EnumScrollRequest eReques
 
 } // namespace
 
-TEST(ScrollBarsShown, OnlyWhereTheWorldIsLargerThanTheView)
+TEST(ScrollBarsShown, AppearOnlyInDirectionsInWhichTheWorldIsLargerThanTheView)
 {
     EXPECT_EQ(GetScrollBarsShown({699, 599}, c_sizeView, c_sizeBars), c_NoBars);
     EXPECT_EQ(GetScrollBarsShown({700, 600}, c_sizeView, c_sizeBars), c_NoBars);
@@ -38,7 +38,7 @@ TEST(ScrollBarsShown, OnlyWhereTheWorldIsLargerThanTheView)
     EXPECT_EQ(GetScrollBarsShown({701, 601}, c_sizeView, c_sizeBars), c_BothBars);
 }
 
-// Without the second bar a strip of the world would lie out of reach, hidden by the first.
+// Without the second bar, the first bar would hide a strip of the world that could not be scrolled into view.
 TEST(ScrollBarsShown, OneBarCanMakeTheOtherNecessary)
 {
     EXPECT_EQ(GetScrollBarsShown({701, 600 - c_iBar}, c_sizeView, c_sizeBars), c_HorizontalBar);
@@ -47,7 +47,7 @@ TEST(ScrollBarsShown, OneBarCanMakeTheOtherNecessary)
     EXPECT_EQ(GetScrollBarsShown({700 - c_iBar + 1, 601}, c_sizeView, c_sizeBars), c_BothBars);
 }
 
-TEST(ScrollBarsShown, LengthsAtTheEndOfTheRangeOfAnIntegerDoNotOverflow)
+TEST(ScrollBarsShown, LengthsAtTheEndOfTheIntegerRangeDoNotOverflow)
 {
     EXPECT_EQ(GetScrollBarsShown({c_iMaxInt, c_iMaxInt}, {c_iMinInt, c_iMinInt}, {c_iMaxInt, c_iMaxInt}), c_BothBars);
     EXPECT_EQ(GetScrollBarsShown({10, 1}, {9, c_iMinInt}, c_sizeBars), c_BothBars);
@@ -101,9 +101,9 @@ TEST(FitScrollBar, TheRangeIsTheWorldAndThePageTheView)
     EXPECT_EQ(FitScrollBar(MakeBar(5, 6, 123), 1000, 600), MakeBar(999, 600, 123));
 }
 
-TEST(FitScrollBar, APositionBehindTheNewEndMovesToIt)
+TEST(FitScrollBar, APositionBeyondTheNewEndMovesToTheEnd)
 {
-    // The last position shows the world's last row in the view's last one: 1000 - 600.
+    // The last position shows the world's last row in the view's last row: 1000 - 600.
     EXPECT_EQ(FitScrollBar(MakeBar(1999, 600, 1400), 1000, 600).iPosition, 400);
     EXPECT_EQ(FitScrollBar(MakeBar(1999, 600, 400), 1000, 600).iPosition, 400);
     EXPECT_EQ(FitScrollBar(MakeBar(1999, 600, 399), 1000, 600).iPosition, 399);
@@ -118,10 +118,10 @@ TEST(FitScrollBar, AnEmptyWorldOrViewKeepsTheRangeValid)
 {
     EXPECT_EQ(FitScrollBar(MakeBar(10, 1, 7), 0, 600), MakeBar(0, 600, 0));
     EXPECT_EQ(FitScrollBar(MakeBar(10, 1, 7), -5, 600), MakeBar(0, 600, 0));
-    EXPECT_EQ(FitScrollBar(MakeBar(5000, 1, 2000), 1000, 0).iPosition, 999); // a page of nothing counts as one row
+    EXPECT_EQ(FitScrollBar(MakeBar(5000, 1, 2000), 1000, 0).iPosition, 999); // an empty page counts as one row
 }
 
-TEST(FitScrollBar, TheDraggedPositionIsLeftAlone)
+TEST(FitScrollBar, TheDraggedPositionIsNotChanged)
 {
     EXPECT_EQ(FitScrollBar(MakeBar(10, 1, 7, 77), 1000, 600).iTrackPosition, 77);
 }
@@ -146,7 +146,7 @@ TEST(ScrollRequest, StepsStopAtTheMinimumAndAtTheMaximum)
     EXPECT_EQ(Request(MakeBar(999, 600, 995), EnumScrollRequest::PageDown), 999);
 }
 
-TEST(ScrollRequest, TheEndsAreTheMinimumAndTheMaximumItself)
+TEST(ScrollRequest, TheEndsAreTheMinimumAndTheMaximum)
 {
     EXPECT_EQ(Request(MakeBar(999, 600, 5), EnumScrollRequest::Top), 0);
     EXPECT_EQ(Request(MakeBar(999, 600, 5), EnumScrollRequest::Bottom), 999);
@@ -165,7 +165,7 @@ TEST(ScrollRequest, AnUnknownRequestLeavesThePosition)
     EXPECT_EQ(GetScrolledPosition(MakeBar(999, 600, 5, 321), 0xFFFFU), 5);
 }
 
-TEST(ScrollRequest, PositionsAtTheEndOfTheRangeOfAnIntegerDoNotOverflow)
+TEST(ScrollRequest, PositionsAtTheEndOfTheIntegerRangeDoNotOverflow)
 {
     EXPECT_EQ(Request({0, c_iMaxInt, c_iMaxInt, c_iMaxInt, 0}, EnumScrollRequest::PageDown), c_iMaxInt);
     EXPECT_EQ(Request({c_iMinInt, 0, c_iMaxInt, c_iMinInt, 0}, EnumScrollRequest::PageUp), c_iMinInt);
@@ -185,7 +185,7 @@ TEST(Wheel, HalvesAreTruncatedTowardsZero)
     EXPECT_EQ(GetWheelPosition(100, -1), 100);
 }
 
-TEST(Wheel, TheLargestTurnIsHarmless)
+TEST(Wheel, TheLargestTurnDoesNotOverflow)
 {
     EXPECT_EQ(GetWheelPosition(100, 32767), -16283);
     EXPECT_EQ(GetWheelPosition(100, -32768), 16484);

@@ -13,7 +13,7 @@ constexpr std::size_t c_uNever = std::numeric_limits<std::size_t>::max();
 std::atomic<DWORD> g_dwThread{0};
 std::atomic<bool> g_bOtherThreads{false};
 std::atomic<std::size_t> g_uBytes{c_uNever};
-std::atomic<std::size_t> g_uPlace{c_uNever}; // how many may still succeed before one fails
+std::atomic<std::size_t> g_uPlace{c_uNever}; // allocations that still succeed before one fails
 std::atomic<std::size_t> g_uFailed{0};
 
 void Begin(bool bOtherThreads, std::size_t uBytes, std::size_t uPlace)

@@ -2,7 +2,8 @@
 
 #include <cstddef>
 
-// As long as one exists, some allocations of the test program fail as if memory had run out. One at a time.
+// While an object of this class exists, some allocations of the test program fail as if memory had run out. Only one
+// object may exist at a time.
 class CMemoryFault
 {
 public:
@@ -12,16 +13,16 @@ public:
         OtherThreads,
     };
 
-    // Every allocation of at least that many bytes fails.
+    // Every allocation of at least uBytes bytes fails.
     CMemoryFault(EnumWhere eWhere, std::size_t uBytes);
 
-    // One allocation of this thread fails: the one before which so many others have succeeded.
+    // One allocation of this thread fails, after uPlace others have succeeded.
     explicit CMemoryFault(std::size_t uPlace);
 
     ~CMemoryFault();
     CMemoryFault(const CMemoryFault&) = delete;
     CMemoryFault& operator=(const CMemoryFault&) = delete;
 
-    // How many allocations have failed.
+    // The number of failed allocations.
     std::size_t GetCount() const;
 };

@@ -19,7 +19,7 @@ const IMAGE_IMPORT_DESCRIPTOR* GetImports()
         pHeaders->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress);
 }
 
-// The place in the program's import table through which the function is called.
+// The entry of the program's import table for the function.
 ULONG_PTR* FindEntry(const char* sFunction)
 {
     for (const IMAGE_IMPORT_DESCRIPTOR* pLibrary = GetImports(); pLibrary->Name != 0; ++pLibrary)

@@ -2,13 +2,13 @@
 
 #include <windows.h>
 
-// As long as one exists, this program's calls of a system function reach another function instead: the way in which a
-// test makes the system refuse something. All threads are concerned; a replacement that is meant for one of them has to
-// look at the thread or the arguments.
+// While an object of this class exists, this program's calls of a system function reach a replacement. Tests use it to
+// make the system refuse something. It affects all threads; a replacement for one thread only must check the thread or
+// the arguments.
 class CReplacedImport
 {
 public:
-    // Throws std::runtime_error when the program does not import a function of that name.
+    // Throws std::runtime_error if the program does not import a function of that name.
     template<class F>
     CReplacedImport(const char* sFunction, F* pReplacement)
         : CReplacedImport(sFunction, reinterpret_cast<ULONG_PTR>(pReplacement))
@@ -18,7 +18,7 @@ public:
     CReplacedImport(const CReplacedImport&) = delete;
     CReplacedImport& operator=(const CReplacedImport&) = delete;
 
-    // The system's own function, for replacements that hand on.
+    // The system's own function, for replacements that call it.
     template<class F>
     F* GetOriginal() const
     {

@@ -141,7 +141,7 @@ CRunningApplication::CRunningApplication(bool bKeepSettings, std::wstring* pDebu
     WaitForSingleObject(hReady, c_dwPatience);
     CloseHandle(hReady);
 
-    // The window shows itself at the end of its making.
+    // The window becomes visible at the end of its creation.
     Poll([&] {
         EnumThreadWindows(m_dwThreadId, FindMainWindow, reinterpret_cast<LPARAM>(&m_hMain));
         return m_hMain != nullptr && IsWindowVisible(m_hMain);

@@ -11,7 +11,7 @@
 
 class CKinetarium;
 
-// The tests' view of a running application's inside. Call it on the application's own thread
+// Gives tests access to the private parts of a running application. Call it on the application's own thread
 // (CRunningApplication::Do).
 class CKinetariumProbe
 {
@@ -36,18 +36,18 @@ public:
     static void Stop(CKinetarium& application);
     static void SetBusy(CKinetarium& application, bool bBusy);
     static bool FitWindowOnMonitor(CKinetarium& application, RECT* pRect);
-    // As if the system had refused the event that tells the end of the worker.
+    // As if the system had refused to create the finished event.
     static void LoseFinishedEvent(CKinetarium& application);
     static void Describe(CKinetarium& application, HWND hControl, const POINT& point);
 };
 
 // Runs the whole application on a thread of its own, as its entry point would, and closes it at the end.
 //
-// Everything that the tests read is fetched on the application's thread, between two of its messages.
+// All reading happens on the application's thread, between two of its messages.
 class CRunningApplication
 {
 public:
-    static constexpr std::chrono::seconds c_Patience{20}; // far beyond what any of this takes, even under load
+    static constexpr std::chrono::seconds c_Patience{20}; // far longer than any step takes, even under load
 
     // Deletes the settings file first unless bKeepSettings. The log may be null.
     explicit CRunningApplication(bool bKeepSettings = false, std::wstring* pDebugLog = nullptr);
@@ -58,13 +58,13 @@ public:
     HWND GetMain() const { return m_hMain; }
     bool IsRunning() const { return IsWindow(m_hMain) != FALSE; }
 
-    // Runs the body on the application's thread and returns when it is done. Ignored once the window is gone.
+    // Runs the body on the application's thread and returns when it is done. Does nothing after the window is gone.
     void Do(const std::function<void(CKinetarium&)>& body) const;
 
-    // Polls the condition on the application's thread until it holds; false when it never did.
+    // Polls the condition on the application's thread until it holds; false if it does not hold in time.
     bool WaitUntil(const std::function<bool(CKinetarium&)>& condition) const;
 
-    // As WaitUntil, on the caller's thread.
+    // Like WaitUntil, but on the caller's thread.
     static bool Poll(const std::function<bool()>& condition);
 
     bool WaitForWorker(bool bExpected) const;
@@ -73,13 +73,13 @@ public:
     void SetControlText(const wchar_t* sKey, const wchar_t* sText) const;
     std::wstring GetButtonText() const;
 
-    // Presses the Start/Stop button as its click would.
+    // Presses the Start/Stop button like a click.
     void PressButton() const;
 
     // Clicks into the world, at a point of the main window's client area.
     void ClickWorld(int x, int y) const;
 
-    // Closes as the title bar's button does and waits for the end of the run; false when it did not end.
+    // Closes the window like the title bar's button and waits for the end of the run; false if it did not end.
     bool Close();
 
     static std::wstring GetSettingsPath();

@@ -7,9 +7,9 @@
 #include <gtest/gtest.h>
 #include <string_view>
 
-// Direct2D fails the whole program in every way it can: at each of its calls in turn, for once or for good, in words or
-// by giving nothing, or by taking the device away in the middle of a run. The simulation must go on, and the next start
-// must be drawn as if nothing had been.
+// Direct2D fails in every possible way: at each of its calls in turn, once or from then on, with an error code or with
+// a null result, or by losing the device during a run. The simulation must go on, and the next start must be drawn by
+// Direct2D as if nothing had happened.
 
 namespace
 {
@@ -58,7 +58,7 @@ protected:
 
     ~Direct2DFaults() override { EXPECT_EQ(GetFailingDirect2D().alive, 0) << "an object was never released"; }
 
-    // The fake is used on the application's thread only.
+    // Only the application's thread uses the fake.
     static int CountFrames(const CRunningApplication& application)
     {
         int iFrames = 0;
@@ -82,7 +82,7 @@ protected:
         Stop(application);
     }
 
-    // One life of the program in which call iFailAt fails. Returns false when there was no such call.
+    // Runs the program once with call iFailAt failing. Returns false if there was no such call.
     static bool TryFailure(int iFailAt, Failure eFailure)
     {
         GetFailingDirect2D() = {};
@@ -108,7 +108,7 @@ protected:
         return bReached;
     }
 
-    // Each call up to the first frames; those that follow are more of the same.
+    // Tries each call up to the first frames; later calls repeat these.
     static void TryEveryCall(Failure eFailure)
     {
         constexpr int c_iCallsOfAStart = 12;
@@ -126,8 +126,8 @@ protected:
 };
 } // namespace
 
-// The order is what the numbers in the other tests mean.
-TEST_F(Direct2DFaults, TheCallsOfAStartAreThoseThatAreLetFail)
+// The other tests refer to the calls by their number in this order.
+TEST_F(Direct2DFaults, AStartMakesTheCallsThatTheOtherTestsLetFail)
 {
     {
         CRunningApplication application;
@@ -148,17 +148,17 @@ TEST_F(Direct2DFaults, AnyCallMayFailOnce)
     TryEveryCall(Failure::Once);
 }
 
-TEST_F(Direct2DFaults, FromAnyCallOnEverythingMayFail)
+TEST_F(Direct2DFaults, EveryCallFromAnyCallOnMayFail)
 {
     TryEveryCall(Failure::FromThenOn);
 }
 
-TEST_F(Direct2DFaults, AnyCallMayClaimSuccessAndGiveNothing)
+TEST_F(Direct2DFaults, AnyCallMayReportSuccessAndReturnNull)
 {
     TryEveryCall(Failure::OnceWithoutAny);
 }
 
-TEST_F(Direct2DFaults, ATargetLostInMidRunIsMadeAnewByTheNextStart)
+TEST_F(Direct2DFaults, TheNextStartReplacesATargetLostDuringARun)
 {
     CRunningApplication application;
     application.SetControlText(L"Tot_atoms", L"8");
@@ -174,7 +174,7 @@ TEST_F(Direct2DFaults, ATargetLostInMidRunIsMadeAnewByTheNextStart)
     EXPECT_TRUE(application.Close());
 }
 
-TEST_F(Direct2DFaults, ASystemWithoutDirect2DIsDrawnToByGdi)
+TEST_F(Direct2DFaults, WithoutDirect2DGdiDraws)
 {
     const CReplacedImport loading("LoadLibraryExW", LoadNothing);
     CRunningApplication application;
@@ -183,7 +183,7 @@ TEST_F(Direct2DFaults, ASystemWithoutDirect2DIsDrawnToByGdi)
     EXPECT_TRUE(GetFailingDirect2D().calls.empty());
 }
 
-TEST_F(Direct2DFaults, ALibraryThatMakesNoFactoriesIsAsGoodAsNone)
+TEST_F(Direct2DFaults, WithALibraryThatHasNoFactoryFunctionGdiDraws)
 {
     g_bFindsFactory = false;
     CRunningApplication application;

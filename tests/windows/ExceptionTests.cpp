@@ -6,18 +6,18 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
-// Something is thrown where nobody expects it, on the worker or in the drawing. The program reports it to its log and
-// must be as usable as before.
+// An unexpected exception is thrown on the worker or while drawing. The program reports it to its log and must be as
+// usable as before.
 
 namespace
 {
 constexpr std::size_t c_uLogSize = std::size_t{1} << 20;
-constexpr std::size_t c_uSomeBytes = 100'000; // less than the cells' lists of 20,000 atoms take, more than all else
+constexpr std::size_t c_uSomeBytes = 100'000; // only the cells' lists of 20,000 atoms are larger
 
 std::atomic<bool> g_bThrows{false};
 std::atomic<int> g_iThrown{0};
 
-// As long as one exists, no picture can be made.
+// While an object of this class exists, no picture can be created.
 class CThrowing
 {
 public:
@@ -52,7 +52,7 @@ std::size_t CountOf(const std::wstring& sText, const std::wstring& sPart)
     return uCount;
 }
 
-// A debug log that never moves while the worker writes to it.
+// A debug log that never reallocates while the worker writes to it.
 std::wstring MakeLog()
 {
     std::wstring sLog;
@@ -61,7 +61,7 @@ std::wstring MakeLog()
 }
 } // namespace
 
-// The first iteration makes the room for the lists of the cells.
+// The first iteration allocates the lists of the cells.
 TEST(UnexpectedExceptions, AnExceptionInTheIterationEndsTheRunAndTheButtonStillStopsAndStarts)
 {
     std::wstring sLog = MakeLog();
@@ -85,7 +85,7 @@ TEST(UnexpectedExceptions, AnExceptionInTheIterationEndsTheRunAndTheButtonStillS
     EXPECT_EQ(CountOf(sLog, L"Exception: std::bad_alloc"), 1u);
 }
 
-TEST(UnexpectedExceptions, AnExceptionInTheDrawingEndsItsFrameAndNeitherTheRunNorTheProgram)
+TEST(UnexpectedExceptions, AnExceptionWhileDrawingEndsOnlyItsFrame)
 {
     std::wstring sLog = MakeLog();
     {

@@ -16,7 +16,7 @@ BitBltFunction* g_pBitBlt = nullptr;
 BOOL WINAPI CountFrame(HDC hTo, int x, int y, int cx, int cy, HDC hFrom, int xFrom, int yFrom, DWORD dwOperation)
 {
     ++g_iFrames;
-    // cppcheck-suppress CastAddressToIntegerAtReturn ; a call, whose function type it does not see
+    // cppcheck-suppress CastAddressToIntegerAtReturn ; it does not see the type of the called function
     return g_pBitBlt(hTo, x, y, cx, cy, hFrom, xFrom, yFrom, dwOperation);
 }
 } // namespace
@@ -52,12 +52,12 @@ void ExpectUsable(const CRunningApplication& application)
 {
     application.SetControlText(L"Tot_atoms", L"8");
     application.PressButton();
-    ASSERT_TRUE(application.WaitForWorker(true)) << "it does not start";
+    ASSERT_TRUE(application.WaitForWorker(true)) << "the worker does not start";
     EXPECT_EQ(application.GetButtonText(), L"Stop");
     application.Do([](CKinetarium& inside) { EXPECT_EQ(CKinetariumProbe::GetAtomCount(inside), 8); });
-    EXPECT_TRUE(WaitForFrames()) << "it draws nothing";
+    EXPECT_TRUE(WaitForFrames()) << "no frames are drawn";
     application.PressButton();
-    ASSERT_TRUE(application.WaitForWorker(false)) << "it does not stop";
+    ASSERT_TRUE(application.WaitForWorker(false)) << "the worker does not stop";
     EXPECT_EQ(application.GetButtonText(), L"Start");
 }
 

@@ -6,18 +6,18 @@
 #include <functional>
 #include <string>
 
-// What the tests of faults share.
+// Helpers that the tests of faults share.
 
-// Waits until three more frames were drawn by GDI; false when they were not.
+// Waits until GDI has drawn three more frames; false if it does not in time.
 bool WaitForFrames();
 
-// Starts a simulation of eight atoms by the button, waits for frames, and stops it by the button.
+// Starts a simulation of eight atoms with the button, waits for frames, and stops it with the button.
 void ExpectUsable(const CRunningApplication& application);
 
-// The running application has no worker and nothing is under way; starts a simulation and returns when that is over.
+// Expects an idle application without a worker; starts a simulation and returns when the start is over.
 void Start(const CRunningApplication& application);
 void Stop(const CRunningApplication& application);
 bool HasWorker(const CRunningApplication& application);
 
-// Runs the application on a thread of its own until it ends by itself; false when it does not.
+// Runs the application on a thread of its own until it ends by itself; false if it does not.
 bool RunsToItsEnd();

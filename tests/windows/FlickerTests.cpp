@@ -3,14 +3,13 @@
 #include <gtest/gtest.h>
 #include <vector>
 
-// What a user sees for a moment on the way to somewhere else is flicker: these tests watch every single step of the
-// windows' way.
+// Intermediate positions and sizes that become visible are flicker. These tests watch every step of every window.
 
 namespace
 {
 constexpr LPARAM c_iKeyReleased = static_cast<LPARAM>(0xC0000001);
 
-// One change of a window's place or size, as it was told to the window.
+// One change of a window's position or size, as reported to the window.
 struct CStep
 {
     HWND hWnd = nullptr;
@@ -31,7 +30,7 @@ LRESULT CALLBACK RecordStep(int iCode, WPARAM wParam, LPARAM lParam)
         {
             CStep step{pSent->hwnd, {}, false};
             GetWindowRect(pSent->hwnd, &step.rcWindow);
-            // The status bar is placed without a size, and then takes its own: there is nothing to see of the first.
+            // The status bar first gets an empty size and then sets its own; the first step shows nothing.
             step.visible = IsWindowVisible(pSent->hwnd) != FALSE && IsRectEmpty(&step.rcWindow) == FALSE;
             s_pSteps->push_back(step);
         }
@@ -39,7 +38,7 @@ LRESULT CALLBACK RecordStep(int iCode, WPARAM wParam, LPARAM lParam)
     return CallNextHookEx(nullptr, iCode, wParam, lParam);
 }
 
-// Toggles full screen, and returns what the program's windows went through meanwhile.
+// Toggles full screen and returns all steps of the program's windows.
 std::vector<CStep> WatchToggle(const CRunningApplication& application)
 {
     std::vector<CStep> steps;
@@ -56,7 +55,7 @@ std::vector<CStep> WatchToggle(const CRunningApplication& application)
 struct CParts
 {
     HWND hView = nullptr;
-    std::vector<HWND> others; // what full screen hides
+    std::vector<HWND> others; // the windows that full screen hides
 };
 
 CParts GetParts(const CRunningApplication& application)
@@ -89,7 +88,7 @@ void Prepare(const CRunningApplication& application)
 }
 } // namespace
 
-TEST(FullScreenWithoutFlicker, OnTheWayInTheViewTakesTheScreenInOneStepAndNothingElseIsSeenToMove)
+TEST(FullScreenWithoutFlicker, EnteringItMovesTheViewInOneStepAndNoOtherVisibleWindow)
 {
     const CRunningApplication application;
     Prepare(application);
@@ -110,7 +109,7 @@ TEST(FullScreenWithoutFlicker, OnTheWayInTheViewTakesTheScreenInOneStepAndNothin
     }
 }
 
-TEST(FullScreenWithoutFlicker, OnTheWayBackThePanelIsSeenOnlyInItsPlace)
+TEST(FullScreenWithoutFlicker, LeavingItShowsTheOtherWindowsOnlyInTheirFinalPlaces)
 {
     const CRunningApplication application;
     Prepare(application);

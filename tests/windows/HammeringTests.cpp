@@ -4,30 +4,30 @@
 #include <cstdint>
 #include <gtest/gtest.h>
 
-// A user who presses faster than a world can change. A change dispatches the messages that wait, and the next press is
-// one of them: were it obeyed there and then, each would run inside the one before until the stack is used up.
+// A user presses faster than the world can change. A change dispatches waiting messages, and the next press is one of
+// them. If the program obeyed it at once, each press would run inside the one before until the stack overflows.
 
 namespace
 {
 constexpr LPARAM c_iKeyReleased = static_cast<LPARAM>(0xC0000001);
-constexpr int c_iPresses = 201; // an odd number: the last one counts
-// Bytes of stack; a press inside another takes two to three thousand.
+constexpr int c_iPresses = 201; // odd, so that the last press decides the state
+// Bytes of stack; a nested press takes two to three thousand.
 constexpr std::uintptr_t c_uDeepest = std::uintptr_t{64} * 1024;
 
 std::uintptr_t s_uShallowest = 0;
 std::uintptr_t s_uDeepest = 0;
 
-// Called for each message that leaves the queue: notes where the stack stands.
+// Called for each message that leaves the queue; records the depth of the stack.
 LRESULT CALLBACK NoteStack(int iCode, WPARAM wParam, LPARAM lParam)
 {
-    // A number, which nobody takes for a place to read from.
+    // Kept as a number, because nothing reads from this address.
     const auto uHere = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
     s_uShallowest = std::max(s_uShallowest, uHere);
     s_uDeepest = std::min(s_uDeepest, uHere);
     return CallNextHookEx(nullptr, iCode, wParam, lParam);
 }
 
-// Posts the message many times at once, and returns how much of the stack its handling took.
+// Posts the message many times at once and returns the stack depth that the handling took, in bytes.
 std::uintptr_t Hammer(const CRunningApplication& application, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
     HHOOK hHook = nullptr;
@@ -40,14 +40,14 @@ std::uintptr_t Hammer(const CRunningApplication& application, UINT uMessage, WPA
             PostMessageW(application.GetMain(), uMessage, wParam, lParam);
         }
     });
-    // What is asked for now comes after all of them.
+    // This call is queued behind all of them.
     EXPECT_TRUE(application.WaitUntil([](CKinetarium& inside) { return CKinetariumProbe::HasWorker(inside); }));
     application.Do([&](CKinetarium&) { UnhookWindowsHookEx(hHook); });
     return s_uShallowest - s_uDeepest;
 }
 } // namespace
 
-TEST(Hammering, OnTheFullScreenKeyNestsNothingAndTheLastPressCounts)
+TEST(Hammering, TheFullScreenKeyDoesNotNestAndTheLastPressCounts)
 {
     const CRunningApplication application;
     application.SetControlText(L"Tot_atoms", L"5");
@@ -57,7 +57,7 @@ TEST(Hammering, OnTheFullScreenKeyNestsNothingAndTheLastPressCounts)
     }));
 }
 
-TEST(Hammering, WithClicksInTheWorldNestsNothingAndOneWorkerIsLeft)
+TEST(Hammering, ClicksInTheWorldDoNotNestAndOneWorkerRemains)
 {
     const CRunningApplication application;
     application.SetControlText(L"Tot_atoms", L"5");

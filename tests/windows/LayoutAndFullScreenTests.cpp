@@ -40,7 +40,7 @@ void PressF11(const CRunningApplication& application)
 }
 } // namespace
 
-TEST(LayoutInTheWindow, EveryPartStandsWhereTheRulesPutIt)
+TEST(LayoutInTheWindow, EveryPartHasTheRectangleThatTheRulesGiveIt)
 {
     const CRunningApplication application;
     const CParts parts = GetParts(application);
@@ -92,7 +92,7 @@ TEST(LayoutInTheWindow, TheSmallestWindowBreaksNothing)
     EXPECT_TRUE(application.WaitForWorker(true));
 }
 
-TEST(FullScreen, ShowsOnlyTheWorldOverTheWholeMonitor)
+TEST(FullScreen, TheWorldAloneCoversTheWholeMonitor)
 {
     const CRunningApplication application;
     application.SetControlText(L"Tot_atoms", L"5");
@@ -132,7 +132,7 @@ TEST(FullScreen, TheWorldTakesTheScreensSizeAndThePanelKeepsItsOwn)
     EXPECT_EQ(world, (CSize<int>{rcClient.right, rcClient.bottom}));
 }
 
-TEST(FullScreen, LeavingItBringsEverythingBackAndRestarts)
+TEST(FullScreen, LeavingItRestoresTheLayoutAndRestartsTheSimulation)
 {
     const CRunningApplication application;
     application.SetControlText(L"Tot_atoms", L"5");

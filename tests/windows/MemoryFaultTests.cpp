@@ -6,14 +6,14 @@
 #include <gtest/gtest.h>
 #include <new>
 
-// The memory runs out, for a large list of atoms or for any allocation at all. Afterwards the program must be as usable
+// A large list of atoms, or any single allocation, fails for lack of memory. Afterwards the program must be as usable
 // as before.
 
 namespace
 {
 constexpr std::size_t c_uManyBytes = std::size_t{1} << 20;
 
-// One run of the application, on whose thread one allocation fails.
+// One run of the application with one failing allocation on its thread.
 struct CStarvedRun
 {
     std::size_t place = 0;
@@ -32,7 +32,7 @@ DWORD WINAPI RunStarved(void* pRun)
     }
     catch (const std::bad_alloc&)
     {
-        // As far as the program's entry point, which has a guard of its own.
+        // The exception reaches the program's entry point, which has a guard of its own.
         EXPECT_EQ(fault.GetCount(), 1u);
     }
     run.failed = fault.GetCount() != 0;
@@ -48,7 +48,7 @@ BOOL CALLBACK CloseIfVisible(HWND hWnd, LPARAM)
     return TRUE;
 }
 
-// Runs it, and closes whatever window it shows; false when it does not end.
+// Runs it and closes any window that it shows; false if it does not end.
 bool RunsToItsEnd(CStarvedRun& run)
 {
     const HANDLE hThread = CreateThread(nullptr, 0, RunStarved, &run, 0, nullptr);
@@ -81,7 +81,7 @@ TEST(MemoryFaults, WithoutMemoryForTheAtomsTheWorldIsEmptyAndTheNextStartWorks)
     EXPECT_TRUE(application.Close());
 }
 
-TEST(MemoryFaults, WithoutMemoryForTheAtomsAnEarlierWorldIsGoneToo)
+TEST(MemoryFaults, WithoutMemoryForTheAtomsTheEarlierWorldIsCleared)
 {
     const CRunningApplication application;
     ExpectUsable(application);
@@ -94,7 +94,7 @@ TEST(MemoryFaults, WithoutMemoryForTheAtomsAnEarlierWorldIsGoneToo)
     ExpectUsable(application);
 }
 
-// Nobody can say which allocation will be the one that fails: here each of them is, one after the other.
+// Any allocation can be the one that fails, so the test lets each of them fail in turn.
 TEST(MemoryFaults, AnyAllocationOfAStartMayFail)
 {
     CRunningApplication application;
@@ -147,7 +147,7 @@ TEST(MemoryFaults, AnyAllocationOfAStopMayFail)
     EXPECT_TRUE(application.Close());
 }
 
-// There are too many to try them all: every so manieth is.
+// There are too many to try them all: every 23rd allocation fails.
 TEST(MemoryFaults, AnyAllocationOfAWholeRunMayFail)
 {
     constexpr std::size_t c_uStep = 23;

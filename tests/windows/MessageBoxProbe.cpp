@@ -20,7 +20,7 @@ std::wstring GetClass(HWND hWnd)
 BOOL CALLBACK MatchPopup(HWND hWnd, LPARAM lParam)
 {
     auto* pSearch = reinterpret_cast<CSearch*>(lParam);
-    // Tooltips and the drop-down part of lists are owned popups as well, but have no title bar.
+    // Tooltips and the drop-down parts of lists are owned popups too, but have no title bar.
     const bool bDialog = (GetWindowLongPtrW(hWnd, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
     if (!bDialog || !IsWindowVisible(hWnd) || GetWindow(hWnd, GW_OWNER) != pSearch->hOwner)
     {
@@ -30,7 +30,7 @@ BOOL CALLBACK MatchPopup(HWND hWnd, LPARAM lParam)
     return FALSE;
 }
 
-// The message consists of one button and one longer text.
+// A message box has one button; its longest other text is the message.
 BOOL CALLBACK ReadPart(HWND hWnd, LPARAM lParam)
 {
     auto* pMessage = reinterpret_cast<CShownMessage*>(lParam);

@@ -3,7 +3,7 @@
 #include <string>
 #include <windows.h>
 
-// A message as the user sees it. The handle is null when none appeared.
+// A message as the user sees it. The handle is null if none appeared.
 struct CShownMessage
 {
     HWND hWnd = nullptr;
@@ -16,8 +16,8 @@ struct CShownMessage
 // Waits until the owner has a message box with a button, and reads it.
 CShownMessage WaitForMessageBox(HWND hOwner);
 
-// The visible popup of the owner, or null at once.
+// The visible popup of the owner, or null if there is none; does not wait.
 HWND FindPopup(HWND hOwner);
 
-// Presses the message's button and waits until the message is gone; false when it stayed.
+// Presses the message's button and waits until the message is gone; false if it stays.
 bool CloseMessageBox(const CShownMessage& message);

@@ -3,7 +3,8 @@
 
 #include <gtest/gtest.h>
 
-// The rows of the main window's table of messages that no other test meets, and what it does when the system fails it.
+// Tests the rows of the main window's message table that no other test reaches, and the window's behaviour when a
+// system service is missing.
 
 namespace
 {
@@ -31,7 +32,7 @@ HWND GetStartButton(const CRunningApplication& application)
 }
 } // namespace
 
-TEST(MessageRows, BothOfTheButtonsNotificationsAreClicks)
+TEST(MessageRows, BothNotificationsOfTheButtonCountAsClicks)
 {
     const CRunningApplication application;
     application.SetControlText(L"Tot_atoms", L"5");
@@ -45,14 +46,14 @@ TEST(MessageRows, BothOfTheButtonsNotificationsAreClicks)
     EXPECT_TRUE(application.WaitForWorker(false));
 }
 
-TEST(MessageRows, AClickOfAnUnknownSenderStartsNothing)
+TEST(MessageRows, AClickFromAnUnknownSenderStartsNothing)
 {
     const CRunningApplication application;
     EXPECT_EQ(Notify(application, application.GetMain(), c_uClicked), 0);
     EXPECT_TRUE(application.WaitForWorker(false));
 }
 
-TEST(MessageRows, KeysTimersAndCommandsOfOthersChangeNothing)
+TEST(MessageRows, UnknownKeysTimersAndCommandsChangeNothing)
 {
     const CRunningApplication application;
     const HWND hMain = application.GetMain();
@@ -63,7 +64,7 @@ TEST(MessageRows, KeysTimersAndCommandsOfOthersChangeNothing)
     application.Do([](CKinetarium& inside) { EXPECT_FALSE(CKinetariumProbe::IsFullScreen(inside)); });
 }
 
-TEST(MessageRows, WhileBusyTheWaitCursorStands)
+TEST(MessageRows, WhileBusyTheWindowShowsTheWaitCursor)
 {
     const CRunningApplication application;
     application.Do([&](CKinetarium& inside) {
@@ -80,14 +81,14 @@ TEST(MessageRows, WhileBusyTheWaitCursorStands)
     });
 }
 
-TEST(MessageRows, WithoutARectangleToFillNoMonitorIsChosen)
+TEST(MessageRows, ANullRectangleChoosesNoMonitor)
 {
     std::wstring sLog;
     const CRunningApplication application(false, &sLog);
     application.Do([&](CKinetarium& inside) {
         sLog.clear();
         EXPECT_FALSE(CKinetariumProbe::FitWindowOnMonitor(inside, nullptr));
-        EXPECT_EQ(sLog.find(L"monitor"), std::wstring::npos) << "nothing was read";
+        EXPECT_EQ(sLog.find(L"monitor"), std::wstring::npos) << "a monitor was chosen";
     });
 }
 
@@ -137,7 +138,7 @@ TEST(MessageRows, WithoutTheFinishedEventAStopStillEndsTheWorker)
     EXPECT_TRUE(application.Close());
 }
 
-// A minimised window lies far outside every screen: that is no place to open at.
+// A minimised window lies far outside every screen, so its position must not be stored.
 TEST(MessageRows, TheEndOfTheSessionStoresTheRestoredRectangleOfAMinimisedWindow)
 {
     const CRunningApplication application;

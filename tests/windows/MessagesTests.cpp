@@ -5,7 +5,7 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
-// What the main window makes of single messages.
+// The main window's response to single messages.
 
 namespace
 {
@@ -153,7 +153,7 @@ TEST(MainWindow, AClickOnTheViewsRightAndBottomEdgesCountsAsInside)
     }
 }
 
-TEST(MainWindow, CannotBeDraggedBelowItsMinimum)
+TEST(MainWindow, CannotBeDraggedBelowItsMinimumSize)
 {
     const CRunningApplication application;
     MINMAXINFO info{};
@@ -185,7 +185,7 @@ TEST(MainWindow, AControlUnderThePointerIsDescribedInTheStatusBar)
     EXPECT_EQ(GetStatusPart(application, 0), L"The width of the world in pixels");
 }
 
-TEST(MainWindow, APruneTimerExistsOnlyWithADebugLog)
+TEST(MainWindow, ThePruneTimerExistsOnlyWithADebugLog)
 {
     {
         const CRunningApplication application;
@@ -198,7 +198,7 @@ TEST(MainWindow, APruneTimerExistsOnlyWithADebugLog)
     EXPECT_TRUE(bKilled);
 }
 
-TEST(MainWindow, ALogAtThreeQuartersOfItsCapacityIsNotPrunedButOneBeyondIs)
+TEST(MainWindow, ALogIsPrunedOnlyAboveThreeQuartersOfItsCapacity)
 {
     std::wstring sLog;
     sLog.reserve(4000);

@@ -3,8 +3,9 @@
 
 #include <gtest/gtest.h>
 
-// A message box and the colour dialog run message loops of their own, behind which the main window goes on living: the
-// system still sends it what the user cannot (the end of the session), and other programs can post it anything.
+// A message box and the colour dialog run message loops of their own, and the main window stays active behind them. The
+// system can still send it messages that the user cannot (the end of the session), and other programs can post any
+// message.
 
 namespace
 {
@@ -49,8 +50,8 @@ std::string GetName(const testing::TestParamInfo<CIntruder>& info)
 }
 } // namespace
 
-// A start waits behind the message, so nothing else may start or ask again meanwhile.
-TEST_P(ModalMessages, BehindAMessageBoxStartNothingAndOpenNoSecondOne)
+// A start waits for the message box, so nothing else may start or open a second one meanwhile.
+TEST_P(ModalMessages, BehindAMessageBoxNothingStartsAndNoSecondOneOpens)
 {
     CRunningApplication application;
     application.SetControlText(L"Tot_atoms", L"6");
@@ -69,7 +70,7 @@ TEST_P(ModalMessages, BehindAMessageBoxStartNothingAndOpenNoSecondOne)
     EXPECT_TRUE(application.Close());
 }
 
-TEST_P(ModalMessages, BehindAColourDialogActAsEver)
+TEST_P(ModalMessages, BehindAColourDialogTheyActAsUsual)
 {
     CRunningApplication application;
     application.SetControlText(L"Tot_atoms", L"6");
@@ -83,7 +84,7 @@ TEST_P(ModalMessages, BehindAColourDialogActAsEver)
     EXPECT_EQ(IsFullScreen(application), GetParam().bTogglesFullScreen);
     EXPECT_TRUE(application.WaitForWorker(!GetParam().bEndsWorker));
     EXPECT_EQ(CRunningApplication::ReadSetting(L"Tot_atoms"), L"6");
-    // The close takes the dialog and the worker with it.
+    // Closing the window also ends the dialog and the worker.
     EXPECT_TRUE(application.Close());
 }
 

@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-// A stop dispatches messages while it waits, because the worker may be in the middle of asking this very thread for a
-// frame. These tests put a message into that wait, and one into every other loop that dispatches.
+// A stop dispatches messages while it waits, because the worker may be waiting for this thread to draw a frame. These
+// tests inject a message into that wait and into every other message loop.
 
 namespace
 {
@@ -16,8 +16,8 @@ void StartSmallWorld(const CRunningApplication& application)
     application.Do([](CKinetarium& inside) { CKinetariumProbe::Start(inside); });
 }
 
-// Queued on the application's thread just before it stops, so that the stop's own pump is what dispatches it, unless
-// the worker happens to be between two frames; then the next pump does. Either way the outcome must be the same.
+// Queued on the application's thread just before the stop, so that the stop's own pump dispatches it. If the worker
+// happens to be between two frames, the next pump does. The outcome must be the same either way.
 void StopWith(const CRunningApplication& application, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
     application.Do([&](CKinetarium& inside) {
@@ -114,7 +114,7 @@ TEST(NestedMessages, AClickBehindAMessageBoxOpensNoSecondOne)
     SendMessageW(application.GetMain(), WM_LBUTTONUP, 0, MAKELPARAM(300, 300));
     EXPECT_EQ(FindPopup(application.GetMain()), message.hWnd);
     EXPECT_TRUE(CloseMessageBox(message));
-    // One factor is bad, and one is too few: only the first is said.
+    // One factor is invalid and one is missing; only the first error is reported.
     EXPECT_TRUE(application.WaitForWorker(false));
     EXPECT_EQ(FindPopup(application.GetMain()), nullptr);
 }
@@ -128,7 +128,7 @@ TEST(NestedMessages, TheSimulationRunsOnBehindAColourDialog)
     PostMessageW(hButton, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
     ASSERT_TRUE(CRunningApplication::Poll([&] { return FindPopup(application.GetMain()) != nullptr; }));
 
-    // A click restarts, full screen toggles, and a close at last ends everything, dialog and worker included.
+    // A click restarts, full screen toggles, and a final close ends everything, including dialog and worker.
     SendMessageW(application.GetMain(), WM_LBUTTONUP, 0, MAKELPARAM(300, 300));
     EXPECT_TRUE(application.WaitForWorker(true));
     SendMessageW(application.GetMain(), WM_KEYUP, VK_F11, c_iKeyReleased);

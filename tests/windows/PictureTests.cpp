@@ -4,14 +4,14 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-// What a user sees: pixels of the screen, not of any window's own memory.
+// Tests the pixels on the screen, as the user sees them, not a window's own bitmap.
 
 namespace
 {
 bool Shows(const CPixels& picture, COLORREF crColour)
 {
     const std::uint32_t uPixel =
-        RGB(GetBValue(crColour), GetGValue(crColour), GetRValue(crColour)); // pixels have red above blue
+        RGB(GetBValue(crColour), GetGValue(crColour), GetRValue(crColour)); // in pixels, red is the higher byte
     return std::find(picture.pixels.begin(), picture.pixels.end(), uPixel) != picture.pixels.end();
 }
 } // namespace

@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 #include <winsock2.h>
 
-// The system refuses the program a service that it otherwise always grants: a thread, an event, sockets. Afterwards the
-// program must be as usable as before.
+// The system refuses a service that it normally grants: a thread, an event, sockets. Afterwards the program must be as
+// usable as before.
 
 namespace
 {
@@ -20,7 +20,7 @@ uintptr_t RefuseThread(void*, unsigned, unsigned (*)(void*), void*, unsigned, un
     return 0;
 }
 
-// Only the event of the simulation is born signalled.
+// Only the simulation's event is created signalled.
 HANDLE WINAPI RefuseSignalledEvent(SECURITY_ATTRIBUTES* pSecurity, BOOL bManual, BOOL bSignalled, const wchar_t* sName)
 {
     if (!bSignalled)
@@ -51,7 +51,7 @@ protected:
 };
 } // namespace
 
-TEST_F(RefusedServices, ARefusedWorkerLeavesStopOnTheButtonWhoseNextPressStartsAgain)
+TEST_F(RefusedServices, ARefusedWorkerLeavesTheButtonAtStopAndTheNextPressStartsAgain)
 {
     CRunningApplication application;
     application.SetControlText(L"Tot_atoms", L"8");
@@ -67,7 +67,7 @@ TEST_F(RefusedServices, ARefusedWorkerLeavesStopOnTheButtonWhoseNextPressStartsA
     EXPECT_TRUE(application.Close());
 }
 
-TEST_F(RefusedServices, AfterARefusedWorkerTheWindowClosesAsEver)
+TEST_F(RefusedServices, AfterARefusedWorkerTheWindowClosesAsUsual)
 {
     CRunningApplication application;
     {
@@ -98,7 +98,7 @@ TEST_F(RefusedServices, WithoutSocketsTheProgramEndsAtOnceWithoutAWindow)
         EXPECT_EQ(g_iCalls, 1);
         const CReplacedImport counting("WSACleanup", CountCleanup);
         EXPECT_TRUE(RunsToItsEnd());
-        EXPECT_EQ(g_iCalls, 2) << "what was not started is not cleaned up";
+        EXPECT_EQ(g_iCalls, 2) << "WSACleanup was called without a successful WSAStartup";
     }
     CRunningApplication application;
     ExpectUsable(application);

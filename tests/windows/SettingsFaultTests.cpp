@@ -8,13 +8,14 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-// Disks do to the settings file what they like: the program then starts with what it can read, runs, and forgets.
+// The settings file cannot be read or written. The program starts with the values that it can read, runs, and forgets
+// the settings.
 
 namespace
 {
-std::wstring g_sProgramPath; // where the program seems to lie
+std::wstring g_sProgramPath; // the program's path as the replaced function reports it
 
-// Only the question for the program's own path has another answer.
+// Replaces only the path of the program itself.
 DWORD WINAPI TellOtherPath(HMODULE hModule, wchar_t* sBuffer, DWORD dwSize)
 {
     if (hModule != nullptr || g_sProgramPath.size() >= dwSize)
@@ -59,7 +60,7 @@ protected:
         return text.str();
     }
 
-    // A whole life of the program: what it shows at first, a run, and a close, which saves.
+    // Starts the program, checks the shown width, runs a simulation, and closes it, which saves the settings.
     static void ExpectUsableProgram(const std::wstring& sWidth)
     {
         CRunningApplication application(true);
@@ -71,8 +72,8 @@ protected:
 };
 } // namespace
 
-// An administrator may be allowed to write to such a file all the same, under Wine at least.
-TEST_F(SettingsFaults, AReadOnlyFileIsReadAndLeftAloneAndTheProgramRuns)
+// Under Wine, an administrator may be able to write to a read-only file.
+TEST_F(SettingsFaults, AReadOnlyFileIsReadAndNotChangedAndTheProgramRuns)
 {
     WriteOldFile();
     SetFileAttributesW(GetPath().c_str(), FILE_ATTRIBUTE_READONLY);
@@ -86,7 +87,7 @@ TEST_F(SettingsFaults, AReadOnlyFileIsReadAndLeftAloneAndTheProgramRuns)
     EXPECT_EQ(ReadFile() == c_sOldText, !bMayWrite);
 }
 
-TEST_F(SettingsFaults, AFileThatAnotherProgramKeepsForItselfIsLeftAlone)
+TEST_F(SettingsFaults, AFileThatAnotherProgramHasLockedIsNotChanged)
 {
     WriteOldFile();
     const HANDLE hLock =
@@ -95,12 +96,12 @@ TEST_F(SettingsFaults, AFileThatAnotherProgramKeepsForItselfIsLeftAlone)
     ExpectUsableProgram(L"512");
     CloseHandle(hLock);
     EXPECT_EQ(ReadFile(), c_sOldText);
-    // And it is written again as soon as it is free.
+    // The next run writes the file, because it is no longer locked.
     ExpectUsableProgram(L"200");
     EXPECT_EQ(CRunningApplication::ReadSetting(L"World_height"), L"123");
 }
 
-TEST_F(SettingsFaults, AFolderInItsPlaceStaysOne)
+TEST_F(SettingsFaults, AFolderInTheFilesPlaceStaysAFolder)
 {
     std::filesystem::create_directory(GetPath());
     ExpectUsableProgram(L"512");
@@ -108,7 +109,7 @@ TEST_F(SettingsFaults, AFolderInItsPlaceStaysOne)
     EXPECT_TRUE(std::filesystem::is_empty(GetPath()));
 }
 
-TEST_F(SettingsFaults, AVanishedDriveOrFolderOrNoPathAtAllGivesTheDefaults)
+TEST_F(SettingsFaults, AMissingDriveFolderOrPathGivesTheDefaults)
 {
     const CReplacedImport telling("GetModuleFileNameW", TellOtherPath);
     const std::wstring sFolder = GetPath().parent_path() / "vanished folder";
@@ -126,7 +127,7 @@ TEST_F(SettingsFaults, AVanishedDriveOrFolderOrNoPathAtAllGivesTheDefaults)
     EXPECT_FALSE(std::filesystem::exists(sFolder));
 }
 
-TEST_F(SettingsFaults, WhereEveryWriteIsRefusedTheProgramRunsAndForgets)
+TEST_F(SettingsFaults, IfEveryWriteFailsTheProgramRunsAndForgetsTheSettings)
 {
     WriteOldFile();
     {

@@ -75,7 +75,7 @@ TEST_F(SettingsFile_InTheApplication, WithoutAFileThePanelShowsTheDefaults)
     EXPECT_TRUE(IsEnabled(application, L"Colour_1_factor"));
 }
 
-TEST_F(SettingsFile_InTheApplication, AFileWithNothingButFixedModeGivesItsDefaults)
+TEST_F(SettingsFile_InTheApplication, AFileWithOnlyFixedModeGivesTheDefaultsOfFixedMode)
 {
     CRunningApplication::WriteSetting(L"Atoms_colour_mode", L"0");
     const CRunningApplication application(true);
@@ -116,14 +116,14 @@ TEST_F(SettingsFile_InTheApplication, ASecondFactorSavedEmptyInSpeedModeStaysEmp
     EXPECT_EQ(application.GetControlText(L"Colour_1_factor"), L"0.75");
 }
 
-TEST_F(SettingsFile_InTheApplication, ARadiusOf300PassesThroughAByte)
+TEST_F(SettingsFile_InTheApplication, ARadiusOf300IsTruncatedToAByte)
 {
     CRunningApplication::WriteSetting(L"Atoms_min_radius", L"300");
     const CRunningApplication application(true);
     EXPECT_EQ(application.GetControlText(L"Min_radius"), L"44");
 }
 
-TEST_F(SettingsFile_InTheApplication, NumbersOutOfRangeReachThePanelAsTheyAre)
+TEST_F(SettingsFile_InTheApplication, NumbersOutOfRangeReachThePanelUnchanged)
 {
     CRunningApplication::WriteSetting(L"World_width", L"-5");
     CRunningApplication::WriteSetting(L"World_height", L"123456");
@@ -168,8 +168,8 @@ TEST_F(SettingsFile_InTheApplication, ForeignKeysAndSectionsSurviveASave)
     EXPECT_NE(sText.find("[Other]"), std::string::npos) << sText;
 }
 
-// A backup program or an editor can keep the file for itself; a write-protected folder has the same effect.
-TEST_F(SettingsFile_InTheApplication, AFileThatCannotBeWrittenIsReadAndLeftAlone)
+// A backup program or an editor can lock the file; a write-protected folder has the same effect.
+TEST_F(SettingsFile_InTheApplication, AFileThatCannotBeWrittenIsReadAndNotChanged)
 {
     WriteFile("[Settings]\r\nWorld_width=200\r\n");
     const HANDLE hLock = CreateFileW(CRunningApplication::GetSettingsPath().c_str(), GENERIC_READ, FILE_SHARE_READ,
@@ -198,7 +198,7 @@ TEST_F(SettingsFile_InTheApplication, AFolderInTheFilesPlaceBreaksNothing)
 
 TEST_F(SettingsFile_InTheApplication, ALargeFileOfNoiseStartsTheProgramWithDefaults)
 {
-    // Ten thousand times as long as a file of settings. The system reads it anew for every key.
+    // Ten thousand times as long as a settings file. The system reads the whole file again for every key.
     constexpr std::size_t size = std::size_t{4} * 1024 * 1024;
     std::mt19937 noise(1);
     std::string sNoise(size, '\0');
@@ -212,14 +212,14 @@ TEST_F(SettingsFile_InTheApplication, ALargeFileOfNoiseStartsTheProgramWithDefau
     EXPECT_TRUE(application.Close());
 }
 
-TEST_F(SettingsFile_InTheApplication, OfRepeatedKeysAndSectionsTheFirstCounts)
+TEST_F(SettingsFile_InTheApplication, TheFirstOfRepeatedKeysAndSectionsCounts)
 {
     WriteFile("[settings]\r\nworld_width=111\r\nWorld_width=222\r\n[Settings]\r\nWorld_width=333\r\n");
     const CRunningApplication application(true);
     EXPECT_EQ(application.GetControlText(L"Width"), L"111");
 }
 
-// What is written here must fit the screen of every machine that runs the tests.
+// The rectangle must fit the screen of every machine that runs the tests.
 TEST_F(SettingsFile_InTheApplication, TheWindowOpensWhereItWasClosed)
 {
     RECT rcClosed{};
@@ -244,7 +244,7 @@ TEST_F(SettingsFile_InTheApplication, AMaximisedWindowStoresItsRestoredRectangle
         const CRunningApplication application;
         SetWindowPos(application.GetMain(), nullptr, 20, 30, 640, 480, SWP_NOZORDER);
         GetWindowRect(application.GetMain(), &rcNormal);
-        // Not by the title bar, whose button means full screen here.
+        // Not with the title bar's button, which means full screen here.
         ShowWindow(application.GetMain(), SW_SHOWMAXIMIZED);
     }
     EXPECT_EQ(CRunningApplication::ReadSetting(L"WndLeft"), std::to_wstring(rcNormal.left));

@@ -85,7 +85,7 @@ TEST(StartStop, AStartWhileAWorkerExistsChangesNothing)
     });
 }
 
-TEST(StartStop, AClickInTheWorldStartsDirectlyWhenIdle)
+TEST(StartStop, AClickInTheWorldStartsAnIdleSimulation)
 {
     CRunningApplication application;
     SetSmallWorld(application);

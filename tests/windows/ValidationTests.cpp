@@ -44,7 +44,7 @@ void SetFactors(const CRunningApplication& application, const wchar_t* s1, const
 constexpr int c_iFixed = 0;
 constexpr int c_iSpeed = 1;
 
-// Presses Start, expects the message, and closes it as the user would.
+// Presses Start, expects the message, and closes it with its button.
 void ExpectMessage(const CRunningApplication& application, const std::wstring& sText, const std::wstring& sTitle)
 {
     const CShownMessage message = WaitForMessageBox(application.GetMain());
@@ -76,7 +76,7 @@ void StartAndStop(const CRunningApplication& application)
 }
 } // namespace
 
-TEST(Validation, NoAtomsBecomeOneAndTooManyBecomeAMillion)
+TEST(Validation, ZeroAtomsBecomeOneAndTooManyBecomeAMillion)
 {
     const CRunningApplication application;
     application.SetControlText(L"Tot_atoms", L"0");
@@ -114,7 +114,7 @@ TEST(Validation, TheWorldIsClampedToItsLimits)
     EXPECT_EQ(application.GetControlText(L"Height"), L"9999");
 }
 
-TEST(Validation, FixedModeTakesACountAndAPercentage)
+TEST(Validation, FixedModeAcceptsACountAndAPercentage)
 {
     const CRunningApplication application;
     application.SetControlText(L"Tot_atoms", L"4");
@@ -145,7 +145,7 @@ TEST(Validation, NoFactorsAreTooFew)
     ExpectIdle(application);
 }
 
-TEST(Validation, EveryBadFactorHasItsOwnMessage)
+TEST(Validation, EveryInvalidFactorHasItsOwnMessage)
 {
     const CRunningApplication application;
     ChooseMode(application, c_iFixed);
@@ -156,8 +156,8 @@ TEST(Validation, EveryBadFactorHasItsOwnMessage)
     ExpectIdle(application);
 }
 
-// The title names the first factor whichever is at fault.
-TEST(Validation, SpeedModeTakesNoPercentages)
+// The title always names the first factor, even if another one is invalid.
+TEST(Validation, SpeedModeRefusesPercentages)
 {
     const CRunningApplication application;
     SetFactors(application, L"x", L"", L"50%");
@@ -167,7 +167,7 @@ TEST(Validation, SpeedModeTakesNoPercentages)
     ExpectIdle(application);
 }
 
-TEST(Validation, AFailedStartLeavesThePanelAndTheFileAsTheyWere)
+TEST(Validation, AFailedStartLeavesThePanelAndTheFileUnchanged)
 {
     const CRunningApplication application;
     application.SetControlText(L"Width", L"5");
@@ -181,7 +181,7 @@ TEST(Validation, AFailedStartLeavesThePanelAndTheFileAsTheyWere)
     EXPECT_EQ(CRunningApplication::ReadSetting(L"World_width"), L"<missing>");
 }
 
-TEST(Validation, NumbersAtTheEdgeNeitherStopNorBreakARun)
+TEST(Validation, ExtremeNumbersNeitherStopNorBreakARun)
 {
     const CRunningApplication application;
     application.SetControlText(L"Tot_atoms", L"50");

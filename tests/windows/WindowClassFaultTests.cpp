@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-// The names of the program's window classes are taken already: by an application before it in the same process, or by
-// somebody else.
+// The names of the program's window classes are already registered: by an earlier application in the same process, or
+// by foreign code.
 
 namespace
 {
@@ -24,7 +24,7 @@ void RegisterForeignClass(const wchar_t* sName)
 }
 } // namespace
 
-// A second application in one process finds the classes of the first.
+// A second application in the same process finds the classes of the first.
 TEST(WindowClassFaults, ItsOwnWindowClassesMayExistAlready)
 {
     for (int i = 0; i < 2; ++i)
@@ -35,7 +35,7 @@ TEST(WindowClassFaults, ItsOwnWindowClassesMayExistAlready)
     }
 }
 
-// A library that was loaded into the process may have used the names.
+// A library in the process may have used the names.
 TEST(WindowClassFaults, ForeignWindowClassesOfTheSameNamesAreReplaced)
 {
     for (const wchar_t* sName : {c_sMainClass, c_sViewClass, c_sButtonClass, c_sPanelClass})

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-// Where the texture's right edge meets its left one, neighbours must not differ more than they do inside it.
+// Neighbouring pixels across opposite edges must not differ more than neighbours inside the texture.
 TEST(BackdropTexture, ItsOppositeEdgesFitTogether)
 {
     const std::vector<std::uint32_t> pixels = MakeBackdropTexture();

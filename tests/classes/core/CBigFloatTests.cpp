@@ -37,14 +37,14 @@ TEST(BigFloat, HoldsEveryDoubleAndGivesItBack)
     }
 }
 
-TEST(BigFloat, HasNeitherInfinitiesNorNotANumber)
+TEST(BigFloat, TurnsInfinitiesIntoTheLargestDoublesAndNanIntoZero)
 {
     EXPECT_EQ(CBigFloat(std::numeric_limits<double>::infinity()).ToDouble(), c_dLargest);
     EXPECT_EQ(CBigFloat(-std::numeric_limits<double>::infinity()).ToDouble(), -c_dLargest);
     EXPECT_EQ(CBigFloat(std::numeric_limits<double>::quiet_NaN()).ToDouble(), 0.0);
 }
 
-TEST(BigFloat, KeepsDecimalNumbersApartThatAreOneDouble)
+TEST(BigFloat, DistinguishesDecimalNumbersThatRoundToTheSameDouble)
 {
     EXPECT_TRUE(Parse(L"0.1") < Parse(L"0.1000000000000000000000000000000000000000000000001"));
     EXPECT_TRUE(Parse(L"99999999999999999999") < Parse(L"100000000000000000000"));
@@ -67,7 +67,7 @@ TEST(BigFloat, ComparesWithWholeNumbers)
 
 TEST(BigFloat, IsRoundedToTheNearestDouble)
 {
-    // Exactly between two doubles, a little below and a little above: to even, down, up.
+    // Exactly between two doubles rounds to even, a little below rounds down, a little above rounds up.
     EXPECT_EQ(Parse(L"9007199254740993").ToDouble(), 9007199254740992.0);
     EXPECT_EQ(Parse(L"9007199254740992.9999999999999999999999999").ToDouble(), 9007199254740992.0);
     EXPECT_EQ(Parse(L"9007199254740993.0000000000000000000000001").ToDouble(), 9007199254740994.0);
@@ -90,7 +90,7 @@ TEST(BigFloat, SaturatesBeyondItsOwnRange)
     EXPECT_EQ(Parse(L"1e999999999999").ToDouble(), c_dLargest);
 }
 
-TEST(BigFloat, CopiesAreIndependentAndMovedFromIsZero)
+TEST(BigFloat, CopiesAreIndependentAndAMovedFromNumberIsZero)
 {
     CBigFloat first = Parse(L"1.5");
     CBigFloat second = first;

@@ -13,7 +13,7 @@ TEST(Colour, RedIsTheLowestByteAndTheHighestIsUnused)
     static_assert(GetBlue(0xFF563412) == 0x56);
 }
 
-TEST(Colour, PartsOfEveryValueFitTogetherAgain)
+TEST(Colour, EveryValueSurvivesBeingSplitIntoChannels)
 {
     for (unsigned u = 0; u <= 0xFF; ++u)
     {

@@ -7,7 +7,7 @@
 
 CCommaLocale::CCommaLocale() : m_sBefore(std::setlocale(LC_ALL, nullptr))
 {
-    // By the names of one system and of the other; a name that is not known changes nothing.
+    // Tries the names of both systems; an unknown name changes nothing.
     for (const char* sName : {"de_DE.UTF-8", "German_Germany.1252", "fr_FR.UTF-8"})
     {
         static_cast<void>(std::setlocale(LC_ALL, sName));

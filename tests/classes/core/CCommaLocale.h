@@ -2,7 +2,7 @@
 
 #include <string>
 
-// As long as the object lives, the process is in a locale that writes numbers with a comma, if the system has one.
+// While the object lives, the process uses a locale that writes numbers with a comma, if the system has one.
 class CCommaLocale
 {
 public:

@@ -36,7 +36,7 @@ TEST(DataCube, RowsAndColumnsStayInTheOrderInWhichTheyAreAdded)
     EXPECT_EQ(table.GetCell(1, 1), L"2");
 }
 
-TEST(DataCube, AColumnKeepsWhatDescribesIt)
+TEST(DataCube, AColumnKeepsItsDescription)
 {
     CDataCube table;
     table.AddColumn(L"hidden", c_iColumnTypeWideText, c_iAtEnd, c_iWidth, true);
@@ -45,7 +45,7 @@ TEST(DataCube, AColumnKeepsWhatDescribesIt)
     EXPECT_TRUE(table.GetColumn(0).bHidden);
 }
 
-TEST(DataCube, TextsLongerThanTheColumnsWidthStayWhole)
+TEST(DataCube, TextsLongerThanTheColumnsWidthAreNotTruncated)
 {
     CDataCube table = MakeTable();
     const std::wstring sLong(std::size_t{10} * c_iWidth, L'x');
@@ -74,7 +74,7 @@ TEST(DataCube, ARowMayHaveFewerTextsThanThereAreColumns)
     EXPECT_EQ(table.GetCell(2, 1), L"");
 }
 
-TEST(DataCube, WhatDoesNotFitIsNotAdded)
+TEST(DataCube, RowsAndColumnsThatDoNotFitAreNotAdded)
 {
     CDataCube table = MakeTable();
     EXPECT_FALSE(table.AddRow(c_iAtEnd, 3, L"a", L"b"));
@@ -112,7 +112,7 @@ TEST(DataCube, DeletingAllColumnsEmptiesTheTable)
     EXPECT_FALSE(table.DeleteColumn(-2));
 }
 
-TEST(DataCube, CellsAndColumnsOutsideAreEmpty)
+TEST(DataCube, CellsAndColumnsOutOfRangeAreEmpty)
 {
     const CDataCube table = MakeTable();
     for (const int iOutside : {-1, 2, 1000})

@@ -7,14 +7,14 @@
 namespace
 {
 
-TEST(DateTime, AMomentIsNoTimeAwayFromItself)
+TEST(DateTime, TheDifferenceOfAMomentToItselfIsZero)
 {
     const CDateTime moment;
     EXPECT_EQ(moment.DiffInMicroSeconds(moment), 0);
     EXPECT_EQ(moment.DiffInMilliSeconds(moment), 0);
 }
 
-TEST(DateTime, ALaterMomentDiffersByWhatHasPassedAndAnEarlierOneByMinusThat)
+TEST(DateTime, TheDifferenceToAnEarlierMomentIsTheElapsedTimeAndTheOppositeIsNegative)
 {
     const CDateTime earlier;
     std::this_thread::sleep_for(std::chrono::milliseconds(5));
@@ -24,7 +24,7 @@ TEST(DateTime, ALaterMomentDiffersByWhatHasPassedAndAnEarlierOneByMinusThat)
     EXPECT_EQ(earlier.DiffInMicroSeconds(later), -later.DiffInMicroSeconds(earlier));
 }
 
-TEST(DateTime, MilliSecondsAreWholeThousandsOfMicroSeconds)
+TEST(DateTime, MilliSecondsAreMicroSecondsDividedByAThousandAndTruncated)
 {
     const CDateTime earlier;
     std::this_thread::sleep_for(std::chrono::microseconds(2500));

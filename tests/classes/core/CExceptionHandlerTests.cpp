@@ -12,7 +12,7 @@
 namespace
 {
 
-// Each of these ends a process of its own, whose standard error stream is what the test looks at.
+// Each of these functions ends a process of its own; the test reads that process's standard error stream.
 
 constexpr const char* c_sSwitch = "KINETARIUM_DEBUG_OUTPUT";
 
@@ -21,13 +21,13 @@ constexpr const char* c_sSwitch = "KINETARIUM_DEBUG_OUTPUT";
     throw std::runtime_error("nobody catches this");
 }
 
-// Lets an exception meet no handler at all.
+// Throws an exception that no handler catches.
 [[noreturn]] void ThrowThroughNoexcept() noexcept
 {
     Throw();
 }
 
-// At once, because the process is about to die.
+// Writes without buffering, because the process is about to die.
 void Say(const char* sText)
 {
     static_cast<void>(std::fputs(sText, stderr));
@@ -92,17 +92,17 @@ TEST(ExceptionHandlerDeathTest, AnExceptionThatNobodyCatchesIsNamed)
     EXPECT_DEATH(DieUnderHandler(), "Unhandled exception: std::runtime_error \"nobody catches this\"");
 }
 
-TEST(ExceptionHandlerDeathTest, TheHandlerThatWasThereBeforeHasTheLastWord)
+TEST(ExceptionHandlerDeathTest, ThePreviousHandlerHasTheLastWord)
 {
     EXPECT_EXIT(DieUnderHandler(), testing::ExitedWithCode(3), "the handler that was there before");
 }
 
-TEST(ExceptionHandlerDeathTest, TwoHandlersInEachOtherReportAndEnd)
+TEST(ExceptionHandlerDeathTest, TwoNestedHandlersReportAndEnd)
 {
     EXPECT_EXIT(DieUnderTwoHandlers(), testing::ExitedWithCode(3), "nobody catches this");
 }
 
-TEST(ExceptionHandlerDeathTest, ADestroyedHandlerGivesThePreviousOneBack)
+TEST(ExceptionHandlerDeathTest, ADestroyedHandlerRestoresThePreviousOne)
 {
     EXPECT_EXIT(DieAfterHandler(), testing::ExitedWithCode(3), "^the handler that was there before");
 }
@@ -134,7 +134,7 @@ TEST(ExceptionHandlerDeathTest, AFaultIsNamedByItsCode)
 
 #endif
 
-TEST(ExceptionHandler, AloneItChangesNothingForExceptionsThatAreCaught)
+TEST(ExceptionHandler, CaughtExceptionsAreNotAffected)
 {
     const std::terminate_handler pBefore = std::get_terminate();
     {

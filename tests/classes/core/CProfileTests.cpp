@@ -15,7 +15,7 @@ protected:
     Profile() { CProfile::Reset(); }
     ~Profile() override { CProfile::Reset(); }
 
-    // The recorded row of that text, an empty one when there is none.
+    // The recorded row of the text; an empty row if there is none.
     static CProfileRow Find(const std::string& sText)
     {
         for (const CProfileRow& row : CProfile::GetTable())
@@ -54,7 +54,7 @@ TEST_F(Profile, TimesAreSummedAndTheLongestKept)
     EXPECT_LE(row.llLongestMicroSeconds, row.llTotalMicroSeconds);
 }
 
-TEST_F(Profile, AScopeThatIsNotToRecordLeavesNoRow)
+TEST_F(Profile, AScopeWithoutRecordingLeavesNoRow)
 {
     {
         const CProfile scope("silent", nullptr, false, false);
@@ -86,7 +86,7 @@ TEST_F(Profile, ScopesOfManyThreadsLoseNoCall)
     EXPECT_EQ(CProfile::GetTable().size(), 1U + iThreads * 10U);
 }
 
-TEST_F(Profile, ResetStartsAllSumsAtZeroAndOpenScopesGoOn)
+TEST_F(Profile, ResetZeroesAllSumsAndOpenScopesStillCount)
 {
     {
         const CProfile scope("before", nullptr, true, false);
@@ -114,18 +114,25 @@ TEST_F(Profile, TheTableBeginsWithTheLargestTotal)
     EXPECT_EQ(table.front().sText, "lengthy");
 }
 
-TEST_F(Profile, TheTableAsTextHasAHeadingAndALinePerScope)
+TEST_F(Profile, TheTextOfTheTableHasAlignedColumnsAndTheMeanOfEachScope)
 {
-    {
-        const CProfile scope("void CThing::Work() - Line 7 - File thing.cpp", nullptr, true, false);
-    }
-    const std::string sTable = CProfile::FormatTable();
-    EXPECT_EQ(std::count(sTable.begin(), sTable.end(), '\n'), 2);
-    EXPECT_THAT(sTable, testing::StartsWith("       calls       total ms   longest ms  scope\n           1 "));
-    EXPECT_THAT(sTable, testing::EndsWith("  void CThing::Work() - Line 7 - File thing.cpp\n"));
+    const std::vector<CProfileRow> rows{{"void CThing::Work() - Line 7 - File thing.cpp", 4, 12345680, 9000001},
+                                        {"never", 0, 0, 0},
+                                        {"often", 123456789012, 123456789, 7}};
+    EXPECT_EQ(CProfile::FormatTable(rows),
+              "       calls       total ms      mean ms   longest ms  scope\n"
+              "           4      12345.680     3086.420     9000.001  void CThing::Work() - Line 7 - File thing.cpp\n"
+              "           0          0.000        0.000        0.000  never\n"
+              "123456789012     123456.789        0.000        0.007  often\n");
 }
 
-TEST_F(Profile, EntryAndExitAreLoggedWhenAsked)
+TEST_F(Profile, TheTextOfAnEmptyTableIsTheHeading)
+{
+    EXPECT_EQ(CProfile::FormatTable(CProfile::GetTable()),
+              "       calls       total ms      mean ms   longest ms  scope\n");
+}
+
+TEST_F(Profile, EntryAndExitAreLoggedOnRequest)
 {
     std::wstring sLog;
     {
@@ -143,7 +150,7 @@ TEST_F(Profile, WithoutALogLoggingAndRecordingStillWork)
     EXPECT_EQ(Find("nowhere").uCalls, 1U);
 }
 
-TEST_F(Profile, ALogIsLeftAloneUnlessAsked)
+TEST_F(Profile, ALogStaysEmptyWithoutARequest)
 {
     std::wstring sLog;
     {

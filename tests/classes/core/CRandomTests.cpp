@@ -29,7 +29,7 @@ TEST(Random, TheSameSeedGivesTheSameNumbers)
     }
 }
 
-TEST(Random, OtherSeedsGiveOtherNumbers)
+TEST(Random, DifferentSeedsGiveDifferentNumbers)
 {
     CRandom first(c_uSeed);
     CRandom second(c_uSeed + 1);
@@ -43,7 +43,7 @@ TEST(Random, OtherSeedsGiveOtherNumbers)
 
 TEST(Random, GoldenFloats)
 {
-    // Worked out apart from this program, from the definition of the generator and of the mapping.
+    // Computed independently of this program, from the definitions of the generator and of the mapping.
     constexpr std::array<std::uint32_t, 8> expected{0xBF04259DU, 0x3EDF887EU, 0xBD32732AU, 0x3F3BADF0U,
                                                     0xBF30F520U, 0x3F0AEA17U, 0xBF1776D2U, 0x3F99CF75U};
     CRandom random(c_uSeed);
@@ -83,7 +83,7 @@ TEST(Random, SetSeedStartsTheSequenceAgain)
     EXPECT_EQ(random.GetRandomNumber_Float(0.0F, 1.0F), fFirst);
 }
 
-TEST(Random, ASystemSeedIsOtherEachTimeAndCanBeRepeated)
+TEST(Random, ASystemSeedDiffersEachTimeAndItsNumbersCanBeRepeated)
 {
     CRandom first;
     CRandom second;
@@ -101,7 +101,7 @@ TEST(Random, ACopyContinuesWithTheSameNumbers)
     EXPECT_EQ(copy.GetSeed(), c_uSeed);
 }
 
-TEST(Random, FloatsLieBetweenTheBoundsWhicheverIsLarger)
+TEST(Random, FloatsLieBetweenTheBoundsInEitherOrder)
 {
     constexpr float fMax = std::numeric_limits<float>::max();
     constexpr float fTiny = std::numeric_limits<float>::denorm_min();
@@ -120,7 +120,7 @@ TEST(Random, FloatsLieBetweenTheBoundsWhicheverIsLarger)
     }
 }
 
-TEST(Random, EqualBoundsGiveThatValue)
+TEST(Random, EqualBoundsGiveTheBound)
 {
     CRandom random(c_uSeed);
     for (const float f : {0.0F, -3.25F, 0.1F, std::numeric_limits<float>::max()})
@@ -130,7 +130,7 @@ TEST(Random, EqualBoundsGiveThatValue)
     EXPECT_EQ(random.GetRandomNumber_Uint8(7, 7), 7);
 }
 
-TEST(Random, EveryCallDrawsOneNumberWhateverTheBounds)
+TEST(Random, EveryCallDrawsOneNumberForAnyBounds)
 {
     CRandom first(c_uSeed);
     CRandom second(c_uSeed);
@@ -143,8 +143,8 @@ TEST(Random, EveryCallDrawsOneNumberWhateverTheBounds)
 
 TEST(Random, FloatsAreUniform)
 {
-    // Mean 0 and variance of a uniform square side 2 sqrt 2: 2/3. Five standard errors are allowed, and the seed is
-    // fixed, so the outcome is too.
+    // A uniform distribution over an interval of length 2 sqrt 2 around 0 has mean 0 and variance 2/3. Five standard
+    // errors are allowed; the seed is fixed, so the outcome is fixed too.
     CRandom random(c_uSeed);
     double dSum = 0.0;
     double dSumOfSquares = 0.0;
@@ -175,7 +175,7 @@ TEST(Random, BytesReachBothBoundsEquallyOften)
     }
 }
 
-TEST(Random, BytesOfTheWholeRangeAndOfBoundsInTheWrongOrder)
+TEST(Random, BytesCoverTheWholeRangeAndAcceptBoundsInEitherOrder)
 {
     std::array<int, 256> counts{};
     CRandom random(c_uSeed);

@@ -22,7 +22,7 @@ TEST(Rect, EdgesThatMeetOrAreInTheWrongOrderMakeItEmpty)
     EXPECT_TRUE((CRect{0, 9, 3, 8}).IsEmpty());
 }
 
-TEST(Rect, TheIntersectionIsWhatBothShare)
+TEST(Rect, TheIntersectionHoldsThePixelsThatBothShare)
 {
     EXPECT_EQ(Intersect(c_rc, {0, 0, 100, 10}), (CRect{0, 5, 20, 10}));
     EXPECT_EQ(Intersect(c_rc, c_rc), c_rc);

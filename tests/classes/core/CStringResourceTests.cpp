@@ -30,7 +30,7 @@ TEST(StringResource, AKeyGivesItsText)
     EXPECT_EQ(resource.GetLanguage(), 1);
 }
 
-TEST(StringResource, AnUnknownKeyGivesItselfOrNothing)
+TEST(StringResource, AnUnknownKeyGivesItselfOrAnEmptyText)
 {
     CStringResource resource;
     resource.Initialize(&FillTable, 1);
@@ -40,7 +40,7 @@ TEST(StringResource, AnUnknownKeyGivesItselfOrNothing)
     EXPECT_EQ(resource.Get(L"Forgotten", false), L"");
 }
 
-TEST(StringResource, NoKeyGivesNoText)
+TEST(StringResource, ANullOrEmptyKeyGivesAnEmptyText)
 {
     CStringResource resource;
     resource.Initialize(&FillTable, 1);

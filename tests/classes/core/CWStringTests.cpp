@@ -7,7 +7,7 @@
 namespace
 {
 
-TEST(WString, IsMadeOfEveryKindOfWideText)
+TEST(WString, CanBeMadeFromEveryKindOfWideText)
 {
     EXPECT_TRUE(CWString().IsEmpty());
     EXPECT_EQ(CWString(L"abc").Get(), L"abc");
@@ -16,7 +16,7 @@ TEST(WString, IsMadeOfEveryKindOfWideText)
     EXPECT_EQ(CWString(static_cast<const wchar_t*>(nullptr)).Get(), L"");
 }
 
-TEST(WString, IsMadeOfTheDecimalTextOfANumber)
+TEST(WString, ANumberBecomesItsDecimalText)
 {
     EXPECT_EQ(CWString(0).Get(), L"0");
     EXPECT_EQ(CWString(-5).Get(), L"-5");
@@ -26,7 +26,7 @@ TEST(WString, IsMadeOfTheDecimalTextOfANumber)
     EXPECT_EQ(CWString(std::numeric_limits<std::uint64_t>::max()).Get(), L"18446744073709551615");
 }
 
-TEST(WString, NumbersTruthValuesAndCharactersDoNotTurnIntoTextsByThemselves)
+TEST(WString, NumbersBooleansAndCharactersDoNotConvertImplicitly)
 {
     static_assert(!std::is_convertible_v<int, CWString>);
     static_assert(!std::is_constructible_v<CWString, bool>);
@@ -34,7 +34,7 @@ TEST(WString, NumbersTruthValuesAndCharactersDoNotTurnIntoTextsByThemselves)
     static_assert(!std::is_constructible_v<CWString, wchar_t>);
 }
 
-TEST(WString, FindGivesTheFirstIndexFromTheStartOnOrMinusOne)
+TEST(WString, FindGivesTheFirstIndexAtOrAfterTheStartOrMinusOne)
 {
     const CWString s(L"12.5% of 50%");
     EXPECT_EQ(s.Find(L"%"), 4);
@@ -61,19 +61,19 @@ TEST(WString, FindLastGivesTheLastIndexOrMinusOne)
     EXPECT_EQ(CWString(L"b.exe").FindLast(L"\\"), -1);
 }
 
-TEST(WString, EraseRemovesTheRestWithoutACount)
+TEST(WString, EraseWithoutACountRemovesTheRest)
 {
     EXPECT_EQ(CWString(L"C:\\a\\b.exe").Erase(5).Get(), L"C:\\a\\");
     EXPECT_EQ(CWString(L"abc").Erase(0).Get(), L"");
 }
 
-TEST(WString, EraseRemovesThatManyCharacters)
+TEST(WString, EraseWithACountRemovesThatManyCharacters)
 {
     EXPECT_EQ(CWString(L"abcdef").Erase(1, 2).Get(), L"adef");
     EXPECT_EQ(CWString(L"abcdef").Erase(1, 0).Get(), L"abcdef");
 }
 
-TEST(WString, EraseIgnoresWhatLiesOutside)
+TEST(WString, EraseIgnoresThePartOutsideTheText)
 {
     constexpr int iMax = std::numeric_limits<int>::max();
     constexpr int iMin = std::numeric_limits<int>::min();
@@ -122,7 +122,7 @@ TEST(WString, ComparesWithEveryKindOfWideText)
     EXPECT_TRUE(CWString(L"Z") < s);
 }
 
-TEST(WString, CompareNoCaseTakesSmallAndCapitalLettersForTheSame)
+TEST(WString, CompareNoCaseIgnoresTheCaseOfAsciiLetters)
 {
     EXPECT_EQ(CWString(L"Width_DESC").CompareNoCase(L"wIDTH_desc"), 0);
     EXPECT_LT(CWString(L"abc").CompareNoCase(L"ABD"), 0);
@@ -132,9 +132,9 @@ TEST(WString, CompareNoCaseTakesSmallAndCapitalLettersForTheSame)
     EXPECT_EQ(CWString().CompareNoCase(L""), 0);
 }
 
-TEST(WString, CompareNoCaseKeepsOtherCharactersApart)
+TEST(WString, CompareNoCaseDistinguishesOtherCharacters)
 {
-    // "[" and "{" differ by the same bit as capital and small letters do.
+    // "[" and "{" differ in the same bit as capital and small letters.
     EXPECT_NE(CWString(L"[").CompareNoCase(L"{"), 0);
     EXPECT_NE(CWString(L"@").CompareNoCase(L"`"), 0);
     EXPECT_NE(CWString(L"\u00C4").CompareNoCase(L"\u00E4"), 0);
@@ -147,7 +147,7 @@ TEST(WString, FormatReplacesTheTextAndMayUseIt)
     EXPECT_EQ(s.Format(L"nothing").Get(), L"nothing");
 }
 
-TEST(WString, AFailedFormatLeavesTheTextAsItWas)
+TEST(WString, AFailedFormatLeavesTheTextUnchanged)
 {
     CWString s(L"before");
     EXPECT_THROW(s.Format(L"%i %i", 1), std::runtime_error);

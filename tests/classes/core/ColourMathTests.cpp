@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(ColourMath, TextIsWrittenInWhicheverOfBlackAndWhiteStandsOutMore)
+TEST(ColourMath, TextIsBlackOrWhiteWhicheverHasTheHigherContrast)
 {
     EXPECT_EQ(GetContrastColour(0xFFFFFF), 0u);
     EXPECT_EQ(GetContrastColour(0), 0xFFFFFFu);

@@ -48,7 +48,7 @@ TEST(FixedText, TextsAndNumbersFollowEachOther)
     EXPECT_EQ(text.GetLength(), std::strlen(text.Get()));
 }
 
-TEST(FixedText, TheLargestNumbersAreWhole)
+TEST(FixedText, TheLargestNumbersAreNotTruncated)
 {
     char storage[64];
     CFixedText text(storage, sizeof storage);
@@ -56,7 +56,7 @@ TEST(FixedText, TheLargestNumbersAreWhole)
     EXPECT_STREQ(text.Get(), "18446744073709551615 0xffffffffffffffff");
 }
 
-TEST(FixedText, WhatDoesNotFitIsCutOffAndNothingFollowsIt)
+TEST(FixedText, AnOverlongTextIsTruncatedAndNothingFollowsIt)
 {
     char storage[8];
     std::memset(storage, '#', sizeof storage);
@@ -68,11 +68,11 @@ TEST(FixedText, WhatDoesNotFitIsCutOffAndNothingFollowsIt)
     EXPECT_STREQ(text.Add("x").Get(), "x");
 }
 
-TEST(FixedText, ACharacterOfSeveralBytesIsCutOffAsAWhole)
+TEST(FixedText, TruncationNeverSplitsACharacter)
 {
     char storage[8];
     CFixedText text(storage, sizeof storage);
-    text.Add("12345").Add("\xE2\x82\xAC"); // the euro sign has three bytes, two are free
+    text.Add("12345").Add("\xE2\x82\xAC"); // the euro sign has three bytes; two are free
     EXPECT_STREQ(text.Get(), "12345");
 }
 
@@ -82,7 +82,7 @@ TEST(CrashFiles, ANameCarriesProgramDateAndTime)
     EXPECT_EQ(MakeStem(2), "Kinetarium-crash-20261121-100509-2");
 }
 
-TEST(CrashFiles, OnlyTheirOwnNamesAreRecognised)
+TEST(CrashFiles, OnlyNamesOfCrashFilesAreRecognised)
 {
     EXPECT_EQ(GetCrashStem(L"Kinetarium-crash-20261121-100509.txt", c_sProgram), L"Kinetarium-crash-20261121-100509");
     EXPECT_EQ(GetCrashStem(L"Kinetarium-crash-20261121-100509.dmp", c_sProgram), L"Kinetarium-crash-20261121-100509");
@@ -101,7 +101,7 @@ TEST(CrashFiles, OnlyTheirOwnNamesAreRecognised)
     }
 }
 
-TEST(CrashFiles, EveryNameThatIsGivenIsRecognised)
+TEST(CrashFiles, EveryGeneratedNameIsRecognised)
 {
     for (unsigned uAttempt = 1; uAttempt <= c_uCrashStemAttempts; ++uAttempt)
     {
@@ -114,7 +114,7 @@ TEST(CrashFiles, EveryNameThatIsGivenIsRecognised)
 class CrashFilesToDelete : public testing::Test
 {
 protected:
-    // The crash of one minute: its report and its dump.
+    // Adds the report and the dump of a crash in the given minute.
     void AddPair(int iMinute)
     {
         m_names.push_back(Name(iMinute) + L".dmp");
@@ -187,7 +187,7 @@ TEST_F(CrashFilesToDelete, ForeignFilesAreNeitherCountedNorChosen)
     EXPECT_TRUE(Choose(5).empty());
 }
 
-TEST_F(CrashFilesToDelete, TheCrashOfThisMomentStaysThoughTheClockWasSetBack)
+TEST_F(CrashFilesToDelete, NeverIncludeTheCurrentCrashEvenIfTheClockWasSetBack)
 {
     for (int iMinute = 1; iMinute <= 6; ++iMinute)
     {
@@ -196,7 +196,7 @@ TEST_F(CrashFilesToDelete, TheCrashOfThisMomentStaysThoughTheClockWasSetBack)
     EXPECT_EQ(Choose(1), (std::vector<std::wstring>{Name(2) + L".dmp", Name(2) + L".txt"}));
 }
 
-TEST(CrashText, AFaultIsNamedWithItsCodeAndWhatItTried)
+TEST(CrashText, AFaultIsNamedWithItsCodeAndTheAttemptedOperation)
 {
     EXPECT_EQ(DescribeFault({0xC0000005, 2, {0, 0x10}}), "access violation (0xc0000005) reading from address 0x10");
     EXPECT_EQ(DescribeFault({0xC0000005, 2, {1, 0x20}}), "access violation (0xc0000005) writing to address 0x20");
@@ -207,7 +207,7 @@ TEST(CrashText, AFaultIsNamedWithItsCodeAndWhatItTried)
     EXPECT_EQ(DescribeFault({0xE0001234, 1, {5}}), "fault (0xe0001234)");
 }
 
-TEST(CrashText, APlaceIsItsModuleAndOffsetOrJustAnAddress)
+TEST(CrashText, APlaceIsItsModuleAndOffsetOrAnAddressWithoutAModule)
 {
     char storage[64];
     CFixedText text(storage, sizeof storage);
@@ -247,14 +247,14 @@ TEST(CrashText, AReportHoldsEveryFactOnALineOfItsOwn)
                                  "Memory:    50 MB taken by the program, 3072 MB of 8192 MB free\r\n");
 }
 
-TEST(CrashText, FactsThatAreMissingAreLeftOut)
+TEST(CrashText, MissingFactsAreOmitted)
 {
     const std::string sReport = MakeReport({});
     EXPECT_EQ(sReport.find("Error:"), std::string::npos) << sReport;
     EXPECT_NE(sReport.find("(not the main one)"), std::string::npos) << sReport;
 }
 
-TEST(CrashNote, TheLastNoteIsRead)
+TEST(CrashNote, ReadingGivesTheLastNote)
 {
     SetCrashNote("first");
     EXPECT_STREQ(GetCrashNote(), "first");

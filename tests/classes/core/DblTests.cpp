@@ -19,7 +19,7 @@ TEST(Dbl, BiggerAndSmallerNeedMoreThanTheTolerance)
     static_assert(!Dbl_IsBigger(c_dEps, 0.0, c_dEps) && !Dbl_IsSmaller(-c_dEps, 0.0, c_dEps));
 }
 
-TEST(Dbl, BiggerEqualAllowsTheToleranceBelow)
+TEST(Dbl, BiggerEqualAcceptsValuesBelowWithinTheTolerance)
 {
     static_assert(Dbl_IsBiggerEqual(0.0, 0.0, c_dEps));
     static_assert(Dbl_IsBiggerEqual(-c_dEps, 0.0, c_dEps));
@@ -34,7 +34,7 @@ TEST(Dbl, TheRangeIsWidenedByTheToleranceOnBothSides)
     static_assert(!Dbl_IsInRangeInclusive(-1e-5 - 2e-10, -1e-5, 1e-5, c_dEps));
 }
 
-TEST(Dbl, NothingIsTrueOfNotANumber)
+TEST(Dbl, EveryComparisonWithNanIsFalse)
 {
     constexpr double dNan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_FALSE(Dbl_IsBigger(dNan, 0.0, c_dEps));
@@ -56,7 +56,7 @@ TEST(Dbl, HalvesRoundAwayFromZero)
     EXPECT_EQ(Dbl_Round(4503599627370497.0, 0), 4503599627370497.0);
 }
 
-TEST(Dbl, DecimalPlacesAndTensAreCounted)
+TEST(Dbl, PositiveDigitsAreDecimalPlacesAndNegativeDigitsArePowersOfTen)
 {
     EXPECT_EQ(Dbl_Round(12.345678, 2), 12.35);
     EXPECT_EQ(Dbl_Round(-12.345678, 3), -12.346);
@@ -65,7 +65,7 @@ TEST(Dbl, DecimalPlacesAndTensAreCounted)
     EXPECT_EQ(Dbl_Round(-1249.0, -2), -1200.0);
 }
 
-TEST(Dbl, NumbersWithoutSuchPlacesComeBackAsTheyAre)
+TEST(Dbl, NumbersWithoutSuchPlacesStayUnchanged)
 {
     constexpr double dMax = std::numeric_limits<double>::max();
     EXPECT_EQ(Dbl_Round(1e300, 0), 1e300);

@@ -4,7 +4,7 @@
 
 #include <limits>
 
-TEST(EntryText, ADigitsEntryTakesTheTenAsciiDigitsAndNothingElse)
+TEST(EntryText, ADigitsEntryAcceptsOnlyTheTenAsciiDigits)
 {
     for (wchar_t c = L'0'; c <= L'9'; ++c)
     {
@@ -16,7 +16,7 @@ TEST(EntryText, ADigitsEntryTakesTheTenAsciiDigitsAndNothingElse)
     }
 }
 
-TEST(EntryText, APlainEntryTakesEveryPrintableCharacter)
+TEST(EntryText, APlainEntryAcceptsEveryPrintableCharacter)
 {
     for (const wchar_t c : {L' ', L'%', L'-', L'x', L'\x00E9', L'\x4E2D'})
     {
@@ -28,7 +28,7 @@ TEST(EntryText, APlainEntryTakesEveryPrintableCharacter)
     }
 }
 
-TEST(EntryText, PastedTextIsOneLineFilteredAndCut)
+TEST(EntryText, PastedTextIsReducedToItsFirstLineFilteredAndTruncated)
 {
     EXPECT_EQ(FilterPastedText(L"1 000 000\r\n5", true, 10), L"1000000");
     EXPECT_EQ(FilterPastedText(L"12345", true, 3), L"123");
@@ -37,7 +37,7 @@ TEST(EntryText, PastedTextIsOneLineFilteredAndCut)
     EXPECT_EQ(FilterPastedText(L"5", true, 0), L"");
 }
 
-TEST(EntryText, ANumberIsTheLeadingDigitsWithinTheRange)
+TEST(EntryText, TheLeadingNumberIsReadAndClampedToTheRange)
 {
     constexpr std::int64_t c_iLow = std::numeric_limits<std::int32_t>::min();
     constexpr std::int64_t c_iHigh = std::numeric_limits<std::int32_t>::max();

@@ -9,7 +9,7 @@ namespace
 
 constexpr const char* c_sName = "KINETARIUM_TEST_VARIABLE";
 
-TEST(EnvironmentText, AVariableThatIsNotSetGivesNothing)
+TEST(EnvironmentText, AnUnsetVariableGivesNullopt)
 {
     const CEnvironmentChange change(c_sName, nullptr);
     EXPECT_FALSE(GetEnvironmentText(c_sName).has_value());

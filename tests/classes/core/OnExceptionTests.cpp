@@ -16,7 +16,7 @@ struct COwnThrow
     int iValue;
 };
 
-// An exception whose text is not there.
+// An exception whose what() is null.
 struct CSilentException : std::exception
 {
     const char* what() const noexcept override { return nullptr; }
@@ -27,7 +27,7 @@ std::wstring Describe(const T& exception)
 {
     try
     {
-        throw exception; // NOLINT(misc-throw-by-value-catch-by-reference): a pointer too is thrown by somebody
+        throw exception; // NOLINT(misc-throw-by-value-catch-by-reference): pointers can be thrown too
     }
     catch (...)
     {
@@ -63,7 +63,7 @@ TEST(ExceptionText, StandardExceptionsAreNamedWithTheirText)
     EXPECT_EQ(Describe(std::bad_alloc()), L"std::bad_alloc \"std::bad_alloc\"");
 }
 
-TEST(ExceptionText, WhateverElseIsThrownIsNamedByItsType)
+TEST(ExceptionText, OtherExceptionsAreNamedByTheirType)
 {
     EXPECT_EQ(Describe(5), L"int");
     EXPECT_EQ(Describe(static_cast<const char*>("text")), L"char const*");
@@ -75,12 +75,12 @@ TEST(ExceptionText, AnExceptionWithoutTextIsStillNamed)
     EXPECT_THAT(Describe(CSilentException()), testing::EndsWith(L"CSilentException"));
 }
 
-TEST(ExceptionText, TextInUtf8IsReadAndOtherBytesAreReplaced)
+TEST(ExceptionText, Utf8TextIsDecodedAndInvalidBytesAreReplaced)
 {
     EXPECT_EQ(Describe(std::runtime_error("gr\xC3\xBC\xC3\x9F \xFF")), L"std::runtime_error \"gr\u00FC\u00DF \uFFFD\"");
 }
 
-TEST(ExceptionText, OutsideOfAHandlerThereIsNone)
+TEST(ExceptionText, OutsideAHandlerThereIsNoException)
 {
     EXPECT_EQ(DescribeCurrentException(), L"no exception");
 }
@@ -104,7 +104,7 @@ TEST(OnException, PercentSignsAreText)
     EXPECT_THAT(Report(std::runtime_error("100%s %n"), L"5% %i"), testing::EndsWith(L": 5% %i\n"));
 }
 
-TEST(OnException, WithoutALogWithoutTextsAndOutsideOfAHandlerItReturns)
+TEST(OnException, ReportsWithNullArgumentsAndOutsideAHandler)
 {
     OnException(nullptr, nullptr, 0, nullptr, nullptr, nullptr, false);
     std::wstring sLog;
@@ -112,7 +112,7 @@ TEST(OnException, WithoutALogWithoutTextsAndOutsideOfAHandlerItReturns)
     EXPECT_EQ(sLog, L"Exception: no exception in ? - Line 0 - File ? (?)\n");
 }
 
-TEST(OnException, TheUserSeesTheReportOnlyWhenAsked)
+TEST(OnException, TheUserSeesTheReportOnlyOnRequest)
 {
     const SystemMessageFunction pBefore = SetSystemMessageFunction(&Remember);
     g_sShown.clear();

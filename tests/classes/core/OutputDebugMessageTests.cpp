@@ -13,7 +13,7 @@ namespace
 
 constexpr const char* c_sSwitch = "KINETARIUM_DEBUG_OUTPUT";
 
-// What write sends to the standard error stream.
+// The bytes that write sends to the standard error stream.
 template<class F>
 std::string CaptureStandardError(F&& write)
 {
@@ -30,14 +30,14 @@ TEST(OutputDebugMessage, AMessageIsFormattedAndAppendedToTheLog)
     EXPECT_EQ(sLog, L"earlier\nIter = 1\nreturned 0x8899000c\n");
 }
 
-TEST(OutputDebugMessage, WithoutALogNothingElseHappens)
+TEST(OutputDebugMessage, ANullLogIsAllowed)
 {
     OutputDebugMessage(nullptr, L"%i %s\n", 1, L"text");
     WriteDebugText(nullptr, L"text");
     SUCCEED();
 }
 
-TEST(OutputDebugMessage, AFormatThatDoesNotFitIsWrittenAsItStands)
+TEST(OutputDebugMessage, AFormatThatDoesNotFitItsArgumentsIsWrittenItself)
 {
     std::wstring sLog;
     OutputDebugMessage(&sLog, L"%i of %i\n", 1);
@@ -45,7 +45,7 @@ TEST(OutputDebugMessage, AFormatThatDoesNotFitIsWrittenAsItStands)
     EXPECT_EQ(sLog, L"%i of %i\n100%");
 }
 
-TEST(OutputDebugMessage, TheStandardErrorStreamHearsOfItOnlyWhenTheVariableIsSet)
+TEST(OutputDebugMessage, TheStandardErrorStreamGetsTheMessageOnlyIfTheVariableIsSet)
 {
     const auto write = [] { OutputDebugMessage(nullptr, L"gr\u00FC\u00DF %i\n", 5); };
     {
@@ -56,7 +56,7 @@ TEST(OutputDebugMessage, TheStandardErrorStreamHearsOfItOnlyWhenTheVariableIsSet
     EXPECT_EQ(CaptureStandardError(write), "gr\xC3\xBC\xC3\x9F 5\n");
 }
 
-TEST(OutputDebugMessage, MessagesOfManyThreadsComeOutWhole)
+TEST(OutputDebugMessage, MessagesOfManyThreadsDoNotMix)
 {
     constexpr int iThreads = 4;
     constexpr int iMessages = 2000;

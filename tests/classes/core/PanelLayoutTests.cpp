@@ -33,7 +33,7 @@ TEST(PanelLayout, ControlsBeginAtTheLabelsShareAndEndAtTheRightEdge)
     EXPECT_TRUE(layout.rows[2].rcControl.IsEmpty());
 }
 
-TEST(PanelLayout, NoWidthAndOddSharesGiveNoRectangleTheWrongWayRound)
+TEST(PanelLayout, ZeroWidthAndOddSharesNeverGiveAnInvertedRectangle)
 {
     for (const int iWidth : {0, 5, 20})
     {
@@ -58,8 +58,8 @@ TEST(PanelLayout, ScrollingStaysWithinTheContent)
 
 TEST(PanelLayout, ARowIsScrolledIntoViewByAsLittleAsPossible)
 {
-    EXPECT_EQ(ScrollIntoView(100, 200, 500, 150, 180), 100) << "in view already";
+    EXPECT_EQ(ScrollIntoView(100, 200, 500, 150, 180), 100) << "already in view";
     EXPECT_EQ(ScrollIntoView(100, 200, 500, 290, 320), 120);
     EXPECT_EQ(ScrollIntoView(100, 200, 500, 80, 110), 80);
-    EXPECT_EQ(ScrollIntoView(100, 20, 500, 150, 180), 150) << "its top, when the page is lower than the row";
+    EXPECT_EQ(ScrollIntoView(100, 20, 500, 150, 180), 150) << "shows the row's top if the page is lower than the row";
 }

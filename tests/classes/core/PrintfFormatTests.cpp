@@ -57,7 +57,7 @@ TEST(PrintfFormat, TextThatLooksLikeALengthModifierStaysText)
     EXPECT_EQ(Format(L"%sI64", L"x"), L"xI64");
 }
 
-TEST(PrintfFormat, TextsOfEveryKindFillIn)
+TEST(PrintfFormat, EveryKindOfWideTextCanBeAnArgument)
 {
     const wchar_t* sNull = nullptr;
     EXPECT_EQ(Format(L"%s|%s|%s|%s", L"a", std::wstring(L"b"), CWString(L"c"), std::wstring_view(L"d")), L"a|b|c|d");
@@ -118,7 +118,7 @@ TEST(PrintfFormat, FloatsPrintAsTheCLibraryPrintsThem)
     }
 }
 
-TEST(PrintfFormat, NoLocaleChangesTheDecimalPoint)
+TEST(PrintfFormat, TheLocaleDoesNotChangeTheDecimalPoint)
 {
     const CCommaLocale locale;
     EXPECT_EQ(Format(L"%.2f %i", 1234.5, 1234567), L"1234.50 1234567");
@@ -136,7 +136,7 @@ TEST(PrintfFormat, AFormatThatDoesNotFitItsArgumentsThrows)
     EXPECT_THROW(Format(L"%99999999999i", 1), std::runtime_error);
 }
 
-TEST(PrintfFormat, ArgumentsThatAreTooManyAreIgnored)
+TEST(PrintfFormat, SurplusArgumentsAreIgnored)
 {
     EXPECT_EQ(Format(L"%i", 1, 2, L"three"), L"1");
 }

@@ -18,7 +18,7 @@ constexpr double c_dLargest = std::numeric_limits<double>::max();
 constexpr double c_dUntouched = -12345.0;
 constexpr std::size_t c_uMegabyte = 1'000'000;
 
-// Both forms must agree on every text; the result is the double's.
+// Parses with both overloads, which must agree; returns the double.
 bool Read(std::wstring_view sText, double* pOut)
 {
     CBigFloat big;
@@ -83,7 +83,7 @@ TEST(StringToNumber, ATrailingPercentSignDoesNotChangeTheValue)
     EXPECT_EQ(Value(L" 5% "), 5.0);
 }
 
-TEST(StringToNumber, BlanksAroundAreSkipped)
+TEST(StringToNumber, SurroundingBlanksAreSkipped)
 {
     EXPECT_EQ(Value(L" \t 42 \t"), 42.0);
     EXPECT_EQ(Value(L"  -1"), -1.0);
@@ -98,7 +98,7 @@ TEST(StringToNumber, MinusZeroIsNotBelowZero)
     EXPECT_FALSE(big < 0);
 }
 
-TEST(StringToNumber, OtherTextsAreNoNumbers)
+TEST(StringToNumber, OtherTextsAreRefused)
 {
     for (const std::wstring_view sText :
          {L"",      L" ",     L"%",     L" %",   L"1,5", L"0x10", L"nan",     L"inf",  L"-inf",   L"NaN",   L"infinity",
@@ -112,7 +112,7 @@ TEST(StringToNumber, OtherTextsAreNoNumbers)
     }
 }
 
-TEST(StringToNumber, DigitsOfOtherScriptsAreNoDigits)
+TEST(StringToNumber, DigitsOfOtherScriptsAreRefused)
 {
     double dValue = c_dUntouched;
     EXPECT_FALSE(Read(L"\u0661\u0662", &dValue));
@@ -120,7 +120,7 @@ TEST(StringToNumber, DigitsOfOtherScriptsAreNoDigits)
     EXPECT_EQ(ErrorPosition(L"1\u0661"), 1U);
 }
 
-TEST(StringToNumber, AZeroCharacterInsideIsNoEnd)
+TEST(StringToNumber, AZeroCharacterDoesNotEndTheText)
 {
     double dValue = c_dUntouched;
     EXPECT_FALSE(Read(std::wstring_view(L"12\0", 3), &dValue));
@@ -128,7 +128,7 @@ TEST(StringToNumber, AZeroCharacterInsideIsNoEnd)
     EXPECT_EQ(ErrorPosition(std::wstring_view(L"12\0", 3)), 2U);
 }
 
-TEST(StringToNumber, TheErrorPositionIsThatOfTheFirstCharacterThatDoesNotFit)
+TEST(StringToNumber, TheErrorPositionIsTheIndexOfTheFirstWrongCharacter)
 {
     EXPECT_EQ(ErrorPosition(L""), 0U);
     EXPECT_EQ(ErrorPosition(L"%"), 0U);
@@ -149,7 +149,7 @@ TEST(StringToNumber, TheErrorPositionOfATextThatEndsTooEarlyIsItsLength)
     EXPECT_EQ(ErrorPosition(L"   "), 3U);
 }
 
-TEST(StringToNumber, ASuccessLeavesTheErrorPositionAlone)
+TEST(StringToNumber, ASuccessLeavesTheErrorPositionUnchanged)
 {
     double dValue = 0.0;
     unsigned uPosition = 77;
@@ -157,7 +157,7 @@ TEST(StringToNumber, ASuccessLeavesTheErrorPositionAlone)
     EXPECT_EQ(uPosition, 77U);
 }
 
-TEST(StringToNumber, AFailureClearsTheResultOnlyWhenAsked)
+TEST(StringToNumber, AFailureClearsTheResultOnlyOnRequest)
 {
     double dValue = c_dUntouched;
     EXPECT_FALSE(StringToNumber(L"x", &dValue, EnumNumberType::Double, false, nullptr));
@@ -208,9 +208,9 @@ TEST(StringToNumber, AMegabyteOfDigitsIsReadAtOnce)
     EXPECT_EQ(ErrorPosition(std::wstring(c_uMegabyte, L' ')), c_uMegabyte);
 }
 
-TEST(StringToNumber, DigitsFarBehindStillDecideARounding)
+TEST(StringToNumber, VeryLateDigitsStillDecideTheRounding)
 {
-    // 1 + 2^-53 lies exactly between two doubles; one digit more, however late, lies above.
+    // 1 + 2^-53 lies exactly between two doubles; any further non-zero digit, however late, puts the number above.
     const std::wstring sMiddle = L"1.00000000000000011102230246251565404236316680908203125";
     double dValue = 0.0;
     ASSERT_TRUE(StringToNumber(sMiddle, &dValue, EnumNumberType::Double, false, nullptr));
@@ -242,14 +242,14 @@ TEST(StringToNumber, EveryDoubleComesBackFromItsText)
     }
 }
 
-TEST(StringToNumber, OnlyADoubleCanBeAskedForByType)
+TEST(StringToNumber, OnlyTheTypeDoubleIsAccepted)
 {
     double dValue = c_dUntouched;
     EXPECT_FALSE(StringToNumber(L"1", &dValue, static_cast<EnumNumberType>(1), true, nullptr));
     EXPECT_EQ(dValue, c_dUntouched);
 }
 
-TEST(StringToNumber, NoLocaleChangesTheDecimalSign)
+TEST(StringToNumber, TheLocaleDoesNotChangeTheDecimalSign)
 {
     const CCommaLocale locale;
     EXPECT_EQ(Value(L"1.5"), 1.5);

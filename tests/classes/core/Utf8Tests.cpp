@@ -5,7 +5,7 @@
 namespace
 {
 
-TEST(Utf8, TextOfEveryLengthOfSequenceComesBack)
+TEST(Utf8, SequencesOfEveryLengthSurviveARoundTrip)
 {
     const std::wstring sWide = L"a\u007F\u0080\u07FF\u0800\uFFFD\uFFFF\U00010000\U0010FFFF";
     const std::string sNarrow =
@@ -14,7 +14,7 @@ TEST(Utf8, TextOfEveryLengthOfSequenceComesBack)
     EXPECT_EQ(Utf8FromWide(sWide), sNarrow);
 }
 
-TEST(Utf8, EmptyTextAndZeroCharactersAreText)
+TEST(Utf8, EmptyTextsAndZeroCharactersAreKept)
 {
     EXPECT_EQ(WideFromUtf8(""), L"");
     EXPECT_EQ(Utf8FromWide(L""), "");
@@ -22,7 +22,7 @@ TEST(Utf8, EmptyTextAndZeroCharactersAreText)
     EXPECT_EQ(Utf8FromWide(std::wstring_view(L"a\0b", 3)), std::string("a\0b", 3));
 }
 
-TEST(Utf8, BytesThatAreNoUtf8BecomeReplacementCharacters)
+TEST(Utf8, InvalidBytesBecomeReplacementCharacters)
 {
     EXPECT_EQ(WideFromUtf8("\x80"), L"\uFFFD");
     EXPECT_EQ(WideFromUtf8("\xFF\xFE"), L"\uFFFD\uFFFD");
@@ -33,7 +33,7 @@ TEST(Utf8, BytesThatAreNoUtf8BecomeReplacementCharacters)
     EXPECT_EQ(WideFromUtf8("\xE2\x82"), L"\uFFFD\uFFFD");
 }
 
-TEST(Utf8, OverlongSequencesSurrogatesAndWhatLiesBeyondUnicodeAreRefused)
+TEST(Utf8, OverlongSequencesSurrogatesAndValuesBeyondUnicodeAreRefused)
 {
     EXPECT_EQ(WideFromUtf8("\xC0\x80"), L"\uFFFD\uFFFD");
     EXPECT_EQ(WideFromUtf8("\xE0\x9F\xBF"), L"\uFFFD\uFFFD\uFFFD");

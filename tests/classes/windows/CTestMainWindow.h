@@ -11,8 +11,8 @@
 #include "classes/windows/panel/CDataCtrlGroup.h"
 #include "classes/windows/window/CWndCommon.h"
 
-// A main window with the program's own shape: settings panel, button and status bar on the backdrop. It records what
-// reaches it.
+// A main window like the program's own: settings panel, button and status bar on the backdrop. It records the
+// notifications that it gets.
 class CTestMainWindow : public CWndCommon
 {
 public:
@@ -25,12 +25,12 @@ public:
     CTestMainWindow();
     ~CTestMainWindow() override;
 
-    // A client area of the given size, at the top left of the screen. False when anything failed.
+    // Opens a window with a client area of the given size at the top left of the screen. False if anything failed.
     bool Create(int iWidth, int iHeight);
     void AddRows();
     void AddStatusBar();
     bool AddButton();
-    // Dispatches whatever is waiting, several times over, so that what that causes is done too.
+    // Dispatches the waiting messages several times, so that messages caused by them are dispatched too.
     void Pump();
 
     LRESULT WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
@@ -38,7 +38,7 @@ public:
     void UpdateStatusBar(HWND hControl, const POINT& pt) override;
 
     CDataCtrlGroup& GetPanel() { return *m_pPanel; }
-    // The numbers of the panel's rows, from the first to the last.
+    // The indices of the panel's rows in order.
     std::vector<short> GetRows() const;
     CWndButton& GetStartButton() { return m_Button; }
     CTabOrder& TabOrder() { return m_TabOrder; }

@@ -1,4 +1,4 @@
-// The parts of the library that are a function or two each.
+// Tests the parts of the library that consist of one or two functions.
 #include "classes/windows/drawing/RoundedRect.h"
 #include "classes/windows/panel/CTextCtrl.h"
 #include "classes/windows/system/CDisplayMonitors.h"
@@ -18,7 +18,7 @@
 #include <array>
 #include <stdexcept>
 
-TEST(RectHelpers, MovingKeepsTheSizeAndBearsNull)
+TEST(RectHelpers, MovingKeepsTheSizeAndIgnoresNull)
 {
     RECT rc{1, 2, 11, 22};
     MoveRect(&rc, 5, -7);
@@ -29,7 +29,7 @@ TEST(RectHelpers, MovingKeepsTheSizeAndBearsNull)
     MoveRect(nullptr, 1, 1);
 }
 
-TEST(RectHelpers, TheRightAndBottomEdgesCountOnlyInclusively)
+TEST(RectHelpers, OnlyTheInclusiveTestAcceptsTheRightAndBottomEdges)
 {
     const RECT rc{0, 0, 10, 10};
     EXPECT_TRUE(PointInRect(rc, {0, 0}));
@@ -58,16 +58,16 @@ TEST(DisplayMonitors, TheListHasOneMainMonitorThatBeginsAtTheOrigin)
         EXPECT_EQ(monitor.rc.left, 0);
         EXPECT_EQ(monitor.rc.top, 0);
         EXPECT_EQ(GetRectWidth(monitor.rc), GetSystemMetrics(SM_CXSCREEN));
-        EXPECT_EQ(GetRectHeight(monitor.rc), GetSystemMetrics(SM_CYSCREEN)) << "the full area, the task bar's too";
+        EXPECT_EQ(GetRectHeight(monitor.rc), GetSystemMetrics(SM_CYSCREEN)) << "the full area includes the task bar";
     }
     EXPECT_EQ(iMain, 1);
     EXPECT_NE(sLog.find(L"main"), std::wstring::npos);
     ASSERT_TRUE(monitors.GetDisplayMonitors(nullptr));
-    EXPECT_EQ(static_cast<std::size_t>(monitors.GetCount()), monitors.GetList().size()) << "read anew, not added";
+    EXPECT_EQ(static_cast<std::size_t>(monitors.GetCount()), monitors.GetList().size()) << "the list is replaced";
     EXPECT_THROW(static_cast<void>(monitors.GetMonitor(monitors.GetCount())), std::out_of_range);
 }
 
-TEST(ShowSetTimer, ItSetsTheTimerAndNamesItInTheLogOnlyWhenThereIsOne)
+TEST(ShowSetTimer, ItSetsTheTimerAndNamesItInTheLogIfThereIsOne)
 {
     CTestMainWindow window;
     ASSERT_TRUE(window.Create(300, 200));
@@ -102,7 +102,7 @@ TEST(Handles, AMovedFromHandleIsEmptyAndTheOldObjectIsClosed)
     EXPECT_EQ(WaitForSingleObject(event.Get(), 0), WAIT_OBJECT_0);
 }
 
-TEST(Handles, ASelectedObjectIsPutBack)
+TEST(Handles, ThePreviousObjectIsSelectedAgain)
 {
     const CMemoryDc dc(nullptr);
     const CBrushHandle brush(CreateSolidBrush(RGB(1, 2, 3)));
@@ -125,7 +125,7 @@ struct CTableUser
 constexpr CMessageEntry<CTableUser> c_table[] = {{WM_USER, &CTableUser::OnFirst},
                                                  {WM_GETTEXTLENGTH, &CTableUser::OnPass}};
 
-// A class whose handlers throw, as a border between the program and the system must expect.
+// A class with throwing handlers. Code between the program and the system must expect them.
 struct CThrower
 {
     LRESULT WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
@@ -145,7 +145,7 @@ struct CThrower
 };
 } // namespace
 
-TEST(MessageTable, AHandlersAnswerCountsAndWithoutOneTheSystemAnswers)
+TEST(MessageTable, AHandlersAnswerIsReturnedAndWithoutAHandlerTheSystemAnswers)
 {
     CTestMainWindow window;
     ASSERT_TRUE(window.Create(300, 200));
@@ -155,7 +155,7 @@ TEST(MessageTable, AHandlersAnswerCountsAndWithoutOneTheSystemAnswers)
     EXPECT_EQ(DispatchMessage_Table(user, c_table, window.GetWindowHandle(), WM_USER + 9, 0, 0), 0);
 }
 
-TEST(WndProcForward, WhatAHandlerThrowsIsReportedAndDoesNotEscape)
+TEST(WndProcForward, AnExceptionInAHandlerIsReportedAndDoesNotEscape)
 {
     CThrower thrower;
     WNDCLASSEXW record{};
@@ -167,17 +167,17 @@ TEST(WndProcForward, WhatAHandlerThrowsIsReportedAndDoesNotEscape)
     const HWND hWnd =
         CreateWindowExW(0, L"CThrower", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, record.hInstance, &thrower);
     ASSERT_NE(hWnd, nullptr);
-    // Straight through the procedure: a throw that got out of it would end the test program.
+    // Calls the procedure directly: an escaping exception would end the test program.
     EXPECT_EQ(WndProcForward<CThrower>(hWnd, WM_USER, 0, 0), 0);
     EXPECT_NE(thrower.sLog.find(L"thrown on purpose"), std::wstring::npos);
     thrower.sLog.clear();
     EXPECT_EQ(WndProcForward<CThrower>(hWnd, WM_USER + 1, 0, 0), 0);
     EXPECT_FALSE(thrower.sLog.empty());
     DestroyWindow(hWnd);
-    EXPECT_EQ(WndProcForward<CThrower>(nullptr, WM_USER, 0, 0), 0) << "no window, no object: the system answers";
+    EXPECT_EQ(WndProcForward<CThrower>(nullptr, WM_USER, 0, 0), 0) << "without a window the system answers";
 }
 
-TEST(RoundedRect, ItsMiddleIsFullItsOutsideEmptyAndItsCornersSoftAndAlike)
+TEST(RoundedRect, TheMiddleIsFullTheOutsideEmptyAndTheCornersAreSmoothAndSymmetric)
 {
     EXPECT_EQ(GetRoundedCoverage(10, 10, 20, 20, 5), 1.0);
     EXPECT_EQ(GetRoundedCoverage(0, 10, 20, 20, 5), 1.0) << "the straight edge";
@@ -196,7 +196,7 @@ TEST(RoundedRect, ItsMiddleIsFullItsOutsideEmptyAndItsCornersSoftAndAlike)
     }
 }
 
-TEST(TextCtrl, ARightAlignedTextMayBeginLeftOfItsRectangle)
+TEST(TextCtrl, ARightAlignedTextMayExtendToTheLeftOfItsRectangle)
 {
     CTextCtrl text;
     const CMemoryDc dc(nullptr);
@@ -223,7 +223,7 @@ TEST(TextCtrl, ARightAlignedTextMayBeginLeftOfItsRectangle)
     EXPECT_FALSE(text.Draw(dc.Get()));
 }
 
-TEST(WndToolTip, OnlyTheControlThatWasNamedLastHasATip)
+TEST(WndToolTip, OnlyTheLastGivenControlHasATip)
 {
     CTestMainWindow window;
     ASSERT_TRUE(window.Create(984, 661));

@@ -2,14 +2,14 @@
 
 #include <cstdint>
 
-// What all heaps of a process hold together. Written by the probe inside that process, read by the one that sent it.
+// The totals of all heaps of a process. The probe inside that process writes them; the test reads them.
 struct CHeapCount
 {
     std::uint64_t blocks = 0;
     std::uint64_t bytes = 0;
     std::uint32_t heaps = 0;
-    std::uint32_t complete = 0; // 1 once all of them were walked
+    std::uint32_t complete = 0; // 1 when all heaps were walked
 };
 
-// The one function of the probe, by the name that it is exported under.
+// The exported name of the probe's only function.
 constexpr const char* c_sHeapProbeFunction = "CountHeaps";

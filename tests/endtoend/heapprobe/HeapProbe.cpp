@@ -1,4 +1,4 @@
-// A library that a test loads into the program under test: only from inside can a process's heaps be walked.
+// A library that a test loads into the program under test, because a process's heaps can only be walked from inside.
 
 #include "tests/endtoend/heapprobe/CHeapCount.h"
 
@@ -32,7 +32,7 @@ bool AddHeap(HANDLE hHeap, CHeapCount& count)
 }
 } // namespace
 
-// A thread's entry: `pResult` is a CHeapCount in this process. It takes no memory from the heaps that it counts.
+// A thread's entry: `pResult` is a CHeapCount in this process. It allocates nothing from the heaps that it counts.
 extern "C" __declspec(dllexport) DWORD WINAPI CountHeaps(void* pResult)
 {
     CHeapCount count;

@@ -3,7 +3,7 @@
 void CScrollingTest::OpenLarge()
 {
     Open({9999, 9999}, 320, 240);
-    m_pView->SetControlPositions(-1, -1); // the bars have changed the client area since
+    m_pView->SetControlPositions(-1, -1); // the bars have changed the client area
 }
 
 void CScrollingTest::Scroll(UINT uMessage, unsigned uRequest)

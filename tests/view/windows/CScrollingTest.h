@@ -2,11 +2,11 @@
 
 #include "tests/view/windows/CViewTest.h"
 
-// A view that may be smaller than the world behind it, and its scroll bars.
+// A view with scroll bars that may be smaller than the world.
 class CScrollingTest : public CViewTest
 {
 protected:
-    // A world of 9,999 x 9,999 behind a view of 320 x 240.
+    // Opens a view of 320 x 240 on a world of 9,999 x 9,999.
     void OpenLarge();
 
     // Sends a request of a scroll bar.
@@ -15,7 +15,7 @@ protected:
     void SetPosition(int iBar, int iPosition);
     void TurnWheel(int iDelta);
 
-    // The place of the large world must always be what the bars say.
+    // Expects that the position of the large world matches the bars.
     void ExpectPosition(int iHorizontal, int iVertical);
 
     const int m_iBarWidth = GetSystemMetrics(SM_CXVSCROLL);

@@ -14,7 +14,7 @@ struct CReceivedMessage
     LPARAM lParam{};
 };
 
-// The main window as the view sees it: a real window with a backdrop that answers what the view forwards.
+// Stands in for the main window: a real window with a backdrop that answers the messages that the view forwards.
 class CTestParent final : public CWndCommon
 {
 public:

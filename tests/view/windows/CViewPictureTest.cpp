@@ -5,7 +5,7 @@
 namespace
 {
 
-constexpr int c_iChannelTolerance = 1; // a colour goes through floats on its way to the screen
+constexpr int c_iChannelTolerance = 1; // colours are converted through floats on their way to the screen
 
 bool IsNear(COLORREF cr, COLORREF crOther)
 {
@@ -51,7 +51,7 @@ CExpectedScene CViewPictureTest::MakeScene(float fTolerance) const
     scene.crWorld = c_crWorld;
     scene.fTolerance = fTolerance;
     scene.colour = [this](std::int32_t i) { return GetSpeedColour(i); };
-    // The parent's backdrop begins at its own corner, left of the view and above it.
+    // The parent's backdrop begins at the parent's corner, left of and above the view.
     scene.backdrop = [this](int x, int y) {
         const RECT rcView = GetClientAreaOnScreen(GetViewHandle());
         const RECT rcParent = GetClientAreaOnScreen(m_pParent->GetWindowHandle());

@@ -6,12 +6,12 @@
 
 #include <cstdint>
 
-// Compares what lies on the screen with a plain software drawing of the same atoms.
+// Compares the screen with a plain software drawing of the same atoms.
 class CViewPictureTest : public CViewTest
 {
 protected:
-    // Pixels nearer to a circle's edge than this may be smoothed (Direct2D) or moved by the rounding of the enclosing
-    // rectangle (GDI, up to half a pixel in each direction): their colour is not compared.
+    // Pixels nearer to a circle's edge than this are not compared: Direct2D anti-aliases them, and GDI moves them by up
+    // to half a pixel in each direction when it rounds the enclosing rectangle.
     static constexpr float c_fEdgeDirect2D = 1.0F;
     static constexpr float c_fEdgeGdi = 1.5F;
 
@@ -24,7 +24,7 @@ protected:
 
     ~CViewPictureTest() override;
 
-    // Makes a window at the top of the desktop on which Direct2D's frames can be seen.
+    // Creates a top-level window in which Direct2D's frames become visible.
     void ShowDirect2D();
     HWND GetShown() const { return m_hShow != nullptr ? m_hShow : GetViewHandle(); }
 

@@ -9,7 +9,7 @@
 
 #include <memory>
 
-// A view on a real parent window, its atoms, and a Direct2D that can be watched and made to fail.
+// A view on a real parent window, its atoms, and a Direct2D spy that records calls and can fail.
 class CViewTest : public testing::Test
 {
 protected:
@@ -20,12 +20,12 @@ protected:
 
     CViewTest() { GetDirect2DSpy() = CDirect2DSpy(); }
 
-    // Parent and view; the view covers width x height pixels of the parent from (20, 30) on.
+    // Creates parent and view; the view covers iWidth x iHeight pixels of the parent from (20, 30) on.
     void Open(const CSize<int>& sizeWorld, int iWidth, int iHeight, EnumPicDrawMode eDrawMode = EnumPicDrawMode::Tiled,
               unsigned char byLanguage = 7);
     void MoveView(int iLeft, int iTop, int iWidth, int iHeight);
 
-    // Count atoms of the given radius on random places in the world, of three speeds around the average 1.
+    // Adds atoms of the given radius at random positions in the world, with three speeds around the average 1.
     void Scatter(std::int32_t count, std::uint8_t uRadius);
 
     // Accepts the settings of a run in Speed mode with the class limits 0.75 and 1.25.

@@ -14,11 +14,10 @@ struct CSpyEllipse
     D2D1_COLOR_F colour{};
 };
 
-// A Direct2D that hands everything on to the real one, writes down what it was asked for, and fails where it is told
-// to.
+// A Direct2D that forwards every call to the real one, records the calls, and fails on request.
 struct CDirect2DSpy
 {
-    // What fails, and how.
+    // The failures to produce.
     HRESULT hrFactory = S_OK;
     bool bNullFactory = false;
     HRESULT hrRenderTarget = S_OK;
@@ -28,9 +27,9 @@ struct CDirect2DSpy
     HRESULT hrBitmap = S_OK; // a tiled backdrop needs one
     HRESULT hrEndDraw = S_OK;
     bool bThrowInFrame = false;
-    bool bDrawEllipses = true; // false: ellipses are only written down
+    bool bDrawEllipses = true; // false: ellipses are only recorded
 
-    // What was asked for.
+    // The recorded calls.
     int iFactories = 0;
     int iRenderTargets = 0;
     int iSolidBrushes = 0;
@@ -41,11 +40,11 @@ struct CDirect2DSpy
     SIZE sizeCreated{};
     std::vector<SIZE> resizes;
     std::vector<CSpyEllipse> ellipses;
-    std::vector<std::string> closed;              // what was released for good, in order: "brush", "target", "factory"
-    ID2D1HwndRenderTarget* pRealTarget = nullptr; // of the last target made
+    std::vector<std::string> closed;              // the destroyed objects in order: "brush", "target", "factory"
+    ID2D1HwndRenderTarget* pRealTarget = nullptr; // of the latest target
 
-    // Where the real targets draw to, of the same size as the view; null: the view itself. Wine shows nothing of what
-    // Direct2D draws to a child window, so that only a top-level window can be looked at.
+    // The window that the real targets draw to, of the same size as the view; null: the view itself. Under Wine,
+    // Direct2D's drawing in a child window stays invisible, so tests need a top-level window.
     HWND hShow = nullptr;
 };
 

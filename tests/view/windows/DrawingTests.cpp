@@ -15,7 +15,7 @@ constexpr std::uint8_t c_uRadius = 4;
 class WorldViewDrawing : public CViewTest
 {
 protected:
-    // Atoms whose circle reaches into the client area grown by the given number of pixels on each side.
+    // Counts the atoms whose circle reaches into the client area enlarged by the given number of pixels on each side.
     std::size_t CountReaching(float fGrowth) const
     {
         const CRect rcWorld = m_pView->GetWorldRect();
@@ -50,7 +50,7 @@ bool HasColour(const CSpyEllipse& drawn, unsigned long cr)
 
 } // namespace
 
-TEST_F(WorldViewDrawing, OnlyAtomsThatReachIntoTheScrolledViewAreHandedToDirect2D)
+TEST_F(WorldViewDrawing, Direct2DGetsOnlyAtomsThatReachIntoTheScrolledView)
 {
     Open(c_sizeLargeWorld, 500, 400);
     Scatter(c_iManyAtoms, c_uRadius);
@@ -69,7 +69,7 @@ TEST_F(WorldViewDrawing, OnlyAtomsThatReachIntoTheScrolledViewAreHandedToDirect2
     }
 }
 
-TEST_F(WorldViewDrawing, InFixedModeToo)
+TEST_F(WorldViewDrawing, Direct2DGetsOnlyAtomsThatReachIntoTheScrolledViewInFixedModeToo)
 {
     Open(c_sizeLargeWorld, 500, 400);
     Scatter(c_iManyAtoms, c_uRadius);
@@ -82,7 +82,7 @@ TEST_F(WorldViewDrawing, InFixedModeToo)
     EXPECT_GT(uDrawn, 100U);
 }
 
-TEST_F(WorldViewDrawing, EveryAtomIsDrawnInArrayOrderWithItsExactPlaceAndItsClassesColour)
+TEST_F(WorldViewDrawing, AtomsAreDrawnInArrayOrderAtTheirExactPositionsInTheColourOfTheirClass)
 {
     Open({200, 150}, 300, 200);
     Scatter(40, c_uRadius);
@@ -103,7 +103,7 @@ TEST_F(WorldViewDrawing, EveryAtomIsDrawnInArrayOrderWithItsExactPlaceAndItsClas
     }
 }
 
-TEST_F(WorldViewDrawing, InFixedModeTheColourFollowsThePlaceInTheArray)
+TEST_F(WorldViewDrawing, InFixedModeTheColourFollowsTheIndexInTheArray)
 {
     Open({200, 150}, 300, 200);
     Scatter(200, c_uRadius);
@@ -118,7 +118,7 @@ TEST_F(WorldViewDrawing, InFixedModeTheColourFollowsThePlaceInTheArray)
     }
 }
 
-// A refused start leaves the mode switched and the factors of the other mode in place; the frames go on.
+// After a refused start the mode has changed but the factors still belong to the other mode. Frames are still drawn.
 TEST_F(WorldViewDrawing, AfterARefusedStartEveryAtomIsStillDrawnOnce)
 {
     Open({200, 150}, 300, 200);
@@ -130,7 +130,7 @@ TEST_F(WorldViewDrawing, AfterARefusedStartEveryAtomIsStillDrawnOnce)
     EXPECT_EQ(GetDirect2DSpy().ellipses.size(), 40U);
 }
 
-TEST_F(WorldViewDrawing, AnEmptySetIsABackdropAndAWorld)
+TEST_F(WorldViewDrawing, WithoutAtomsBackdropAndWorldAreDrawn)
 {
     Open({200, 150}, 300, 200);
     ASSERT_TRUE(Start_Speed());
@@ -149,7 +149,7 @@ TEST_F(WorldViewDrawing, AViewThatWasMovedWithoutAMessageIsPlacedByItsNextFrame)
 }
 
 // Showing or hiding a bar makes the system erase the view before the world has its new place.
-TEST_F(WorldViewDrawing, NoFrameShowsTheWorldWhereItNoLongerIs)
+TEST_F(WorldViewDrawing, NoFrameShowsTheWorldAtItsOldPosition)
 {
     Open({200, 150}, 300, 200);
     Scatter(1, c_uRadius);
@@ -175,7 +175,7 @@ TEST_F(WorldViewDrawing, NoFrameShowsTheWorldWhereItNoLongerIs)
 }
 
 // The simulation goes on while the main window is minimised. Its empty client area must not cost the view Direct2D.
-TEST_F(WorldViewDrawing, AMinimisedParentIsNoFailureOfDirect2D)
+TEST_F(WorldViewDrawing, AMinimisedParentDoesNotDropDirect2D)
 {
     Open({200, 150}, 300, 200);
     Scatter(4, c_uRadius);

@@ -47,7 +47,7 @@ HRESULT MakeObject(const char* sName, I** ppObject)
     return eAnswer == EnumAnswer::Error ? GetFailingDirect2D().error : S_OK;
 }
 
-// COM interfaces have no virtual destructor: their objects end themselves at the last Release.
+// COM interfaces have no virtual destructor: their objects delete themselves at the last Release.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 

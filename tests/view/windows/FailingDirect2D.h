@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-// A Direct2D that draws nothing, counts its calls that can fail, and lets some of them fail. It needs no graphics
-// hardware and no system library, so that every failure can be tried wherever the tests run.
+// A Direct2D that draws nothing, counts the calls that can fail, and lets some of them fail. It needs neither graphics
+// hardware nor a system library, so that the tests can try every failure on every machine.
 struct CFailingDirect2D
 {
     static constexpr int c_iNever = -1;
@@ -17,23 +17,23 @@ struct CFailingDirect2D
     {
         Once,          // this one call returns the error
         FromThenOn,    // this call and all after it
-        OnceWithoutAny // this one call claims success and gives no object; where none is asked for: as Once
+        OnceWithoutAny // this one call reports success but returns null; same as Once for calls that return no object
     };
 
     int failAt = c_iNever; // number of the call, from 0
     EnumFailure failure = EnumFailure::Once;
     HRESULT error = E_FAIL;
-    bool loseTarget = false; // the next EndDraw finds the device gone, and so do all that follow on that target
+    bool loseTarget = false; // the next EndDraw reports a lost device, and so do all later ones on that target
 
-    std::vector<std::string> calls; // those that can fail, by name
-    int frames = 0;                 // that were drawn to their end
+    std::vector<std::string> calls; // the names of the calls that can fail
+    int frames = 0;                 // completed frames
     int ellipses = 0;
-    int misuses = 0; // a frame that was begun twice, or ended without a beginning
-    int targets = 0; // that were made
-    int alive = 0;   // objects that nobody has released
+    int misuses = 0; // frames begun twice, or ended without a begin
+    int targets = 0; // created targets
+    int alive = 0;   // objects not yet released
 };
 
 CFailingDirect2D& GetFailingDirect2D();
 
-// What a view is given in place of the system's factory function.
+// Replaces the system's factory function in a view.
 HRESULT CreateFailingFactory(ID2D1Factory** ppFactory);

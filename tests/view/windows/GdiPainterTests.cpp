@@ -19,7 +19,7 @@ class GdiPainter : public CViewTest
 protected:
     void SetUp() override { GetDirect2DSpy().hrFactory = E_FAIL; }
 
-    // A view that is ready to draw its atoms by speed without Direct2D.
+    // Opens a view that draws its atoms by speed without Direct2D.
     void OpenStarted(const CSize<int>& sizeWorld, std::int32_t count, EnumPicDrawMode eMode = EnumPicDrawMode::Tiled)
     {
         Open(sizeWorld, 300, 200, eMode);
@@ -27,7 +27,7 @@ protected:
         Start_Speed();
     }
 
-    // The view once its world has come to the screen.
+    // Captures the view when its world is visible on the screen.
     CPixels CaptureWorld()
     {
         const CRect rcWorld = m_pView->GetWorldRect();
@@ -51,11 +51,11 @@ protected:
     }
 };
 
-// What a recording device context was asked for.
+// Counts the drawing calls in a recording device context.
 struct CRecorded
 {
     int iEllipses = 0;
-    int iPens = 0; // a colour of the DC pen is recorded as a pen of its own
+    int iPens = 0; // a colour of the DC pen is recorded as a separate pen
 };
 
 int CALLBACK CountRecord(HDC, HANDLETABLE*, const ENHMETARECORD* pRecord, int, LPARAM lParam)
@@ -77,7 +77,7 @@ CRecorded Record(const CAtomScene& scene)
     return recorded;
 }
 
-// All the GDI objects that this process can still make.
+// Uses up all GDI objects that this process can still create.
 class CGdiShortage
 {
 public:
@@ -169,7 +169,7 @@ TEST_F(GdiPainter, CulledAtomsChangeNoPixel)
     EXPECT_EQ(pictures[1], pictures[0]);
 }
 
-TEST_F(GdiPainter, InFixedModeOnlyBackdropAndWorldAppear)
+TEST_F(GdiPainter, InFixedModeOnlyBackdropAndWorldAreDrawn)
 {
     OpenStarted({200, 150}, 40);
     Start_Fixed(L"10", L"", L"25%");
@@ -185,14 +185,14 @@ TEST_F(GdiPainter, InFixedModeOnlyBackdropAndWorldAppear)
     EXPECT_NE(picture.GetColour(0, 0), static_cast<COLORREF>(c_crWorld));
 }
 
-TEST_F(GdiPainter, TheBackdropContinuesTheParentsInEveryMode)
+TEST_F(GdiPainter, TheBackdropContinuesTheParentsBackdropInEveryMode)
 {
     for (const EnumPicDrawMode eMode :
          {EnumPicDrawMode::Plain, EnumPicDrawMode::Fitted, EnumPicDrawMode::Stretched, EnumPicDrawMode::Tiled})
     {
         m_pView.reset();
         OpenStarted({100, 80}, 0, eMode);
-        // The same backdrop over the whole client area of the parent, of which the view is a window.
+        // The view must show the part of this backdrop that lies behind it.
         CPicture backdrop = *m_pParent->GetBackdrop();
         const RECT rcParent{-20, -30, CTestParent::c_iWidth - 20, CTestParent::c_iHeight - 30};
         backdrop.SetDrawingRect(&rcParent);
@@ -231,7 +231,7 @@ TEST_F(GdiPainter, WithoutABackdropOrWithAnEmptyOneNothingIsDrawn)
          {static_cast<const CPicture*>(nullptr), static_cast<const CPicture*>(&backdrop)})
     {
         frame.pBackdrop = pBackdrop;
-        // Several times, so that whatever was drawn would have come to the screen.
+        // Repeats the frame, so that any drawing would reach the screen.
         int iCaptures = 0;
         EXPECT_EQ(CaptureUntil(GetViewHandle(), paint, [&](const CPixels&) { return ++iCaptures == 3; }), before);
     }
@@ -242,7 +242,7 @@ TEST_F(GdiPainter, WithoutABackdropOrWithAnEmptyOneNothingIsDrawn)
     EXPECT_TRUE(isWhite(CaptureUntil(GetViewHandle(), paint, isWhite)));
 }
 
-TEST_F(GdiPainter, AWindowWithoutADeviceContextIsNoFrame)
+TEST_F(GdiPainter, AWindowWithoutADeviceContextGetsNoFrame)
 {
     OpenStarted({200, 150}, 10);
     CFrame frame;
@@ -253,8 +253,8 @@ TEST_F(GdiPainter, AWindowWithoutADeviceContextIsNoFrame)
     CPainterGdi().PaintFrame(frame);
 }
 
-// With no GDI object left the memory context or its bitmap cannot be made: frames are skipped, nothing leaks, and the
-// next frame with room is drawn.
+// Without a free GDI object the memory context or its bitmap cannot be created. Frames are skipped, nothing leaks, and
+// the next frame with free objects is drawn.
 TEST_F(GdiPainter, AShortageOfGdiObjectsSkipsFramesAndLeaksNothing)
 {
     OpenStarted({200, 150}, 10);

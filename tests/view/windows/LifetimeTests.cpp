@@ -13,7 +13,7 @@ class WorldViewLifetime : public CViewTest
 {
 };
 
-// A parent that was never set up: it has no backdrop.
+// An uninitialised parent, which has no backdrop.
 class CBareParent final : public CWndCommon
 {
 };
@@ -45,7 +45,7 @@ TEST_F(WorldViewLifetime, TheViewIsAVisibleChildWithoutSizeUntilTheParentPlacesI
     EXPECT_EQ(view.GetWorldSize(), (CSize<int>{500, 400}));
 }
 
-TEST_F(WorldViewLifetime, TheClassRedrawsOnEveryChangeOfSizeAndTakesItsLooksFromTheBase)
+TEST_F(WorldViewLifetime, TheClassRedrawsOnEveryChangeOfSizeAndUsesTheBasesIconAndCursor)
 {
     Open({500, 400}, 300, 200);
     WNDCLASSEXW windowClass{};
@@ -83,7 +83,7 @@ TEST_F(WorldViewLifetime, WithoutAParentOrABackdropThereIsNoWindowAndNothingFail
         CWString sFactor(L"1");
         CWString sPercentage(L"50%");
         CWString sEmpty;
-        // There is no atom set: a percentage of it means nothing.
+        // Without an atom set a percentage is refused.
         EXPECT_FALSE(view.InitializeSettings(sizeWorld, false, EnumAtomColourMode::Fixed, 0, sPercentage, 0, sEmpty, 0,
                                              sFactor));
         EXPECT_EQ(GetDirect2DSpy().iFactories, 0);
@@ -97,7 +97,7 @@ TEST_F(WorldViewLifetime, CreationIsWrittenToTheParentsDebugLog)
     EXPECT_NE(m_pParent->GetLog().find(L"m_hWnd"), std::wstring::npos);
 }
 
-TEST_F(WorldViewLifetime, TheEndOfTheViewDestroysItsWindow)
+TEST_F(WorldViewLifetime, DestroyingTheViewDestroysItsWindow)
 {
     Open({500, 400}, 300, 200);
     const HWND hWnd = GetViewHandle();
@@ -105,14 +105,14 @@ TEST_F(WorldViewLifetime, TheEndOfTheViewDestroysItsWindow)
     EXPECT_FALSE(IsWindow(hWnd));
 }
 
-TEST_F(WorldViewLifetime, BrushesGoBeforeTheTargetAndTheTargetBeforeTheFactory)
+TEST_F(WorldViewLifetime, BrushesAreReleasedBeforeTheTargetAndTheTargetBeforeTheFactory)
 {
     Open({500, 400}, 300, 200);
     Scatter(3, 5);
     ASSERT_TRUE(Start_Speed());
     GetDirect2DSpy().closed.clear();
     m_pView.reset();
-    // The fourth brush is the one with which the world picture was filled.
+    // The fourth brush filled the world.
     EXPECT_EQ(GetDirect2DSpy().closed,
               (std::vector<std::string>{"brush", "brush", "brush", "brush", "target", "factory"}));
 }
@@ -129,7 +129,7 @@ TEST_F(WorldViewLifetime, AnotherThreadMayAskTheViewToDestroyItsWindow)
     m_pView->SetWorldBackgroundColour(0);
 }
 
-TEST_F(WorldViewLifetime, AParentThatGoesFirstTakesTheWindowAlong)
+TEST_F(WorldViewLifetime, AParentThatIsDestroyedFirstDestroysTheWindow)
 {
     Open({500, 400}, 300, 200);
     Scatter(3, 5);
@@ -145,7 +145,7 @@ TEST_F(WorldViewLifetime, AfterTheWindowIsGoneNothingReachesTheObject)
 {
     Open({500, 400}, 300, 200);
     const HWND hWnd = GetViewHandle();
-    // What the system sends after WM_DESTROY is answered by the default procedure: no frame, no forwarding.
+    // The default procedure answers messages after WM_DESTROY: no frame, no forwarding.
     Send(WM_DESTROY);
     m_pParent->ForgetReceived();
     EXPECT_NE(SendMessageW(hWnd, WM_KEYUP, VK_F11, 0), CTestParent::c_iAnswer);
@@ -176,8 +176,8 @@ HRESULT ThrowInsteadOfAFactory(ID2D1Factory**)
 
 } // namespace
 
-// Under the system's own message dispatch an exception would vanish or end the program: it must end in the method.
-TEST_F(WorldViewLifetime, WhatIsThrownInsideAMethodIsReportedAndBecomesItsFailure)
+// In the system's message dispatch an exception would be lost or end the program, so the method must catch it.
+TEST_F(WorldViewLifetime, AnExceptionInAMethodIsReportedAndTheMethodFails)
 {
     m_sizeWorld = {500, 400};
     m_pParent = std::make_unique<CTestParent>();
@@ -188,8 +188,8 @@ TEST_F(WorldViewLifetime, WhatIsThrownInsideAMethodIsReportedAndBecomesItsFailur
     EXPECT_NE(m_pParent->GetLog().find(L"InitializeSettings"), std::wstring::npos);
 }
 
-// The simulation asks for frames without end: one that fails is reported, and the next one is drawn.
-TEST_F(WorldViewLifetime, WhatIsThrownInsideAFrameEndsThatFrameOnly)
+// The simulation requests frames continuously. A failed frame is reported, and the next one is drawn.
+TEST_F(WorldViewLifetime, AnExceptionInAFrameEndsOnlyThatFrame)
 {
     Open({200, 150}, 300, 200);
     Scatter(3, 5);
@@ -215,8 +215,8 @@ LRESULT CALLBACK ThrowInsteadOfAnAnswer(HWND, UINT, WPARAM, LPARAM)
 
 } // namespace
 
-// The last guard of the window procedure itself, for what a handler lets through.
-TEST_F(WorldViewLifetime, WhatAHandlerThrowsBecomesTheAnswerZero)
+// The window procedure's own guard catches exceptions that leave a handler.
+TEST_F(WorldViewLifetime, AnExceptionInAHandlerGivesTheAnswerZero)
 {
     Open({200, 150}, 300, 200);
     m_pParent->GetLog().clear();

@@ -36,7 +36,7 @@ POINT GetPoint(LPARAM lParam)
 
 } // namespace
 
-TEST_F(WorldViewMessages, AClickIsSeenByTheParentInItsOwnCoordinates)
+TEST_F(WorldViewMessages, TheParentGetsAClickInItsOwnCoordinates)
 {
     EXPECT_EQ(Send(WM_LBUTTONUP, MK_CONTROL, MAKELPARAM(7, 11)), CTestParent::c_iAnswer);
     EXPECT_EQ(GetOnly().uMessage, static_cast<UINT>(WM_LBUTTONUP));
@@ -91,7 +91,7 @@ TEST_F(WorldViewMessages, SixNotificationsAreForwardedUnchanged)
     }
 }
 
-TEST_F(WorldViewMessages, OtherNotificationsAreNot)
+TEST_F(WorldViewMessages, OtherNotificationsAreNotForwarded)
 {
     for (const UINT uCode : {0x200U, 0x203U, 0x206U, static_cast<UINT>(NM_CLICK), static_cast<UINT>(NM_RDBLCLK), 0U})
     {
@@ -102,7 +102,7 @@ TEST_F(WorldViewMessages, OtherNotificationsAreNot)
     EXPECT_TRUE(m_pParent->GetReceived().empty());
 }
 
-TEST_F(WorldViewMessages, ErasingTheBackgroundDrawsOneFrameAndLeavesNothingToTheSystem)
+TEST_F(WorldViewMessages, ErasingTheBackgroundDrawsOneFrameAndReportsItAsHandled)
 {
     Scatter(3, 5);
     ASSERT_TRUE(Start_Speed());
@@ -123,8 +123,8 @@ TEST_F(WorldViewMessages, AChangeOfSizePlacesTheWorldAndDrawsAFrame)
     EXPECT_EQ(Send(WM_SIZE), 0);
 }
 
-// The view has no cursor of its own by default: the system sets the one of the class.
-TEST_F(WorldViewMessages, TheCursorIsThatOfTheClass)
+// By default the view has no cursor of its own, and the system sets the cursor of the class.
+TEST_F(WorldViewMessages, TheDefaultCursorIsTheCursorOfTheClass)
 {
     SetCursor(nullptr);
     Send(WM_SETCURSOR, reinterpret_cast<WPARAM>(GetViewHandle()), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
@@ -148,7 +148,7 @@ public:
 
 } // namespace
 
-TEST_F(WorldViewMessages, ACursorOfItsOwnIsSetByTheViewItself)
+TEST_F(WorldViewMessages, TheViewSetsACursorOfItsOwn)
 {
     const CCrossView view(m_pParent.get(), m_atoms);
     SetCursor(nullptr);
@@ -156,7 +156,7 @@ TEST_F(WorldViewMessages, ACursorOfItsOwnIsSetByTheViewItself)
     EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_CROSS));
 }
 
-TEST_F(WorldViewMessages, EverythingElseIsLeftToTheSystem)
+TEST_F(WorldViewMessages, TheSystemAnswersAllOtherMessages)
 {
     constexpr wchar_t c_sText[] = L"some text";
     EXPECT_EQ(Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(c_sText)), TRUE);
@@ -169,8 +169,8 @@ TEST_F(WorldViewMessages, EverythingElseIsLeftToTheSystem)
     EXPECT_TRUE(IsWindow(GetViewHandle()));
 }
 
-// In a mirrored view the x axis runs to the left; its parent is not mirrored.
-TEST_F(WorldViewMessages, AClickInAMirroredViewIsMappedToTheSameSpotOfTheParent)
+// In a mirrored view the x axis points to the left; its parent is not mirrored.
+TEST_F(WorldViewMessages, AClickInAMirroredViewIsMappedToTheSamePointOfTheParent)
 {
     m_pView.reset();
     Open({500, 400}, 300, 200, EnumPicDrawMode::Tiled, 1);

@@ -1,7 +1,7 @@
 #include "tests/view/windows/CViewPictureTest.h"
 
-// In a view that is laid out from right to left the bars change sides, but physics does not: the world is drawn as in
-// any other view, so that a click starts the atoms where the user sees it.
+// In a right-to-left view the scroll bars change sides, but the world is not mirrored, so that a click starts the atoms
+// at the point that the user sees.
 
 namespace
 {
@@ -39,7 +39,7 @@ TEST_F(MirroredViewPicture, GdiDrawsTheWorldUnmirroredToo)
     ExpectScreen(MakeScene(c_fEdgeGdi));
 }
 
-TEST_F(MirroredViewPicture, GdiDrawsAScrolledWorldWhereTheBarsSay)
+TEST_F(MirroredViewPicture, GdiDrawsAScrolledWorldAtThePositionOfTheBars)
 {
     GetDirect2DSpy().hrFactory = E_FAIL;
     OpenMirrored({700, 500}, 4 * c_iAtoms);

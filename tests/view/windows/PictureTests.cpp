@@ -13,7 +13,7 @@ constexpr std::uint8_t c_uRadius = 12;
 
 } // namespace
 
-TEST_F(ViewPicture, Direct2DShowsACentredWorldAsThePlainDrawingDoes)
+TEST_F(ViewPicture, Direct2DShowsACentredWorldLikeThePlainDrawing)
 {
     ShowDirect2D();
     Open({260, 160}, 300, 200);
@@ -23,7 +23,7 @@ TEST_F(ViewPicture, Direct2DShowsACentredWorldAsThePlainDrawingDoes)
     EXPECT_EQ(GetDirect2DSpy().iUnexpected, 0);
 }
 
-TEST_F(ViewPicture, GdiShowsACentredWorldAsThePlainDrawingDoes)
+TEST_F(ViewPicture, GdiShowsACentredWorldLikeThePlainDrawing)
 {
     GetDirect2DSpy().hrFactory = E_FAIL;
     Open({260, 160}, 300, 200);
@@ -32,7 +32,7 @@ TEST_F(ViewPicture, GdiShowsACentredWorldAsThePlainDrawingDoes)
     ExpectScreen(MakeScene(c_fEdgeGdi));
 }
 
-TEST_F(ViewPicture, Direct2DShowsAScrolledWorldAsThePlainDrawingDoes)
+TEST_F(ViewPicture, Direct2DShowsAScrolledWorldLikeThePlainDrawing)
 {
     ShowDirect2D();
     Open({700, 500}, 300, 200);
@@ -49,7 +49,7 @@ TEST_F(ViewPicture, Direct2DShowsAScrolledWorldAsThePlainDrawingDoes)
     ExpectScreen(MakeScene(c_fEdgeDirect2D));
 }
 
-TEST_F(ViewPicture, GdiShowsAScrolledWorldAsThePlainDrawingDoes)
+TEST_F(ViewPicture, GdiShowsAScrolledWorldLikeThePlainDrawing)
 {
     GetDirect2DSpy().hrFactory = E_FAIL;
     Open({700, 500}, 300, 200);
@@ -76,7 +76,7 @@ TEST_F(ViewPicture, Direct2DShowsTheRunsOfFixedMode)
 namespace
 {
 
-// Three large atoms side by side, each lying over half of the one before.
+// Three large atoms in a row; each covers half of the previous one.
 void StackAtoms(CAtoms& atoms)
 {
     for (std::int32_t i = 0; i < atoms.GetCount(); ++i)
@@ -89,7 +89,7 @@ void StackAtoms(CAtoms& atoms)
 
 } // namespace
 
-TEST_F(ViewPicture, Direct2DLaysLaterAtomsOverEarlierOnes)
+TEST_F(ViewPicture, Direct2DDrawsLaterAtomsOverEarlierOnes)
 {
     ShowDirect2D();
     Open({260, 160}, 300, 200);
@@ -99,7 +99,7 @@ TEST_F(ViewPicture, Direct2DLaysLaterAtomsOverEarlierOnes)
     ExpectScreen(MakeScene(c_fEdgeDirect2D));
 }
 
-TEST_F(ViewPicture, GdiLaysLaterAtomsOverEarlierOnes)
+TEST_F(ViewPicture, GdiDrawsLaterAtomsOverEarlierOnes)
 {
     GetDirect2DSpy().hrFactory = E_FAIL;
     Open({260, 160}, 300, 200);
@@ -109,7 +109,7 @@ TEST_F(ViewPicture, GdiLaysLaterAtomsOverEarlierOnes)
     ExpectScreen(MakeScene(c_fEdgeGdi));
 }
 
-TEST_F(ViewPicture, ANewBackgroundColourShowsAtOnce)
+TEST_F(ViewPicture, ANewBackgroundColourIsShownAtOnce)
 {
     ShowDirect2D();
     Open({260, 160}, 300, 200);
@@ -138,7 +138,7 @@ CComPtr<ID2D1SolidColorBrush> MakeBrush(ID2D1HwndRenderTarget* pTarget, COLORREF
 
 } // namespace
 
-// Direct2D is asked for every atom, seen or not, in frames of this test's own on the very same target.
+// The test draws its own frames with every atom, visible or not, on the same target.
 TEST_F(ViewPicture, Direct2DShowsTheSameWithoutCulling)
 {
     ShowDirect2D();
@@ -155,7 +155,7 @@ TEST_F(ViewPicture, Direct2DShowsTheSameWithoutCulling)
         GetShown(), [this] { m_pView->OnEraseBackground(); },
         [&](const CPixels& pixels) { return Compare(expected, pixels).iWrong == 0; });
 
-    // Something else first, so that the culled frame cannot be taken for the one without culling.
+    // Draws white first, so that the culled frame cannot be mistaken for the frame without culling.
     ID2D1HwndRenderTarget* const pTarget = GetDirect2DSpy().pRealTarget;
     const CSize<int> size = GetClient();
     const D2D1_RECT_F rcAll{0.0F, 0.0F, static_cast<float>(size.cx), static_cast<float>(size.cy)};

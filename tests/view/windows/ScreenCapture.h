@@ -7,7 +7,7 @@
 #include <functional>
 #include <vector>
 
-// Pixels as they lie on the screen or in a device context, row by row from the top.
+// The pixels of the screen or of a device context, row by row from the top.
 struct CPixels
 {
     int iWidth{};
@@ -18,16 +18,16 @@ struct CPixels
     bool operator==(const CPixels&) const = default;
 };
 
-// The client area in screen coordinates, left edge on the left also where the x axis of the window runs to the left.
+// The client area in screen coordinates. Its left edge is on the left even in a mirrored window.
 RECT GetClientAreaOnScreen(HWND hWnd);
 
-// What the screen shows where the window's client area lies. The window must be on top.
+// Captures the window's client area from the screen. The window must be on top.
 CPixels CaptureClientArea(HWND hWnd);
 
-// Captures the client area again and again until accept is content, and gives up after some seconds. What is drawn
-// reaches the screen when the display gets round to it: a render target has a thread of its own, and a new window is
-// shown a moment after it is made. Before each capture draw may draw the frame again.
+// Captures the client area repeatedly until accept returns true, and gives up after some seconds. Drawings reach the
+// screen with a delay: a render target has a thread of its own, and a new window becomes visible a moment after its
+// creation. Before each capture, draw may draw the frame again.
 CPixels CaptureUntil(HWND hWnd, const std::function<void()>& draw, const std::function<bool(const CPixels&)>& accept);
 
-// The left top width x height pixels of a device context.
+// The top left width x height pixels of a device context.
 CPixels CaptureContext(HDC hDc, int iX, int iY, int iWidth, int iHeight);

@@ -1,6 +1,6 @@
 #include "tests/view/windows/CScrollingTest.h"
 
-// Which scroll bars the view has, their ranges, and where they leave the world.
+// Tests which scroll bars the view has, their ranges, and the resulting position of the world.
 
 namespace
 {
@@ -18,7 +18,7 @@ TEST_F(WorldViewScrollBars, ASmallerWorldHasNoBarsAndIsCentred)
     EXPECT_EQ(m_pView->GetWorldRect(), (CRect{100, 99, 400, 300}));
 }
 
-TEST_F(WorldViewScrollBars, AWiderWorldHasOnlyTheHorizontalBarAndIsCentredInTheHeightLeft)
+TEST_F(WorldViewScrollBars, AWiderWorldHasOnlyTheHorizontalBarAndIsCentredInTheRemainingHeight)
 {
     Open({1000, 100}, 500, 400);
     EXPECT_TRUE(HasBar(WS_HSCROLL));
@@ -30,7 +30,7 @@ TEST_F(WorldViewScrollBars, AWiderWorldHasOnlyTheHorizontalBarAndIsCentredInTheH
     EXPECT_EQ(GetBar(SB_HORZ).nPage, 500U);
 }
 
-TEST_F(WorldViewScrollBars, AHigherWorldHasOnlyTheVerticalBarAndIsCentredInTheWidthLeft)
+TEST_F(WorldViewScrollBars, AHigherWorldHasOnlyTheVerticalBarAndIsCentredInTheRemainingWidth)
 {
     Open({100, 1000}, 500, 400);
     EXPECT_FALSE(HasBar(WS_HSCROLL));
@@ -52,12 +52,12 @@ TEST_F(WorldViewScrollBars, ALargerWorldHasBothBarsOverItsWholeRange)
     ExpectPosition(0, 0);
 }
 
-TEST_F(WorldViewScrollBars, TheBarsGoWhenTheViewGrowsAndComeBackWhenItShrinks)
+TEST_F(WorldViewScrollBars, TheBarsDisappearWhenTheViewGrowsAndReappearWhenItShrinks)
 {
     Open({400, 300}, 200, 100);
     EXPECT_TRUE(HasBar(WS_HSCROLL));
     EXPECT_TRUE(HasBar(WS_VSCROLL));
-    // Exactly as large as the world: only without the bars does it fit.
+    // Exactly as large as the world, which fits only without the bars.
     MoveView(0, 0, 400, 300);
     EXPECT_FALSE(HasBar(WS_HSCROLL));
     EXPECT_FALSE(HasBar(WS_VSCROLL));
@@ -67,8 +67,8 @@ TEST_F(WorldViewScrollBars, TheBarsGoWhenTheViewGrowsAndComeBackWhenItShrinks)
     EXPECT_TRUE(HasBar(WS_VSCROLL));
 }
 
-// A world that has become smaller must not keep the bars of the one before, though they have made the view narrower.
-TEST_F(WorldViewScrollBars, TheBarsGoWhenTheNextWorldFits)
+// A smaller world must not keep the previous world's bars, even though these bars have made the view narrower.
+TEST_F(WorldViewScrollBars, TheBarsDisappearWhenTheNextWorldFits)
 {
     Open({512, 512}, 200, 200);
     EXPECT_TRUE(HasBar(WS_HSCROLL));
@@ -108,7 +108,7 @@ TEST_F(WorldViewScrollBars, ShrinkingTheViewUntilABarIsShownKeepsThePositionInTh
     EXPECT_EQ(m_pView->GetWorldRect().top, -GetBar(SB_VERT).nPos);
 }
 
-TEST_F(WorldViewScrollBars, WithoutScrollingALargerWorldIsCentredAndTheBarsStayAsTheyAre)
+TEST_F(WorldViewScrollBars, WithoutScrollingALargerWorldIsCentredAndTheBarsStay)
 {
     OpenLarge();
     Scatter(3, 5);

@@ -1,6 +1,6 @@
 #include "tests/view/windows/CScrollingTest.h"
 
-// What moves the world behind the view: the bars, their thumbs and the wheel.
+// Tests everything that scrolls the world: the bars, their thumbs and the wheel.
 
 namespace
 {
@@ -48,7 +48,7 @@ TEST_F(WorldViewScrolling, EachRequestOfTheHorizontalBarMovesTheWorld)
     ExpectPosition(0, 0);
 }
 
-TEST_F(WorldViewScrolling, ReleasingTheThumbAndTheEndOfScrollingDoNothingAtAll)
+TEST_F(WorldViewScrolling, ReleasingTheThumbAndTheEndOfScrollingDoNothing)
 {
     OpenLarge();
     Scatter(3, 5);
@@ -62,7 +62,8 @@ TEST_F(WorldViewScrolling, ReleasingTheThumbAndTheEndOfScrollingDoNothingAtAll)
     EXPECT_EQ(GetDirect2DSpy().iBeginDraw, iFrames);
 }
 
-// Outside a drag the system reports the present position as the dragged one: the world stays, but is drawn again.
+// Outside a drag the system reports the current position as the dragged position. The world does not move but is drawn
+// again.
 TEST_F(WorldViewScrolling, DraggingFollowsThePositionThatTheSystemReports)
 {
     OpenLarge();
@@ -76,15 +77,15 @@ TEST_F(WorldViewScrolling, DraggingFollowsThePositionThatTheSystemReports)
     EXPECT_EQ(GetDirect2DSpy().iBeginDraw, iFrames + 1);
 }
 
-// The system's own drag loop: the button goes down on the thumb, the mouse moves, the button goes up. The world follows
-// the mouse at once, and letting go changes nothing any more.
+// Runs the system's own drag loop: press the button on the thumb, move the mouse, release the button. The world follows
+// the mouse at once, and the release changes nothing.
 TEST_F(WorldViewScrolling, DraggingTheThumbMovesTheWorld)
 {
     OpenLarge();
     RECT rcWindow{};
     GetWindowRect(GetViewHandle(), &rcWindow);
     constexpr int c_iIntoThumb = 4;
-    constexpr int c_iDrag = 60; // pixels, of about 200 that the thumb can travel
+    constexpr int c_iDrag = 60; // pixels; the thumb can travel about 200
     const POINT ptScreen{rcWindow.right - m_iBarWidth / 2,
                          rcWindow.top + GetSystemMetrics(SM_CYVSCROLL) + c_iIntoThumb};
     POINT ptClient = ptScreen;
@@ -99,7 +100,7 @@ TEST_F(WorldViewScrolling, DraggingTheThumbMovesTheWorld)
     ExpectPosition(0, GetBar(SB_VERT).nPos);
 }
 
-TEST_F(WorldViewScrolling, AnUnknownRequestOnlyDrawsAgain)
+TEST_F(WorldViewScrolling, AnUnknownRequestOnlyRedraws)
 {
     OpenLarge();
     SetPosition(SB_VERT, 1000);

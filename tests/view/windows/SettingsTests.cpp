@@ -25,7 +25,7 @@ protected:
 
     bool LogIs(const wchar_t* sText) const { return m_pParent->GetLog() == sText; }
 
-    // A frame on the render target counts as one by Direct2D.
+    // A frame on the render target counts as drawn by Direct2D.
     bool NextFrameUsesDirect2D()
     {
         const int iFrames = GetDirect2DSpy().iBeginDraw;
@@ -36,7 +36,7 @@ protected:
 
 } // namespace
 
-TEST_F(WorldViewSettings, AGoodStartMakesFactoryTargetAndBrushesOnceAndDrawsAFrame)
+TEST_F(WorldViewSettings, ASuccessfulStartCreatesFactoryTargetAndBrushesOnceAndDrawsAFrame)
 {
     EXPECT_TRUE(Start_Speed());
     EXPECT_TRUE(LogIs(L""));
@@ -48,7 +48,7 @@ TEST_F(WorldViewSettings, AGoodStartMakesFactoryTargetAndBrushesOnceAndDrawsAFra
     EXPECT_EQ(GetDirect2DSpy().iUnexpected, 0);
 }
 
-TEST_F(WorldViewSettings, FactoryAndTargetAreKeptAndBrushesAreMadeAnew)
+TEST_F(WorldViewSettings, TheNextStartKeepsFactoryAndTargetAndReplacesTheBrushes)
 {
     ASSERT_TRUE(Start_Speed());
     const int iBrushes = GetDirect2DSpy().iSolidBrushes;
@@ -60,7 +60,7 @@ TEST_F(WorldViewSettings, FactoryAndTargetAreKeptAndBrushesAreMadeAnew)
     EXPECT_EQ(GetDirect2DSpy().closed, (std::vector<std::string>{"brush", "brush", "brush"}));
 }
 
-TEST_F(WorldViewSettings, NoBrushIsMadeBetweenFrames)
+TEST_F(WorldViewSettings, FramesCreateNoBrushes)
 {
     ASSERT_TRUE(Start_Speed());
     const int iBrushes = GetDirect2DSpy().iSolidBrushes;
@@ -69,7 +69,7 @@ TEST_F(WorldViewSettings, NoBrushIsMadeBetweenFrames)
     EXPECT_EQ(GetDirect2DSpy().iSolidBrushes, iBrushes);
 }
 
-TEST_F(WorldViewSettings, RefusedFactorsEndTheCallBeforeDirect2DAndBeforeDrawing)
+TEST_F(WorldViewSettings, RefusedFactorsEndTheCallBeforeDirect2DAndDrawing)
 {
     EXPECT_FALSE(Start_Fixed(L"10", L"20", L"30"));
     EXPECT_FALSE(Start_Fixed(L"10", L"", L""));
@@ -89,7 +89,7 @@ TEST_F(WorldViewSettings, AnUnknownColourModeIsRefused)
     EXPECT_TRUE(GetDirect2DSpy().ellipses.empty());
 }
 
-TEST_F(WorldViewSettings, TheNewWorldSizeCountsFromTheNextStartOn)
+TEST_F(WorldViewSettings, ANewWorldSizeTakesEffectWithTheNextStart)
 {
     m_sizeWorld = {100, 50};
     ASSERT_TRUE(Start_Speed());
@@ -97,7 +97,7 @@ TEST_F(WorldViewSettings, TheNewWorldSizeCountsFromTheNextStartOn)
     EXPECT_EQ(m_pView->GetWorldRect(), (CRect{100, 75, 200, 125}));
 }
 
-TEST_F(WorldViewSettings, AFactoryThatFailsIsWrittenToTheLogAndTheViewDrawsWithoutDirect2D)
+TEST_F(WorldViewSettings, AFailedFactoryIsLoggedAndTheViewDrawsWithoutDirect2D)
 {
     GetDirect2DSpy().hrFactory = c_hrFailure;
     EXPECT_FALSE(Start_Speed());
@@ -106,14 +106,14 @@ TEST_F(WorldViewSettings, AFactoryThatFailsIsWrittenToTheLogAndTheViewDrawsWitho
     EXPECT_FALSE(NextFrameUsesDirect2D());
 }
 
-TEST_F(WorldViewSettings, AFactoryThatIsMissingWithoutAnErrorIsAFailureToo)
+TEST_F(WorldViewSettings, ANullFactoryWithoutAnErrorIsAFailureToo)
 {
     GetDirect2DSpy().bNullFactory = true;
     EXPECT_FALSE(Start_Speed());
     EXPECT_TRUE(LogIs(L"Error : D2D1CreateFactory() returned 0x0\n"));
 }
 
-TEST_F(WorldViewSettings, ARenderTargetThatFailsIsWrittenToTheLogAndTheViewDrawsWithoutDirect2D)
+TEST_F(WorldViewSettings, AFailedRenderTargetIsLoggedAndTheViewDrawsWithoutDirect2D)
 {
     GetDirect2DSpy().hrRenderTarget = c_hrFailure;
     EXPECT_FALSE(Start_Speed());
@@ -122,14 +122,14 @@ TEST_F(WorldViewSettings, ARenderTargetThatFailsIsWrittenToTheLogAndTheViewDraws
     EXPECT_FALSE(NextFrameUsesDirect2D());
 }
 
-TEST_F(WorldViewSettings, ARenderTargetThatIsMissingWithoutAnErrorIsAFailureToo)
+TEST_F(WorldViewSettings, ANullRenderTargetWithoutAnErrorIsAFailureToo)
 {
     GetDirect2DSpy().bNullRenderTarget = true;
     EXPECT_FALSE(Start_Speed());
     EXPECT_TRUE(LogIs(L"Error : CreateHwndRenderTarget() returned 0x0\n"));
 }
 
-TEST_F(WorldViewSettings, EachBrushThatFailsIsWrittenToTheLogAndTheOthersAreStillMade)
+TEST_F(WorldViewSettings, EachFailedBrushIsLoggedAndTheOthersAreStillCreated)
 {
     GetDirect2DSpy().brushes = {c_hrFailure, S_OK, c_hrFailure};
     EXPECT_FALSE(Start_Speed());
@@ -141,7 +141,7 @@ TEST_F(WorldViewSettings, EachBrushThatFailsIsWrittenToTheLogAndTheOthersAreStil
     EXPECT_TRUE(LogIs(L"Error : CreateSolidColorBrush(m_pAtomColourSettings[1].cr) returned 0x80004005\n"));
 }
 
-TEST_F(WorldViewSettings, ABrushThatIsMissingWithoutAnErrorIsAFailureToo)
+TEST_F(WorldViewSettings, ANullBrushWithoutAnErrorIsAFailureToo)
 {
     ASSERT_TRUE(Start_Speed());
     m_pParent->GetLog().clear();
@@ -163,7 +163,7 @@ TEST_F(WorldViewSettings, AClassWithoutABrushStaysInvisibleAndTheOthersAreDrawn)
     EXPECT_EQ(GetDirect2DSpy().ellipses.size(), 3U);
 }
 
-TEST_F(WorldViewSettings, FailuresWithoutADebugLogAreJustFailures)
+TEST_F(WorldViewSettings, FailuresWithoutADebugLogOnlyReturnFalse)
 {
     m_pView.reset();
     CPainterDirect2D painter(CreateSpyFactory);
@@ -171,7 +171,7 @@ TEST_F(WorldViewSettings, FailuresWithoutADebugLogAreJustFailures)
     EXPECT_FALSE(painter.Prepare(m_pParent->GetWindowHandle(), CColourSettings{}, nullptr));
 }
 
-TEST_F(WorldViewSettings, EveryFailureIsOverAtTheNextStart)
+TEST_F(WorldViewSettings, TheNextStartRecoversFromEveryFailure)
 {
     GetDirect2DSpy().hrFactory = c_hrFailure;
     EXPECT_FALSE(Start_Speed());
@@ -188,7 +188,7 @@ TEST_F(WorldViewSettings, EveryFailureIsOverAtTheNextStart)
 TEST_F(WorldViewSettings, ABackdropThatCannotBeTiledDropsTheTargetWithinTheFrame)
 {
     GetDirect2DSpy().hrBitmap = c_hrFailure;
-    EXPECT_TRUE(Start_Speed()); // the brushes were made; only the frame has failed
+    EXPECT_TRUE(Start_Speed()); // the brushes were created; only the frame failed
     EXPECT_EQ(GetDirect2DSpy().iBeginDraw, 1);
     EXPECT_EQ(GetDirect2DSpy().iEndDraw, 0);
     EXPECT_TRUE(GetDirect2DSpy().ellipses.empty());
@@ -197,7 +197,7 @@ TEST_F(WorldViewSettings, ABackdropThatCannotBeTiledDropsTheTargetWithinTheFrame
     EXPECT_FALSE(NextFrameUsesDirect2D());
 }
 
-TEST_F(WorldViewSettings, ADroppedTargetIsMadeAgainByTheNextStart)
+TEST_F(WorldViewSettings, TheNextStartRecreatesADroppedTarget)
 {
     GetDirect2DSpy().hrBitmap = c_hrFailure;
     Start_Speed();
@@ -209,9 +209,9 @@ TEST_F(WorldViewSettings, ADroppedTargetIsMadeAgainByTheNextStart)
     EXPECT_TRUE(NextFrameUsesDirect2D());
 }
 
-TEST_F(WorldViewSettings, AWorldThatCannotBeFilledLeavesTheAtomsOutButEndsTheFrame)
+TEST_F(WorldViewSettings, IfTheWorldCannotBeFilledTheFrameEndsWithoutAtoms)
 {
-    GetDirect2DSpy().brushes = {S_OK, S_OK, S_OK, c_hrFailure}; // the fourth is the world's
+    GetDirect2DSpy().brushes = {S_OK, S_OK, S_OK, c_hrFailure}; // the fourth brush fills the world
     EXPECT_TRUE(Start_Speed());
     EXPECT_EQ(GetDirect2DSpy().iEndDraw, 1);
     EXPECT_TRUE(GetDirect2DSpy().ellipses.empty());
@@ -219,8 +219,8 @@ TEST_F(WorldViewSettings, AWorldThatCannotBeFilledLeavesTheAtomsOutButEndsTheFra
     EXPECT_EQ(GetDirect2DSpy().ellipses.size(), 4U);
 }
 
-// A driver update or a remote session takes the device away. Frames go on as if nothing had happened.
-TEST_F(WorldViewSettings, ATargetThatTheSystemHasTakenAwayIsMadeAgainByTheNextStart)
+// A driver update or a remote session removes the device. Frames are still drawn.
+TEST_F(WorldViewSettings, TheNextStartRecreatesATargetThatTheSystemHasRemoved)
 {
     ASSERT_TRUE(Start_Speed());
     GetDirect2DSpy().hrEndDraw = static_cast<HRESULT>(D2DERR_RECREATE_TARGET);
@@ -244,7 +244,7 @@ TEST_F(WorldViewSettings, OtherErrorsAtTheEndOfAFrameAreIgnored)
     EXPECT_EQ(GetDirect2DSpy().iRenderTargets, 1);
 }
 
-TEST_F(WorldViewSettings, ABackdropThatIsNotTiledIsLeftToGdi)
+TEST_F(WorldViewSettings, GdiDrawsABackdropThatIsNotTiled)
 {
     for (const EnumPicDrawMode eMode : {EnumPicDrawMode::Plain, EnumPicDrawMode::Fitted, EnumPicDrawMode::Stretched})
     {
@@ -255,7 +255,7 @@ TEST_F(WorldViewSettings, ABackdropThatIsNotTiledIsLeftToGdi)
     }
 }
 
-// What the system offers; on a machine without Direct2D this is the failure that the view lives with.
+// Uses the real system. On a machine without Direct2D, creating the factory fails and the view draws without it.
 TEST_F(WorldViewSettings, TheSystemsOwnFactoryIsTheDefault)
 {
     m_pView = std::make_unique<CWndWorldView>(m_pParent.get(), m_sizeWorld, m_atoms);

@@ -23,7 +23,7 @@ CExpectedPicture::CExpectedPicture(const CExpectedScene& scene, const CAtoms& at
 
 void CExpectedPicture::DrawAtom(const CExpectedScene& scene, const CAtom& atom, COLORREF cr)
 {
-    constexpr double c_dHalf = 0.5; // a pixel's centre lies half a pixel from its corner
+    constexpr double c_dHalf = 0.5; // distance of a pixel's centre from its corner
     const double dX = static_cast<double>(scene.rcWorld.left) + static_cast<double>(atom.x);
     const double dY = static_cast<double>(scene.rcWorld.top) + static_cast<double>(atom.y);
     const double dTolerance = static_cast<double>(scene.fTolerance);

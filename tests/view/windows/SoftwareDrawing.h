@@ -10,12 +10,12 @@
 #include <functional>
 #include <vector>
 
-// A picture of the view made in the plainest way: pixel by pixel, a pixel belonging to an atom when its centre lies
-// inside the circle, later atoms over earlier ones.
+// A reference picture of the view, computed pixel by pixel. A pixel belongs to an atom if its centre lies inside the
+// circle; later atoms cover earlier ones.
 struct CExpectedPixel
 {
     COLORREF cr{};
-    bool bEdge{}; // so near to a circle's edge that smoothing or rounding may colour it otherwise
+    bool bEdge{}; // so near to a circle's edge that anti-aliasing or rounding may change its colour
 };
 
 struct CExpectedScene
@@ -36,7 +36,7 @@ public:
     const CExpectedPixel& Get(int x, int y) const;
 
 private:
-    // In the pixels, which stand row by row.
+    // The index of a pixel; pixels are stored row by row.
     std::size_t IndexOf(int x, int y) const
     {
         return static_cast<std::size_t>(y) * static_cast<std::size_t>(m_size.cx) + static_cast<std::size_t>(x);

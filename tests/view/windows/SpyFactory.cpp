@@ -11,7 +11,7 @@
 namespace
 {
 
-// Reference counting of a spy: it starts with one reference, and its end is written down.
+// Reference counting of a spy: it starts with one reference, and its destruction is recorded.
 class CSpyCount
 {
 public:
@@ -43,7 +43,7 @@ std::set<const ID2D1Brush*>& GetLiveBrushes()
     return s_brushes;
 }
 
-// COM interfaces have no virtual destructor: their objects end themselves at the last Release.
+// COM interfaces have no virtual destructor: their objects delete themselves at the last Release.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
@@ -87,7 +87,7 @@ private:
 
 #pragma GCC diagnostic pop
 
-// Null for the brushes that are not spied on.
+// Null for brushes without a spy.
 CSpyBrush* AsSpy(ID2D1Brush* pBrush)
 {
     return GetLiveBrushes().count(pBrush) != 0 ? static_cast<CSpyBrush*>(pBrush) : nullptr;

@@ -6,8 +6,8 @@
 
 #include <d2d1.h>
 
-// Direct2D objects whose every operation is refused and counted as unexpected. The spies derive from them and replace
-// what the painters are allowed to use.
+// Direct2D objects that refuse every operation and count it as unexpected. The spies derive from them and override the
+// operations that the painters may use.
 
 inline HRESULT RefuseDirect2D()
 {
@@ -15,7 +15,7 @@ inline HRESULT RefuseDirect2D()
     return E_NOTIMPL;
 }
 
-// COM interfaces have no virtual destructor: their objects end themselves at the last Release.
+// COM interfaces have no virtual destructor: their objects delete themselves at the last Release.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 

@@ -1,4 +1,4 @@
-// What a screen reader is told, through the system's own interface for it.
+// Tests the information for screen readers, through the system's own accessibility interface.
 #include "classes/windows/system/Handles.h"
 #include "tests/classes/windows/WindowsTestEnvironment.h"
 
@@ -60,7 +60,7 @@ protected:
 };
 } // namespace
 
-TEST_F(Accessibility, ColourButtonsAndTheStartButtonSayTheirNameRoleAndState)
+TEST_F(Accessibility, ColourButtonsAndTheStartButtonReportTheirNameRoleAndState)
 {
     CDataCtrlGroup& panel = m_Main.GetPanel();
     EXPECT_EQ(NameOf(m_Main.GetStartButton().GetWindowHandle()), L"Start");
@@ -96,7 +96,7 @@ TEST_F(Accessibility, TheDefaultActionPressesTheButton)
     EXPECT_EQ(m_Main.m_notices[0].hFrom, m_Main.GetStartButton().GetWindowHandle());
 }
 
-TEST_F(Accessibility, AGreyedButtonSaysSo)
+TEST_F(Accessibility, AGreyedButtonReportsThatItIsUnavailable)
 {
     CDataCtrlGroup& panel = m_Main.GetPanel();
     panel.ShowState_SetState(13, EnumShowState::Greyed);
@@ -105,7 +105,7 @@ TEST_F(Accessibility, AGreyedButtonSaysSo)
     EXPECT_NE(state.lVal & STATE_SYSTEM_UNAVAILABLE, 0);
 }
 
-TEST_F(Accessibility, AnObjectThatOutlivesItsButtonFailsInsteadOfReachingIt)
+TEST_F(Accessibility, AnObjectThatOutlivesItsButtonFailsAndDoesNotAccessTheButton)
 {
     CComPtr<IAccessible> pObject;
     {
@@ -121,8 +121,8 @@ TEST_F(Accessibility, AnObjectThatOutlivesItsButtonFailsInsteadOfReachingIt)
     EXPECT_TRUE(FAILED(pObject->accDoDefaultAction(Self())));
 }
 
-// Screen readers name an entry or list by the static text that stands just before it among its siblings.
-TEST_F(Accessibility, BeforeEachEntryAndListStandsAVisibleLabelWithItsText)
+// Screen readers name an entry or list after the static text directly before it among its siblings.
+TEST_F(Accessibility, EachEntryAndListDirectlyFollowsAVisibleLabelWithItsName)
 {
     CDataCtrlGroup& panel = m_Main.GetPanel();
     for (const short i : m_Main.GetRows())
@@ -141,7 +141,7 @@ TEST_F(Accessibility, BeforeEachEntryAndListStandsAVisibleLabelWithItsText)
     }
 }
 
-TEST_F(Accessibility, EveryEntryIsCalledByItsLabel)
+TEST_F(Accessibility, TheNameOfEveryEntryIsItsLabel)
 {
     CDataCtrlGroup& panel = m_Main.GetPanel();
     for (const short i : std::initializer_list<short>{1, 2, 6, 7, 8, 12, 14, 16})
@@ -150,7 +150,7 @@ TEST_F(Accessibility, EveryEntryIsCalledByItsLabel)
     }
 }
 
-TEST_F(Accessibility, TheListIsCalledByItsLabel)
+TEST_F(Accessibility, TheNameOfTheListIsItsLabel)
 {
     CDataCtrlGroup& panel = m_Main.GetPanel();
     EXPECT_EQ(NameOf(panel.GetCtrlHandle(L"Colour mode", 0)), L"Colour mode");

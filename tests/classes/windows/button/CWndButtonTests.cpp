@@ -67,7 +67,7 @@ TEST_F(WndButton, TheMouseReleasedOutsideDoesNotPressIt)
     EXPECT_TRUE(m_Main.m_notices.empty());
     PostMessageW(m_hButton, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
     m_Main.Pump();
-    EXPECT_TRUE(m_Main.m_notices.empty()) << "a release without a press before it";
+    EXPECT_TRUE(m_Main.m_notices.empty()) << "a release without a press";
 }
 
 TEST_F(WndButton, SpaceReleasedAfterTheFocusHasLeftDoesNotPressIt)
@@ -92,8 +92,8 @@ TEST_F(WndButton, ADisabledButtonDoesNotClick)
     EXPECT_EQ(m_Main.m_notices.size(), 1u);
 }
 
-// Stopping disables the button for a moment: afterwards the keyboard must still work, and from where it was.
-TEST_F(WndButton, DisabledWithTheFocusItLeavesItToTheMainWindowAndTakesItBack)
+// A stop disables the button for a moment. The keyboard must work meanwhile, and the focus must return to the button.
+TEST_F(WndButton, DisablingItMovesTheFocusToTheMainWindowAndEnablingItReturnsTheFocus)
 {
     EnableWindow(m_hButton, FALSE);
     EXPECT_EQ(GetFocus(), m_Main.GetWindowHandle());
@@ -131,14 +131,14 @@ TEST_F(WndButton, ItsTextIsTheWindowsText)
     EXPECT_EQ(m_Main.GetStartButton().GetAccessibleName().Get(), L"Go");
 }
 
-TEST_F(WndButton, TheFontItIsGivenIsTheFontItNames)
+TEST_F(WndButton, ItReturnsTheFontThatWasSet)
 {
     const HFONT hFont = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
     SendMessageW(m_hButton, WM_SETFONT, reinterpret_cast<WPARAM>(hFont), TRUE);
     EXPECT_EQ(reinterpret_cast<HFONT>(SendMessageW(m_hButton, WM_GETFONT, 0, 0)), hFont);
 }
 
-TEST_F(WndButton, ItShowsItsColourAtOnceAndWritesOnItInBlackOrWhite)
+TEST_F(WndButton, ItShowsItsColourAtOnceAndItsTextInBlackOrWhite)
 {
     CWndButton& button = m_Main.GetStartButton();
     SetFocus(m_Main.GetWindowHandle());
@@ -159,8 +159,8 @@ TEST_F(WndButton, TheFocusIsVisible)
     EXPECT_NE(GetShownPixel(m_hButton, 60, 0), crWith);
 }
 
-// What the parent throws must not pass through the system's frames: the click comes to its end.
-TEST_F(WndButton, AParentThatThrowsDoesNotHarmIt)
+// An exception in the parent must not pass through the system's stack frames: the click completes.
+TEST_F(WndButton, AnExceptionInItsParentDoesNotHarmIt)
 {
     m_Main.m_bThrowOnNotify = true;
     EXPECT_NO_THROW(SendMessageW(m_hButton, BM_CLICK, 0, 0));
@@ -169,7 +169,7 @@ TEST_F(WndButton, AParentThatThrowsDoesNotHarmIt)
     EXPECT_EQ(GetCapture(), nullptr);
 }
 
-TEST_F(WndButton, ItIsMadeOnlyOnceAndOnlyWithAParent)
+TEST_F(WndButton, ItCanBeCreatedOnlyOnceAndOnlyWithAParent)
 {
     EXPECT_FALSE(m_Main.AddButton());
     CWndButton other;
@@ -180,8 +180,8 @@ TEST_F(WndButton, ItIsMadeOnlyOnceAndOnlyWithAParent)
     EXPECT_TRUE(other.GetText().IsEmpty());
 }
 
-// Its corners show the texture of the main window, in the same place as the window itself.
-TEST_F(WndButton, BehindItsCornersTheBackdropGoesOnWithoutASeam)
+// Its corners show the main window's texture, aligned with the main window.
+TEST_F(WndButton, TheBackdropContinuesSeamlesslyBehindItsCorners)
 {
     const RECT rc = CWndCommon::GetBackdropRect(m_hButton, m_Main.GetWindowHandle());
     const SIZE size = m_Main.GetBackdrop()->GetSize();

@@ -10,7 +10,7 @@
 
 namespace
 {
-constexpr DWORD c_dwPatience = 100000; // ms, far beyond what the report allows itself
+constexpr DWORD c_dwPatience = 100000; // ms, far longer than the report's own time limits
 std::filesystem::path GetOwnFolder()
 {
     wchar_t sPath[MAX_PATH] = L"";
@@ -25,7 +25,7 @@ CCrashedProgram::CCrashedProgram(const std::filesystem::path& folder, const std:
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
     const std::filesystem::path program = GetOwnFolder() / "kinetarium-crashing.exe";
-    // A backslash before the closing quotation mark would take its meaning away: two of them mean one.
+    // A single backslash before the closing quotation mark would escape it, so the backslash is doubled.
     std::wstring sCommand = L"\"" + program.wstring() + L"\" \"" + folder.wstring() + L"\\\\\" " + sHow;
     if (!CreateProcessW(program.c_str(), sCommand.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                         &process))
@@ -72,7 +72,7 @@ CEmptyFolder::CEmptyFolder()
 
 CEmptyFolder::~CEmptyFolder()
 {
-    std::error_code ignored; // what cannot be deleted stays in the folder for temporary files
+    std::error_code ignored; // files that cannot be deleted stay in the temporary folder
     std::filesystem::remove_all(m_path, ignored);
 }
 

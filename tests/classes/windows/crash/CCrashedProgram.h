@@ -6,27 +6,28 @@
 #include <string>
 #include <vector>
 
-// The program that crashes as it is told, in a process of its own.
+// The program that crashes on request, in a process of its own.
 class CCrashedProgram
 {
 public:
-    // Starts it; the report goes to the folder. Throws std::runtime_error when it cannot be started.
+    // Starts the program; the report goes to the folder. Throws std::runtime_error if the program cannot be started.
     CCrashedProgram(const std::filesystem::path& folder, const std::wstring& sHow);
     ~CCrashedProgram();
     CCrashedProgram(const CCrashedProgram&) = delete;
     CCrashedProgram& operator=(const CCrashedProgram&) = delete;
 
-    // Waits for its message box, reads its text and closes it. An empty text: the program has ended without one.
+    // Waits for the message box, reads its text and closes it. The text is empty if the program has ended without a
+    // message box.
     std::wstring CloseMessage() const;
 
-    // Waits for its end; 0 when it did not end in time.
+    // Waits for the program's end; 0 if it does not end in time.
     DWORD WaitForExit() const;
 
 private:
     HANDLE m_hProcess = nullptr;
 };
 
-// A folder that is empty at first and gone at last.
+// A folder that the constructor creates empty and the destructor deletes.
 class CEmptyFolder
 {
 public:
@@ -37,7 +38,7 @@ public:
 
     const std::filesystem::path& GetPath() const { return m_path; }
 
-    // Names in their order, of files with that ending; all of them without one.
+    // The sorted names of the files with that extension; of all files if it is empty.
     std::vector<std::string> List(const std::string& sEnding = {}) const;
 
     std::string Read(const std::string& sName) const;

@@ -4,7 +4,7 @@
 
 namespace
 {
-constexpr DWORD c_dwPatience = 100000; // ms, far beyond what the report allows itself
+constexpr DWORD c_dwPatience = 100000; // ms, far longer than the report's own time limits
 constexpr DWORD c_dwLook = 20;         // ms
 
 struct CSearch

@@ -21,7 +21,7 @@ bool Contains(const std::wstring& sText, const std::wstring& sPart)
     return sText.find(sPart) != std::wstring::npos;
 }
 
-// The program has crashed in the way it was told: what it said, and what it left.
+// The message and the report of a program that has crashed on request.
 struct CCrashResult
 {
     CCrashResult(const CEmptyFolder& folder, const std::wstring& sHow)
@@ -50,7 +50,7 @@ struct CCrashResult
 class CrashReport : public testing::Test
 {
 protected:
-    // The dump of the crash, after a look at what every one of them holds.
+    // Reads the dump of the crash and checks the contents that every dump has.
     static CDumpContents CheckDump(const CCrashResult& result)
     {
         CDumpContents dump = ReadDump(result.dump);
@@ -65,7 +65,7 @@ protected:
 };
 } // namespace
 
-TEST_F(CrashReport, OfAnAccessViolationTellsWhatAndWhereWithADumpAndOneMessage)
+TEST_F(CrashReport, OfAnAccessViolationNamesErrorAndPlaceAndComesWithADumpAndOneMessage)
 {
     const CCrashResult result(m_folder, L"access");
     EXPECT_EQ(result.exitCode, c_dwAccessViolation);
@@ -82,14 +82,14 @@ TEST_F(CrashReport, OfAnAccessViolationTellsWhatAndWhereWithADumpAndOneMessage)
     EXPECT_TRUE(result.Says("\nMemory:    \\d+ MB taken by the program, \\d+ MB of [1-9]\\d* MB free\r\n"))
         << result.report;
 
-    // From the fault to the program's start.
+    // The calls lead from the fault to the program's start.
     std::smatch place;
     ASSERT_TRUE(std::regex_search(result.report, place, std::regex("Place:     (\\S+)\r\n"))) << result.report;
     EXPECT_NE(result.report.find("Calls, the innermost first:\r\n  " + place[1].str() + "\r\n"), std::string::npos)
         << result.report;
     EXPECT_TRUE(result.Says("\n  kernel32\\.dll\\+0x[0-9a-f]+\r\n")) << "the walk ends too early\n" << result.report;
 
-    // The dump beside it, and the message that names it.
+    // The dump lies beside the report, and the message names the report.
     const std::vector<std::string> names = m_folder.List();
     ASSERT_EQ(names.size(), 2u);
     EXPECT_TRUE(std::regex_match(names[1], std::regex("Crashing-crash-\\d{8}-\\d{6}\\.txt"))) << names[1];
@@ -120,7 +120,7 @@ TEST_F(CrashReport, OfADivisionByZeroNamesIt)
     EXPECT_TRUE(result.Says("\nError:     integer division by zero \\(0xc0000094\\)\r\n")) << result.report;
 }
 
-TEST_F(CrashReport, OfAnExceptionThatNobodyCatchesNamesItsTypeAndText)
+TEST_F(CrashReport, OfAnUncaughtExceptionNamesItsTypeAndText)
 {
     for (const wchar_t* sHow : {L"throw thread", L"noexcept"})
     {
@@ -135,7 +135,7 @@ TEST_F(CrashReport, OfAnExceptionThatNobodyCatchesNamesItsTypeAndText)
     }
 }
 
-TEST_F(CrashReport, OfACallOfTerminateSaysThatThereIsNoException)
+TEST_F(CrashReport, OfACallOfTerminateReportsThatThereIsNoException)
 {
     const CCrashResult result(m_folder, L"terminate");
     EXPECT_EQ(result.exitCode, c_dwException);
@@ -174,9 +174,9 @@ TEST_F(CrashReport, SixCrashesLeaveFivePairsAndForeignFilesStay)
     EXPECT_EQ(m_folder.Read("Crashing.ini"), "settings");
 }
 
-TEST_F(CrashReport, WhereTheFolderIsMissingTheMessageSaysSoAndTheProgramEnds)
+TEST_F(CrashReport, IfTheFolderIsMissingTheMessageReportsItAndTheProgramEnds)
 {
-    // Neither there, nor on a drive that there is, nor (under Wine) open to writing.
+    // A missing folder, a missing drive, and (under Wine) a folder that cannot be written.
     for (const std::filesystem::path& nowhere :
          {m_folder.GetPath() / "missing", std::filesystem::path("Q:\\vanished"), std::filesystem::path("Z:\\proc")})
     {
@@ -189,15 +189,15 @@ TEST_F(CrashReport, WhereTheFolderIsMissingTheMessageSaysSoAndTheProgramEnds)
     EXPECT_TRUE(m_folder.List().empty());
 }
 
-// The crash holds what everything else needs: there can be no report, but there must be an end.
-TEST_F(CrashReport, WhereTheHeapIsLockedForEverTheProgramStillEnds)
+// The crashing thread holds the heap's lock. A report is impossible, but the program must end.
+TEST_F(CrashReport, IfTheHeapStaysLockedTheProgramStillEnds)
 {
     const CCrashedProgram program(m_folder.GetPath(), L"locked thread");
     program.CloseMessage();
     EXPECT_EQ(program.WaitForExit(), c_dwAccessViolation);
 }
 
-TEST_F(CrashReport, WithoutACrashThereIsNone)
+TEST_F(CrashReport, IsNotWrittenWithoutACrash)
 {
     const CCrashedProgram program(m_folder.GetPath(), L"nothing");
     EXPECT_EQ(program.CloseMessage(), L"");
@@ -205,12 +205,12 @@ TEST_F(CrashReport, WithoutACrashThereIsNone)
     EXPECT_TRUE(m_folder.List().empty());
 }
 
-TEST(CrashStages, AStepThatFaultsOrThrowsHasFailedAndOneThatHangsHasTimedOut)
+TEST(CrashStages, AStepThatFaultsOrThrowsFailsAndAStepThatHangsTimesOut)
 {
     const CExceptionHandler handler(nullptr, false);
     CExceptionHandler::SetReporter([](const CUnhandledError&) {
         EndFaultedCrashStage();
-        TerminateProcess(GetCurrentProcess(), 1); // the fault was not taken for one of a step
+        TerminateProcess(GetCurrentProcess(), 1); // the fault was not attributed to a step
     });
     EXPECT_EQ(RunCrashStage([] {}, 10000), EnumStageEnd::Done);
     EXPECT_EQ(RunCrashStage([] { throw std::bad_alloc(); }, 10000), EnumStageEnd::Failed);

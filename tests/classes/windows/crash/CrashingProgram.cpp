@@ -1,8 +1,8 @@
-// A small program that ends in the way that it is told, for the tests of the crash report:
+// A small program that crashes in the requested way, for the tests of the crash report:
 //
 //   kinetarium-crashing FOLDER HOW [thread]
 //
-// FOLDER is where the report goes. With "thread" it happens on a second thread.
+// The report goes to FOLDER. With "thread" the crash happens on a second thread.
 
 #include "classes/core/CExceptionHandler.h"
 #include "classes/core/CrashNote.h"
@@ -25,7 +25,7 @@ constexpr int c_iNothingHappened = 91;
 void WriteToNowhere()
 {
     volatile int* pNowhere = nullptr;
-    *pNowhere = 1; // NOLINT(clang-analyzer-core.NullDereference): that is what it is for
+    *pNowhere = 1; // NOLINT(clang-analyzer-core.NullDereference): the fault is intended
 }
 
 void DivideByZero()
@@ -46,7 +46,7 @@ void DivideByZero()
     Throw();
 }
 
-// Nobody else can allocate any more, not even the start of a thread.
+// From now on no other thread can allocate, so not even a thread can start.
 void CrashWithLockedHeap()
 {
     HeapLock(GetProcessHeap());

@@ -4,7 +4,7 @@
 #include <dbghelp.h>
 #include <stdexcept>
 
-// Reads a minidump as a debugger begins to: header, directory, and the streams that matter here.
+// Reads the parts of a minidump that a debugger reads first: header, directory, and the streams that the tests need.
 
 namespace
 {
@@ -20,7 +20,7 @@ T ReadAt(const std::string& sBytes, std::size_t uPlace)
     return value;
 }
 
-// The place of a stream.
+// The location of a stream.
 std::size_t FindStream(const std::string& sBytes, const MINIDUMP_HEADER& header, DWORD dwType)
 {
     for (ULONG32 i = 0; i < header.NumberOfStreams; ++i)

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-// What a minidump says of itself. Throws std::runtime_error when it does not hold together.
+// The facts that the tests read from a minidump. Throws std::runtime_error if the dump is inconsistent.
 struct CDumpContents
 {
     DWORD exceptionCode = 0;

@@ -12,7 +12,7 @@ namespace
 constexpr int c_iTile = 4;
 constexpr COLORREF c_crGround = RGB(1, 2, 3);
 
-// A tile of 4 x 4 pixels, each of a colour of its own.
+// A tile of 4 x 4 pixels, each with a different colour.
 CPicture MakeTile()
 {
     std::vector<std::uint32_t> pixels;
@@ -35,7 +35,7 @@ COLORREF TileColour(int x, int y)
     return RGB(iColumn * 50, iRow * 60, 7);
 }
 
-// Something to draw on: 40 x 30 pixels of one colour.
+// A bitmap to draw on: 40 x 30 pixels of one colour.
 class CCanvas
 {
 public:
@@ -69,7 +69,7 @@ private:
 };
 } // namespace
 
-TEST(Picture, TilesBeginAtTheLeftTopCornerOfTheDrawingRectangleAndEndAtItsEdges)
+TEST(Picture, TilesBeginAtTheTopLeftCornerOfTheDrawingRectangleAndEndAtItsEdges)
 {
     CCanvas canvas;
     CPicture picture = MakeTile();
@@ -86,7 +86,7 @@ TEST(Picture, TilesBeginAtTheLeftTopCornerOfTheDrawingRectangleAndEndAtItsEdges)
     }
 }
 
-// A child window draws the main window's texture with a rectangle that begins left of and above itself.
+// A child window draws the main window's texture with a rectangle that begins to the left of and above the child.
 TEST(Picture, ADrawingRectangleThatBeginsOutsideKeepsItsTilesAligned)
 {
     CCanvas canvas;
@@ -118,7 +118,7 @@ TEST(Picture, TilesAreDrawnOnlyInsideTheClip)
     EXPECT_EQ(canvas.At(12, 10), c_crGround);
 }
 
-// As pixels it would take 400 MB each; a million of them would not fit any machine.
+// As pixels, each picture would take 400 MB; a million of them would not fit any machine.
 TEST(Picture, AHugeSolidPictureOwnsNoPixels)
 {
     constexpr int c_iMany = 1'000'000;
@@ -149,7 +149,7 @@ TEST(Picture, ASolidPictureFillsItsDrawingRectangle)
     EXPECT_EQ(canvas.At(0, 8), c_crGround);
 }
 
-TEST(Picture, ASolidPictureKeepsTheDrawingRectangleItWasGivenBefore)
+TEST(Picture, ASolidPictureKeepsItsEarlierDrawingRectangle)
 {
     CPicture picture;
     const RECT rc{5, 6, 70, 80};
@@ -163,7 +163,7 @@ TEST(Picture, ASolidPictureKeepsTheDrawingRectangleItWasGivenBefore)
     EXPECT_TRUE(EqualRect(&rcRead, &rcAtOrigin));
 }
 
-TEST(Picture, WithoutPictureContextOrRectangleNothingIsDrawn)
+TEST(Picture, WithoutAPictureAContextOrARectangleNothingIsDrawn)
 {
     CCanvas canvas;
     CPicture picture;
@@ -186,7 +186,7 @@ TEST(Picture, WithoutPictureContextOrRectangleNothingIsDrawn)
     EXPECT_EQ(canvas.At(0, 0), c_crGround);
 }
 
-TEST(Picture, PlainAndFittedAreCentredWhenAskedTo)
+TEST(Picture, PlainAndFittedPicturesAreCentredOnRequest)
 {
     CCanvas canvas;
     CPicture picture = MakeTile();
@@ -199,7 +199,7 @@ TEST(Picture, PlainAndFittedAreCentredWhenAskedTo)
 
     CCanvas fitted;
     ASSERT_TRUE(picture.DrawFitted(fitted.Get(), true, false));
-    EXPECT_EQ(fitted.At(3, 6), c_crGround) << "12 pixels high, so 12 wide: from 4 to 16";
+    EXPECT_EQ(fitted.At(3, 6), c_crGround) << "12 pixels high and wide: from 4 to 16";
     EXPECT_NE(fitted.At(4, 6), c_crGround);
     EXPECT_NE(fitted.At(15, 6), c_crGround);
     EXPECT_EQ(fitted.At(16, 6), c_crGround);
@@ -231,7 +231,7 @@ TEST(Picture, CopiesShareThePixelsButNotTheRectangle)
     EXPECT_FALSE(first.GetDrawingRect(&rcFirst, false));
 }
 
-TEST(Picture, TheProgramsOwnBackdropIsFoundByItsNumber)
+TEST(Picture, TheProgramsOwnBackdropIsFoundByItsResourceNumber)
 {
     CPicture picture;
     EXPECT_TRUE(picture.LoadFromResource(GetModuleHandleW(nullptr), 101));

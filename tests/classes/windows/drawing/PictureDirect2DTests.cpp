@@ -14,7 +14,7 @@ constexpr int c_iTile = 4;
 constexpr std::uint32_t c_uWhite = 0xFFFFFF;
 constexpr std::uint32_t c_uRed = 0xFF0000;
 
-// A red pixel in the left top corner of a white tile.
+// A white tile with a red pixel in its top left corner.
 CPicture MakeMarkedTile()
 {
     std::vector<std::uint32_t> pixels(static_cast<std::size_t>(c_iTile) * c_iTile, c_uWhite);
@@ -24,8 +24,8 @@ CPicture MakeMarkedTile()
     return picture;
 }
 
-// A window of its own with a render target on it: what Direct2D presents in a child window cannot be read back from the
-// screen everywhere.
+// A top-level window with a render target, because Direct2D's drawing in a child window cannot be read back from the
+// screen on every system.
 class PictureDirect2D : public testing::Test
 {
 protected:
@@ -61,8 +61,8 @@ protected:
         return pTarget;
     }
 
-    // Draws blue and then the picture, again and again until the pixel has that colour on the screen: the first frames
-    // of a new target may be lost on their way there.
+    // Draws blue and then the picture, repeatedly until the pixel has that colour on the screen. The first frames of a
+    // new target may not reach the screen.
     bool DrawUntilShown(const CPicture& picture, int x, int y, COLORREF crExpected)
     {
         constexpr D2D1_COLOR_F c_blue{0.0F, 0.0F, 1.0F, 1.0F};
@@ -81,7 +81,7 @@ protected:
 
     static constexpr int c_iWidth = 60;
     static constexpr int c_iHeight = 40;
-    CPicture m_Shown; // what stood on the screen last
+    CPicture m_Shown; // the latest capture of the screen
     CTestMainWindow m_Main;
     HWND m_hWnd = nullptr;
     CComPtr<ID2D1Factory> m_pFactory;
@@ -89,7 +89,7 @@ protected:
 };
 } // namespace
 
-TEST_F(PictureDirect2D, TilesBeginAtTheLeftTopCornerOfTheDrawingRectangle)
+TEST_F(PictureDirect2D, TilesBeginAtTheTopLeftCornerOfTheDrawingRectangle)
 {
     CPicture picture = MakeMarkedTile();
     const RECT rc{-3, -2, 30, 21};
@@ -107,7 +107,7 @@ TEST_F(PictureDirect2D, TilesBeginAtTheLeftTopCornerOfTheDrawingRectangle)
     }
 }
 
-TEST_F(PictureDirect2D, ASolidPictureFillsAndTakesANewColour)
+TEST_F(PictureDirect2D, ASolidPictureFillsItsRectangleAndCanChangeItsColour)
 {
     CPicture picture;
     for (const COLORREF cr : {RGB(255, 0, 0), RGB(0, 255, 0)})
@@ -117,8 +117,8 @@ TEST_F(PictureDirect2D, ASolidPictureFillsAndTakesANewColour)
     }
 }
 
-// After a lost device the view makes another target on the same window: brushes of the first must not be used with it.
-TEST_F(PictureDirect2D, AnotherRenderTargetGetsBrushesOfItsOwn)
+// After a lost device the view creates another target on the same window, which must not use the brushes of the first.
+TEST_F(PictureDirect2D, AnotherRenderTargetGetsItsOwnBrushes)
 {
     CPicture picture = MakeMarkedTile();
     const RECT rc{0, 0, c_iWidth, c_iHeight};

@@ -12,7 +12,7 @@ TEST_F(DataCtrlGroup, RowsAreFoundByTheirLabelAndByTheirWindows)
     ASSERT_EQ(Panel().GetCount(), 17);
     EXPECT_EQ(Panel().GetCtrlIndex(L"World view"), 0);
     EXPECT_EQ(Panel().GetCtrlIndex(L"Colour 3 factor"), 16);
-    EXPECT_EQ(Panel().GetCtrlIndex(L"colour 3 factor"), -1) << "letter for letter";
+    EXPECT_EQ(Panel().GetCtrlIndex(L"colour 3 factor"), -1) << "labels are case-sensitive";
     EXPECT_EQ(Panel().GetCtrlIndex(CWString()), -1);
     for (const short i : m_Main.GetRows())
     {
@@ -30,7 +30,7 @@ TEST_F(DataCtrlGroup, RowsAreFoundByTheirLabelAndByTheirWindows)
     EXPECT_EQ(Panel().GetCtrlHandle(L"none", 0), nullptr);
 }
 
-TEST_F(DataCtrlGroup, HeadingsAndDividersHaveNothingThatTakesTheFocus)
+TEST_F(DataCtrlGroup, HeadingsAndDividersHaveNoFocusableControl)
 {
     for (const short iIndex : std::initializer_list<short>{0, 4, 5, 9})
     {
@@ -55,22 +55,22 @@ TEST_F(DataCtrlGroup, OnlyColourRowsHaveAButton)
     EXPECT_EQ(Panel().GetButton(17), nullptr);
 }
 
-TEST_F(DataCtrlGroup, NumbersComeBackAsTheyWereSet)
+TEST_F(DataCtrlGroup, NumbersAreReadBackUnchanged)
 {
     Panel().SetValue(L"Width", std::int32_t{512});
     EXPECT_EQ(Panel().GetValue_Int32(L"Width"), 512);
     EXPECT_EQ(Panel().GetValue_String(L"Width").Get(), L"512");
     Panel().SetValue(L"Tot atoms", std::uint32_t{4294967295u});
     EXPECT_EQ(Panel().GetValue_Uint32(L"Tot atoms"), 4294967295u);
-    EXPECT_EQ(Panel().GetValue_Int32(L"Tot atoms"), 2147483647) << "kept within the type's range";
+    EXPECT_EQ(Panel().GetValue_Int32(L"Tot atoms"), 2147483647) << "saturates at the type's range";
     Panel().SetValue(L"Min radius", static_cast<std::uint8_t>(300 % 256));
     EXPECT_EQ(Panel().GetValue_Uint8(L"Min radius"), 44);
     Panel().SetValue(L"Width", std::int32_t{-5});
-    EXPECT_EQ(Panel().GetValue_Int32(L"Width"), -5) << "only what the user types is restricted";
+    EXPECT_EQ(Panel().GetValue_Int32(L"Width"), -5) << "only typed text is restricted";
     EXPECT_EQ(Panel().GetValue_Uint32(L"Width"), 0u);
 }
 
-TEST_F(DataCtrlGroup, ATextThatIsNoNumberCountsAsItsLeadingDigits)
+TEST_F(DataCtrlGroup, ATextIsReadAsTheNumberOfItsLeadingDigits)
 {
     const short iIndex = Panel().GetCtrlIndex(L"Colour 1 factor");
     const struct
@@ -101,7 +101,7 @@ TEST_F(DataCtrlGroup, ValuesSetByTheProgramMayBeLongerThanTheRowsSize)
 TEST_F(DataCtrlGroup, AListIsSetByItsTextAndReadAsItsIndex)
 {
     const short iIndex = Panel().GetCtrlIndex(L"Colour mode");
-    EXPECT_EQ(Panel().GetValue_Int32(L"Colour mode"), -1) << "nothing is chosen yet";
+    EXPECT_EQ(Panel().GetValue_Int32(L"Colour mode"), -1) << "nothing is selected yet";
     EXPECT_TRUE(Panel().SetValue(iIndex, L"Speed", 0));
     EXPECT_EQ(Panel().GetValue_Int32(L"Colour mode"), 1);
     EXPECT_EQ(Panel().GetValue_String(L"Colour mode").Get(), L"Speed");
@@ -118,7 +118,7 @@ TEST_F(DataCtrlGroup, AColourButtonsNumberIsItsColour)
     EXPECT_EQ(GetText(pButton->GetWindowHandle()), L"");
 }
 
-TEST_F(DataCtrlGroup, AColourButtonsClickIsHandedOnToTheMainWindow)
+TEST_F(DataCtrlGroup, AClickOnAColourButtonIsForwardedToTheMainWindow)
 {
     Click(m_Main, Control(L"Colour 2"));
     ASSERT_EQ(m_Main.m_notices.size(), 1u);
@@ -129,14 +129,14 @@ TEST_F(DataCtrlGroup, AColourButtonsClickIsHandedOnToTheMainWindow)
     EXPECT_EQ(m_Main.m_notices.size(), 3u);
 }
 
-TEST_F(DataCtrlGroup, AGreyedRowIsDisabledAndComesBack)
+TEST_F(DataCtrlGroup, AGreyedRowIsDisabledAndCanBeEnabledAgain)
 {
     const short iIndex = Panel().GetCtrlIndex(L"Colour 2 factor");
     const HWND hEntry = Panel().GetCtrlTabHandle(iIndex);
     SetFocus(hEntry);
     Panel().ShowState_SetState(iIndex, EnumShowState::Greyed);
     EXPECT_FALSE(IsWindowEnabled(hEntry));
-    EXPECT_NE(GetFocus(), hEntry) << "the focus does not stay where no key arrives";
+    EXPECT_NE(GetFocus(), hEntry) << "the focus leaves a disabled window";
     EXPECT_NE(GetFocus(), nullptr);
     EXPECT_EQ(Panel().ShowState_GetState(iIndex), EnumShowState::Greyed);
     EXPECT_TRUE(IsWindowEnabled(Control(L"Colour 1 factor")));
@@ -146,7 +146,7 @@ TEST_F(DataCtrlGroup, AGreyedRowIsDisabledAndComesBack)
     Panel().ShowState_SetState(99, EnumShowState::Greyed);
 }
 
-TEST(DataCtrlGroupAlone, WithoutAParentItIsEmptyAndHarmless)
+TEST(DataCtrlGroupAlone, WithoutAParentItIsEmptyAndEveryCallIsSafe)
 {
     CDataCtrlGroup panel(nullptr, 200, 0.6, false, nullptr);
     EXPECT_EQ(panel.GetWindowHandle(), nullptr);

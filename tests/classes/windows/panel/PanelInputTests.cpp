@@ -1,4 +1,4 @@
-// What a user does to the panel's controls by keyboard, clipboard and mouse.
+// Tests the panel's controls with keyboard, clipboard and mouse.
 #include "tests/classes/windows/WindowsTestEnvironment.h"
 
 #include <gtest/gtest.h>
@@ -48,13 +48,13 @@ protected:
 constexpr wchar_t c_cBackspace = 0x08;
 } // namespace
 
-TEST_F(PanelInput, ANumberEntryTakesOnlyDigitsWhenTyped)
+TEST_F(PanelInput, ANumberEntryAcceptsOnlyDigitsFromTheKeyboard)
 {
     TypeText(m_Main, m_hNumber, L"a1-2 .3,4%e5+x\x0661");
     EXPECT_EQ(GetText(m_hNumber), L"12345");
 }
 
-TEST_F(PanelInput, ANumberEntryTakesNoMoreThanItsSize)
+TEST_F(PanelInput, ANumberEntryAcceptsNoMoreThanItsSize)
 {
     TypeText(m_Main, m_hNumber, L"123456789");
     EXPECT_EQ(GetText(m_hNumber), L"1234567");
@@ -62,22 +62,22 @@ TEST_F(PanelInput, ANumberEntryTakesNoMoreThanItsSize)
     EXPECT_EQ(GetText(m_hNumber), L"1234560");
 }
 
-TEST_F(PanelInput, AFactorEntryTakesAnyTextUpToItsSize)
+TEST_F(PanelInput, AFactorEntryAcceptsAnyTextUpToItsSize)
 {
     TypeText(m_Main, m_hFactor, L"12.34% ab-cde");
     EXPECT_EQ(GetText(m_hFactor), L"12.34% ab-");
 }
 
-TEST_F(PanelInput, PastedTextIsReducedToDigitsAndCutToTheSize)
+TEST_F(PanelInput, PastedTextIsReducedToDigitsAndTruncatedToTheSize)
 {
     Paste(m_hNumber, L"x1,000,000,000");
     EXPECT_EQ(GetText(m_hNumber), L"1000000");
     SendMessageW(m_hNumber, EM_SETSEL, 0, -1);
     Paste(m_hNumber, L"no digits");
-    EXPECT_EQ(GetText(m_hNumber), L"1000000") << "nothing fits, so nothing is replaced";
+    EXPECT_EQ(GetText(m_hNumber), L"1000000") << "no character is accepted, so nothing is replaced";
 }
 
-TEST_F(PanelInput, PastingReplacesTheSelectionAndFillsOnlyTheRoomThatIsLeft)
+TEST_F(PanelInput, PastingReplacesTheSelectionAndFillsOnlyTheRemainingRoom)
 {
     TypeText(m_Main, m_hNumber, L"1234567");
     SendMessageW(m_hNumber, EM_SETSEL, 1, 3);
@@ -85,7 +85,7 @@ TEST_F(PanelInput, PastingReplacesTheSelectionAndFillsOnlyTheRoomThatIsLeft)
     EXPECT_EQ(GetText(m_hNumber), L"1994567");
 }
 
-TEST_F(PanelInput, AFactorEntryTakesTheFirstLineOfAPastedText)
+TEST_F(PanelInput, AFactorEntryAcceptsTheFirstLineOfAPastedText)
 {
     Paste(m_hFactor, L"50%\r\n75%");
     EXPECT_EQ(GetText(m_hFactor), L"50%");
@@ -94,14 +94,14 @@ TEST_F(PanelInput, AFactorEntryTakesTheFirstLineOfAPastedText)
     EXPECT_EQ(GetText(m_hFactor), L"0.12345678");
 }
 
-TEST_F(PanelInput, TheKeysForPastingGoThroughTheSameFilter)
+TEST_F(PanelInput, ThePasteKeysUseTheSameFilter)
 {
     ASSERT_TRUE(SetClipboardText(m_Main.GetWindowHandle(), L"a12b"));
     TypeText(m_Main, m_hNumber, L"\x16"); // Ctrl+V
     EXPECT_EQ(GetText(m_hNumber), L"12");
 }
 
-TEST_F(PanelInput, SelectingCopyingCuttingAndUndoingWork)
+TEST_F(PanelInput, SelectAllCopyCutAndUndoWork)
 {
     TypeText(m_Main, m_hFactor, L"0.75");
     TypeText(m_Main, m_hFactor, L"\x01"); // Ctrl+A
@@ -138,7 +138,7 @@ TEST_F(PanelInput, F11AndEscapeReachTheMainWindowFromEveryControl)
     }
 }
 
-TEST_F(PanelInput, TheEscapeThatClosesAnOpenListIsNotHandedOn)
+TEST_F(PanelInput, TheEscapeThatClosesAnOpenListIsNotForwarded)
 {
     SetFocus(m_hList);
     SendMessageW(m_hList, CB_SHOWDROPDOWN, TRUE, 0);
@@ -147,10 +147,10 @@ TEST_F(PanelInput, TheEscapeThatClosesAnOpenListIsNotHandedOn)
     EXPECT_FALSE(SendMessageW(m_hList, CB_GETDROPPEDSTATE, 0, 0));
     EXPECT_TRUE(m_Main.m_keysUp.empty());
     PressKey(m_Main, VK_ESCAPE);
-    EXPECT_EQ(m_Main.m_keysUp, std::vector<WPARAM>{VK_ESCAPE}) << "the next one is";
+    EXPECT_EQ(m_Main.m_keysUp, std::vector<WPARAM>{VK_ESCAPE}) << "the next one is forwarded";
 }
 
-TEST_F(PanelInput, F11ClosesAnOpenListAndIsHandedOn)
+TEST_F(PanelInput, F11ClosesAnOpenListAndIsForwarded)
 {
     SetFocus(m_hList);
     SendMessageW(m_hList, CB_SHOWDROPDOWN, TRUE, 0);
@@ -159,7 +159,7 @@ TEST_F(PanelInput, F11ClosesAnOpenListAndIsHandedOn)
     EXPECT_EQ(m_Main.m_keysUp, std::vector<WPARAM>{VK_F11});
 }
 
-TEST_F(PanelInput, AnArrowKeyInTheClosedListChoosesAndTellsTheMainWindowSo)
+TEST_F(PanelInput, AnArrowKeyInTheClosedListSelectsAndNotifiesTheMainWindow)
 {
     SetFocus(m_hList);
     m_Main.m_commands.clear();
@@ -172,7 +172,7 @@ TEST_F(PanelInput, AnArrowKeyInTheClosedListChoosesAndTellsTheMainWindowSo)
     EXPECT_GE(CountCommands(CBN_SELENDOK), 1);
 }
 
-TEST_F(PanelInput, AChoiceInTheOpenListIsAnnouncedOnceWithTheListAsSender)
+TEST_F(PanelInput, ASelectionInTheOpenListIsNotifiedOnceWithTheListAsSender)
 {
     SetFocus(m_hList);
     SendMessageW(m_hList, CB_SHOWDROPDOWN, TRUE, 0);
@@ -186,7 +186,7 @@ TEST_F(PanelInput, AChoiceInTheOpenListIsAnnouncedOnceWithTheListAsSender)
     }
 }
 
-TEST_F(PanelInput, WhatEntriesNotifyStaysInThePanel)
+TEST_F(PanelInput, NotificationsOfEntriesStayInThePanel)
 {
     m_Main.m_commands.clear();
     TypeText(m_Main, m_hNumber, L"12");

@@ -16,8 +16,9 @@ TEST_F(PanelLooks, AGreyedRowLooksDifferent)
     EXPECT_NE(GetShownPixel(hEntry, 40, 5), crInUse);
 }
 
-// One edge for all controls, one for all labels, and nothing overlapping: at the panel's size in the default window.
-TEST_F(PanelLooks, AtTheDefaultSizeEverythingIsInViewAndAligned)
+// At the panel's size in the default window, all controls share one edge, all labels share another, and nothing
+// overlaps.
+TEST_F(PanelLooks, AtTheDefaultSizeEveryRowIsVisibleAndAligned)
 {
     RECT rcClient{};
     GetClientRect(m_hPanel, &rcClient);
@@ -56,13 +57,13 @@ TEST_F(PanelLooks, AtTheDefaultSizeEverythingIsInViewAndAligned)
     }
 }
 
-TEST_F(PanelLooks, NoLabelIsCutOff)
+TEST_F(PanelLooks, NoLabelIsTruncated)
 {
     const CWindowDc dc(m_hPanel);
     const CSelectObject font(dc.Get(), m_Main.GetFont());
     for (const short i : m_Main.GetRows())
     {
-        // The longest form that a language without a translation of its own shows.
+        // The longest form, shown in a language without its own translation.
         const std::wstring sText = L"[" + Panel().GetLabel(i).Get() + L"]";
         const HWND hLabel = Panel().GetCtrlHandle(Panel().GetLabel(i), 1);
         if (hLabel == nullptr)
@@ -76,8 +77,8 @@ TEST_F(PanelLooks, NoLabelIsCutOff)
     }
 }
 
-// Every pixel of the panel that no control covers continues the main window's texture.
-TEST_F(PanelLooks, TheBackdropGoesOnThroughThePanelAndItsLabels)
+// Every uncovered pixel of the panel continues the main window's texture.
+TEST_F(PanelLooks, TheBackdropContinuesThroughThePanelAndItsLabels)
 {
     UpdateWindow(m_Main.GetWindowHandle());
     const SIZE size = m_Main.GetBackdrop()->GetSize();
@@ -93,7 +94,7 @@ TEST_F(PanelLooks, TheBackdropGoesOnThroughThePanelAndItsLabels)
     EXPECT_EQ(GetShownPixel(hLabel, 100, 2), Expected(hLabel, 100, 2));
 }
 
-TEST_F(PanelLooks, TheBackdropStaysAlignedWhenThePanelIsMoved)
+TEST_F(PanelLooks, TheBackdropStaysAlignedWhenThePanelMoves)
 {
     MoveWindow(m_hPanel, 101, 73, 240, 536, TRUE);
     m_Main.Pump();
@@ -110,7 +111,7 @@ TEST_F(PanelLooks, TheFocusOfAnEntryIsVisible)
     const HWND hEntry = Control(L"Height");
     const RECT rc = InPanel(hEntry);
     const int x = rc.left + 20;
-    const int yFrame = rc.top - 5; // inside the entry's frame, which is 24 pixels high
+    const int yFrame = rc.top - 5; // inside the frame of the entry, which is 24 pixels high
     UpdateWindow(m_hPanel);
     int iDifferent = 0;
     COLORREF before[8]{};

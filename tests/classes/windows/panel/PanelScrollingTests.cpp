@@ -6,7 +6,7 @@ namespace
 {
 constexpr int c_iLowClientHeight = 400;
 
-// Turned towards the user: negative.
+// Negative: turned towards the user.
 WPARAM WheelParameter(int iDelta)
 {
     return MAKEWPARAM(0, static_cast<WORD>(static_cast<short>(iDelta)));
@@ -45,14 +45,14 @@ TEST_F(LowDataCtrlGroup, TheFocusScrollsARowIntoView)
     SetFocus(Control(L"Colour 3 factor"));
     EXPECT_TRUE(IsInView(Control(L"Colour 3 factor")));
     SetFocus(Control(L"Background colour"));
-    EXPECT_TRUE(IsInView(Control(L"Background colour"))) << "a button as well as an entry";
+    EXPECT_TRUE(IsInView(Control(L"Background colour"))) << "also for a button";
     SetFocus(Control(L"Colour mode"));
     EXPECT_TRUE(IsInView(Control(L"Colour mode")));
     SetFocus(Control(L"Width"));
-    EXPECT_TRUE(IsInView(Panel().GetCtrlHandle(L"World view", 1))) << "the first row brings its heading along";
+    EXPECT_TRUE(IsInView(Panel().GetCtrlHandle(L"World view", 1))) << "its heading scrolls into view too";
 }
 
-TEST_F(LowDataCtrlGroup, TheWheelScrollsWhateverItIsTurnedOver)
+TEST_F(LowDataCtrlGroup, TheWheelScrollsOverEveryPartOfThePanel)
 {
     const WPARAM wDown = WheelParameter(-WHEEL_DELTA);
     const WPARAM wUp = WheelParameter(WHEEL_DELTA);
@@ -83,7 +83,7 @@ TEST_F(LowDataCtrlGroup, FineWheelMovementsAddUp)
     EXPECT_EQ(GetScrollPos(m_hPanel, SB_VERT), iByTenths);
 }
 
-TEST_F(LowDataCtrlGroup, TheScrollBarReachesBothEndsAndNoFurther)
+TEST_F(LowDataCtrlGroup, TheScrollBarStopsAtBothEnds)
 {
     RECT rcClient{};
     GetClientRect(m_hPanel, &rcClient);
@@ -99,7 +99,7 @@ TEST_F(LowDataCtrlGroup, TheScrollBarReachesBothEndsAndNoFurther)
     EXPECT_EQ(GetScrollPos(m_hPanel, SB_VERT), 0);
 }
 
-TEST_F(LowDataCtrlGroup, GrownHighEnoughItScrollsBackAndLosesItsBar)
+TEST_F(LowDataCtrlGroup, APanelThatHasGrownHighEnoughScrollsBackAndHasNoBar)
 {
     SetFocus(Control(L"Colour 3 factor"));
     ASSERT_GT(GetScrollPos(m_hPanel, SB_VERT), 0);
@@ -110,8 +110,8 @@ TEST_F(LowDataCtrlGroup, GrownHighEnoughItScrollsBackAndLosesItsBar)
     EXPECT_EQ(InPanel(Control(L"Colour 1")).right, 240);
 }
 
-// The smallest window there is leaves the panel 25 pixels, or none at all.
-TEST_F(LowDataCtrlGroup, ItBearsAnySize)
+// The smallest possible window leaves 25 pixels for the panel, or none.
+TEST_F(LowDataCtrlGroup, EverySizeIsAllowed)
 {
     for (const int iHeight : {25, 1, 0, -10, 3000})
     {

@@ -10,7 +10,7 @@
 
 namespace
 {
-// A library of the system under a name of its own, beside the test program, where a search by name looks first.
+// A copy of a system library under a new name beside the test program, where a default search looks first.
 class SafeLibrarySearch : public testing::Test
 {
 protected:
@@ -46,7 +46,7 @@ protected:
 };
 } // namespace
 
-TEST_F(SafeLibrarySearch, FindsTheSystemsLibrariesByNameButNoneBesideTheProgram)
+TEST_F(SafeLibrarySearch, FindsSystemLibrariesByNameButNoLibrariesBesideTheProgram)
 {
     ASSERT_TRUE(CanLoad(m_sName));
     ASSERT_TRUE(SearchLibrariesInSystemFolderOnly());

@@ -14,7 +14,7 @@ constexpr const wchar_t* c_sTitle = L"Colour 1 factor";
 constexpr const wchar_t* c_sText = L"First line.\n\nThird line, 100% & more.";
 constexpr const wchar_t* c_sLabel = L"Righto";
 
-// What another thread, as a screen reader or a test driver, sees of the message.
+// The message as another thread sees it, like a screen reader or a test driver.
 struct CSeen
 {
     std::wstring sTitle;
@@ -63,7 +63,7 @@ protected:
         m_Main.Pump();
     }
 
-    // Shows the message; another thread looks at it and then answers it.
+    // Shows the message; another thread reads and then answers it.
     int Show(const std::function<void(HWND)>& answer)
     {
         std::thread other([&] {
@@ -105,7 +105,7 @@ void PressKeyIn(HWND hBox, WPARAM wKey)
 }
 } // namespace
 
-TEST_F(MessageBoxTest, ItShowsTitleTextWithItsLineBreaksAndLabelAndTheButtonClosesIt)
+TEST_F(MessageBoxTest, ItShowsTitleMultiLineTextAndButtonLabelAndTheButtonClosesIt)
 {
     const int iResult =
         Show([](HWND hBox) { SendMessageW(FindWindowExW(hBox, nullptr, L"Button", nullptr), BM_CLICK, 0, 0); });
@@ -124,7 +124,7 @@ TEST_F(MessageBoxTest, EnterClosesIt)
 TEST_F(MessageBoxTest, EscapeClosesIt)
 {
     EXPECT_EQ(Show([](HWND hBox) { PressKeyIn(hBox, VK_ESCAPE); }), 1);
-    EXPECT_TRUE(m_Main.m_keysUp.empty()) << "the main window does not see that Escape";
+    EXPECT_TRUE(m_Main.m_keysUp.empty()) << "the main window does not get that Escape";
 }
 
 TEST_F(MessageBoxTest, AKeyThatWasDownBeforeItOpenedDoesNotCloseIt)
@@ -137,7 +137,7 @@ TEST_F(MessageBoxTest, AKeyThatWasDownBeforeItOpenedDoesNotCloseIt)
             PostMessageW(hButton, WM_KEYDOWN, wKey, (LPARAM{1} << 30) | 1);
         }
         PostMessageW(hButton, WM_KEYUP, VK_RETURN, (LPARAM{3} << 30) | 1);
-        // Long enough for all of that to be heeded.
+        // Long enough for the message box to handle all of these keys.
         constexpr DWORD c_uMilliseconds = 300;
         Sleep(c_uMilliseconds);
         bStayed = IsWindow(hBox) != FALSE;
@@ -151,7 +151,7 @@ TEST_F(MessageBoxTest, TheCloseBoxClosesIt)
     EXPECT_EQ(Show([](HWND hBox) { PostMessageW(hBox, WM_SYSCOMMAND, SC_CLOSE, 0); }), 1);
 }
 
-TEST_F(MessageBoxTest, ItIsModalAndGivesTheFocusBack)
+TEST_F(MessageBoxTest, ItIsModalAndRestoresTheFocus)
 {
     Show([](HWND hBox) { PressKeyIn(hBox, VK_RETURN); });
     EXPECT_TRUE(m_Seen.bOwnerDisabled);
@@ -162,7 +162,7 @@ TEST_F(MessageBoxTest, ItIsModalAndGivesTheFocusBack)
     EXPECT_EQ(GetActiveWindow(), m_Main.GetWindowHandle());
 }
 
-TEST_F(MessageBoxTest, ItStandsInTheMiddleOfItsOwner)
+TEST_F(MessageBoxTest, ItAppearsInTheMiddleOfItsOwner)
 {
     Show([](HWND hBox) { PressKeyIn(hBox, VK_RETURN); });
     RECT rcOwner{};
@@ -172,7 +172,7 @@ TEST_F(MessageBoxTest, ItStandsInTheMiddleOfItsOwner)
 }
 
 // The end of the session, or a task manager, may close the program while a message is shown.
-TEST_F(MessageBoxTest, AQuitEndsItAndIsSeenByTheOuterPump)
+TEST_F(MessageBoxTest, AQuitEndsItAndReachesTheOuterPump)
 {
     const HWND hMain = m_Main.GetWindowHandle();
     const int iResult = Show([hMain](HWND) { PostMessageW(hMain, WM_CLOSE, 0, 0); });
@@ -181,7 +181,7 @@ TEST_F(MessageBoxTest, AQuitEndsItAndIsSeenByTheOuterPump)
     EXPECT_EQ(FindWindowW(nullptr, c_sTitle), nullptr);
 }
 
-TEST_F(MessageBoxTest, TheRestOfTheProgramGoesOnWhileItIsShown)
+TEST_F(MessageBoxTest, OtherMessagesAreStillHandledWhileItIsShown)
 {
     CTestMainWindow& main = m_Main;
     const HWND hMain = m_Main.GetWindowHandle();
@@ -193,7 +193,7 @@ TEST_F(MessageBoxTest, TheRestOfTheProgramGoesOnWhileItIsShown)
     EXPECT_TRUE(main.OperateMessagePump(nullptr));
 }
 
-TEST(MessageBoxAlone, WithoutAnOwnerItWorksToo)
+TEST(MessageBoxAlone, ItWorksWithoutAnOwner)
 {
     std::thread other([] {
         if (const HWND hBox = WaitForBox(); hBox != nullptr)

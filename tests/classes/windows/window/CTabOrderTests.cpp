@@ -35,10 +35,10 @@ protected:
 };
 } // namespace
 
-TEST_F(TabOrder, TabWalksFromTheButtonThroughAllSettingsAndWrapsAround)
+TEST_F(TabOrder, TabGoesFromTheButtonThroughAllSettingsAndWrapsAround)
 {
     const std::vector<HWND> stops = Stops();
-    ASSERT_EQ(stops.size(), 14u) << "the button and thirteen settings; headings and dividers are no stops";
+    ASSERT_EQ(stops.size(), 14u) << "the button and thirteen settings; headings and dividers are skipped";
     SetFocus(m_Main.GetWindowHandle());
     for (const HWND hStop : stops)
     {
@@ -49,7 +49,7 @@ TEST_F(TabOrder, TabWalksFromTheButtonThroughAllSettingsAndWrapsAround)
     EXPECT_EQ(GetFocus(), stops.front());
 }
 
-TEST_F(TabOrder, ShiftAndTabWalkBackwardsAndWrapAround)
+TEST_F(TabOrder, ShiftTabGoesBackwardsAndWrapsAround)
 {
     const std::vector<HWND> stops = Stops();
     SetFocus(stops[1]);
@@ -61,7 +61,7 @@ TEST_F(TabOrder, ShiftAndTabWalkBackwardsAndWrapAround)
     EXPECT_EQ(GetFocus(), stops[stops.size() - 2]);
 }
 
-TEST_F(TabOrder, GreyedAndHiddenWindowsArePassedOver)
+TEST_F(TabOrder, GreyedAndHiddenWindowsAreSkipped)
 {
     const std::vector<HWND> stops = Stops();
     CDataCtrlGroup& panel = m_Main.GetPanel();
@@ -78,7 +78,7 @@ TEST_F(TabOrder, GreyedAndHiddenWindowsArePassedOver)
     EXPECT_EQ(GetFocus(), stops[2]);
 }
 
-TEST_F(TabOrder, WithTheWholePanelHiddenOnlyTheButtonIsLeft)
+TEST_F(TabOrder, WithTheWholePanelHiddenOnlyTheButtonRemains)
 {
     ShowWindow(m_Main.GetPanel().GetWindowHandle(), SW_HIDE);
     SetFocus(m_Main.GetWindowHandle());
@@ -109,7 +109,7 @@ TEST_F(TabOrder, TheTabKeyItselfNeverReachesAnEntry)
     EXPECT_EQ(panel.GetValue_String(L"Colour 1 factor").Get(), L"0.75");
 }
 
-TEST(TabOrderList, TheSameWindowIsEnteredOnlyOnceAndNullNever)
+TEST(TabOrderList, AWindowIsAddedOnlyOnceAndNullNever)
 {
     CTabOrder order;
     const HWND hDesktop = GetDesktopWindow();

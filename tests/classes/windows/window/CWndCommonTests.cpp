@@ -18,7 +18,7 @@ void FillTexts(CDataCube* pTexts, unsigned char byLanguage)
     pTexts->AddRow(c_iAtEnd, 2, L"Start", byLanguage == 7 ? L"Start" : L"[Start]");
 }
 
-// The base alone, without a window.
+// The base class without a window.
 class CPlainWindow : public CWndCommon
 {
 public:
@@ -36,11 +36,11 @@ void CALLBACK QuitInsideANestedPump(HWND hWnd, UINT, UINT_PTR uId, DWORD)
     auto* pWindow = reinterpret_cast<CTestMainWindow*>(uId);
     PostQuitMessage(0);
     EXPECT_FALSE(pWindow->OperateMessagePump(nullptr)) << "the nested pump sees the quit";
-    EXPECT_FALSE(pWindow->OperateMessagePump(nullptr)) << "and so does every later one";
+    EXPECT_FALSE(pWindow->OperateMessagePump(nullptr)) << "every later pump sees it too";
 }
 } // namespace
 
-TEST(WndCommon, ThePumpReturnsTrueWithoutBlockingWhenNothingWaits)
+TEST(WndCommon, ThePumpReturnsTrueWithoutBlockingIfNoMessageWaits)
 {
     CTestMainWindow window;
     ASSERT_TRUE(window.Create(300, 200));
@@ -62,7 +62,7 @@ TEST(WndCommon, ThePumpEndsWithItsWindowAndStaysEnded)
     EXPECT_FALSE(window.OperateMessagePump(nullptr));
 }
 
-TEST(WndCommon, AQuitThatANestedPumpTakesEndsTheOuterOneToo)
+TEST(WndCommon, AQuitInANestedPumpEndsTheOuterPumpToo)
 {
     CTestMainWindow window;
     ASSERT_TRUE(window.Create(300, 200));
@@ -75,7 +75,7 @@ TEST(WndCommon, AQuitThatANestedPumpTakesEndsTheOuterOneToo)
         Sleep(1);
     }
     EXPECT_FALSE(bGoesOn);
-    // A loop of the system's further out would have to see it as well: it is back in the queue.
+    // The quit is back in the queue, so that an outer loop of the system would see it too.
     MSG msg{};
     EXPECT_TRUE(PeekMessageW(&msg, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE));
 }
@@ -130,7 +130,7 @@ TEST(WndCommon, WithoutClassNameOrInstanceInitialisingFails)
     EXPECT_FALSE(window.Initialize(L"a", nullptr, hInstance)) << "a child needs a parent";
 }
 
-TEST(WndCommon, AChildTakesTheParentsLooksWithADrawingRectangleOfItsOwn)
+TEST(WndCommon, AChildInheritsTheParentsLooksButHasItsOwnDrawingRectangle)
 {
     CPlainWindow parent;
     ASSERT_TRUE(parent.InitializeMain());
@@ -166,7 +166,7 @@ TEST(WndCommon, TheEnvironmentChoosesTheLanguage)
     SetEnvironmentVariableA("KINETARIUM_LANGUAGE", nullptr);
 }
 
-TEST(WndCommon, TheWindowUnderThePointerIsAnnouncedOnceUntilItChanges)
+TEST(WndCommon, TheWindowUnderThePointerIsReportedOnlyWhenItChanges)
 {
     CTestMainWindow window;
     ASSERT_TRUE(window.Create(984, 661));
@@ -184,13 +184,13 @@ TEST(WndCommon, TheWindowUnderThePointerIsAnnouncedOnceUntilItChanges)
     {
         if (hWnd == hFirst || hWnd == hSecond)
         {
-            announced.push_back(hWnd); // the real pointer's own comings and goings are left out
+            announced.push_back(hWnd); // ignores windows that the real pointer enters
         }
     }
     EXPECT_EQ(announced, (std::vector<HWND>{hFirst, hSecond, hFirst}));
 }
 
-TEST(WndCommon, TheClockWritesDateAndTimeAndSendsOnlyWhatHasChanged)
+TEST(WndCommon, TheClockWritesDateAndTimeAndSendsOnlyChangedTexts)
 {
     CTestMainWindow window;
     ASSERT_TRUE(window.Create(984, 661));
@@ -211,7 +211,7 @@ TEST(WndCommon, TheClockWritesDateAndTimeAndSendsOnlyWhatHasChanged)
     window.Clock(false, false);
     EXPECT_EQ(ReadPart(1), L"untouched") << "the date has not changed, so it was not sent again";
     window.Clock(true, true);
-    EXPECT_NE(ReadPart(1), L"untouched") << "another form is another text";
+    EXPECT_NE(ReadPart(1), L"untouched") << "another format gives another text";
 }
 
 TEST(WndCommon, TheBackdropRectangleOfAChildIsTheMainWindowsClientArea)
@@ -225,7 +225,7 @@ TEST(WndCommon, TheBackdropRectangleOfAChildIsTheMainWindowsClientArea)
     EXPECT_TRUE(EqualRect(&rc, &rcExpected));
 }
 
-TEST(WndCommon, AMessageThatIsShownIsSentAndAnswered)
+TEST(WndCommon, AShownMessageIsSentAndAnswered)
 {
     CTestMainWindow window;
     ASSERT_TRUE(window.Create(300, 200));
