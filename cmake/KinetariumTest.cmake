@@ -31,7 +31,7 @@ if(WIN32)
   kinetarium_test_main(DesktopTestMain <windows.h> <gtest/gtest.h> <chrono> <filesystem> <functional> <thread>)
 endif()
 
-# Native and Windows tests can be run by one CTest: names begin with the world, labels count them.
+# One CTest can run native and Windows tests: each name begins with the world, and CTest counts each label.
 if(WIN32)
   set(KINETARIUM_WORLD windows)
 else()
@@ -39,17 +39,18 @@ else()
 endif()
 
 # kinetarium_test(NAME [DESKTOP name] [WITHOUT_DIRECT2D] [TIMEOUT seconds] SOURCES source... LIBRARIES library...)
-# A test program of one folder. Those with a DESKTOP open real windows: they carry the program's own manifest and
-# pictures, and because they share the desktop and its keyboard focus, their tests run one at a time. It is "first" or
-# "second": test.sh has two of them side by side, and where there is only one, scripts/wine-emulator.sh lets one wait for
-# the other. WITHOUT_DIRECT2D: under Wine there is none, so that the program draws with GDI, which Wine can show.
+# A test program of one folder. Programs with a DESKTOP open real windows: they carry the manifest and the pictures of
+# Kinetarium itself. Tests of one desktop share its keyboard focus, so they run one at a time. There are two desktops,
+# "first" and "second", and the two take about as long as each other: test.sh runs them side by side. In a session with
+# only one desktop scripts/wine-emulator.sh runs the tests of both one at a time.
+# WITHOUT_DIRECT2D: the tests run without Direct2D, so the program draws with GDI, which Wine can show.
 function(kinetarium_test NAME)
   cmake_parse_arguments(PARSE_ARGV 1 TEST "WITHOUT_DIRECT2D" "DESKTOP;TIMEOUT" "SOURCES;LIBRARIES")
   if(NOT TEST_TIMEOUT)
     set(TEST_TIMEOUT 60)
   endif()
   add_executable(${NAME} ${TEST_SOURCES})
-  # Apart from the programs: a test of the application leaves a settings file beside itself.
+  # Not in the folder of the programs: a test of the application leaves a settings file beside itself.
   set_target_properties(${NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests-bin")
   set(main TestMain)
   if(TEST_DESKTOP)
@@ -61,7 +62,8 @@ function(kinetarium_test NAME)
   endif()
   set(properties TIMEOUT ${TEST_TIMEOUT} LABELS ${KINETARIUM_WORLD})
   if(TEST_DESKTOP)
-    list(APPEND properties
+    # Two desktops are the longest queues: CTest begins with the highest cost, as long as it has measured none.
+    list(APPEND properties COST 100
       RESOURCE_LOCK "desktop ${TEST_DESKTOP}" ENVIRONMENT_MODIFICATION "KINETARIUM_DESKTOP=set:${TEST_DESKTOP}")
     kinetarium_resources(${NAME})
   endif()

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 // A message box and the colour dialog run message loops of their own, behind which the main window goes on living: the
 // system still sends it what the user cannot (the end of the session), and other programs can post it anything.
 
@@ -19,6 +21,11 @@ struct CIntruder
     bool bTogglesFullScreen;
     bool bEndsWorker;
 };
+
+void PrintTo(const CIntruder& intruder, std::ostream* pStream)
+{
+    *pStream << intruder.sName;
+}
 
 const CIntruder c_Intruders[] = {
     {"Click", WM_LBUTTONUP, 0, MAKELPARAM(300, 300), false, false},
