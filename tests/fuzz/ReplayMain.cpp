@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
-// The main function of a fuzzer that searches for nothing: it runs the target once with each file of a corpus.
+// The main function of a fuzzer that only replays: it runs the target once with each file of a corpus.
 //
 //   FUZZER FOLDER
 //
-// Exit code 0: there was a file, and no file has a finding.
+// Exit code 0: the folder holds at least one file, and no file has a finding.
 namespace
 {
 
@@ -36,7 +36,7 @@ std::vector<std::filesystem::path> ListFiles(const char* sFolder)
 void Replay(const std::filesystem::path& path)
 {
     std::printf("%s\n", path.filename().string().c_str());
-    // A finding ends the process: the name of the file must be out before.
+    // A finding ends the process: print the name of the file before.
     static_cast<void>(std::fflush(stdout));
     std::ifstream stream(path, std::ios::binary);
     Require(stream.is_open(), "a file of the corpus cannot be read");
