@@ -2,7 +2,7 @@
 # Makes a Wine prefix (a private "drive C" with its registry), once: wine-prefix.sh FOLDER [WIDTHxHEIGHT]
 #
 # With a size, the programs of the prefix run in a desktop of Wine: with Wine's own window manager the order of focus,
-# activation and size messages is the same in every run, and windows have title bars on a display without a window manager.
+# activation and size messages is the same in every run, and windows have title bars, though Xvfb has no window manager.
 # Without a size, windows belong to the desktop of the display. A second call with another size changes the prefix.
 set -euo pipefail
 
@@ -42,7 +42,7 @@ registry() {
     printf '"FontSmoothingType"=dword:00000002\r\n"FontSmoothingGamma"=dword:00000578\r\n'
     printf '"FontSmoothingOrientation"=dword:00000001\r\n\r\n'
     # Wine 8 does not show what Direct2D draws into a child window, such as the world. Without Direct2D the program paints
-    # with GDI, as it does on Windows when Direct2D fails. Test programs keep Direct2D: they show the world in a top-level window.
+    # with GDI, as it does on Windows when Direct2D fails. Test programs keep Direct2D: they show it in a top-level window.
     printf '[HKEY_CURRENT_USER\\Software\\Wine\\AppDefaults\\Kinetarium.exe\\DllOverrides]\r\n"d2d1"=""\r\n\r\n'
     if [ -n "$size" ]; then
         printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer]\r\n"Desktop"="Kinetarium"\r\n\r\n'

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-// Splits a fuzzer's bytes into the values that a target needs. The format is text, words between blanks and line ends, so
-// that a person can read and shorten a finding. Nothing is an error: a missing number is 0, a missing line is empty.
+// Splits a fuzzer's bytes into the values that a target needs. The format is text, words between blanks and line ends,
+// so that a person can read and shorten a finding. Nothing is an error: a missing number is 0, a missing line is empty.
 class CFuzzInput
 {
 public:

@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-// Runs a program with these arguments, unchanged, waits for its end and returns its exit code. Throws std::runtime_error
-// if it does not start or does not end within a minute.
+// Runs a program with these arguments, unchanged, waits for its end and returns its exit code. Throws
+// std::runtime_error if it does not start or does not end within a minute.
 DWORD RunToEnd(const std::filesystem::path& program, const std::wstring& sArguments);
 
 // The entry of Kinetarium in the list of installed programs, in the user's part of the registry.

@@ -17,8 +17,8 @@ struct CProgramSection
     std::uint32_t flags = 0;      // IMAGE_SCN_...
 };
 
-// A linked Windows program, read from its file as the system's loader reads it (format PE32+). An address outside of the
-// file or another format throws std::runtime_error.
+// A linked Windows program, read from its file as the system's loader reads it (format PE32+). An address outside of
+// the file or another format throws std::runtime_error.
 class CProgramFile
 {
 public:

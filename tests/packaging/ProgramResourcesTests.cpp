@@ -72,8 +72,8 @@ std::wstring VersionText(const std::vector<char>& version, const std::wstring& s
 }
 } // namespace
 
-// Without one of these Windows treats the program as an old one: unthemed controls, blurred text, file names of one code
-// page only, redirected folders.
+// Without one of these Windows treats the program as an old one: unthemed controls, blurred text, file names of one
+// code page only, redirected folders.
 TEST_F(ProgramResources, TheManifestAsksForTheControlsScalingRightsAndCodePageOfToday)
 {
     const std::string sManifest = Read(RT_MANIFEST, 1);
