@@ -1,27 +1,27 @@
 #!/usr/bin/env bash
-# Makes what is handed out to users. See --help.
+# Makes the packages for users. See --help.
 set -euo pipefail
 called_from=$PWD
-# The compiler writes down where things really are.
+# The compiler records real paths: resolve links.
 cd -P "$(dirname "$0")"
 
 usage() {
     cat <<'TEXT'
 usage: ./package.sh [--output FOLDER] [--check-reproducible] [--help]
 
-Installs the packages that are missing (Debian 12, as root), fetches {fmt} 11, builds the last commit (not what is
-changed since) from scratch, and makes in out/:
+Installs missing packages (Debian 12, as root), fetches {fmt} 11, builds the last commit from scratch, without later
+changes, and makes in out/:
 
-  Kinetarium-VERSION-windows-x64.zip          to unpack and use: programs, guide, licences
+  Kinetarium-VERSION-windows-x64.zip          portable: programs, guide, licences
   Kinetarium-VERSION-windows-x64-setup.exe    the same as an installer for one user
-  Kinetarium-VERSION-windows-x64-symbols.zip  the programs with their symbols, to read a crash report with
+  Kinetarium-VERSION-windows-x64-symbols.zip  the programs with symbols, to read crash reports
   SHA256SUMS                                  of the three
 
-The same commit gives the same bytes, wherever its checkout lies and whenever it is built, with the same packages
-installed. Called again for the same commit, it builds only what is missing.
+With the same Debian packages installed, the same commit gives the same bytes, in any folder and at any time. A second
+call for the same commit builds only missing files.
 
   --output FOLDER       another folder than out/
-  --check-reproducible  makes all of it twice, here and from a second checkout in another place, and fails if any byte
+  --check-reproducible  makes everything twice, here and from a second checkout in another folder, and fails if a byte
                         differs
   --help                this text
 TEXT
@@ -50,7 +50,7 @@ step() {
     printf '\n== %s\n' "$*"
 }
 
-# The checkout may belong to somebody else than root.
+# The checkout may belong to another user than root.
 git() {
     command git -c safe.directory='*' "$@"
 }
@@ -62,10 +62,10 @@ scripts/fetch-dependencies.sh
 
 commit=$(git rev-parse --verify HEAD 2>/dev/null) || fail "this is no checkout of the repository: there is no commit to build"
 [ -z "$(git status --porcelain --untracked-files=no)" ] ||
-    echo "Note: what is changed since the last commit is not in the package."
+    echo "Note: the package does not contain the changes since the last commit."
 
-# Nothing of the machine's own settings may show in the result. Every source gets the time of the commit, which is the
-# time that the program's diagnostics print for it.
+# The result must not depend on the settings of the machine. Every source gets the time of the commit: the program's
+# diagnostics print the time of their source.
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C
 unset CFLAGS CXXFLAGS CPPFLAGS LDFLAGS CMAKE_C_COMPILER_LAUNCHER CMAKE_CXX_COMPILER_LAUNCHER
@@ -77,25 +77,26 @@ step "Windows build of commit ${commit:0:12}"
 for other in "$PWD"/build/package/*/; do
     [ "$other" = "$work/" ] || rm -rf "$other"
 done
-if [ ! -f "$work/configured" ]; then
+# In a copied or moved checkout the earlier build names the old path.
+if [ "$(cat "$work/configured" 2>/dev/null)" != "$work" ]; then
     rm -rf "$work"
     mkdir -p "$work/source"
     git archive --format=tar HEAD | tar -x -C "$work/source"
-    # The names and lines of all functions, for those who read a crash report; no machine code depends on them. They
-    # too say nothing of where this is.
+    # The names and lines of all functions, for reading crash reports; they do not change the machine code. Their paths
+    # do not depend on the folder either.
     symbols="-g1 \"-fdebug-prefix-map=$work/source=.\" \"-fdebug-prefix-map=$work/tree=.\""
     symbols="$symbols \"-fdebug-prefix-map=$KINETARIUM_DEPENDENCIES/=\""
     cmake --preset windows-release -S "$work/source" -B "$work/tree" --log-level=WARNING \
         -DKINETARIUM_DEPENDENCIES="$KINETARIUM_DEPENDENCIES" -DCMAKE_C_FLAGS="$symbols" -DCMAKE_CXX_FLAGS="$symbols" \
         >"$work/configure.log" 2>&1 ||
         { cat "$work/configure.log" >&2; exit 1; }
-    touch "$work/configured"
+    echo "$work" >"$work/configured"
 fi
 cmake --build "$work/tree" --target Kinetarium kinetarium-headless
 version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$work/tree/CMakeCache.txt")
-[ -n "$version" ] || fail "the build does not say its version"
+[ -n "$version" ] || fail "the build has no version"
 
-# archive FOLDER ZIP: names in order, no owners, no times but the commit's.
+# archive FOLDER ZIP: sorted names, no owners, all times are that of the commit.
 archive() {
     local folder zip
     folder=$(cd "$1" && pwd)
@@ -124,7 +125,7 @@ install -m 644 "$made"/* "$output/"
 (cd "$output" && ls -l "$name"* && cat SHA256SUMS)
 [ "$check" = yes ] || exit 0
 
-step "The same from a second checkout in another place"
+step "The same from a second checkout in another folder"
 other=$(mktemp -d)
 trap 'rm -rf "$other"' EXIT
 mkdir "$other/a second checkout"

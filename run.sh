@@ -8,16 +8,15 @@ usage() {
     cat <<'TEXT'
 usage: ./run.sh [--seconds N] [--screenshot FILE] [--help]
 
-Installs the packages that are missing (Debian 12, as root), fetches {fmt} 11, builds Kinetarium.exe and starts it
-under Wine.
+Installs missing packages (Debian 12, as root), fetches {fmt} 11, builds Kinetarium.exe and starts it under Wine.
 
-With a display it opens the window and returns when that is closed. Without one, or with one of the options below, it
-gives a demonstration on a virtual display of its own: presses Start as a user would, prints at least two of the
-statistics lines, saves a picture of the window, presses Stop and closes the window. The exit code is 0 only if all of
-that went well. Nothing that was started is left running.
+With a display it opens the window and returns when the user closes it. Without a display, or with one of the options
+below, it runs a demonstration on a virtual display: it presses Start as a user does, prints at least two statistics lines,
+saves a picture of the window, presses Stop and closes the window. The exit code is 0 only if all of this succeeded. No
+process is left running.
 
-  --seconds N        let the demonstration run for at least N seconds
-  --screenshot FILE  where the picture goes (out/kinetarium.png)
+  --seconds N        run the demonstration for at least N seconds
+  --screenshot FILE  the file of the picture (out/kinetarium.png)
   --help             this text
 TEXT
 }
@@ -70,7 +69,7 @@ fi
 step "Demonstration on a virtual display"
 mkdir -p "$(dirname "$picture")"
 rm -f "$picture"
-# The driver gives up by itself when something takes too long; this ends it if that should fail.
+# The driver has time limits of its own; this one ends it if they fail.
 code=0
 scripts/wine-session.sh -- timeout --foreground --kill-after=10 "$((seconds + 300))" \
     wine "$bin/kinetarium-driver.exe" "$bin/Kinetarium.exe" --seconds "$seconds" --screenshot "$picture" || code=$?

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Everything that can be checked, with one command. See --help.
+# Builds and tests everything. See --help.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -7,11 +7,12 @@ usage() {
     cat <<'TEXT'
 usage: ./test.sh [--asan | --tsan] [--help]
 
-Installs the packages that are missing (Debian 12, as root), fetches {fmt} 11, checks the layout of the source, builds
-the native and the Windows half and runs every test of both, the Windows ones under Wine on a display of their own.
-The last lines are CTest's summary; the exit code is 0 only if everything passed. A second call does only what changed.
+Installs missing packages (Debian 12, as root), fetches {fmt} 11, checks the layout of the source, builds the native and
+the Windows half and runs every test of both, the Windows tests under Wine on displays of their own. The fuzzers replay
+their corpora. The last lines are CTest's summary; the exit code is 0 only if everything passed. A second call builds only
+what has changed.
 
-  --asan   instead: the native half with the address and undefined-behaviour sanitizers
+  --asan   instead: the native half with the address and undefined-behaviour sanitizers, also the fuzzers' corpora
   --tsan   instead: the native half with the thread sanitizer
   --help   this text
 TEXT
@@ -38,7 +39,8 @@ scripts/fetch-dependencies.sh
 step "Layout of the source"
 scripts/check-format.sh
 
-tests=(ctest --output-on-failure --no-tests=error --parallel "$(nproc)")
+# One test more than processors: the tests on the desktops mostly wait.
+tests=(ctest --output-on-failure --no-tests=error --parallel "$(($(nproc) + 1))")
 
 if [ -n "$sanitized" ]; then
     step "Native build with sanitizers"
@@ -56,6 +58,6 @@ step "Tests, native and Windows"
 # One CTest over both trees, so that one summary counts everything.
 mkdir -p build/all
 printf 'subdirs("%s" "%s")\n' "$PWD/build/native-release" "$PWD/build/windows-release" >build/all/CTestTestfile.cmake
-# Two desktops side by side halve the time of the tests that open windows.
+# The tests that open windows run on two desktops side by side.
 exec scripts/wine-session.sh --second --prefix build/windows-release/wine-second -- \
     scripts/wine-session.sh -- "${tests[@]}" --test-dir build/all

@@ -1,4 +1,4 @@
-# Header-only libraries live in an include folder of the build tree, so that the cross build never sees /usr/include.
+# Header-only libraries have an include folder of their own, so that the cross build never sees /usr/include.
 # scripts/fetch-dependencies.sh fills it.
 set(KINETARIUM_DEPENDENCIES "${CMAKE_SOURCE_DIR}/build/deps/include" CACHE PATH
   "Folder with the headers of fmt (version 11), Boost, CLI11 and stb")

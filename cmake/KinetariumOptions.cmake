@@ -1,7 +1,7 @@
-# The flags that every target of this project shares.
+# The flags of every target of this project.
 add_library(KinetariumOptions INTERFACE)
 
-# Off for compilers newer than those of Debian 12, which may warn of what these do not.
+# Switch it off for compilers newer than those of Debian 12: they may have more warnings.
 option(KINETARIUM_WARNINGS_AS_ERRORS "Let a warning end the build" ON)
 
 target_include_directories(KinetariumOptions INTERFACE "${CMAKE_SOURCE_DIR}")
@@ -10,13 +10,13 @@ target_compile_options(KinetariumOptions INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wdouble-promotion
   -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
   $<$<BOOL:${KINETARIUM_WARNINGS_AS_ERRORS}>:-Werror>
-  # A target with fused multiply-add would otherwise round once where another rounds twice, and the same seed would
-  # no longer give the same world on every machine.
+  # A fused multiply-add rounds once instead of twice: with it, the same seed would not give the same world on every
+  # machine.
   -ffp-contract=off
-  # Diagnostics name a source by its path in this folder, wherever that lies: two checkouts give the same program.
+  # Diagnostics name a source by its path relative to this folder: two checkouts give the same program.
   "-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=")
 
-# Numbers that leave an integer's range are undefined behaviour too, but not everywhere part of "undefined".
+# GCC does not include float-cast-overflow in "undefined".
 set(KINETARIUM_SANITIZER_OPTIONS
   -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all -fno-omit-frame-pointer)
 if(KINETARIUM_SANITIZE OR KINETARIUM_FUZZ)
@@ -29,7 +29,7 @@ if(KINETARIUM_SANITIZE_THREADS)
   target_link_options(KinetariumOptions INTERFACE -fsanitize=thread)
 endif()
 
-# Several test programs and threads count into one file.
+# Threads and several test programs update the same counters.
 if(KINETARIUM_COVERAGE)
   target_compile_options(KinetariumOptions INTERFACE --coverage -fprofile-update=atomic)
   target_link_options(KinetariumOptions INTERFACE --coverage)
@@ -39,7 +39,7 @@ if(KINETARIUM_FUZZ)
   if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
     message(FATAL_ERROR "KINETARIUM_FUZZ needs clang++: use the preset native-fuzz.")
   endif()
-  # Warnings are settled with GCC: clang has others, and does not know all that some files switch off.
+  # GCC's warnings are the errors: clang has others, and does not know all warnings that some files switch off.
   target_compile_options(KinetariumOptions INTERFACE -fsanitize=fuzzer-no-link -Wno-error -Wno-unknown-warning-option)
 endif()
 
@@ -49,13 +49,13 @@ if(WIN32)
     _WIN32_WINNT=0x0A00 WINVER=0x0A00 NTDDI_VERSION=0x0A000004)
   # Spills of wide vector registers must not assume a stack alignment that the Windows ABI does not give.
   target_compile_options(KinetariumOptions INTERFACE -Wa,-muse-unaligned-vector-move)
-  # A buffer that overflows ends the program before anything uses what it overwrote. The checks of the C library's
+  # A buffer overflow ends the program before anything uses the overwritten memory. The checks of the C library's
   # functions need an optimising build.
   target_compile_options(KinetariumOptions INTERFACE -fstack-protector-strong)
   target_link_options(KinetariumOptions INTERFACE -fstack-protector-strong)
   target_compile_definitions(KinetariumOptions INTERFACE $<$<NOT:$<CONFIG:Debug>>:_FORTIFY_SOURCE=2>)
-  # One self-contained program: nothing but the system's own libraries is imported. High-entropy ASLR and DEP are on;
-  # without the time stamp of the link, two builds of one tree are the same file.
+  # A self-contained program: it imports only the system's libraries. High-entropy ASLR and DEP are on. Without the time
+  # stamp of the link, two builds give the same file.
   target_link_options(KinetariumOptions INTERFACE
     -static -static-libgcc -static-libstdc++
     -Wl,--dynamicbase -Wl,--nxcompat -Wl,--high-entropy-va -Wl,--no-insert-timestamp)

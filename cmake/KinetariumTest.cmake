@@ -8,8 +8,30 @@ if(NOT EXISTS "${KINETARIUM_GOOGLETEST}/CMakeLists.txt")
 endif()
 add_subdirectory("${KINETARIUM_GOOGLETEST}" "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL)
 include(GoogleTest)
+# Optimising the framework takes as long as compiling ten tests and makes no test quicker.
+foreach(target gtest gmock)
+  target_compile_options(${target} PRIVATE -O1)
+endforeach()
 
-# Native and Windows tests can be run by one CTest: names begin with the world, labels count them.
+# kinetarium_test_main(NAME header...): the main function of test programs, with headers that most of their sources
+# include. Where only speed is different (Release), these are precompiled: reading them is half of what compiling a test
+# takes. A library of its own has them, so that no test program waits for another one.
+function(kinetarium_test_main NAME)
+  kinetarium_library(${NAME} "${KINETARIUM_GOOGLETEST}/googletest/src/gtest_main.cc")
+  target_link_libraries(${NAME} PUBLIC GTest::gmock)
+  set_target_properties(${NAME} PROPERTIES EXCLUDE_FROM_ALL ON)
+  if(CMAKE_BUILD_TYPE STREQUAL "Release")
+    target_precompile_headers(${NAME} PRIVATE ${ARGN})
+    # GCC warns of its guesses about copies inside of precompiled headers, though not of plain system headers.
+    target_compile_options(${NAME} PUBLIC -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
+  endif()
+endfunction()
+kinetarium_test_main(TestMain <gtest/gtest.h>)
+if(WIN32)
+  kinetarium_test_main(DesktopTestMain <windows.h> <gtest/gtest.h> <chrono> <filesystem> <functional> <thread>)
+endif()
+
+# One CTest can run native and Windows tests: each name begins with the world, and CTest counts each label.
 if(WIN32)
   set(KINETARIUM_WORLD windows)
 else()
@@ -17,34 +39,31 @@ else()
 endif()
 
 # kinetarium_test(NAME [DESKTOP name] [WITHOUT_DIRECT2D] [TIMEOUT seconds] SOURCES source... LIBRARIES library...)
-# A test program of one folder. Those with a DESKTOP open real windows: they carry the program's own manifest and
-# pictures, and because they share the desktop and its keyboard focus, their tests run one at a time. It is "first" or
-# "second": test.sh has two of them side by side, and where there is only one, scripts/wine-emulator.sh lets one wait for
-# the other. WITHOUT_DIRECT2D: under Wine there is none, so that the program draws with GDI, which Wine can show.
+# A test program of one folder. Programs with a DESKTOP open real windows: they carry the manifest and the pictures of
+# Kinetarium itself. Tests of one desktop share its keyboard focus, so they run one at a time. There are two desktops,
+# "first" and "second", and the two take about as long as each other: test.sh runs them side by side. In a session with
+# only one desktop scripts/wine-emulator.sh runs the tests of both one at a time.
+# WITHOUT_DIRECT2D: the tests run without Direct2D, so the program draws with GDI, which Wine can show.
 function(kinetarium_test NAME)
   cmake_parse_arguments(PARSE_ARGV 1 TEST "WITHOUT_DIRECT2D" "DESKTOP;TIMEOUT" "SOURCES;LIBRARIES")
   if(NOT TEST_TIMEOUT)
     set(TEST_TIMEOUT 60)
   endif()
   add_executable(${NAME} ${TEST_SOURCES})
-  # Apart from the programs: a test of the application leaves a settings file beside itself.
+  # Not in the folder of the programs: a test of the application leaves a settings file beside itself.
   set_target_properties(${NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests-bin")
-  target_link_libraries(${NAME} PRIVATE ${TEST_LIBRARIES} KinetariumOptions GTest::gmock GTest::gtest_main)
-  # Reading the framework's headers is half of what compiling a test takes: they are read once for all test programs.
+  set(main TestMain)
+  if(TEST_DESKTOP)
+    set(main DesktopTestMain)
+  endif()
+  target_link_libraries(${NAME} PRIVATE ${TEST_LIBRARIES} KinetariumOptions ${main})
   if(CMAKE_BUILD_TYPE STREQUAL "Release")
-    get_property(precompiled GLOBAL PROPERTY KINETARIUM_PRECOMPILED_TESTS)
-    if(precompiled)
-      target_precompile_headers(${NAME} REUSE_FROM ${precompiled})
-    else()
-      target_precompile_headers(${NAME} PRIVATE <gtest/gtest.h>)
-      set_property(GLOBAL PROPERTY KINETARIUM_PRECOMPILED_TESTS ${NAME})
-    endif()
-    # What the compiler guesses of a copy inside the system's headers it keeps to itself, but not of precompiled ones.
-    target_compile_options(${NAME} PRIVATE -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
+    target_precompile_headers(${NAME} REUSE_FROM ${main})
   endif()
   set(properties TIMEOUT ${TEST_TIMEOUT} LABELS ${KINETARIUM_WORLD})
   if(TEST_DESKTOP)
-    list(APPEND properties
+    # Two desktops are the longest queues: CTest begins with the highest cost, as long as it has measured none.
+    list(APPEND properties COST 100
       RESOURCE_LOCK "desktop ${TEST_DESKTOP}" ENVIRONMENT_MODIFICATION "KINETARIUM_DESKTOP=set:${TEST_DESKTOP}")
     kinetarium_resources(${NAME})
   endif()

@@ -6,8 +6,8 @@ set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 
-# This compiler lets a caller keep values in registers that its own copy of an inline function leaves alone, though the
-# linker may take the copy of another source, which was compiled with other flags and uses them.
+# With -fipa-ra a caller keeps values in registers that its own copy of an inline function does not use. But the linker may
+# choose the copy of another source, which was compiled with other flags and uses these registers.
 set(CMAKE_CXX_FLAGS_INIT -fno-ipa-ra)
 
 set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
@@ -16,5 +16,5 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# An absolute path: tests are started from their own folders.
+# An absolute path: tests run in different folders.
 set(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_CURRENT_LIST_DIR}/../scripts/wine-emulator.sh")

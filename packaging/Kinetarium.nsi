@@ -3,15 +3,15 @@
 ;   VERSION    three numbers with points
 ;   OUTPUT     the installer's file
 ;   ICON       its icon
-;   PICTURE    what is beside the text of the last page
-;   LISTS      the folder of install.nsh, which unpacks every file, and uninstall.nsh, which deletes every one of them
+;   PICTURE    the picture beside the text of the last page
+;   LISTS      the folder of install.nsh, which unpacks every file, and uninstall.nsh, which deletes the same files
 ;   SIZE       of all files together, in KiB
 ;
-; It installs for one user, without asking for rights: the settings file lies beside the program, so the folder must be
-; one that the user may write to. Silent: /S, and as the last argument /D=FOLDER without quotes. Exit codes: 0 done,
+; It installs for one user, without administrator rights: the settings file lies beside the program, so the user needs
+; write access to the folder. Silent: /S, and as the last argument /D=FOLDER without quotes. Exit codes: 0 done,
 ; 1 cancelled, 2 not done, 3 this Windows is too old, 4 Kinetarium is running.
 
-; 64-bit, like the program: a 32-bit Windows says by itself that it cannot run this.
+; 64-bit, like the program: a 32-bit Windows itself tells the user that it cannot run it.
 Target amd64-unicode
 Unicode true
 SetCompressor /SOLID lzma
@@ -33,7 +33,7 @@ BrandingText "Kinetarium ${VERSION}"
 OutFile "${OUTPUT}"
 RequestExecutionLevel user
 InstallDir "$LOCALAPPDATA\Programs\Kinetarium"
-; An update goes to where the earlier version is.
+; An update uses the folder of the earlier version.
 InstallDirRegKey HKCU "${UNINSTALL_KEY}" "InstallLocation"
 
 VIProductVersion "${VERSION}.0"
@@ -59,14 +59,14 @@ VIAddVersionKey "LegalCopyright" ""
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
 
-; Ends with an exit code. In a section, Quit would leave the window without a word.
+; Ends with an exit code and a message. In a section, Quit would close the window without a message.
 !macro Fail CODE TEXT
   MessageBox MB_OK|MB_ICONSTOP "${TEXT}" /SD IDOK
   SetErrorLevel ${CODE}
   Abort "${TEXT}"
 !macroend
 
-; Comes back when nothing uses the program in the folder $0: a running program's file cannot be opened for writing.
+; Returns when the program in the folder $0 does not run: the file of a running program cannot be opened for writing.
 !macro DefineEnsureClosed PREFIX
 Function ${PREFIX}EnsureClosed
   ${DoWhile} ${FileExists} "$0\Kinetarium.exe"
@@ -95,8 +95,8 @@ Function .onInit
   ${EndIf}
 FunctionEnd
 
-; Only the earlier version knows which files it has put where: its own uninstaller removes them, and leaves the settings,
-; crash reports and shortcuts.
+; Only the earlier version has the list of its files: its own uninstaller deletes them and keeps the settings, crash
+; reports and shortcuts.
 Function RemoveEarlierVersion
   ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
   ${If} $0 == ""
@@ -105,7 +105,7 @@ Function RemoveEarlierVersion
   ${EndIf}
   Call EnsureClosed
   DetailPrint "Removing the earlier version"
-  ; With this last argument, which takes no quotes, the uninstaller works in its place and can be waited for.
+  ; With this last argument (no quotes) the uninstaller does not copy itself, so ExecWait waits for its end.
   ExecWait '"$0\Uninstall.exe" /S /UPDATE _?=$0' $1
   ${If} $1 != 0
     !insertmacro Fail ${EXIT_NOT_DONE} "The earlier version in $0 cannot be removed."
@@ -160,7 +160,7 @@ SectionEnd
 Section "Uninstall"
   StrCpy $0 $INSTDIR
   Call un.EnsureClosed
-  ; The folder is never deleted with what is in it: it may hold what the user has put there.
+  ; Never delete the folder recursively: it may hold files of the user.
   !include "${LISTS}/uninstall.nsh"
   ${GetParameters} $1
   ClearErrors

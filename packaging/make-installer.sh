@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Makes the installer of a folder of files: make-installer.sh FOLDER VERSION INSTALLER
 #
-# The installer puts every file of FOLDER where it lies there, and its uninstaller deletes these and no others. The same
+# The installer unpacks every file of FOLDER to the same relative path; its uninstaller deletes only these files. The same
 # files with the same times give the same installer.
 set -euo pipefail
 [ $# -eq 3 ] || { echo "usage: make-installer.sh FOLDER VERSION INSTALLER" >&2; exit 2; }
@@ -16,7 +16,7 @@ lists=$(mktemp -d)
 trap 'rm -rf "$lists"' EXIT
 export LC_ALL=C
 
-# A path as the installer writes it.
+# Converts a path to the form of Windows.
 windows_path() {
     printf '%s' "$1" | tr / '\\'
 }
@@ -27,7 +27,7 @@ while IFS= read -r file; do
     printf 'SetOutPath "$INSTDIR%s"\nFile "%s"\n' "${place:+\\${place#\\}}" "$folder/$file" >>"$lists/install.nsh"
     printf 'Delete "$INSTDIR\\%s"\n' "$(windows_path "$file")" >>"$lists/uninstall.nsh"
 done < <(cd "$folder" && find . -type f -printf '%P\n' | sort)
-# The innermost folders first.
+# Innermost folders first.
 while IFS= read -r place; do
     printf 'RMDir "$INSTDIR\\%s"\n' "$(windows_path "$place")" >>"$lists/uninstall.nsh"
 done < <(cd "$folder" && find . -mindepth 1 -type d -printf '%P\n' | sort -r)

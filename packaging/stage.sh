@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Gathers what is handed out: stage.sh PROGRAMS VERSION FOLDER
+# Collects the files of a package: stage.sh PROGRAMS VERSION FOLDER
 #
-# PROGRAMS is the folder with the two Windows programs; FOLDER is made anew: the programs without their symbols, the guide
-# as web pages with its pictures, and the licence of everything that is compiled in. SOURCE_DATE_EPOCH, if set, becomes the
-# time of every file.
+# PROGRAMS holds the two Windows programs. The script replaces FOLDER by a new one: the programs without symbols, the guide
+# as web pages with its pictures, and the licence of each library that is compiled in. If SOURCE_DATE_EPOCH is set, every
+# file gets that time.
 set -euo pipefail
 [ $# -eq 3 ] || { echo "usage: stage.sh PROGRAMS VERSION FOLDER" >&2; exit 2; }
 programs=$(cd "$1" && pwd)
@@ -22,7 +22,7 @@ fail() {
     exit 1
 }
 
-# Texts get the line ends that every Windows editor knows.
+# Converts line ends to CR LF, which every Windows editor reads.
 as_windows_text() {
     sed -e 's/\r$//' -e 's/$/\r/'
 }
@@ -30,13 +30,14 @@ as_windows_text() {
 stage_programs() {
     local name
     for name in Kinetarium.exe kinetarium-headless.exe; do
-        # It would write the present time into the program unless it is to keep times.
+        # Without this option strip writes the present time into the program.
         x86_64-w64-mingw32-strip --preserve-dates -o "$folder/$name" "$programs/$name"
         chmod 755 "$folder/$name"
     done
 }
 
-# page MARKDOWN HTML: links between the documents become links between the pages; those to what is not handed out are text.
+# page MARKDOWN HTML: turns links between documents into links between pages; a link to a file outside of the package
+# becomes text.
 page() {
     local title
     title=$(sed -n 's/^# //p' "$1" | head -n 1)
@@ -49,7 +50,7 @@ page() {
     } >"$folder/guide/$2"
 }
 
-# Every local link and picture of a page has its file.
+# Fails if the file of a local link or picture is missing.
 check_links() {
     local target
     while IFS= read -r target; do
@@ -72,7 +73,7 @@ stage_guide() {
     sed "s/@VERSION@/$version/" packaging/README.txt | as_windows_text >"$folder/README.txt"
 }
 
-# licence NAME VERSION TERMS FILE TEXT...: an entry of the overview, and the text itself from files of the system.
+# licence NAME VERSION TERMS FILE TEXT...: adds an entry to the overview and copies the text from files of the system.
 licence() {
     local name=$1 number=$2 terms=$3 file=$4
     shift 4
@@ -82,7 +83,7 @@ licence() {
     printf '%-27s%-11s%-43s%s\n' "$name" "$number" "$terms" "$file" >>"$folder/licences/overview"
 }
 
-# The upstream version of an installed package; for one without versions, the day of its sources.
+# The upstream version of an installed package, or the date of its sources if it has no version.
 version_of() {
     dpkg-query -W -f '${source:Upstream-Version}' "$1" | sed -E -e 's/^0\.0~git([0-9]+).*/\1/' -e 's/[+~].*//'
 }
@@ -92,8 +93,8 @@ fmt_version() {
         "$dependencies/fmt/base.h"
 }
 
-# Debian describes all of Boost in one file of 46,000 lines. This takes whose the used part is (paragraphs that name it,
-# without the names of the files), and the licence.
+# Debian describes all of Boost in one file of 46,000 lines. This prints the copyright notices of the used part, without
+# the names of the files, and the licence.
 boost_licence() {
     awk '
         function finish() {

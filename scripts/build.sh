@@ -14,7 +14,8 @@ targets=()
 
 for preset in "${presets[@]}"; do
     tree="build/$preset"
-    # The build describes itself anew when a description changed; only the first time it must be asked to.
+    scripts/drop-moved-tree.sh "$tree"
+    # Only the first time: afterwards the build itself configures again when a CMakeLists.txt has changed.
     if [ ! -f "$tree/build.ninja" ]; then
         echo "Build: configuring $preset"
         cmake --preset "$preset" --log-level=WARNING >"$tree.log" 2>&1 || { cat "$tree.log" >&2; exit 1; }

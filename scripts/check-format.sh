@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Fails if a C++ file is laid out differently from .clang-format; with --fix it lays them out instead. Versions of
+# Fails if a C++ file differs from the layout of .clang-format; with --fix it changes the files instead. Versions of
 # clang-format differ in details: 14 decides.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -14,10 +14,10 @@ esac
 formatter=$(command -v clang-format-14 || command -v clang-format)
 case "$("$formatter" --version)" in
 *"version 14."*) ;;
-*) echo "error: the layout is that of clang-format 14; found: $("$formatter" --version)" >&2 && exit 1 ;;
+*) echo "error: clang-format 14 is needed; found: $("$formatter" --version)" >&2 && exit 1 ;;
 esac
 
-# Outside of a checkout (an unpacked archive) every file counts.
+# Without a repository (an unpacked archive), check every file.
 list_files() {
     git -c safe.directory='*' ls-files -z -- '*.cpp' '*.h' 2>/dev/null ||
         find . \( -path ./build -o -path ./out \) -prune -o \( -name '*.cpp' -o -name '*.h' \) -print0

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Counts the lines of the portable half that its tests reach. See --help.
+# Measures the line coverage of the portable half. See --help.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -7,12 +7,12 @@ usage() {
     cat <<'TEXT'
 usage: scripts/coverage.sh [--html] [--tree FOLDER]
 
-Installs gcovr if it is missing (Debian 12, as root), builds the portable half with counters and hardly optimised,
-runs its tests, and prints for each folder how many lines there are and how many were reached. The last line is the total;
-the exit code is 0 only if it is at least 95 %.
+Installs gcovr if it is missing (Debian 12, as root), builds the portable half with counters and -O1, runs its tests, and
+prints for each folder the number of lines and of covered lines. The last line is the total; the exit code is 0 only if it
+is at least 95 %.
 
   --html         also writes coverage/index.html into the tree, line by line
-  --tree FOLDER  the build tree, build/native-coverage if nothing else is said
+  --tree FOLDER  the build tree (build/native-coverage)
 TEXT
 }
 
@@ -29,21 +29,22 @@ while [ $# -gt 0 ]; do
     shift
 done
 
-scripts/install-packages.sh packages.txt packages-checks.txt
+scripts/install-packages.sh packages.txt gcovr
 scripts/fetch-dependencies.sh
+scripts/drop-moved-tree.sh "$tree"
 if [ ! -f "$tree/build.ninja" ]; then
     cmake --preset native-coverage -B "$tree" --log-level=WARNING >/dev/null
 fi
 echo "Coverage: building"
 cmake --build "$tree" >"$tree/build.log" || { cat "$tree/build.log" >&2 && exit 1; }
-# The counts of earlier runs would add up with these.
+# Otherwise the counts of earlier runs add to these.
 find "$tree" -name '*.gcda' -delete
 echo "Coverage: testing"
 ctest --test-dir "$tree" --output-on-failure --no-tests=error --parallel "$(nproc)" >"$tree/tests.log" ||
     { tail -n 60 "$tree/tests.log" >&2 && exit 1; }
 tail -n 3 "$tree/tests.log"
 
-# Branches that only an exception takes, and lines that the compiler never made code of, do not count.
+# Branches that only an exception takes, and lines without machine code, do not count.
 report=(gcovr --root . --object-directory "$tree" --exclude-throw-branches --exclude-unreachable-branches
     --filter 'app/' --filter 'classes/' --filter 'diagnostics/' --filter 'headless/' --filter 'simulation/'
     --filter 'strings/' --filter 'view/' "$tree")

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Fills build/deps/include with the header-only libraries of both builds, and build/deps/licences with the terms of what
-# does not come from an installed package:
-#   fmt           version 11, newer than Debian 12's: taken from a later Debian suite through an apt root of its own, with
-#                 the Debian keyring checking every file; nothing on the machine is upgraded or even looked at
+# Fills build/deps/include with the header-only libraries of both builds, and build/deps/licences with the licences of
+# libraries that are not installed packages:
+#   fmt           version 11, newer than that of Debian 12: from a later Debian suite, downloaded with an apt root of its
+#                 own and checked with the Debian keyring; the packages of the machine stay as they are
 #   boost, CLI, stb
-#                 links to the system's own headers, because the cross build must not see all of /usr/include
+#                 links to the system's headers, because the cross build must not see all of /usr/include
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -33,7 +33,7 @@ has_fmt_11() {
     [ -f "$include/fmt/base.h" ] && grep -qE '^#define FMT_VERSION 11[0-9]{4}$' "$include/fmt/base.h"
 }
 
-# The mirror that this machine's own sources name.
+# The mirror from this machine's apt sources.
 mirror() {
     local found
     found=$(cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list /etc/apt/sources.list.d/*.sources 2>/dev/null |
@@ -48,7 +48,7 @@ fetch_fmt_from() {
     mkdir -p "$root/lists/partial" "$root/cache/archives/partial" "$root/parts" "$root/download"
     : >"$root/status"
     echo "deb [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] $(mirror) $suite main" >"$root/sources.list"
-    # The signature is what counts, not its age: a mirror may be frozen at a moment.
+    # Accept an old release file with a valid signature: the mirror may be a snapshot.
     local options=(
         -o Acquire::Check-Valid-Until=false
         -o Dir::Etc::sourcelist="$root/sources.list" -o Dir::Etc::sourceparts=/dev/null
@@ -61,7 +61,7 @@ fetch_fmt_from() {
         apt-get "${options[@]}" update -qq && apt-get "${options[@]}" download -qq "libfmt-dev=$fmt_versions"
     ) || return 1
     dpkg -x "$root"/download/libfmt-dev_*.deb "$root/unpacked" || return 1
-    # Headers that are there stay: new ones would have everything compiled anew.
+    # Keep existing headers: new ones would recompile everything.
     if ! has_fmt_11; then
         rm -rf "$include/fmt"
         cp -r "$root/unpacked/usr/include/fmt" "$include/fmt"

@@ -22,12 +22,12 @@ usage: scripts/fuzz.sh [--seconds N] [--tree FOLDER] [TARGET...]
 
 Installs clang if it is missing (Debian 12, as root), builds the fuzzers with libFuzzer and the address and
 undefined-behaviour sanitizers, and runs each target for N seconds (60), as many at a time as there are processors.
-A search begins with the corpus in tests/fuzz/corpus and with what earlier searches have kept below the tree; nothing in
-the repository changes. The last line counts; the exit code is 0 only if nothing was found. The input of a finding is
-named: the fuzzer runs it alone when it is given as its only argument.
+libFuzzer mutates the corpus in tests/fuzz/corpus and the inputs that earlier searches have kept below the build tree;
+nothing in the repository changes. The last line counts; the exit code is 0 only if there is no finding. For each finding
+the script prints the file of its input; the fuzzer with this file as its only argument repeats the finding.
 
   targets        $all
-  --tree FOLDER  the build tree, build/native-fuzz if nothing else is said
+  --tree FOLDER  the build tree (build/native-fuzz)
 TEXT
 }
 
@@ -45,8 +45,9 @@ while [ $# -gt 0 ]; do
 done
 [ ${#targets[@]} -gt 0 ] || read -ra targets <<<"$all"
 
-scripts/install-packages.sh packages.txt packages-checks.txt
+scripts/install-packages.sh packages.txt clang libclang-rt-dev llvm
 scripts/fetch-dependencies.sh
+scripts/drop-moved-tree.sh "$tree"
 if [ ! -f "$tree/build.ninja" ]; then
     cmake --preset native-fuzz -B "$tree" --log-level=WARNING >/dev/null
 fi
@@ -57,8 +58,8 @@ work="$PWD/$tree/fuzz"
 rm -rf "$work/findings"
 mkdir -p "$work/findings"
 
-# One target, everything that it says into its log. Large inputs only make it slow: what goes wrong in them goes wrong in
-# smaller ones.
+# Runs one target, with all output in its log. The limit of the input's length keeps it fast: smaller inputs reach the
+# same code.
 run() {
     local target=$1 program=$2
     mkdir -p "$work/kept/$target"

@@ -1,13 +1,16 @@
 #!/usr/bin/env bash
-# Installs the packages of scripts/packages.txt, or of the lists named, that are missing. Quick when none is. Needs
-# Debian 12 and, if something is missing, root.
+# Installs missing Debian packages; quick if none is missing. Needs Debian 12 and, to install, root.
 #
-#   install-packages.sh [LIST...]
+#   install-packages.sh [LIST | PACKAGE]...
+#
+# A LIST is a file of this folder, all its packages. Without arguments: what test.sh and run.sh need.
 set -euo pipefail
 cd "$(dirname "$0")"
 
-[ $# -gt 0 ] || set -- packages.txt
-wanted=$(sed -e 's/#.*//' -e '/^[[:space:]]*$/d' "$@" | awk '{ print $1 }')
+[ $# -gt 0 ] || set -- packages.txt packages-wine.txt
+wanted=$(for name in "$@"; do
+    if [ -f "$name" ]; then sed 's/#.*//' "$name"; else echo "$name"; fi
+done | awk 'NF > 0 { print $1 }')
 
 missing=()
 for package in $wanted; do
@@ -28,7 +31,7 @@ if [ "$(id -u)" -ne 0 ]; then
     exit 1
 fi
 
-# Nothing may stop to ask a question, and a package manager that is busy (a fresh machine updates itself) is waited for.
+# apt must not ask questions, and must wait while another package manager is busy (a fresh machine updates itself).
 export DEBIAN_FRONTEND=noninteractive
 options=(-o DPkg::Lock::Timeout=300 -o Acquire::Retries=3 -o Dpkg::Use-Pty=0 -qq)
 apt-get "${options[@]}" update

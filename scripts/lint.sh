@@ -7,40 +7,69 @@ usage() {
     cat <<'TEXT'
 usage: scripts/lint.sh [--tree FOLDER] [--changed] [FILE...]
 
-Installs clang-tidy and cppcheck if they are missing (Debian 12, as root) and reads every source with both: those of the
-native build as it compiles them, and those of Windows as MinGW does. A finding that is none carries its reason in the
-code; what is off as a whole has it in .clang-tidy and in scripts/cppcheck-suppressions.txt. The last line counts
-sources, findings and seconds; the exit code is 0 only if nothing was found. All sources take clang-tidy about
-an hour of one processor.
+Runs clang-tidy and cppcheck over every source, with the compiler options of its build (native or Windows), and installs
+them if they are missing (Debian 12, as root). A false finding is switched off in the code, with its reason; a check that
+is off everywhere has its reason in .clang-tidy or scripts/cppcheck-suppressions.txt. The last line counts sources,
+findings and seconds; the exit code is 0 only if nothing was found. All sources take about an hour of one processor.
 
-  FILE...        only these sources, in their builds
-  --changed      only sources that differ from the last commit
-  --tree FOLDER  for the two descriptions of the build and the logs, build/lint if nothing else is said
+  FILE...        only these sources; for a header, every source that includes it, also through other headers
+  --changed      the same for the files that differ from the last commit or are untracked
+  --tree FOLDER  for the two compile databases and the logs (build/lint)
 TEXT
 }
 
 tree=build/lint
+restricted=no
 wanted=()
+
+list_changed() {
+    git diff --name-only --diff-filter=d HEAD -- '*.cpp' '*.h'
+    git ls-files --others --exclude-standard -- '*.cpp' '*.h'
+}
+
+# Reads names of files; prints the sources among them, and those that include one of the headers, directly or not. All
+# includes of our own files name the path from the top folder.
+find_sources() {
+    awk '
+        NR == FNR { wanted[$0] = 1; next }
+        { split($0, parts, /:#include "|"/); includer[++count] = parts[1]; included[count] = parts[2] }
+        END {
+            do {
+                grown = 0
+                for (i = 1; i <= count; ++i)
+                    if ((included[i] in wanted) && !(includer[i] in wanted)) { wanted[includer[i]] = 1; grown = 1 }
+            } while (grown)
+            for (name in wanted) if (name ~ /\.cpp$/) print name
+        }' - <(git ls-files --cached --others --exclude-standard -- '*.cpp' '*.h' |
+        xargs -d '\n' grep -s '^#include "' /dev/null) | sort -u
+}
 while [ $# -gt 0 ]; do
     case "$1" in
     --tree) tree=${2:?} && shift ;;
-    --changed) mapfile -t -O "${#wanted[@]}" wanted < <(git diff --name-only HEAD -- '*.cpp') ;;
+    --changed) restricted=yes && mapfile -t -O "${#wanted[@]}" wanted < <(list_changed) ;;
     --help | -h) usage && exit 0 ;;
     -*) usage >&2 && exit 2 ;;
-    *) wanted+=("$1") ;;
+    *) restricted=yes && wanted+=("$1") ;;
     esac
     shift
 done
 
+if [ "$restricted" = yes ]; then
+    [ ${#wanted[@]} -eq 0 ] || mapfile -t wanted < <(printf '%s\n' "${wanted[@]}" | find_sources)
+    [ ${#wanted[@]} -gt 0 ] || { echo "Lint: no source has changed" && exit 0; }
+fi
+
 started=$SECONDS
-scripts/install-packages.sh packages.txt packages-checks.txt
+scripts/install-packages.sh packages.txt clang clang-tidy cppcheck
 scripts/fetch-dependencies.sh
+for build in native windows; do
+    scripts/drop-moved-tree.sh "$tree/$build"
+done
 mkdir -p "$tree"
 
-# How each build compiles its sources, without what only GCC can read: precompiled headers. With the sanitizers on, the
-# fuzzers do not compile everything a second time.
+# How each build compiles its sources, but without precompiled headers: only GCC can read its own.
 cmake --preset native-release -B "$tree/native" -D CMAKE_C_COMPILER=clang -D CMAKE_CXX_COMPILER=clang++ \
-    -D KINETARIUM_SANITIZE=ON -D CMAKE_DISABLE_PRECOMPILE_HEADERS=ON --log-level=WARNING >"$tree/native.log" 2>&1 ||
+    -D CMAKE_DISABLE_PRECOMPILE_HEADERS=ON --log-level=WARNING >"$tree/native.log" 2>&1 ||
     { cat "$tree/native.log" >&2 && exit 1; }
 cmake --preset windows-release -B "$tree/windows" -D CMAKE_DISABLE_PRECOMPILE_HEADERS=ON --log-level=WARNING \
     >"$tree/windows.log" 2>&1 ||
@@ -50,13 +79,13 @@ sources_of() {
     sed -n "s|^ *\"file\": \"$PWD/\(.*\.cpp\)\".*|\1|p" "$tree/$1/compile_commands.json" | grep -v '^build/' | sort -u
 }
 sources_of native >"$tree/native.txt"
-# Of the Windows build what the native one has not seen, and what is written differently for it.
+# Of the Windows build: the sources that are not in the native build, and those with code for Windows alone.
 {
     sources_of windows | comm -23 - "$tree/native.txt"
     xargs grep -l '_WIN32' <"$tree/native.txt" | sort | comm -12 - <(sources_of windows)
 } | sort -u >"$tree/windows.txt"
 
-if [ ${#wanted[@]} -gt 0 ]; then
+if [ "$restricted" = yes ]; then
     for list in native windows; do
         printf '%s\n' "${wanted[@]}" | sort -u | comm -12 - "$tree/$list.txt" >"$tree/$list.wanted"
         mv "$tree/$list.wanted" "$tree/$list.txt"
@@ -64,8 +93,8 @@ if [ ${#wanted[@]} -gt 0 ]; then
 fi
 count=$(($(wc -l <"$tree/native.txt") + $(wc -l <"$tree/windows.txt")))
 
-# What only GCC understands, and what clang warns of and GCC does not, is GCC's business: it compiles the program.
-# For Windows it must be told where MinGW's headers are, but for GCC's own, which it has too.
+# GCC compiles the program: clang's own warnings about options and GCC's warning names do not count. For Windows clang
+# needs the paths of MinGW's headers, except GCC's built-in ones: it has its own.
 mapfile -t mingw_headers < <(x86_64-w64-mingw32-g++-posix -E -x c++ - -v </dev/null 2>&1 |
     sed -n '/^#include </,/^End/{ s/^ //p }' | grep -v '/gcc/x86_64-w64-mingw32/[^/]*/include\(-fixed\)\?$' |
     xargs realpath | sed 's/^/--extra-arg=-isystem/')
@@ -76,7 +105,7 @@ echo "Lint: clang-tidy, $count sources"
     xargs -r -P "$(nproc)" -n 1 "${tidy[@]}" --extra-arg=--target=x86_64-w64-windows-gnu "${mingw_headers[@]}" \
         -p "$tree/windows" <"$tree/windows.txt" 2>/dev/null || true
 } >"$tree/clang-tidy.log"
-# A header's finding is reported with every source that includes it. The headers of libraries are not ours to mend.
+# Every source that includes a header repeats its findings: count them once. Leave out the headers of libraries.
 grep -aE "^$PWD/.*(warning|error): " "$tree/clang-tidy.log" | grep -av "^$PWD/build/" | sort -u >"$tree/clang-tidy.findings" || true
 
 echo "Lint: cppcheck"

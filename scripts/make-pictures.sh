@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Builds Kinetarium and takes the pictures of docs/user-guide.md anew, from the running program on a virtual display:
+# Builds Kinetarium and takes new pictures for docs/user-guide.md, from the running program on a virtual display:
 #
 #   make-pictures.sh [--tree FOLDER] [--prefix FOLDER]
 #
-#   --tree FOLDER    use a build that is there already instead of building the preset windows-release
+#   --tree FOLDER    use this build tree instead of building the preset windows-release
 #   --prefix FOLDER  the Wine prefix (that of wine-session.sh)
 #
-# With ImageMagick's "convert" on the machine the pictures become half as large.
+# If ImageMagick's "convert" is installed, the files become half as large.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -30,7 +30,7 @@ export KINETARIUM_WITHOUT_DIRECT2D=1
 scripts/wine-session.sh "${session[@]}" timeout --foreground --kill-after=10 300 \
     scripts/wine-emulator.sh "$tree/bin/kinetarium-pictures.exe" "$tree/bin/Kinetarium.exe" "$folder"
 
-colours=128 # a window shows few: the backdrop's shades, the controls and the atoms
+colours=128 # enough for the backdrop's shades, the controls and the atoms
 if command -v convert >/dev/null; then
     for name in panel-speed panel-fixed message lowered run; do
         convert "$folder/$name.png" -dither None -colors "$colours" -strip "PNG8:$folder/$name.small"

@@ -1,16 +1,16 @@
 #!/usr/bin/env bash
-# Soaks and storms the finished program from another process, through its real window on a virtual display, and counts
-# what it holds before and after: threads, kernel handles, GDI objects, windows, heap blocks and their bytes.
+# Runs long tests of the finished program from another process, through its real window on a virtual display, and compares
+# its resources before and after: threads, kernel handles, GDI objects, windows, heap blocks and their bytes.
 #
 #   soak.sh [--short] [--seed N] [--only NAME] [--tree FOLDER] [--prefix FOLDER]
 #
 # The long form takes about half an hour: 2,000 rounds of start and stop, 500 clicks in the world, 300 full-screen
 # toggles, 60 s of random input, 10 minutes with 100,000 atoms. test.sh runs the short one.
 #
-#   --short          as test.sh does it
-#   --seed N         of the random choices; without it one is drawn and printed
-#   --only NAME      only the soaks whose name holds NAME, for example Clicks
-#   --tree FOLDER    use a build that is there already instead of building the preset windows-release
+#   --short          the form of test.sh
+#   --seed N         the seed of the random choices; by default a random one, which is printed
+#   --only NAME      only the soaks with NAME in their name, for example Clicks
+#   --tree FOLDER    use this build tree instead of building the preset windows-release
 #   --prefix FOLDER  the Wine prefix (that of wine-session.sh)
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -36,7 +36,7 @@ if [ -z "$tree" ]; then
     tree=build/windows-release
 fi
 
-# One test program for each soak, so that its lines appear when it ends, and each has a bound of its own.
+# One process per soak, so that its lines appear when it ends and each has a time limit of its own.
 limit=1800
 soaks=(RoundsOfStartAndStop ClicksInTheWorld FullScreenToggles AStormOfRandomInput ALongRunOfAHundredThousandAtoms)
 log=$(mktemp)
@@ -51,7 +51,7 @@ for soak in "${soaks[@]}"; do
     KINETARIUM_SOAK=$form scripts/wine-session.sh "${session[@]}" timeout --foreground --kill-after=10 "$limit" \
         scripts/wine-emulator.sh "$tree/tests-bin/EndToEndTests.exe" --gtest_filter="Soak.$soak*" >"$log" 2>&1 || code=$?
     grep -v -e '^\[[-=]*\]' -e '^Note:' -e '^Running main' -e '^[[:space:]]*$' -e '^\[  PASSED' "$log" || true
-    # A filter that meets no test must not pass for a soak that held.
+    # A filter without a matching test must not count as passed.
     if [ "$code" -ne 0 ] || ! grep -q '^\[  PASSED  \] 1 test' "$log"; then
         failed=$((failed + 1))
     fi

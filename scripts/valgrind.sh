@@ -7,17 +7,16 @@ usage() {
     cat <<'TEXT'
 usage: scripts/valgrind.sh [--tree FOLDER] [PROGRAM...]
 
-Installs valgrind if it is missing (Debian 12, as root), builds the native tests and runs them with every access to the
-memory watched and every block accounted for at the end. The exit code is 0 only if nothing was wrong and every test has
-passed; the last line counts.
+Installs valgrind if it is missing (Debian 12, as root), builds the native tests and runs them under memcheck with a leak
+check at the end. The exit code is 0 only if there is no finding and every test has passed; the last line counts.
 
   programs       ClassesCoreTests DiagnosticsTests StringsTests SimulationTests ViewTests AppTests HeadlessTests
-  --tree FOLDER  the build tree, build/native-release if nothing else is said
+  --tree FOLDER  the build tree (build/native-release)
 TEXT
 }
 
-# Left out, by program: what takes minutes here (smaller scenes of the tests that run go through the same code), and the
-# comparison of a short wait with a long one, which says nothing at this speed.
+# Tests left out, by program: those that take minutes under valgrind (other tests run the same code with smaller scenes),
+# and the comparison of a short wait with a long one, which is meaningless at this speed.
 declare -A left_out=(
     [ClassesCoreTests]="Profile.TheTableBeginsWithTheLargestTotal"
     [SimulationTests]="*GoldenHash*:Differential*:*CellsOfEveryDensity*"
@@ -37,8 +36,9 @@ done
 [ ${#programs[@]} -gt 0 ] ||
     programs=(ClassesCoreTests DiagnosticsTests StringsTests SimulationTests ViewTests AppTests HeadlessTests)
 
-scripts/install-packages.sh packages.txt packages-checks.txt
+scripts/install-packages.sh packages.txt valgrind
 scripts/fetch-dependencies.sh
+scripts/drop-moved-tree.sh "$tree"
 if [ ! -f "$tree/build.ninja" ]; then
     cmake --preset native-release -B "$tree" --log-level=WARNING >/dev/null
 fi
@@ -54,7 +54,7 @@ export KINETARIUM_CPU=baseline
 run() {
     local program=$1
     # fair-sched: a test with threads must not starve one of them.
-    # nouserintercepts: the tests' own operator new, which runs out of memory on demand, stays the one that is called.
+    # nouserintercepts: valgrind does not replace the tests' own operator new, which fails on demand.
     valgrind --quiet --fair-sched=yes --leak-check=full --errors-for-leak-kinds=definite,possible \
         --error-exitcode=99 --soname-synonyms=somalloc=nouserintercepts \
         --suppressions=scripts/valgrind-suppressions.txt "$tree/tests-bin/$program" --gtest_brief=1 \

@@ -1,12 +1,15 @@
 #!/usr/bin/env bash
 # Runs a Windows program under Wine: wine-emulator.sh PROGRAM [ARGUMENT...]
 #
-# CMake starts every program of the Windows build through this. The program's output goes through a file, because Wine's
-# services inherit whatever the program writes to: a pipe would stay open after the program's end, and a reader such as
-# CTest would wait for those services. Input is empty for the same reason.
+# CMake starts every program of the Windows build with this script. The program writes into a file: Wine's services inherit
+# its output and keep it open, so a reader of a pipe, such as CTest, would wait for them after the program's end. Input is
+# empty for the same reason.
 #
-# The Wine prefix (its private "drive C" and registry) is WINEPREFIX or else the one of the build tree that PROGRAM lies in,
-# which is made if it is missing. There is no other default: the prefix in the home folder belongs to the user.
+# The Wine prefix (a private "drive C" and registry) is WINEPREFIX, or else that of the build tree that holds PROGRAM; the
+# script makes it if it is missing. It never uses the prefix in the home folder, which belongs to the user.
+#
+# Of a program that fails, Wine's own errors are printed too. If it printed nothing at all, the script says so and names
+# its exit code: then Wine may not have started it.
 set -u
 
 here=$(cd "$(dirname "$0")" && pwd)
@@ -39,17 +42,18 @@ if [ -z "${WINEPREFIX:-}" ]; then
         fail "the Wine prefix $WINEPREFIX cannot be made"
 fi
 export WINEPREFIX
-export WINEDEBUG="${WINEDEBUG:--all}"
-# No offers to install a .NET or HTML engine, and no entries in the desktop's menus.
+# Errors only. With "-all" in front Debian's wine does not complain about its missing 32-bit half.
+export WINEDEBUG="${WINEDEBUG:--all,err+all}"
+# Do not offer to install a .NET or HTML engine; make no entries in the desktop's menus.
 export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml=;winemenubuilder.exe=d}"
-# This Wine shows nothing of what Direct2D draws into a child window, and takes a hundred times as long for it: tests of
-# the whole program run as on a machine without Direct2D, where GDI draws.
+# Wine 8 does not show what Direct2D draws into a child window, and draws it a hundred times slower. So tests of the whole
+# program run without Direct2D; GDI draws instead.
 [ -z "${KINETARIUM_WITHOUT_DIRECT2D:-}" ] || WINEDLLOVERRIDES="$WINEDLLOVERRIDES;d2d1="
-# Direct2D's frames are presented by the thread that draws them: with a thread of its own for that, Wine and the software
-# renderer can lock each other out for ever. It is also a third faster.
+# The drawing thread also presents Direct2D's frames: with a second thread for that, Wine and the software renderer can
+# deadlock. One thread is also a third faster.
 export WINE_D3D_CONFIG="${WINE_D3D_CONFIG:-csmt=0x0}"
 
-# One test at a time on a desktop; those of the second one move over if there is a second one.
+# Run one test at a time on a desktop. Tests of the second desktop use it if the session has one.
 if [ -n "${KINETARIUM_DESKTOP:-}" ]; then
     if [ "$KINETARIUM_DESKTOP" = second ] && [ -n "${KINETARIUM_SECOND_PREFIX:-}" ]; then
         export WINEPREFIX="$KINETARIUM_SECOND_PREFIX" DISPLAY="$KINETARIUM_SECOND_DISPLAY"
@@ -58,9 +62,22 @@ if [ -n "${KINETARIUM_DESKTOP:-}" ]; then
     flock 7
 fi
 
+# "0024:err:module:..."
+wine_error='^[0-9a-f]+:err:'
+
+memory() {
+    awk '/^(MemAvailable|SwapFree):/ { printf "%s %d MB ", $1, $2 / 1024 }' /proc/meminfo
+}
+
 output=$(mktemp) || fail "no room for a temporary file"
 trap 'rm -f "$output"' EXIT
 wine "$@" </dev/null >"$output" 2>&1 7>&-
 code=$?
-cat "$output"
+if [ "$code" -eq 0 ]; then
+    grep -avE "$wine_error" "$output"
+else
+    cat "$output"
+    grep -aqvE "$wine_error" "$output" ||
+        echo "wine-emulator: exit code $code and no output of $1: Wine may not have started it; $(memory)" >&2
+fi
 exit "$code"

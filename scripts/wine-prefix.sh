@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Makes a Wine prefix (a private "drive C" with its registry), once: wine-prefix.sh FOLDER [WIDTHxHEIGHT]
 #
-# With a size, every program of the prefix lives in a desktop of Wine's own: with its own window manager the order of
-# focus, activation and size messages is the same in every run, and windows have title bars on a bare virtual display.
-# Without a size, windows are windows of the display's own desktop. Called again with another size it changes over.
+# With a size, the programs of the prefix run in a desktop of Wine: with Wine's own window manager the order of focus,
+# activation and size messages is the same in every run, and windows have title bars, though Xvfb has no window manager.
+# Without a size, windows belong to the desktop of the display. A second call with another size changes the prefix.
 set -euo pipefail
 
 [ $# -ge 1 ] && [ -n "$1" ] || { echo "usage: wine-prefix.sh FOLDER [WIDTHxHEIGHT]" >&2; exit 2; }
@@ -11,7 +11,7 @@ mkdir -p "$1"
 prefix=$(cd "$1" && pwd)
 size=${2:-}
 marker="$prefix/kinetarium-prefix"
-# Goes up when something below changes, so that prefixes of earlier checkouts are brought up to date.
+# Raise it when something below changes: then prefixes of earlier checkouts are updated.
 layout=3
 wanted="layout $layout, desktop ${size:-none}"
 
@@ -34,15 +34,15 @@ export WINEDEBUG=-all
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 log="$prefix.log"
 
-# A crash ends the program (a dialog would wait for ever); text is smoothed as on a Windows desktop.
+# Without this, a crash opens a dialog and the program never ends. Text is smoothed as on a Windows desktop.
 registry() {
     printf 'REGEDIT4\r\n\r\n'
     printf '[HKEY_CURRENT_USER\\Software\\Wine\\WineDbg]\r\n"ShowCrashDialog"=dword:00000000\r\n\r\n'
     printf '[HKEY_CURRENT_USER\\Control Panel\\Desktop]\r\n"FontSmoothing"="2"\r\n'
     printf '"FontSmoothingType"=dword:00000002\r\n"FontSmoothingGamma"=dword:00000578\r\n'
     printf '"FontSmoothingOrientation"=dword:00000001\r\n\r\n'
-    # Wine 8 draws what Direct2D presents to a child window, as the world is, nowhere. Without Direct2D the program
-    # paints with GDI, as it does on Windows when Direct2D fails. Test programs keep Direct2D: they look elsewhere.
+    # Wine 8 does not show what Direct2D draws into a child window, such as the world. Without Direct2D the program paints
+    # with GDI, as it does on Windows when Direct2D fails. Test programs keep Direct2D: they show it in a top-level window.
     printf '[HKEY_CURRENT_USER\\Software\\Wine\\AppDefaults\\Kinetarium.exe\\DllOverrides]\r\n"d2d1"=""\r\n\r\n'
     if [ -n "$size" ]; then
         printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer]\r\n"Desktop"="Kinetarium"\r\n\r\n'
@@ -52,8 +52,8 @@ registry() {
     fi
 }
 
-# Debian keeps Wine's fonts where its Wine does not look. They are found in the folder of Windows' own: Tahoma, which
-# labels and the status bar are written in, and Marlett, whose letters are the signs on a title bar's buttons.
+# Debian installs Wine's fonts in a folder that Wine does not search, so link them into the prefix's folder of fonts:
+# Tahoma for the labels and the status bar, Marlett for the symbols on the buttons of a title bar.
 link_fonts() {
     local folder="$prefix/drive_c/windows/Fonts" font
     mkdir -p "$folder"
@@ -62,7 +62,7 @@ link_fonts() {
     done
 }
 
-# The services of Wine must not hold on to this script's output, lock or display.
+# Wine's services must not inherit this script's output and lock.
 quietly() {
     "$@" </dev/null >>"$log" 2>&1 9>&-
 }

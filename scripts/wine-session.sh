@@ -5,12 +5,12 @@
 #
 #   --prefix FOLDER    the Wine prefix, made if it is missing (build/windows-release/wine)
 #   --size WIDTHxHEIGHT  of the display and of Wine's desktop on it (1280x1024)
-#   --this-display     open windows on the display that DISPLAY names instead of a private one
-#   --second           only offer this Wine and display, as KINETARIUM_SECOND_PREFIX and KINETARIUM_SECOND_DISPLAY, to
-#                      tests that may run beside those of another session, which the command is to start
+#   --this-display     open windows on the display of DISPLAY instead of a private one
+#   --second           the second desktop: sets KINETARIUM_SECOND_PREFIX and KINETARIUM_SECOND_DISPLAY for the command,
+#                      which starts another session for the first desktop
 #
-# The exit code is that of the command. Whatever way this ends (the command's end, a signal, even SIGKILL) the display
-# and every program of the prefix are ended too, and nothing else is: they are known by process id and prefix.
+# The exit code is that of the command. However the session ends (the command ends, a signal, even SIGKILL), it ends the
+# display and every program of the prefix, which it knows by process id and prefix, and nothing else.
 set -u
 
 cd "$(dirname "$0")/.." || exit 1
@@ -52,10 +52,10 @@ if ! flock -n 8; then
     flock 8
 fi
 
-export WINEPREFIX="$prefix" WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}"
+export WINEPREFIX="$prefix" WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all,err+all}"
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
-# The thread that draws presents its frames itself: with a thread for that, Wine and the software renderer can lock each
-# other out for ever. It is also a third faster.
+# The drawing thread also presents Direct2D's frames: with a second thread for that, Wine and the software renderer can
+# deadlock. One thread is also a third faster.
 export WINE_D3D_CONFIG="${WINE_D3D_CONFIG:-csmt=0x0}"
 
 end_process() {
@@ -91,8 +91,8 @@ trap 'finish 130' INT
 trap 'finish 143' TERM
 trap 'finish 129' HUP
 
-# A shell that is killed outright cannot tidy up: this one watches it and then does so. It is no member of the shell's
-# process group, which may be killed as a whole, and keeps the session's lock until all is tidy.
+# SIGKILL gives this script no chance to clean up. The guard watches it and then cleans up in its place. It has a process
+# group of its own, because the whole group of this script may be killed, and it keeps the session's lock until the end.
 start_guard() {
     set -m
     (
@@ -111,8 +111,8 @@ start_guard() {
     set +m
 }
 
-# Runs a command as a process group of its own, which a signal can end as a whole, and waits for it; in the background,
-# because a shell that waits in the foreground heeds no signal.
+# Runs a command as a process group of its own, so that a signal can end all of it, and waits for it. The command runs in
+# the background: a shell handles no signal while it waits for a command in the foreground.
 run() {
     local code
     set -m
@@ -127,7 +127,7 @@ run() {
     return "$code"
 }
 
-# The display chooses a free number itself and writes it down when it accepts connections.
+# Xvfb chooses a free display number and writes it into the file when it accepts connections.
 start_display() {
     : >"$folder/display"
     Xvfb -displayfd 5 -screen 0 "${size}x24" -nolisten tcp -noreset </dev/null \
@@ -156,7 +156,7 @@ else
     run scripts/wine-prefix.sh "$prefix" || fail "no Wine prefix"
 fi
 
-# A server that stays makes a program's start 20 times quicker than one that ends with every program.
+# With a persistent server a program starts 20 times quicker than with one that ends after each program.
 wineserver -p </dev/null >/dev/null 2>&1 8>&-
 run timeout --foreground 120 wine wineboot >/dev/null 2>&1 || fail "Wine does not start in $prefix"
 

@@ -15,7 +15,7 @@ struct CDisc
     double red, green, blue; // levels at the middle of the disc
 };
 
-// Large sizes show a few small atoms more; at small ones they would be specks.
+// Large sizes show a few more small atoms; in small sizes they would be specks.
 constexpr std::array<CDisc, 6> c_aDiscs = {{
     {0.34, 0.37, 0.200, 235.0, 40.0, 40.0},
     {0.70, 0.30, 0.135, 150.0, 150.0, 150.0},
@@ -85,7 +85,7 @@ CSample SampleAt(double dX, double dY, std::span<const CDisc> discs)
     return {dBlue * c_dTileTint, dBlue * c_dTileTint, dBlue, 1.0};
 }
 
-// The mean of the samples in one pixel; colours are weighed with their opacity.
+// The mean of the samples in one pixel; opacity weights the colours.
 CPixel PixelAt(int iX, int iY, int iSide, std::span<const CDisc> discs)
 {
     CSample sum;

@@ -13,7 +13,7 @@ constexpr double c_dRed = 38.0;
 constexpr double c_dGreen = 58.0;
 constexpr double c_dBlue = 64.0;
 
-// Levels by which the grain lightens and darkens; more makes small text restless.
+// Amplitude of the grain, in levels; a larger one makes small text hard to read.
 constexpr double c_dCloudLevels = 3.0;
 constexpr double c_dGrainLevels = 2.2;
 
@@ -25,7 +25,7 @@ struct CLayer
 };
 constexpr std::array<CLayer, 3> c_aCloudLayers = {{{4, 0.55}, {8, 0.3}, {16, 0.15}}};
 
-// A well-mixed number in -1..1 for a lattice point; the multipliers are odd numbers with evenly spread bits.
+// A hash of a lattice point, in -1..1; the multipliers are odd numbers with evenly spread bits.
 double LatticeValue(int iX, int iY, std::uint32_t uSeed)
 {
     std::uint32_t uHash = static_cast<std::uint32_t>(iX) * 0x9E3779B1U ^ static_cast<std::uint32_t>(iY) * 0x85EBCA77U ^
@@ -36,7 +36,7 @@ double LatticeValue(int iX, int iY, std::uint32_t uSeed)
     return static_cast<double>(uHash) / static_cast<double>(UINT32_MAX) * 2.0 - 1.0;
 }
 
-// Goes from 0 to 1 with level ends, so that the lattice does not show as lines.
+// Rises from 0 to 1 with slope 0 at both ends, so that the lattice shows no lines.
 double Ease(double dT)
 {
     return dT * dT * (3.0 - 2.0 * dT);
@@ -73,7 +73,7 @@ double Cloud(int iX, int iY)
     return dSum;
 }
 
-// Fibres as of pressed paper: a grain drawn out along the row, with the neighbours to the left averaged in.
+// Fibres like those of paper: a grain that is averaged along the row, over the pixels to the left.
 double Grain(int iX, int iY)
 {
     constexpr int c_iFibreLength = 6; // pixels

@@ -4,7 +4,7 @@
 
 namespace
 {
-// Sizes in bytes that the two file formats fix.
+// Sizes of headers in the two file formats, in bytes.
 constexpr std::uint32_t c_uBitmapFileHeader = 14;
 constexpr std::uint32_t c_uBitmapInfoHeader = 40;
 constexpr std::uint32_t c_uIconDirectory = 6;
@@ -17,7 +17,7 @@ constexpr std::uint32_t c_uBitsPerByte = 8;
 constexpr std::uint32_t c_uRowBits = 32;
 // 96 dots per inch, in the dots per metre that the header wants.
 constexpr std::uint32_t c_uPixelsPerMetre = 3780;
-// The entry of an icon has one byte for a side, in which 0 stands for 256.
+// The entry of an icon has one byte for a side; 0 means 256.
 constexpr int c_iSideWrittenAsZero = 256;
 constexpr std::uint8_t c_uHalfOpaque = 128;
 
@@ -104,7 +104,7 @@ void AppendMask(Bytes& bytes, const CImage& image)
 Bytes MakeIconImage(const CImage& image)
 {
     Bytes bytes;
-    // Colours and mask are stacked, and the header counts the rows of both.
+    // The mask follows the colours; the height in the header counts the rows of both.
     AppendInfoHeader(bytes, image.GetWidth(), image.GetHeight() * 2, c_uBitsPerPixelAlpha);
     AppendPixels(bytes, image, true);
     AppendMask(bytes, image);

@@ -1,5 +1,5 @@
-// Draws the program's icon and backdrop. Every number in it is fixed, so that the files come out the same on every
-// machine: whoever changes the drawing runs it again and commits what it wrote.
+// Draws the program's icon and backdrop. All numbers are fixed, so the files are the same on every machine: after a
+// change of the drawing run the program and commit its files.
 
 #include "resources/drawing/AtomIcon.h"
 #include "resources/drawing/Backdrop.h"

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-// A fuzzer's bytes, taken apart into what a target needs. The form is text, words between blanks and line ends: so a
-// finding can be read, shortened and kept by hand. Nothing is ever an error: what is missing is zero or empty.
+// Splits a fuzzer's bytes into the values that a target needs. The format is text, words between blanks and line ends,
+// so that a person can read and shorten a finding. Nothing is an error: a missing number is 0, a missing line is empty.
 class CFuzzInput
 {
 public:
@@ -16,13 +16,13 @@ public:
 
     bool IsAtEnd() const;
 
-    // The next word as a whole number; what does not fit becomes the nearest end of the range.
+    // The next word as a whole number; saturates.
     int TakeInt();
 
-    // The same, brought into low..high.
+    // The same, clamped to low..high.
     int TakeInt(int low, int high);
 
-    // The next word as strtod reads it, infinities and "not a number" included.
+    // The next word as strtod reads it, including infinities and NaN.
     double TakeDouble();
 
     // The rest of the line, one character per byte.

@@ -15,7 +15,7 @@ constexpr int c_iAreaTop = 10;
 constexpr int c_iRightOfView = 260;
 constexpr int c_iBelowView = 45;
 
-// Every sum here is formed wide, and what does not fit an integer becomes its nearest end.
+// Every sum here is computed with 64 bits; the conversion to int saturates.
 int Fit(std::int64_t value)
 {
     return static_cast<int>(
@@ -68,7 +68,7 @@ void CheckViewSize(const CCase& c, const CRect& view)
     Require(GetWidth64(view) == width && GetHeight64(view) == height, "the view has another size");
 }
 
-// Where there is a world and room for a view, it lies in the middle of its area.
+// If the world and the room for a view are not empty, the view is centred in its area.
 void CheckViewPlace(const CCase& c, const CRect& view)
 {
     const std::int64_t roomX = std::int64_t{c.client.cx} - c_iRightOfView;
@@ -103,7 +103,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t uC
 
     const CWindowedLayout layout = ComputeWindowedLayout(c.client, c.world, c.measures);
     CheckFixedParts(c, layout);
-    // A client area of less than nothing is laid out too, but only larger ones have a middle.
+    // The layout accepts a client area of negative size, but then nothing can be centred.
     constexpr int c_iFarEnough = std::numeric_limits<int>::min() / 2;
     if (c.client.cx > c_iFarEnough && c.client.cy > c_iFarEnough)
     {

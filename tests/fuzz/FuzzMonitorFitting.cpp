@@ -14,7 +14,7 @@ using namespace Layout;
 constexpr int c_iCornerInset = 8;
 constexpr int c_iMostMonitors = 12;
 
-// Wide enough for every product here, whatever the numbers are.
+// Wide enough for every product of two coordinates.
 using Wide = long double;
 
 bool IsEmptyWide(const CRect& rc)
@@ -58,7 +58,7 @@ CRect TakeRect(CFuzzInput& input)
     return rc;
 }
 
-// What no monitor is, none gets: the system's have an area.
+// Empty rectangles are left out: every monitor of the system has an area.
 std::vector<CMonitorArea> TakeMonitors(CFuzzInput& input)
 {
     std::vector<CMonitorArea> monitors;
@@ -109,7 +109,7 @@ void CheckMovedWindow(const CRect& window, const CRect& monitor)
             "a moved window has another height");
 }
 
-// The window that would open where none is saved.
+// The window that opens if none is saved.
 CRect GetWindowToFit(const CRect& saved, const CSize<int>& screen)
 {
     if (!IsEmptyWide(saved))
@@ -174,7 +174,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t uC
     }
     CheckFit(GetWindowToFit(saved, screen), monitors, fit);
 
-    // Saved and opened again, the window stays where it is, unless monitors overlap or are too small for any window.
+    // A saved window opens in the same place, unless monitors overlap or are too small for any window.
     const bool bUsual = AreApart(monitors) && std::all_of(monitors.begin(), monitors.end(), [](const auto& monitor) {
                             return IsLargeEnough(monitor.rectangle);
                         });

@@ -12,7 +12,7 @@ namespace
 constexpr double c_dUntouched = -12345.0;
 constexpr unsigned c_uUntouched = 0xFFFFFFFF;
 
-// Up to so many digits a CBigFloat holds the number itself, so that its nearest double is the number's.
+// Up to this many digits a CBigFloat holds the exact number, so both round to the same double.
 constexpr std::size_t c_uExactDigits = 100;
 
 bool HaveSameBits(double dFirst, double dSecond)
@@ -53,7 +53,7 @@ void CheckOther(std::wstring_view sText)
     Require(!StringToNumber(sText, &big, true, nullptr) && big == 0, "the long form has not cleared the number");
 }
 
-// Numbers that doubles can tell apart stand in the same order.
+// Two numbers with different doubles have the same order in both forms.
 void CheckOrder(std::wstring_view sFirst, std::wstring_view sSecond)
 {
     CBigFloat first;

@@ -21,7 +21,7 @@ namespace
 constexpr CSize<int> c_World = {150, 120};
 constexpr int c_iIterations = 3;
 
-// More would only make the fuzzer slow: what goes wrong among a hundred atoms goes wrong among a few.
+// More atoms only make the fuzzer slow: a few atoms reach the same code.
 constexpr std::int32_t c_iMostSimulatedAtoms = 40;
 
 bool Load(const std::string& sText, CAtoms& atoms)
@@ -45,7 +45,7 @@ std::string Save(const CAtoms& atoms)
     return sink.GetText();
 }
 
-// What every atom of an accepted state has, whatever the file says.
+// Holds for every atom of an accepted state.
 void CheckAtoms(const CAtoms& atoms)
 {
     for (std::int32_t index = 0; index < atoms.GetCount(); ++index)

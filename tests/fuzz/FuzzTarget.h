@@ -3,9 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 
-// One input of a fuzzer. Whatever the bytes are, the program must read them without a crash, a hang or undefined
-// behaviour; and what it accepts must hold. Ends the process where that is not so.
+// Runs one input of a fuzzer. The program must read any bytes without a crash, a hang or undefined behaviour, and its
+// results must be right. A finding ends the process. Always returns 0.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t uCount);
 
-// Ends the process with a text unless the condition holds.
+// Prints the text and ends the process unless the condition is true.
 void Require(bool bCondition, const char* sWhat);

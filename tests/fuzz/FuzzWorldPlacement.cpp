@@ -17,7 +17,7 @@ struct CCase
     CSize<int> bars;
 };
 
-// The fewest bars with which nothing of the world is out of reach.
+// The fewest scroll bars with which the user can reach the whole world.
 bool IsEnough(const CScrollBarsShown& shown, const CCase& c)
 {
     const std::int64_t width = std::int64_t{c.view.cx} - (shown.bVertical ? c.bars.cx : 0);
@@ -54,7 +54,7 @@ void CheckFittedBar(const CScrollBarState& bar, int iWorld, int iClient)
     Require(FitScrollBar(bar, iWorld, iClient) == bar, "a fitted bar is not fitting");
 }
 
-// One direction of a placed world: where it is scrolled it covers the client area, elsewhere it is in the middle.
+// One direction of a placed world: a scrolled world covers the client area, any other world is centred.
 void CheckPlacedDirection(int iLow, int iHigh, int iWorld, int iClient, bool bScrolled)
 {
     Require(std::int64_t{iHigh} - iLow == iWorld, "the world has another size");
@@ -127,7 +127,7 @@ private:
         view.iHorizontalPosition = m_HorizontalBar.iPosition;
         view.iVerticalPosition = m_VerticalBar.iPosition;
         const CRect rc = PlaceWorld_Scrolled(m_Case.world, view);
-        // With less than one pixel there is nothing that a gap could be seen in.
+        // A client area of less than one pixel cannot show a gap.
         CheckPlacedDirection(rc.left, rc.right, m_Case.world.cx, std::max(view.sizeClient.cx, 1),
                              view.shown.bHorizontal);
         CheckPlacedDirection(rc.top, rc.bottom, m_Case.world.cy, std::max(view.sizeClient.cy, 1), view.shown.bVertical);
@@ -138,7 +138,7 @@ private:
     CScrollBarState m_VerticalBar;
 };
 
-// Whatever the numbers are, the rules have a result.
+// The rules return for any numbers.
 void TryExtremes(const CCase& c, CFuzzInput input)
 {
     CScrollBarState bar;

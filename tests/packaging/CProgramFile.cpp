@@ -153,7 +153,7 @@ std::size_t CProgramFile::CountRelocations() const
         }
         for (std::size_t uEntry = sizeof(IMAGE_BASE_RELOCATION); uEntry < uBlockSize; uEntry += c_uWord)
         {
-            // The upper four bits are the kind; what fills up a block is of the kind IMAGE_REL_BASED_ABSOLUTE.
+            // The upper four bits are the type; IMAGE_REL_BASED_ABSOLUTE is padding.
             constexpr unsigned c_uKindShift = 12;
             const std::uint32_t uKind = Read(uBegin + uBlock + uEntry, c_uWord) >> c_uKindShift;
             uCount += uKind == IMAGE_REL_BASED_DIR64 ? 1 : 0;

@@ -2,12 +2,12 @@
 
 #include <filesystem>
 
-// The build tree that the test program lies in.
+// The build tree of the test program.
 std::filesystem::path BuildTree();
-// Its finished programs.
+// Its folder of programs.
 std::filesystem::path BuiltPrograms();
-// What is handed out, as it is in the archive and in an installation.
+// The files of the archive and of an installation.
 std::filesystem::path HandedOutFolder();
-// The installer of that, and of an earlier version that had a file more.
+// The installer of these files, and that of an earlier version, which had one more file.
 std::filesystem::path BuiltInstaller();
 std::filesystem::path BuiltEarlierInstaller();

@@ -5,24 +5,24 @@
 #include <array>
 #include <cstring>
 
-// What the flags that all programs are compiled with do; the test program is compiled with them too.
+// Tests the effect of the flags that all programs are compiled with: the test program has them too.
 
 namespace
 {
 constexpr std::size_t c_uRoom = 16; // bytes
 constexpr std::size_t c_uBeyond = c_uRoom + 12;
 
-// A failed check ends in an instruction that there is none of. Without the check the program would go on to an address
-// made of the letters that it wrote, and end for another reason.
+// A failed check executes an illegal instruction. Without the check the program would return to an address made of the
+// letters that it wrote, and end with another exception.
 bool EndedByTheCheck(int iExitCode)
 {
     return static_cast<DWORD>(iExitCode) == EXCEPTION_ILLEGAL_INSTRUCTION;
 }
 
-// Hidden from the compiler, which would see the mistake and refuse it.
+// Hidden from the compiler, which would otherwise refuse the overflow.
 volatile std::size_t s_uLength = c_uBeyond;
 
-// Writes beyond the end of its array, onto what lies between that and the place to return to.
+// Writes beyond the end of its array, over the stack protector's canary.
 __attribute__((noinline)) int Overflow(std::size_t uLength)
 {
     std::array<char, c_uRoom> text{};
@@ -52,7 +52,7 @@ TEST(HardeningDeathTest, WritingBeyondAnArrayOnTheStackEndsTheProgram)
 }
 
 #ifdef _FORTIFY_SOURCE
-// In builds that optimise; the others cannot know how much room there is.
+// Only in optimising builds: without optimisation the compiler does not know the size of the buffer.
 TEST(HardeningDeathTest, CopyingMoreThanThereIsRoomForEndsTheProgram)
 {
     EXPECT_EQ(CopyTooMuch(c_uRoom), 0);

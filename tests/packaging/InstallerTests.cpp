@@ -26,7 +26,7 @@ constexpr DWORD c_uRunning = 4;
 
 using Names = std::set<std::string>;
 
-// The paths of all files below a folder; nothing while the folder changes under the reader.
+// The paths of all files below a folder; empty if the folder changes meanwhile.
 std::optional<Names> TryFilesIn(const std::filesystem::path& folder)
 {
     Names names;
@@ -54,7 +54,7 @@ Names FilesIn(const std::filesystem::path& folder)
     return *names;
 }
 
-// How many files and folders lie in a folder itself.
+// The count of files and folders directly in a folder.
 std::ptrdiff_t CountEntries(const std::filesystem::path& folder)
 {
     std::error_code error;
@@ -77,8 +77,8 @@ void WriteFile(const std::filesystem::path& file, const std::string& sText)
     std::ofstream(file, std::ios::binary) << sText;
 }
 
-// Has Wine tell a program, by the name of its file, that this is a certain version of Windows. Left to itself, Wine 8
-// says Windows 7. On Windows it changes nothing.
+// Makes Wine report a certain version of Windows to the program of this file name; Wine 8 reports Windows 7 by default.
+// On Windows this has no effect.
 class CClaimedWindows
 {
 public:
@@ -108,7 +108,7 @@ protected:
     }
     ~Installer() override { Clear(); }
 
-    // Whatever a failed test has left, without the help of what it tested.
+    // Removes the rest of a failed test, without the uninstaller under test.
     void Clear() const
     {
         std::error_code ignored;
@@ -225,7 +225,7 @@ TEST_F(Installer, AnUpdateReplacesTheEarlierVersionAndKeepsSettingsReportsAndThe
     WriteFile(m_place / "Kinetarium-crash-20260101-120000.txt", "a report");
     std::filesystem::copy_file(StartMenuEntry(), DesktopEntry());
 
-    // Where the earlier one is, without being told.
+    // Without /D the installer chooses the folder of the earlier version.
     ASSERT_EQ(RunToEnd(BuiltInstaller(), L"/S"), 0U);
     EXPECT_EQ(ReadListedText(L"DisplayVersion"), L"" KINETARIUM_VERSION);
     Names expected = HandedOut();
@@ -260,14 +260,14 @@ TEST_F(Installer, AnUpdateToAnotherFolderTakesTheSettingsAlong)
     EXPECT_TRUE(std::filesystem::equivalent(TargetOf(StartMenuEntry()), m_place / "Kinetarium.exe"));
 }
 
-// Silently there is nobody to ask to close it.
+// A silent installer cannot ask the user to close the program.
 TEST_F(Installer, WhileTheProgramRunsNothingIsReplacedOrRemoved)
 {
     ASSERT_EQ(Install(BuiltInstaller()), 0U);
     const CDrivenProgram program(m_place / "Kinetarium.exe");
     const CKinetariumUser user(program);
     EXPECT_EQ(Install(BuiltInstaller()), c_uRunning);
-    // In its place it can be waited for.
+    // With this argument the uninstaller does not copy itself, so the test can wait for it.
     EXPECT_EQ(RunToEnd(m_place / "Uninstall.exe", L"/S _?=" + m_place.wstring()), c_uRunning);
     EXPECT_EQ(FilesIn(m_place), HandedOut());
     EXPECT_TRUE(IsListed());

@@ -12,7 +12,7 @@
 
 namespace
 {
-// A program as it is built, or as it is handed out.
+// A program as linked, or as packaged.
 struct CCase
 {
     const char* name;
@@ -72,8 +72,8 @@ TEST_P(ProgramFile, IsA64BitProgram)
     EXPECT_NE(m_file.GetCharacteristics() & IMAGE_FILE_LARGE_ADDRESS_AWARE, 0);
 }
 
-// The system chooses another place in memory at each start, out of the whole address space; for that it must know what
-// to change in the program, which takes more than the flags.
+// The system chooses a random address at each start, from the whole address space. For that the program needs the flags
+// and a table of relocations.
 TEST_P(ProgramFile, CanBeLoadedAnywhere)
 {
     constexpr std::uint64_t c_uFirst4GB = 0x1'0000'0000;
@@ -98,7 +98,7 @@ TEST_P(ProgramFile, HasNoMemoryThatCanBeWrittenAndExecuted)
     EXPECT_EQ(iExecutable, 1);
 }
 
-// Not the compiler's libraries, of which a user's machine has none.
+// A user's machine does not have the compiler's libraries.
 TEST_P(ProgramFile, NeedsNoLibraryButTheSystems)
 {
     std::array<wchar_t, MAX_PATH> folder{};
@@ -116,13 +116,13 @@ TEST_P(ProgramFile, HoldsTheCheckOfTheStack)
     EXPECT_TRUE(m_file.Contains("*** stack smashing detected ***"));
 }
 
-// Two builds of the same sources must be the same file, wherever they lie.
+// Two builds of the same sources must give the same file, also in different folders.
 TEST_P(ProgramFile, DoesNotSayWhenItWasLinked)
 {
     EXPECT_EQ(m_file.GetTimeStamp(), 0U);
 }
 
-// What is built for a debugger says it, and is not handed out.
+// A build for a debugger names its folder, but no such build is packaged.
 TEST_P(HandedOutFile, DoesNotSayWhereItWasBuilt)
 {
     EXPECT_FALSE(m_file.Contains(KINETARIUM_SOURCE_FOLDER));

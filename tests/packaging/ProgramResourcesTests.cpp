@@ -14,7 +14,7 @@ namespace
 constexpr WORD c_uIcon = 104;
 constexpr DWORD c_uLanguageAndCodePage = 0x040904B0; // English (United States), Unicode
 
-// What the finished Kinetarium.exe carries inside its file.
+// The resources of Kinetarium.exe.
 class ProgramResources : public testing::Test
 {
 protected:
@@ -31,7 +31,7 @@ protected:
         }
     }
 
-    // The bytes of a resource; empty if there is none of that number.
+    // The bytes of a resource; empty if there is no resource with that number.
     std::string Read(LPCWSTR sType, WORD uNumber) const
     {
         const HRSRC hFound = FindResourceW(m_hProgram, MAKEINTRESOURCEW(uNumber), sType);
@@ -72,8 +72,8 @@ std::wstring VersionText(const std::vector<char>& version, const std::wstring& s
 }
 } // namespace
 
-// Without each of these Windows treats the program as one of another age: unthemed controls, blurred text, file names
-// of one code page only, redirected folders.
+// Without one of these Windows treats the program as an old one: unthemed controls, blurred text, file names of one
+// code page only, redirected folders.
 TEST_F(ProgramResources, TheManifestAsksForTheControlsScalingRightsAndCodePageOfToday)
 {
     const std::string sManifest = Read(RT_MANIFEST, 1);

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 // A message box and the colour dialog run message loops of their own, and the main window stays active behind them. The
 // system can still send it messages that the user cannot (the end of the session), and other programs can post any
 // message.
@@ -20,6 +22,11 @@ struct CIntruder
     bool bTogglesFullScreen;
     bool bEndsWorker;
 };
+
+void PrintTo(const CIntruder& intruder, std::ostream* pStream)
+{
+    *pStream << intruder.sName;
+}
 
 const CIntruder c_Intruders[] = {
     {"Click", WM_LBUTTONUP, 0, MAKELPARAM(300, 300), false, false},
