@@ -1,6 +1,7 @@
 #include "app/CKinetarium.h"
 #include "app/MonitorFitting.h"
 #include "app/SettingsRules.h"
+#include "classes/core/CFlagScope.h"
 #include "classes/core/OutputDebugMessage.h"
 #include "classes/windows/system/CDisplayMonitors.h"
 #include "classes/windows/system/Handles.h"
@@ -17,15 +18,6 @@ constexpr int c_iDeferredPositions = 5;
 
 // Moving child windows makes them send messages back, which ask for a layout again.
 bool s_bLayoutInProgress = false;
-
-class CLayoutScope
-{
-public:
-    CLayoutScope() { s_bLayoutInProgress = true; }
-    ~CLayoutScope() { s_bLayoutInProgress = false; }
-    CLayoutScope(const CLayoutScope&) = delete;
-    CLayoutScope& operator=(const CLayoutScope&) = delete;
-};
 
 // Null ends the batch: the system has freed it by then.
 void DeferPosition(HDWP& hPositions, HWND hWnd, const CRect& rectangle)
@@ -45,7 +37,7 @@ void CKinetarium::SetControlPositions(int cx, int cy)
         {
             return;
         }
-        const CLayoutScope inProgress;
+        const CFlagScope inProgress(s_bLayoutInProgress);
 
         CSize<int> client{cx, cy};
         if (cx == -1 || cy == -1)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "classes/core/CFlagScope.h"
 #include "classes/core/CPoint.h"
 
 #include <optional>
@@ -23,35 +24,20 @@ public:
         std::optional<CPoint<int>> click; // client pixels of the main window
     };
 
-    // Holds a mark for as long as it lives.
-    class CMarked
-    {
-    public:
-        CMarked(const CMarked&) = delete;
-        CMarked& operator=(const CMarked&) = delete;
-
-    protected:
-        explicit CMarked(bool& bMark) : m_bMark(bMark) { m_bMark = true; }
-        ~CMarked() { m_bMark = false; }
-
-    private:
-        bool& m_bMark;
-    };
-
     // Marks a stop as going on.
-    class CStopping : CMarked
+    class CStopping : CFlagScope
     {
     public:
-        explicit CStopping(CStopGate& gate) : CMarked(gate.m_bStopping) {}
+        explicit CStopping(CStopGate& gate) : CFlagScope(gate.m_bStopping) {}
     };
 
     // Marks the way from one world to the next as going on: a stop, and what comes between it and the next start. That
     // dispatches messages too; a request among them that began a way of its own would be followed by the next one, each
     // inside the one before, as deep as the user is quick.
-    class CChanging : CMarked
+    class CChanging : CFlagScope
     {
     public:
-        explicit CChanging(CStopGate& gate) : CMarked(gate.m_bChanging) {}
+        explicit CChanging(CStopGate& gate) : CFlagScope(gate.m_bChanging) {}
     };
 
     bool IsStopping() const { return m_bStopping; }

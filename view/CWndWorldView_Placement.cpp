@@ -1,10 +1,9 @@
 #include "view/CWndWorldView.h"
 
+#include "classes/core/CFlagScope.h"
 #include "classes/windows/system/RectHelpers.h"
 #include "diagnostics/Guard.h"
 #include "view/ScrollBar.h"
-
-#include <utility>
 
 namespace
 {
@@ -71,10 +70,9 @@ void CWndWorldView::ShowScrollBars(const CScrollBarsShown& shown)
         return;
     }
     // The system erases at once, but the world has no place yet: its frame is drawn by whoever asked for the place.
-    const bool bOuter = std::exchange(m_bChangingBars, true);
+    const CFlagScope changingBars(m_bChangingBars);
     SetWindowLongPtrW(m_hWnd, GWL_STYLE, iStyle);
     SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_FRAMECHANGED);
-    m_bChangingBars = bOuter;
 }
 
 // Returns the position that was stored.

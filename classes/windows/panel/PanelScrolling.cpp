@@ -1,4 +1,5 @@
 // Where the rows stand and how they scroll: a part of CDataCtrlGroup with a file of its own.
+#include "classes/core/CFlagScope.h"
 #include "classes/core/PanelLayout.h"
 #include "classes/windows/panel/CDataCtrl.h"
 #include "classes/windows/panel/CDataCtrlGroup.h"
@@ -59,10 +60,9 @@ void CDataCtrlGroup::SetControlPositions(int, int)
     {
         return;
     }
-    m_bLayingOut = true;
+    const CFlagScope layingOut(m_bLayingOut);
     UpdateScrollBar();
     PlaceRows();
-    m_bLayingOut = false;
 }
 
 void CDataCtrlGroup::UpdateScrollBar()
@@ -103,9 +103,10 @@ void CDataCtrlGroup::ScrollTo(int iPosition)
         return;
     }
     SetScrollPos(m_hWnd, SB_VERT, iTarget, TRUE);
-    m_bLayingOut = true;
-    PlaceRows();
-    m_bLayingOut = false;
+    {
+        const CFlagScope layingOut(m_bLayingOut);
+        PlaceRows();
+    }
     UpdateWindow(m_hWnd); // keeps up with a dragged bar
 }
 
