@@ -2,9 +2,9 @@
 
 #include "classes/windows/system/Handles.h"
 #include "classes/windows/system/RegisterOwnClass.h"
+#include "classes/windows/system/ScrollBar.h"
 #include "classes/windows/system/ShowCreateWindow.h"
 #include "diagnostics/Guard.h"
-#include "view/ScrollBar.h"
 
 namespace
 {

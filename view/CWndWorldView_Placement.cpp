@@ -2,24 +2,13 @@
 
 #include "classes/core/CFlagScope.h"
 #include "classes/windows/system/RectHelpers.h"
+#include "classes/windows/system/ScrollBar.h"
 #include "diagnostics/Guard.h"
-#include "view/ScrollBar.h"
 
 namespace
 {
 
 constexpr int c_iUseClientArea = -1;
-
-// The rules know the requests by these numbers.
-static_assert(SB_LINEUP == static_cast<unsigned>(EnumScrollRequest::LineUp));
-static_assert(SB_LINEDOWN == static_cast<unsigned>(EnumScrollRequest::LineDown));
-static_assert(SB_PAGEUP == static_cast<unsigned>(EnumScrollRequest::PageUp));
-static_assert(SB_PAGEDOWN == static_cast<unsigned>(EnumScrollRequest::PageDown));
-static_assert(SB_THUMBPOSITION == static_cast<unsigned>(EnumScrollRequest::ThumbPosition));
-static_assert(SB_THUMBTRACK == static_cast<unsigned>(EnumScrollRequest::ThumbTrack));
-static_assert(SB_TOP == static_cast<unsigned>(EnumScrollRequest::Top));
-static_assert(SB_BOTTOM == static_cast<unsigned>(EnumScrollRequest::Bottom));
-static_assert(SB_ENDSCROLL == static_cast<unsigned>(EnumScrollRequest::EndScroll));
 
 } // namespace
 
@@ -122,7 +111,7 @@ void CWndWorldView::RedrawWorld()
 void CWndWorldView::OnScroll(int iBar, unsigned uRequest)
 {
     CScrollBarState bar = ReadScrollBar(m_hWnd, iBar);
-    const std::optional<int> iPosition = GetScrolledPosition(bar, uRequest);
+    const std::optional<int> iPosition = GetScrolledPosition(bar, uRequest, c_WorldScrollRule);
     if (!iPosition)
     {
         return;

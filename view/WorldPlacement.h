@@ -2,42 +2,16 @@
 
 #include "classes/core/CRect.h"
 #include "classes/core/CSize.h"
-
-#include <optional>
+#include "classes/core/ScrollRequest.h"
 
 // Where the world lies inside the view, and what the scroll bars and the wheel do to it: whole pixels, one per world
 // unit. Nothing here touches a window.
-
-// State of one scroll bar.
-struct CScrollBarState
-{
-    int iMin{};
-    int iMax{};
-    int iPage{};
-    int iPosition{};
-    int iTrackPosition{}; // where the thumb is held while it is dragged
-    bool operator==(const CScrollBarState&) const = default;
-};
 
 struct CScrollBarsShown
 {
     bool bVertical{};
     bool bHorizontal{};
     bool operator==(const CScrollBarsShown&) const = default;
-};
-
-// Requests of a scroll bar: the low word of the scroll messages.
-enum class EnumScrollRequest : unsigned
-{
-    LineUp = 0,
-    LineDown = 1,
-    PageUp = 2,
-    PageDown = 3,
-    ThumbPosition = 4,
-    ThumbTrack = 5,
-    Top = 6,
-    Bottom = 7,
-    EndScroll = 8
 };
 
 // A bar is shown where the world is larger than the view, and also where only the other bar leaves too little room.
@@ -50,9 +24,8 @@ CScrollBarsShown GetScrollBarsShown(const CSize<int>& sizeWorld, const CSize<int
 // position is kept unless it lies behind the new end.
 CScrollBarState FitScrollBar(const CScrollBarState& old, int iWorldLength, int iClientLength);
 
-// New position after a request; nothing for the requests that do not scroll at all. Requests that are unknown leave
-// the position where it is. The far end is the maximum of the range: the system itself stops one page before it.
-std::optional<int> GetScrolledPosition(const CScrollBarState& bar, unsigned uRequest);
+// An arrow scrolls by 10 pixels. Only dragging follows the thumb: its release adds nothing.
+inline constexpr CScrollRule c_WorldScrollRule{.iLineStep = 10, .bThumbPositionScrolls = false};
 
 // New vertical position after the wheel has turned by iDelta (120 per notch, positive = away from the user).
 int GetWheelPosition(int iPosition, int iDelta);
