@@ -46,11 +46,7 @@ CKinetarium::~CKinetarium()
 {
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
         StopSimulation();
-        if (m_hSimulationDone != nullptr)
-        {
-            CloseHandle(m_hSimulationDone);
-            m_hSimulationDone = nullptr;
-        }
+        m_hSimulationDone.Reset();
         m_pWorldView.reset();
         m_pDataCtrlGroup.reset();
     });

@@ -2,6 +2,7 @@
 
 #include "app/CStopGate.h"
 #include "app/LayoutRules.h"
+#include "classes/core/CKernelHandle.h"
 #include "classes/core/CPoint.h"
 #include "classes/core/CRandom.h"
 #include "classes/core/CSize.h"
@@ -169,7 +170,7 @@ private:
     CWndButton m_StartButton;
     std::unique_ptr<CWndWorldView> m_pWorldView;
     CWString m_sIniPath;
-    HANDLE m_hSimulationDone = nullptr;
+    CKernelHandle m_hSimulationDone; // manual-reset event, signalled while no worker runs
     std::atomic<bool> m_bWorkerFinished = true;
     std::unique_ptr<std::thread> m_pSimulationThread;
     unsigned char m_MinRadius = 3;

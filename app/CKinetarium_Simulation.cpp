@@ -158,7 +158,7 @@ void CKinetarium::StartSimulation_NoteForCrash(const CStartParameters& parameter
 void CKinetarium::RunSimulation()
 {
     CCrashReport::PrepareThread();
-    CWorkerFinishedEvent finished(m_hSimulationDone, m_bWorkerFinished);
+    CWorkerFinishedEvent finished(m_hSimulationDone.Get(), m_bWorkerFinished);
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
         CWindowFrameSink sink(m_pWorldView->GetWindowHandle(), m_hStatusBar);
         RunLoop(m_Atoms, m_CollisionGrid, m_WorldSize, m_Random, m_bSimulationRunning, finished, sink, m_pDebugLog);
@@ -193,7 +193,7 @@ void CKinetarium::StopSimulation_WaitForWorker()
 {
     for (;;)
     {
-        const DWORD dwResult = WaitForSingleObject(m_hSimulationDone, c_dwStopPoll);
+        const DWORD dwResult = WaitForSingleObject(m_hSimulationDone.Get(), c_dwStopPoll);
         if (dwResult == WAIT_OBJECT_0)
         {
             return;

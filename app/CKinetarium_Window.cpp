@@ -64,7 +64,7 @@ bool CKinetarium::InitializeWindow()
         m_pWorldView = std::make_unique<CWndWorldView>(this, m_WorldSize, m_Atoms);
         m_pWorldView->SetWorldBackgroundColour(
             m_pDataCtrlGroup->GetValue_Uint32(GetText(L"Background_colour").c_str()));
-        m_hSimulationDone = CreateEventW(nullptr, TRUE, TRUE, nullptr);
+        m_hSimulationDone = CKernelHandle(CreateEventW(nullptr, TRUE, TRUE, nullptr));
         InitializeWindow_TabOrder();
 
         m_bInitialised = true;

@@ -32,8 +32,8 @@ enum class EnumScrollRequest : unsigned
 // What differs between the windows that scroll.
 struct CScrollRule
 {
-    int iLineStep{};               // for a click on an arrow
-    bool bThumbPositionScrolls{};  // the release of a dragged thumb scrolls too, not only the dragging
+    int iLineStep{};              // for a click on an arrow
+    bool bThumbPositionScrolls{}; // the release of a dragged thumb scrolls too, not only the dragging
 };
 
 // New position after a request; nothing for the requests that do not scroll at all. An unknown request leaves the
