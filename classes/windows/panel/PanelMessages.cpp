@@ -1,7 +1,7 @@
 // The panel's window procedure and what it draws itself: a part of CDataCtrlGroup with a file of its own.
 #include "classes/core/PanelLayout.h"
 #include "classes/windows/drawing/EntryFrame.h"
-#include "classes/windows/drawing/PaintBuffer.h"
+#include "classes/windows/drawing/OffScreenDrawing.h"
 #include "classes/windows/drawing/WindowColours.h"
 #include "classes/windows/panel/CDataCtrl.h"
 #include "classes/windows/panel/CDataCtrlGroup.h"
@@ -100,8 +100,7 @@ std::optional<LRESULT> CDataCtrlGroup::On_Paint(WPARAM, LPARAM)
     const HDC hDc = BeginPaint(m_hWnd, &paint);
     if (hDc != nullptr && !IsRectEmpty_Plain(paint.rcPaint))
     {
-        const CPaintBuffer buffer(hDc, paint.rcPaint);
-        DrawPanel(buffer.Get());
+        DrawOffScreenIfPossible(hDc, paint.rcPaint, [this](HDC hBuffer) { DrawPanel(hBuffer); });
     }
     EndPaint(m_hWnd, &paint);
     return 0;
