@@ -7,7 +7,6 @@
 #include "classes/windows/panel/CDataCtrlGroup.h"
 #include "classes/windows/system/MessageTable.h"
 #include "classes/windows/system/RectHelpers.h"
-#include "classes/windows/window/MainWindowKeys.h"
 
 namespace
 {
@@ -47,7 +46,6 @@ LRESULT CDataCtrlGroup::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM 
         {WM_LBUTTONDOWN, &CDataCtrlGroup::On_LButtonDown},
         {WM_NOTIFY, &CDataCtrlGroup::On_Notify},
         {WM_COMMAND, &CDataCtrlGroup::On_Command},
-        {WM_KEYUP, &CDataCtrlGroup::On_KeyUp},
         {WM_CTLCOLOREDIT, &CDataCtrlGroup::On_ControlColour},
         {WM_CTLCOLORSTATIC, &CDataCtrlGroup::On_ControlColour},
         {WM_CTLCOLORLISTBOX, &CDataCtrlGroup::On_ControlColour},
@@ -201,16 +199,6 @@ std::optional<LRESULT> CDataCtrlGroup::On_Command(WPARAM wParam, LPARAM lParam)
     }
     m_iConfirmed = -1;
     return result;
-}
-
-std::optional<LRESULT> CDataCtrlGroup::On_KeyUp(WPARAM wParam, LPARAM lParam)
-{
-    if (!IsMainWindowKey(wParam))
-    {
-        return std::nullopt;
-    }
-    ForwardKeyUp(m_hWnd, wParam, lParam);
-    return 0;
 }
 
 // Entries ask for their colours while they draw themselves; a disabled one asks as if it were a static text.
