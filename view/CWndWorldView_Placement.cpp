@@ -33,8 +33,8 @@ CRect CWndWorldView::PlaceWorld_NoScrolling(const CSize<int>& sizeClient)
     return PlaceWorld_Centred(m_sizeWorld, sizeClient);
 }
 
-// Showing or hiding a bar changes the client area, and the system says so at once: this is entered again from within,
-// comes to the same result there, and ends here.
+// Showing or hiding a bar changes the client area, and the system sends WM_SIZE at once. So this function calls itself
+// indirectly; the inner call comes to the same result, and the outer one ends after it.
 CRect CWndWorldView::PlaceWorld_Scrolling(const CSize<int>& sizeView)
 {
     CScrolledView view;
@@ -47,7 +47,7 @@ CRect CWndWorldView::PlaceWorld_Scrolling(const CSize<int>& sizeView)
     return PlaceWorld_Scrolled(m_sizeWorld, view);
 }
 
-// A frame that has not changed is left alone: telling the system that it has would erase the whole view once more.
+// Does nothing when the bars stay the same: SWP_FRAMECHANGED would erase the whole view once more.
 void CWndWorldView::ShowScrollBars(const CScrollBarsShown& shown)
 {
     const LONG_PTR iOldStyle = GetWindowLongPtrW(m_hWnd, GWL_STYLE);
@@ -58,7 +58,8 @@ void CWndWorldView::ShowScrollBars(const CScrollBarsShown& shown)
     {
         return;
     }
-    // The system erases at once, but the world has no place yet: its frame is drawn by whoever asked for the place.
+    // The system sends WM_ERASEBKGND at once, when the world is not placed yet. No frame is drawn for it: the caller of
+    // SetControlPositions draws one afterwards.
     const CFlagScope changingBars(m_bChangingBars);
     SetWindowLongPtrW(m_hWnd, GWL_STYLE, iStyle);
     SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_FRAMECHANGED);
