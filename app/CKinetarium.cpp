@@ -31,7 +31,7 @@ void CKinetarium::Run(HINSTANCE hInstance)
         {
             WaitMessage();
         }
-        // A window that was destroyed without being closed leaves the worker behind.
+        // A window that is destroyed without being closed leaves the worker running.
         StopSimulation();
     }
     else if (m_hWnd != nullptr)
@@ -46,11 +46,7 @@ CKinetarium::~CKinetarium()
 {
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
         StopSimulation();
-        if (m_hSimulationDone != nullptr)
-        {
-            CloseHandle(m_hSimulationDone);
-            m_hSimulationDone = nullptr;
-        }
+        m_hSimulationDone.Reset();
         m_pWorldView.reset();
         m_pDataCtrlGroup.reset();
     });
@@ -59,7 +55,7 @@ CKinetarium::~CKinetarium()
 LRESULT CALLBACK CKinetarium::WndProcWrapper(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
     return Guarded({nullptr, __TIMESTAMP__}, LRESULT{0}, [&] {
-        // Messages that arrive while the window is being created find no object yet.
+        // While the window is being created its user data holds no object yet.
         auto* pThis = reinterpret_cast<CKinetarium*>(GetWindowLongPtrW(hWnd, GWLP_USERDATA));
         if (pThis == nullptr)
         {

@@ -2,6 +2,7 @@
 
 #include "app/CStopGate.h"
 #include "app/LayoutRules.h"
+#include "classes/core/CKernelHandle.h"
 #include "classes/core/CPoint.h"
 #include "classes/core/CRandom.h"
 #include "classes/core/CSize.h"
@@ -25,13 +26,13 @@
 
 // The application: its main window, its settings and the simulation it runs.
 //
-// The constructor is the whole run of the program; it returns when the window is gone. Everything here happens on the
-// thread that constructs the object, except RunSimulation, which is the body of the worker.
+// The constructor runs the whole program and returns when the window is gone. All methods run on the thread that
+// constructs the object, except RunSimulation, which is the body of the worker.
 //
-// The methods live in several source files, one concern each: CKinetarium.cpp (lifetime), CKinetarium_Window.cpp
-// (building the window), CKinetarium_Messages.cpp (what each message does), CKinetarium_Simulation.cpp (start, run,
-// stop), CKinetarium_Settings.cpp (the settings file), CKinetarium_Layout.cpp (where things stand, background),
-// CKinetarium_FullScreen.cpp, CKinetarium_Colours.cpp.
+// The methods live in several source files, one concern each: CKinetarium.cpp has the lifetime, and CKinetarium_X.cpp
+// for X = Window (building the window), Messages (the table of messages, and the handlers without a file of their own),
+// Closing, Timers, FullScreen, Layout, Background, StatusBar, Colours, Simulation (start, run, stop) and Settings (the
+// settings file).
 class CKinetarium : public CWndCommon
 {
 public:
@@ -51,12 +52,12 @@ public:
     static LRESULT CALLBACK WndProcWrapper(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
 
 private:
-    // Nothing means: let the system's default handle the message.
+    // nullopt: the system's default handles the message.
     using CMessageResult = std::optional<LRESULT>;
 
     friend class CKinetariumProbe; // the tests' view of a running application
 
-    // What StartSimulation has read from the panel and found good, on its way to atoms and view.
+    // The values that StartSimulation has read from the panel and accepted.
     struct CStartParameters
     {
         int totalAtoms = 0;
@@ -65,7 +66,8 @@ private:
         std::array<COLORREF, 3> colours{};
     };
 
-    // The way from one world to the next, however it is left; what had to wait for its end is posted then.
+    // Marks the change from one world to the next for the life of this scope, and then posts the requests that had to
+    // wait for its end.
     class CChangeOfWorld
     {
     public:
@@ -95,29 +97,30 @@ private:
     void InitializeWindow_VersionText();
     bool InitializeWindow_StartButton();
     void InitializeWindow_TabOrder();
-    void InitializeWindow_Timers();
     static CWString MakeIniPath();
 
     // Messages
     LRESULT WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
-    CMessageResult On_Destroy(WPARAM, LPARAM);
     CMessageResult On_Size(WPARAM, LPARAM);
-    CMessageResult On_Close(WPARAM, LPARAM);
-    CMessageResult On_EndSession(WPARAM, LPARAM);
     CMessageResult On_EraseBackground(WPARAM, LPARAM);
     CMessageResult On_SetCursor(WPARAM, LPARAM);
     CMessageResult On_GetMinMaxInfo(WPARAM, LPARAM);
     CMessageResult On_Notify(WPARAM, LPARAM);
-    CMessageResult On_KeyUp(WPARAM, LPARAM);
     CMessageResult On_Command(WPARAM, LPARAM);
-    CMessageResult On_SysCommand(WPARAM, LPARAM);
-    CMessageResult On_Timer(WPARAM, LPARAM);
     CMessageResult On_LeftButtonUp(WPARAM, LPARAM);
-    CMessageResult On_RightButtonUp(WPARAM, LPARAM);
-    CMessageResult On_DeferredToggle(WPARAM, LPARAM);
     bool On_ButtonClick(HWND hButton);
     void On_ColourModeChosen();
+    void PostDeferredRequests();
+
+    // Closing
+    CMessageResult On_Close(WPARAM, LPARAM);
+    CMessageResult On_EndSession(WPARAM, LPARAM);
+    CMessageResult On_Destroy(WPARAM, LPARAM);
     void SaveWindowRectangle();
+
+    // Timers
+    void InitializeWindow_Timers();
+    CMessageResult On_Timer(WPARAM, LPARAM);
     bool IsDebugLogFull() const;
     void PruneDebugLog(unsigned uKeep);
 
@@ -133,7 +136,6 @@ private:
     void RunSimulation();
     void StopSimulation();
     void StopSimulation_WaitForWorker();
-    void PostDeferredRequests();
 
     // Settings file
     void Settings_Load();
@@ -143,11 +145,17 @@ private:
     CWString Settings_ReadText(const wchar_t* sKey, const wchar_t* sDefault) const;
     void Settings_Write(const wchar_t* sKey, const CWString& sValue) const;
 
-    // Layout, full screen, background
-    void LayOut_Windowed(HDWP& hPositions, const CSize<int>& client);
+    // Full screen
+    CMessageResult On_KeyUp(WPARAM, LPARAM);
+    CMessageResult On_SysCommand(WPARAM, LPARAM);
+    CMessageResult On_RightButtonUp(WPARAM, LPARAM);
+    CMessageResult On_DeferredToggle(WPARAM, LPARAM);
     void ToggleFullscreen();
     void ToggleFullscreen_Leave();
     bool ToggleFullscreen_Enter();
+
+    // Layout and background
+    void LayOut_Windowed(HDWP& hPositions, const CSize<int>& client);
     bool FitWindowOnMonitor(RECT* pRect);
     void OnEraseBackground();
     void PaintBackground(const RECT& rcClient);
@@ -169,7 +177,7 @@ private:
     CWndButton m_StartButton;
     std::unique_ptr<CWndWorldView> m_pWorldView;
     CWString m_sIniPath;
-    HANDLE m_hSimulationDone = nullptr;
+    CKernelHandle m_hSimulationDone; // manual-reset event, signalled while no worker runs
     std::atomic<bool> m_bWorkerFinished = true;
     std::unique_ptr<std::thread> m_pSimulationThread;
     unsigned char m_MinRadius = 3;

@@ -1,8 +1,6 @@
 #include "app/CKinetarium.h"
-#include "classes/windows/window/CWndToolTip.h"
 #include "diagnostics/Guard.h"
 
-#include <commctrl.h>
 #include <commdlg.h>
 
 namespace
@@ -46,36 +44,12 @@ bool CKinetarium::SetColour(short iControl)
         {
             return false;
         }
-        // The window can be gone by now: the dialog's message loop dispatches a close as well.
+        // The dialog's message loop also dispatches a close, so the window can be gone by now.
         if (!m_bInitialised)
         {
             return false;
         }
         pButton->SetBackground(choice.rgbResult, choice.rgbResult, true, true, true);
         return true;
-    });
-}
-
-void CKinetarium::UpdateStatusBar(HWND hControl, const POINT& /*point*/)
-{
-    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
-        CWString sText;
-        if (hControl == m_StartButton.GetWindowHandle())
-        {
-            sText = GetText(L"Start_stop_btn_desc");
-        }
-        else if (m_pDataCtrlGroup != nullptr)
-        {
-            const short iControl = m_pDataCtrlGroup->GetCtrlIndex(hControl);
-            if (iControl >= 0)
-            {
-                sText = m_pDataCtrlGroup->GetDesc(iControl);
-            }
-        }
-        SendMessageW(m_hStatusBar, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(sText.c_str()));
-        if (m_pToolTip != nullptr)
-        {
-            m_pToolTip->ShowToolTip(sText, m_hWnd, hControl);
-        }
     });
 }

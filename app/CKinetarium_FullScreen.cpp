@@ -1,7 +1,57 @@
 #include "app/CKinetarium.h"
 #include "diagnostics/Guard.h"
 
-// Full screen: a frameless window over one monitor that shows nothing but the world.
+// Full screen: a frameless window over one monitor that shows nothing but the world. The handlers that ask for it come
+// first, then the change itself.
+
+namespace
+{
+constexpr WPARAM c_uSystemCommandBits = 0xFFF0; // the system uses the low four itself
+} // namespace
+
+std::optional<LRESULT> CKinetarium::On_KeyUp(WPARAM wParam, LPARAM)
+{
+    if (wParam != VK_F11 && wParam != VK_ESCAPE)
+    {
+        return std::nullopt;
+    }
+    if (wParam == VK_F11 || m_bFullscreen)
+    {
+        ToggleFullscreen();
+    }
+    return 0;
+}
+
+std::optional<LRESULT> CKinetarium::On_SysCommand(WPARAM wParam, LPARAM)
+{
+    const WPARAM uCommand = wParam & c_uSystemCommandBits;
+    if (uCommand != SC_MAXIMIZE && uCommand != SC_RESTORE)
+    {
+        return std::nullopt;
+    }
+    // Without this a minimised window could not be brought back from the task bar.
+    if (uCommand == SC_RESTORE && IsIconic(m_hWnd))
+    {
+        return std::nullopt;
+    }
+    if ((uCommand == SC_MAXIMIZE) != m_bFullscreen)
+    {
+        ToggleFullscreen();
+    }
+    return 0;
+}
+
+std::optional<LRESULT> CKinetarium::On_RightButtonUp(WPARAM, LPARAM)
+{
+    ToggleFullscreen();
+    return 0;
+}
+
+std::optional<LRESULT> CKinetarium::On_DeferredToggle(WPARAM, LPARAM)
+{
+    ToggleFullscreen();
+    return 0;
+}
 
 void CKinetarium::ToggleFullscreen()
 {
@@ -24,7 +74,7 @@ void CKinetarium::ToggleFullscreen()
             SetControlPositions(-1, -1);
             OperateMessagePump(nullptr);
         }
-        // The world follows the window, so it is always made anew.
+        // The size of the world depends on full screen, so both directions start a new one.
         StartSimulation(nullptr);
     });
 }
@@ -32,7 +82,7 @@ void CKinetarium::ToggleFullscreen()
 void CKinetarium::ToggleFullscreen_Leave()
 {
     StopSimulation();
-    // From here on the window is laid out as a framed one: its parts are in their places when they are shown.
+    // Cleared before the size changes, so that the parts are laid out before they are shown.
     m_bFullscreen = false;
     const LONG lStyle = GetWindowLongW(m_hWnd, GWL_STYLE);
     SetWindowLongW(m_hWnd, GWL_STYLE, lStyle | static_cast<LONG>(WS_OVERLAPPEDWINDOW));
@@ -61,7 +111,8 @@ bool CKinetarium::ToggleFullscreen_Enter()
     m_WindowPlacement = placement;
 
     StopSimulation();
-    // The change of size lays the window out. Were the panel still there, it would jump to the screen's edge first.
+    // Set before the size changes, which lays the window out: otherwise the panel would jump to the screen's edge
+    // first.
     m_bFullscreen = true;
     ShowWindow(m_hStatusBar, SW_HIDE);
     ShowWindow(m_pDataCtrlGroup->GetWindowHandle(), SW_HIDE);

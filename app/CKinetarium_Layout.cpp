@@ -1,33 +1,24 @@
 #include "app/CKinetarium.h"
 #include "app/MonitorFitting.h"
 #include "app/SettingsRules.h"
+#include "classes/core/CFlagScope.h"
 #include "classes/core/OutputDebugMessage.h"
 #include "classes/windows/system/CDisplayMonitors.h"
-#include "classes/windows/system/Handles.h"
 #include "classes/windows/system/RectHelpers.h"
 #include "diagnostics/Guard.h"
 
 #include <commctrl.h>
 
-// Where things stand in the window, where the window stands on the screen, and what shows between its parts.
+// Where things stand in the window, and where the window stands on the screen.
 
 namespace
 {
 constexpr int c_iDeferredPositions = 5;
 
-// Moving child windows makes them send messages back, which ask for a layout again.
+// Child windows that are moved send messages back that ask for another layout: those requests are ignored.
 bool s_bLayoutInProgress = false;
 
-class CLayoutScope
-{
-public:
-    CLayoutScope() { s_bLayoutInProgress = true; }
-    ~CLayoutScope() { s_bLayoutInProgress = false; }
-    CLayoutScope(const CLayoutScope&) = delete;
-    CLayoutScope& operator=(const CLayoutScope&) = delete;
-};
-
-// Null ends the batch: the system has freed it by then.
+// Does nothing after a failure: DeferWindowPos then returned null and the system has freed the batch.
 void DeferPosition(HDWP& hPositions, HWND hWnd, const CRect& rectangle)
 {
     if (hPositions != nullptr)
@@ -45,7 +36,7 @@ void CKinetarium::SetControlPositions(int cx, int cy)
         {
             return;
         }
-        const CLayoutScope inProgress;
+        const CFlagScope inProgress(s_bLayoutInProgress);
 
         CSize<int> client{cx, cy};
         if (cx == -1 || cy == -1)
@@ -123,67 +114,4 @@ bool CKinetarium::FitWindowOnMonitor(RECT* pRect)
         *pRect = ToRECT(fit.window);
         return true;
     });
-}
-
-void CKinetarium::OnEraseBackground()
-{
-    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
-        RECT rcClient{};
-        if (!m_bInitialised || !GetClientRect(m_hWnd, &rcClient))
-        {
-            return;
-        }
-        if (GetRectWidth(rcClient) != GetRectWidth(m_rcLastClient) ||
-            GetRectHeight(rcClient) != GetRectHeight(m_rcLastClient))
-        {
-            SetControlPositions(rcClient.right, rcClient.bottom);
-            m_rcLastClient = rcClient;
-            GetBackdrop()->SetDrawingRect(&rcClient);
-        }
-        PaintBackground(rcClient);
-    });
-}
-
-// The frame is composed off-screen and copied in one piece, so that no half-drawn background ever shows. Child windows
-// are clipped out of the copy.
-void CKinetarium::PaintBackground(const RECT& rcClient)
-{
-    const CWindowDc windowDc(m_hWnd);
-    if (!windowDc)
-    {
-        return;
-    }
-    const CMemoryDc memoryDc(windowDc.Get());
-    if (!memoryDc)
-    {
-        return;
-    }
-    const CBitmapHandle bitmap(CreateCompatibleBitmap(windowDc.Get(), rcClient.right, rcClient.bottom));
-    if (!bitmap)
-    {
-        return;
-    }
-    const CSelectObject selected(memoryDc.Get(), bitmap.Get());
-
-    CPicture& backdrop = *GetBackdrop();
-    switch (GetDrawMode())
-    {
-    case EnumPicDrawMode::Tiled:
-        backdrop.DrawTiled(memoryDc.Get(), false);
-        break;
-    case EnumPicDrawMode::Stretched:
-        backdrop.DrawStretched(memoryDc.Get(), false);
-        break;
-    case EnumPicDrawMode::Fitted:
-        backdrop.DrawFitted(memoryDc.Get(), true, false);
-        break;
-    case EnumPicDrawMode::Plain:
-        backdrop.Draw(memoryDc.Get(), true, false);
-        break;
-    }
-    if (!m_bFullscreen)
-    {
-        m_VersionText.Draw(memoryDc.Get());
-    }
-    BitBlt(windowDc.Get(), 0, 0, rcClient.right, rcClient.bottom, memoryDc.Get(), 0, 0, SRCCOPY);
 }

@@ -1,28 +1,18 @@
 #include "app/CKinetarium.h"
-#include "app/SettingsRules.h"
 #include "classes/core/CRect.h"
-#include "classes/core/OutputDebugMessage.h"
 #include "classes/windows/system/RectHelpers.h"
 #include "diagnostics/Guard.h"
-#include "diagnostics/PruneDebugLog.h"
 
-#include <cstdint>
-#include <mutex>
 #include <string_view>
 #include <windowsx.h>
 
-// What the main window does with each message. The handlers read the state and call the operations; none of them
-// touches the simulation but through StartSimulation and StopSimulation.
+// The handler of each message, and those handlers that have no file of their own. Handlers change the simulation only
+// through StartSimulation and StopSimulation.
 
 namespace
 {
-// A second press in quick succession is a click as well.
+// The second press of a double click is a click too.
 constexpr UINT c_uButtonDoubleClicked = WM_LBUTTONDBLCLK;
-
-constexpr UINT_PTR c_uClockTimer = 1;
-constexpr UINT_PTR c_uPruneTimer = 2;
-
-constexpr WPARAM c_uSystemCommandBits = 0xFFF0; // the system uses the low four itself
 
 constexpr UINT c_uDeferredToggle = WM_APP + 1;
 } // namespace
@@ -52,59 +42,11 @@ LRESULT CKinetarium::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lPa
     });
 }
 
-std::optional<LRESULT> CKinetarium::On_Destroy(WPARAM, LPARAM)
-{
-    m_bInitialised = false;
-    m_bClosed = true;
-    PostQuitMessage(0);
-    return 0;
-}
-
 std::optional<LRESULT> CKinetarium::On_Size(WPARAM, LPARAM)
 {
     SetControlPositions(-1, -1);
     OnEraseBackground();
     return 0;
-}
-
-std::optional<LRESULT> CKinetarium::On_Close(WPARAM, LPARAM)
-{
-    if (m_StopGate.Defer_Close())
-    {
-        return 0;
-    }
-    Settings_Save();
-    // The rectangle to remember is that of the window as it stands when it is neither minimised nor maximised.
-    ShowWindow(m_hWnd, SW_RESTORE);
-    SaveWindowRectangle();
-    StopSimulation();
-    ShowWindow(m_hWnd, SW_HIDE);
-    m_bInitialised = false;
-    return std::nullopt; // the default destroys the window
-}
-
-// The session may end the process as soon as this returns, without a close: what the user has set must be safe by then.
-std::optional<LRESULT> CKinetarium::On_EndSession(WPARAM wParam, LPARAM)
-{
-    if (wParam != 0)
-    {
-        Settings_Save();
-        ShowWindow(m_hWnd, SW_RESTORE); // as at a close: a minimised window lies outside every screen
-        SaveWindowRectangle();
-        StopSimulation();
-    }
-    return std::nullopt;
-}
-
-void CKinetarium::SaveWindowRectangle()
-{
-    RECT rcWindow{};
-    GetWindowRect(m_hWnd, &rcWindow);
-    const std::array<LONG, 4> edges{rcWindow.left, rcWindow.top, rcWindow.right, rcWindow.bottom};
-    for (std::size_t i = 0; i < edges.size(); ++i)
-    {
-        Settings_Write(SettingsFile::c_sWindowKeys[i], CWString(static_cast<std::int64_t>(edges[i])));
-    }
 }
 
 std::optional<LRESULT> CKinetarium::On_EraseBackground(WPARAM, LPARAM)
@@ -148,7 +90,7 @@ bool CKinetarium::On_ButtonClick(HWND hButton)
 {
     if (hButton == m_StartButton.GetWindowHandle())
     {
-        // The button is disabled during a stop; a click that was under way already changes nothing.
+        // The button is disabled during a stop, but a click that began before it can still arrive: ignore it.
         if (m_StopGate.IsStopping())
         {
             return true;
@@ -182,19 +124,6 @@ bool CKinetarium::On_ButtonClick(HWND hButton)
     return false;
 }
 
-std::optional<LRESULT> CKinetarium::On_KeyUp(WPARAM wParam, LPARAM)
-{
-    if (wParam != VK_F11 && wParam != VK_ESCAPE)
-    {
-        return std::nullopt;
-    }
-    if (wParam == VK_F11 || m_bFullscreen)
-    {
-        ToggleFullscreen();
-    }
-    return 0;
-}
-
 std::optional<LRESULT> CKinetarium::On_Command(WPARAM wParam, LPARAM lParam)
 {
     const HWND hList =
@@ -226,60 +155,6 @@ void CKinetarium::On_ColourModeChosen()
     }
 }
 
-std::optional<LRESULT> CKinetarium::On_SysCommand(WPARAM wParam, LPARAM)
-{
-    const WPARAM uCommand = wParam & c_uSystemCommandBits;
-    if (uCommand != SC_MAXIMIZE && uCommand != SC_RESTORE)
-    {
-        return std::nullopt;
-    }
-    // Without this a minimised window could not be brought back from the task bar.
-    if (uCommand == SC_RESTORE && IsIconic(m_hWnd))
-    {
-        return std::nullopt;
-    }
-    if ((uCommand == SC_MAXIMIZE) != m_bFullscreen)
-    {
-        ToggleFullscreen();
-    }
-    return 0;
-}
-
-std::optional<LRESULT> CKinetarium::On_Timer(WPARAM wParam, LPARAM)
-{
-    if (wParam == c_uClockTimer)
-    {
-        UpdateStatusBarClock(false, false);
-        return 0;
-    }
-    if (wParam != c_uPruneTimer)
-    {
-        return std::nullopt;
-    }
-    if (m_pDebugLog != nullptr && IsDebugLogFull())
-    {
-        PruneDebugLog(static_cast<unsigned>(m_pDebugLog->capacity() / 2));
-    }
-    return 0;
-}
-
-// The worker may be writing to the log at this moment.
-bool CKinetarium::IsDebugLogFull() const
-{
-    const std::lock_guard lock(DebugLog_GetMutex());
-    return NeedsPruning(m_pDebugLog->length(), m_pDebugLog->capacity());
-}
-
-void CKinetarium::PruneDebugLog(unsigned uKeep)
-{
-    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
-        if (m_pDebugLog != nullptr)
-        {
-            ::PruneDebugLog(*m_pDebugLog, uKeep);
-        }
-    });
-}
-
 std::optional<LRESULT> CKinetarium::On_LeftButtonUp(WPARAM, LPARAM lParam)
 {
     const CPoint<int> point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
@@ -298,18 +173,6 @@ std::optional<LRESULT> CKinetarium::On_LeftButtonUp(WPARAM, LPARAM lParam)
         OperateMessagePump(nullptr);
     }
     StartSimulation(&start);
-    return 0;
-}
-
-std::optional<LRESULT> CKinetarium::On_RightButtonUp(WPARAM, LPARAM)
-{
-    ToggleFullscreen();
-    return 0;
-}
-
-std::optional<LRESULT> CKinetarium::On_DeferredToggle(WPARAM, LPARAM)
-{
-    ToggleFullscreen();
     return 0;
 }
 

@@ -1,6 +1,7 @@
 #include "app/CKinetarium.h"
 #include "app/CWindowFrameSink.h"
 #include "classes/core/CFixedText.h"
+#include "classes/core/CFlagScope.h"
 #include "classes/core/CrashNote.h"
 #include "classes/windows/crash/CCrashReport.h"
 #include "classes/windows/window/CMessageBox.h"
@@ -18,19 +19,6 @@ constexpr DWORD c_dwStopPoll = 10; // ms between two looks at the message queue 
 
 constexpr std::array<const wchar_t*, 3> c_sFactorKeys{L"Colour_1_factor", L"Colour_2_factor", L"Colour_3_factor"};
 constexpr std::array<const wchar_t*, 3> c_sColourKeys{L"Colour_1", L"Colour_2", L"Colour_3"};
-
-// Keeps a flag up for a scope, however it is left.
-class CFlagScope
-{
-public:
-    explicit CFlagScope(bool& bFlag) : m_bFlag(bFlag) { m_bFlag = true; }
-    ~CFlagScope() { m_bFlag = false; }
-    CFlagScope(const CFlagScope&) = delete;
-    CFlagScope& operator=(const CFlagScope&) = delete;
-
-private:
-    bool& m_bFlag;
-};
 } // namespace
 
 void CKinetarium::StartSimulation(const CPoint<int>* pStart)
@@ -170,7 +158,7 @@ void CKinetarium::StartSimulation_NoteForCrash(const CStartParameters& parameter
 void CKinetarium::RunSimulation()
 {
     CCrashReport::PrepareThread();
-    CWorkerFinishedEvent finished(m_hSimulationDone, m_bWorkerFinished);
+    CWorkerFinishedEvent finished(m_hSimulationDone.Get(), m_bWorkerFinished);
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
         CWindowFrameSink sink(m_pWorldView->GetWindowHandle(), m_hStatusBar);
         RunLoop(m_Atoms, m_CollisionGrid, m_WorldSize, m_Random, m_bSimulationRunning, finished, sink, m_pDebugLog);
@@ -205,7 +193,7 @@ void CKinetarium::StopSimulation_WaitForWorker()
 {
     for (;;)
     {
-        const DWORD dwResult = WaitForSingleObject(m_hSimulationDone, c_dwStopPoll);
+        const DWORD dwResult = WaitForSingleObject(m_hSimulationDone.Get(), c_dwStopPoll);
         if (dwResult == WAIT_OBJECT_0)
         {
             return;

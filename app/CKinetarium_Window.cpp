@@ -3,19 +3,17 @@
 #include "app/SettingsRules.h"
 #include "classes/windows/system/ModuleFolder.h"
 #include "classes/windows/system/RegisterOwnClass.h"
-#include "classes/windows/system/ShowSetTimer.h"
 #include "classes/windows/window/CWndToolTip.h"
 #include "diagnostics/Guard.h"
 #include "strings/TranslateStrings_Kinetarium.h"
 
 #include <commctrl.h>
-#include <uxtheme.h>
 
 namespace
 {
 constexpr const wchar_t* c_sWindowClass = L"CKinetarium";
 constexpr const wchar_t* c_sCaption = L"Kinetarium";
-constexpr const wchar_t* c_sVersion = L"v2.0.0     Watch matter move";
+constexpr const wchar_t* c_sVersion = L"v" KINETARIUM_VERSION L"     Watch matter move";
 
 constexpr unsigned char c_byLanguageEnglish = 7;
 constexpr unsigned char c_byLanguageArabic = 1;
@@ -28,11 +26,6 @@ constexpr COLORREF c_crControlShadow = 0;
 
 constexpr short c_iFirstControlId = 200;
 constexpr double c_dLabelShare = 0.6; // of the panel's width
-
-constexpr UINT_PTR c_uClockTimer = 1;
-constexpr UINT c_uClockPeriod = 1000; // ms
-constexpr UINT_PTR c_uPruneTimer = 2;
-constexpr UINT c_uPrunePeriod = 10000; // ms
 } // namespace
 
 bool CKinetarium::InitializeWindow()
@@ -64,7 +57,7 @@ bool CKinetarium::InitializeWindow()
         m_pWorldView = std::make_unique<CWndWorldView>(this, m_WorldSize, m_Atoms);
         m_pWorldView->SetWorldBackgroundColour(
             m_pDataCtrlGroup->GetValue_Uint32(GetText(L"Background_colour").c_str()));
-        m_hSimulationDone = CreateEventW(nullptr, TRUE, TRUE, nullptr);
+        m_hSimulationDone = CKernelHandle(CreateEventW(nullptr, TRUE, TRUE, nullptr));
         InitializeWindow_TabOrder();
 
         m_bInitialised = true;
@@ -126,21 +119,6 @@ bool CKinetarium::InitializeWindow_Create()
     return true;
 }
 
-bool CKinetarium::InitializeWindow_StatusBar()
-{
-    m_hStatusBar = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, m_hWnd, nullptr,
-                                   m_hInstance, nullptr);
-    if (m_hStatusBar == nullptr)
-    {
-        return false;
-    }
-    SendMessageW(m_hStatusBar, WM_SETFONT, reinterpret_cast<WPARAM>(GetFont()), TRUE);
-    // A themed status bar ignores the colour.
-    SetWindowTheme(m_hStatusBar, L" ", L" ");
-    SendMessageW(m_hStatusBar, SB_SETBKCOLOR, 0, static_cast<LPARAM>(m_crBackground));
-    return true;
-}
-
 void CKinetarium::InitializeWindow_Panel()
 {
     m_pDataCtrlGroup = std::make_unique<CDataCtrlGroup>(this, c_iFirstControlId, c_dLabelShare, false, nullptr);
@@ -153,7 +131,7 @@ void CKinetarium::InitializeWindow_Panel()
         if (sKey.CompareNoCase(L"Colour_mode") == 0)
         {
             const HWND hList = m_pDataCtrlGroup->GetCtrlTabHandle(iControl);
-            // The item's place in the list is the mode's number.
+            // The index of an item is the number of its mode.
             for (const wchar_t* sMode : {L"Fixed", L"Speed"})
             {
                 SendMessage_Show(hList, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(GetText(sMode).c_str()));
@@ -201,15 +179,5 @@ void CKinetarium::InitializeWindow_TabOrder()
             m_TabOrder.AddWindow(m_pDataCtrlGroup->GetCtrlTabHandle(iControl), row.key);
         }
         ++iControl;
-    }
-}
-
-void CKinetarium::InitializeWindow_Timers()
-{
-    ShowSetTimer(m_hWnd, c_uClockTimer, c_uClockPeriod, nullptr, m_pDebugLog, this, L"CKinetarium::CLOCK_TIMER");
-    if (m_pDebugLog != nullptr)
-    {
-        ShowSetTimer(m_hWnd, c_uPruneTimer, c_uPrunePeriod, nullptr, m_pDebugLog, this,
-                     L"CKinetarium::DEBUG_LOG_PRUNE_TIMER");
     }
 }

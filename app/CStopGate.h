@@ -1,5 +1,6 @@
 #pragma once
 
+#include "classes/core/CFlagScope.h"
 #include "classes/core/CPoint.h"
 
 #include <optional>
@@ -14,8 +15,9 @@
 class CStopGate
 {
 public:
-    // What to do when a stop is over. At most one of them holds: closing outranks full screen, which outranks a start
-    // from a clicked point, since each of the former ends with the latter's world anyway.
+    // What to do when a stop is over. At most one of them is set: a close outranks full screen, and full screen
+    // outranks a start from a clicked point, because a close ends every world and full screen starts a world of its
+    // own.
     struct CRequests
     {
         bool close = false;
@@ -23,47 +25,32 @@ public:
         std::optional<CPoint<int>> click; // client pixels of the main window
     };
 
-    // Holds a mark for as long as it lives.
-    class CMarked
+    // Marks a stop for the life of this scope.
+    class CStopping : CFlagScope
     {
     public:
-        CMarked(const CMarked&) = delete;
-        CMarked& operator=(const CMarked&) = delete;
-
-    protected:
-        explicit CMarked(bool& bMark) : m_bMark(bMark) { m_bMark = true; }
-        ~CMarked() { m_bMark = false; }
-
-    private:
-        bool& m_bMark;
+        explicit CStopping(CStopGate& gate) : CFlagScope(gate.m_bStopping) {}
     };
 
-    // Marks a stop as going on.
-    class CStopping : CMarked
+    // Marks the change from one world to the next for the life of this scope: the stop, and everything up to the next
+    // start. That dispatches messages too. If a request among them began a change of its own, a quick user could nest
+    // changes without limit.
+    class CChanging : CFlagScope
     {
     public:
-        explicit CStopping(CStopGate& gate) : CMarked(gate.m_bStopping) {}
-    };
-
-    // Marks the way from one world to the next as going on: a stop, and what comes between it and the next start. That
-    // dispatches messages too; a request among them that began a way of its own would be followed by the next one, each
-    // inside the one before, as deep as the user is quick.
-    class CChanging : CMarked
-    {
-    public:
-        explicit CChanging(CStopGate& gate) : CMarked(gate.m_bChanging) {}
+        explicit CChanging(CStopGate& gate) : CFlagScope(gate.m_bChanging) {}
     };
 
     bool IsStopping() const { return m_bStopping; }
 
-    // Each returns true when a stop or a change is going on: the request is then remembered, and the caller has nothing
-    // to do.
+    // Each remembers the request and returns true during a stop or a change; the caller then does nothing. Otherwise
+    // each returns false.
     bool Defer_Close();
     bool Defer_ToggleFullScreen();
     bool Defer_Click(const CPoint<int>& point);
 
-    // Hands out what was remembered, and forgets it; nothing while it must still wait. A second toggle undoes the
-    // first; of several clicks the last counts.
+    // Returns the remembered requests and forgets them; during a stop or a change it returns none and forgets none. A
+    // second toggle undoes the first; of several clicks the last counts.
     CRequests TakeRequests();
 
 private:

@@ -6,8 +6,8 @@
 #include <atomic>
 #include <windows.h>
 
-// The worker's way to the window: two synchronous messages. The worker waits until the user-interface thread has
-// handled them, which is what keeps the atoms still while they are drawn.
+// Sends the worker's frames and statistics to the windows by synchronous messages. The worker waits until the
+// user-interface thread has handled them, so the atoms do not move while they are drawn.
 class CWindowFrameSink : public IFrameSink
 {
 public:
@@ -21,8 +21,8 @@ private:
     HWND m_hStatusBar;
 };
 
-// The worker's sign that its loop has ended: a system event for those who wait, and a flag that still tells when the
-// system had no event to give.
+// Tells that the worker's loop has ended: by a system event to wait for, and by a flag in case the system had no event
+// to give.
 class CWorkerFinishedEvent : public IFinishedEvent
 {
 public:

@@ -27,15 +27,15 @@ constexpr int c_iViewFromBottom = 45;
 constexpr int c_iVersionWidth = 50;
 constexpr int c_iVersionHeight = 65;
 
-// Every sum of pixels is formed in 64 bits: the world's size may be any two numbers of the settings file.
+// Sums of pixels are formed in 64 bits, because the settings file can hold any size of the world.
 CRect RectangleAt(std::int64_t left, std::int64_t top, std::int64_t width, std::int64_t height)
 {
     return {SaturateToInt(left), SaturateToInt(top), SaturateToInt(left + std::max<std::int64_t>(width, 0)),
             SaturateToInt(top + std::max<std::int64_t>(height, 0))};
 }
 
-// A bar that becomes necessary in one direction takes room in the other, so the view grows by it before both lengths
-// are cut to what there is. The vertical bar is decided first.
+// A bar in one direction takes room in the other, so the view grows by the bar before both lengths are limited to the
+// room. The vertical bar is decided first.
 CRect PlaceWorldView(const CSize<int>& client, const CSize<int>& world, const CLayoutMeasures& measures)
 {
     const std::int64_t availableWidth = std::int64_t{client.cx} - c_iViewFromRight;

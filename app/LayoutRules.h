@@ -5,8 +5,8 @@
 
 #include <array>
 
-// Where the parts of the main window stand. All numbers are client pixels; the program declares itself DPI-unaware, so
-// one pixel here is scaled by the system and never by us.
+// Where the parts of the main window stand, in client pixels. The program declares itself DPI-unaware, so the system
+// scales these pixels and the program never does.
 namespace Layout
 {
 constexpr int c_iDefaultWindowWidth = 1000;
@@ -30,17 +30,17 @@ struct CLayoutMeasures
 struct CWindowedLayout
 {
     std::array<int, Layout::c_iStatusPartCount> statusPartRightEdges{}; // -1 means: to the edge
-    CRect statusBar; // only its top left corner counts, the bar sizes itself
+    CRect statusBar; // only the top left corner counts: the bar sizes itself
     CRect startButton;
     CRect settingsPanel;
     CRect worldView;
     CRect versionText;
 };
 
-// Lays out a client area of any size, even one that is too small for its parts (their sizes then end at 0).
+// Lays out a client area of any size; in one that is too small, parts have the size 0.
 // `world` is the world's size in pixels.
 CWindowedLayout ComputeWindowedLayout(const CSize<int>& client, const CSize<int>& world,
                                       const CLayoutMeasures& measures);
 
-// In full screen the world view is all there is.
+// In full screen the world view fills the client area.
 CRect ComputeFullScreenView(const CSize<int>& client);

@@ -8,11 +8,11 @@
 
 namespace
 {
-// A window whose corner regions, this far inside, show on the monitor can still be grabbed by its title bar and its
-// size grip.
+// Pixels from the corners of a window to the points that must be on the monitor: the user can then grab the title bar
+// and the size grip.
 constexpr int c_iCornerInset = 8;
 
-// The file can hold any two 32-bit numbers, so widths and areas are formed in 64 bits.
+// Widths and areas are formed in 64 bits, because the settings file can hold any 32-bit coordinates.
 std::int64_t Width64(const CRect& rectangle)
 {
     return static_cast<std::int64_t>(rectangle.right) - rectangle.left;

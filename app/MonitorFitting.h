@@ -14,13 +14,13 @@ struct CMonitorArea
     bool isMain = false;
 };
 
-// What became of the saved window rectangle.
+// Where the window opens, and why there.
 struct CMonitorFit
 {
-    CRect window;                  // where the window shall open
+    CRect window;                  // where the window opens
     std::size_t bestMonitor = 0;   // the one that shows most of the rectangle; ties go to the lower index
-    std::size_t chosenMonitor = 0; // the one the window was fitted on
-    bool switchedToMain = false;   // the rectangle showed nowhere, or was too small to be one
+    std::size_t chosenMonitor = 0; // the one that the window was fitted on
+    bool switchedToMain = false;   // the rectangle was on no monitor, or too small
     CRect monitor;                 // the chosen monitor's rectangle
 };
 

@@ -21,7 +21,7 @@ struct CAtomScene
     CPoint<int> ptWorld{}; // left top corner of the world, in view coordinates; carries the scroll position
 };
 
-// Calls draw(atom, class) for every visible atom, classed by speed, in array order.
+// Calls draw(atom, class) for every visible atom in array order; the speed decides the class.
 template<class Draw>
 void DrawAtoms_Speed(const CAtomScene& scene, Draw&& draw)
 {
@@ -30,7 +30,7 @@ void DrawAtoms_Speed(const CAtomScene& scene, Draw&& draw)
                        [&draw, limits](const CAtom& atom) { draw(atom, ClassOfSpeed(atom.speed, limits)); });
 }
 
-// Calls draw(atom, class) for every visible atom, classed by its place in the array, in array order.
+// Calls draw(atom, class) for every visible atom in array order; the place in the array decides the class.
 template<class Draw>
 void DrawAtoms_Fixed(const CAtomScene& scene, Draw&& draw)
 {

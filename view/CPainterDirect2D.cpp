@@ -10,7 +10,7 @@
 namespace
 {
 
-// Only HRESULTs are reported, and always in hexadecimal: the sign bit is part of the code.
+// HRESULTs are printed in hexadecimal: the sign bit is part of the code.
 unsigned GetCode(HRESULT hr)
 {
     return static_cast<unsigned>(hr);
@@ -23,7 +23,7 @@ D2D1_COLOR_F MakeColour_Direct2D(ColourRef cr)
     return D2D1_COLOR_F{share(GetRed(cr)), share(GetGreen(cr)), share(GetBlue(cr)), 1.0F};
 }
 
-// A view without area has a target of one pixel: some systems make a target of none that cannot be drawn to later.
+// At least one pixel: some systems make a target of no pixels that cannot be drawn to later.
 D2D1_SIZE_U GetTargetSize(LONG iWidth, LONG iHeight)
 {
     return D2D1_SIZE_U{static_cast<UINT32>(std::max(iWidth, LONG{1})), static_cast<UINT32>(std::max(iHeight, LONG{1}))};
@@ -136,14 +136,14 @@ void CPainterDirect2D::PaintFrame(const CFrame& frame)
     {
         DrawAtoms(frame.scene);
     }
-    // The frame does not care how it ended, but the next Prepare must know when the device is gone.
+    // The result matters for one thing only: the next Prepare must know that the device is gone.
     if (m_pRenderTarget->EndDraw() == static_cast<HRESULT>(D2DERR_RECREATE_TARGET))
     {
         m_bTargetLost = true;
     }
 }
 
-// The pictures keep brushes, and with them the target, alive: it goes only when they let go too.
+// The brushes of the pictures keep the target alive: it is only freed when the pictures release theirs too.
 void CPainterDirect2D::DropRenderTarget(const CFrame& frame)
 {
     if (frame.pBackdrop != nullptr)

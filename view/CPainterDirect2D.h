@@ -12,8 +12,8 @@
 #include <array>
 #include <string>
 
-// Draws straight to a render target on the window. Factory and target are made by the first Prepare that gets that far
-// and live on; the brushes are made anew by each.
+// Draws straight to a render target on the window. The first Prepare that succeeds in it makes factory and target,
+// which then stay; each Prepare makes new brushes.
 class CPainterDirect2D final : public IPainter
 {
 public:
@@ -36,10 +36,10 @@ public:
     // Pixels of the target, if there is one.
     void Resize(const SIZE& size);
 
-    // A backdrop that cannot be drawn drops the target.
+    // Drops the target when the backdrop cannot be drawn.
     void PaintFrame(const CFrame& frame) override;
 
-    // Brushes first, then the target, then the factory.
+    // Releases the brushes, then the target, then the factory.
     void Release();
 
 private:

@@ -1,5 +1,6 @@
 #include "view/CPainterGdi.h"
 
+#include "classes/windows/drawing/OffScreenDrawing.h"
 #include "classes/windows/system/Handles.h"
 #include "classes/windows/system/RectHelpers.h"
 #include "view/EllipseRect.h"
@@ -35,29 +36,13 @@ void CPainterGdi::PaintFrame(const CFrame& frame)
     {
         return;
     }
-    // Closed in reverse order: the old bitmap is selected again before its successor and the contexts go.
     const CWindowDc dcWindow(frame.hWnd);
-    if (!dcWindow)
-    {
-        return;
-    }
-    // In a view that is laid out from right to left the context would mirror the frame: atoms would start elsewhere
+    // A view that is laid out from right to left mirrors its context, and so the frame: atoms would start elsewhere
     // than where the user clicked.
     constexpr DWORD c_dwLeftToRight = 0;
     SetLayout(dcWindow.Get(), c_dwLeftToRight);
-    const CMemoryDc dcMemory(dcWindow.Get());
-    if (!dcMemory)
-    {
-        return;
-    }
-    const CBitmapHandle bitmap(CreateCompatibleBitmap(dcWindow.Get(), frame.sizeWindow.cx, frame.sizeWindow.cy));
-    if (!bitmap)
-    {
-        return;
-    }
-    const CSelectObject selected(dcMemory.Get(), bitmap.Get());
-    ComposeFrame(dcMemory.Get(), frame);
-    BitBlt(dcWindow.Get(), 0, 0, frame.sizeWindow.cx, frame.sizeWindow.cy, dcMemory.Get(), 0, 0, SRCCOPY);
+    const RECT rcWindow{0, 0, frame.sizeWindow.cx, frame.sizeWindow.cy};
+    DrawOffScreen(dcWindow.Get(), rcWindow, [&](HDC hDc) { ComposeFrame(hDc, frame); });
 }
 
 void DrawAtoms_Gdi(HDC hDc, const CAtomScene& scene)

@@ -2,9 +2,9 @@
 
 #include "classes/windows/system/Handles.h"
 #include "classes/windows/system/RegisterOwnClass.h"
+#include "classes/windows/system/ScrollBar.h"
 #include "classes/windows/system/ShowCreateWindow.h"
 #include "diagnostics/Guard.h"
-#include "view/ScrollBar.h"
 
 namespace
 {
@@ -42,7 +42,7 @@ CWndWorldView::~CWndWorldView()
             DestroyWindow(m_hWnd);
         }
         m_hWnd = nullptr;
-        // What the pictures keep of Direct2D belongs to the target that goes now.
+        // The brushes that the pictures keep belong to the target that is released now.
         m_picBackdrop.ReleaseDirect2D();
         m_picWorld.ReleaseDirect2D();
         m_painterDirect2D.Release();
@@ -98,7 +98,7 @@ bool CWndWorldView::RegisterViewClass() const
     return RegisterOwnClass(windowClass);
 }
 
-// Without position and size: the parent's layout places it.
+// Position and size are 0: the parent's layout sets them.
 HWND CWndWorldView::CreateViewWindow() const
 {
     const DWORD dwExStyle = m_StringResource.GetLanguage() == c_byArabic ? c_dwRightToLeftStyle : 0;
@@ -135,7 +135,7 @@ bool CWndWorldView::InitializeSettings(CSize<int>& sizeWorld, bool bNoScrolling,
     });
 }
 
-// A lost target is only gone when the pictures let go of it too, and a window should not have two.
+// A lost target is only freed when the pictures release their brushes too, and a window should not have two targets.
 bool CWndWorldView::PrepareDirect2D()
 {
     if (m_painterDirect2D.IsRenderTargetLost())

@@ -22,7 +22,7 @@
 // The child window that shows the world: centred where it fits, scrolled where it is larger.
 //
 // Everything here runs on the thread that owns the window. The simulation asks for a frame by sending WM_ERASEBKGND
-// and waits until it is drawn: that is what lets the view read the atoms without a lock. WM_USER + 1 destroys the
+// and waits until it is drawn: therefore the view reads the atoms without a lock. WM_USER + 1 destroys the
 // window on behalf of another thread or window.
 class CWndWorldView : public CWndCommon
 {
@@ -30,7 +30,7 @@ public:
     static constexpr UINT c_uDestroyMessage = WM_USER + 1;
 
     // Makes the window at once if the parent has a backdrop, and nothing otherwise. The atoms must outlive the view.
-    // pCreateFactory is where Direct2D is taken from.
+    // pCreateFactory makes the Direct2D factory.
     CWndWorldView(const CWndCommon* pParent, const CSize<int>& sizeWorld, const CAtoms& atoms,
                   CreateDirect2DFactoryFunction pCreateFactory = CreateDirect2DFactory);
     CWndWorldView(const CWndWorldView&) = delete;
@@ -42,8 +42,8 @@ public:
     HWND GetWindowHandle() const override;
 
     // Takes over size, colours and factor texts for the next run, prepares Direct2D and draws a frame.
-    // Returns false when the factors make no sense (then nothing is drawn) or Direct2D failed (then frames are drawn
-    //         without it, and the next call tries again).
+    // Returns false when the factors are inconsistent (then nothing is drawn) or Direct2D failed (then GDI draws the
+    // frames, and the next call tries Direct2D again).
     bool InitializeSettings(CSize<int>& sizeWorld, bool bNoScrolling, EnumAtomColourMode eMode, unsigned long cr1,
                             CWString& sFactor1, unsigned long cr2, CWString& sFactor2, unsigned long cr3,
                             CWString& sFactor3);
@@ -57,7 +57,7 @@ public:
     // Width and height of the world in pixels, one per world unit.
     const CSize<int>& GetWorldSize() const { return m_sizeWorld; }
 
-    // Where the world lies in the view, counted from its left edge; carries the scroll position.
+    // Rectangle of the world in client coordinates of the view; the scroll position moves it.
     CRect GetWorldRect() const;
 
     static LRESULT CALLBACK WndProcWrapper(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
@@ -104,7 +104,7 @@ private:
     CFrame MakeFrame() const;
     IPainter& ChoosePainter();
 
-    bool m_bChangingBars = false; // inside the system's call that shows or hides scroll bars
+    bool m_bChangingBars = false; // the system is showing or hiding scroll bars: draw nothing
     bool m_bNoScrolling = false;
     const CAtoms* m_pAtoms = nullptr;
     CColourSettings m_pAtomColourSettings{};
@@ -115,5 +115,5 @@ private:
     CSize<int> m_sizeWorld;
     EnumAtomColourMode m_eColourMode = EnumAtomColourMode::Speed;
     CPainterGdi m_painterGdi;
-    CPainterDirect2D m_painterDirect2D; // last: it goes first, before the pictures that it has drawn
+    CPainterDirect2D m_painterDirect2D; // last, so that it is destroyed before the pictures that it has drawn
 };

@@ -33,16 +33,16 @@ void CWndWorldView::OnEraseBackground()
     });
 }
 
-// False while the parent is minimised, or so small that the view is squeezed to nothing. Direct2D would take the empty
-// backdrop for a failure, and the view would be left without it until the next run.
+// False while the parent is minimised or leaves the view no room. Drawing an empty backdrop fails in Direct2D, which
+// would then be out of use until the next run.
 bool CWndWorldView::HasPixels() const
 {
     const CSize<int> sizeClient = GetClientSize();
     return sizeClient.cx > 0 && sizeClient.cy > 0 && m_sizeParentClient.cx > 0 && m_sizeParentClient.cy > 0;
 }
 
-// Sees every change of size, also one that no message has told of yet, before it draws: the backdrop must continue the
-// parent's without a seam, and the world must be placed for the area that is drawn.
+// Looks for a change of size before each frame, because its message may not have arrived yet: the backdrop must
+// continue the parent's without a seam, and the world must be placed for the area that is drawn.
 void CWndWorldView::CheckLayout()
 {
     RECT rcParent = GetClientRectOnScreen(GetParentHandle());
@@ -83,7 +83,7 @@ CFrame CWndWorldView::MakeFrame() const
     return frame;
 }
 
-// Direct2D can only tile its pictures: a backdrop drawn in any other way is left to GDI.
+// CPicture draws with Direct2D only tiled: GDI draws the backdrops of all other modes.
 IPainter& CWndWorldView::ChoosePainter()
 {
     if (m_painterDirect2D.HasRenderTarget() && m_eDrawMode == EnumPicDrawMode::Tiled)

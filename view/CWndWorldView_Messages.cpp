@@ -9,7 +9,7 @@
 namespace
 {
 
-// The controls of this program notify with the number of the mouse message that they have seen.
+// The notification codes of this program's controls are the numbers of mouse messages.
 constexpr std::array<UINT, 6> c_forwardedNotifications{WM_LBUTTONDOWN,
                                                        WM_LBUTTONUP,
                                                        WM_RBUTTONDOWN,

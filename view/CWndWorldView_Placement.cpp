@@ -1,26 +1,14 @@
 #include "view/CWndWorldView.h"
 
+#include "classes/core/CFlagScope.h"
 #include "classes/windows/system/RectHelpers.h"
+#include "classes/windows/system/ScrollBar.h"
 #include "diagnostics/Guard.h"
-#include "view/ScrollBar.h"
-
-#include <utility>
 
 namespace
 {
 
 constexpr int c_iUseClientArea = -1;
-
-// The rules know the requests by these numbers.
-static_assert(SB_LINEUP == static_cast<unsigned>(EnumScrollRequest::LineUp));
-static_assert(SB_LINEDOWN == static_cast<unsigned>(EnumScrollRequest::LineDown));
-static_assert(SB_PAGEUP == static_cast<unsigned>(EnumScrollRequest::PageUp));
-static_assert(SB_PAGEDOWN == static_cast<unsigned>(EnumScrollRequest::PageDown));
-static_assert(SB_THUMBPOSITION == static_cast<unsigned>(EnumScrollRequest::ThumbPosition));
-static_assert(SB_THUMBTRACK == static_cast<unsigned>(EnumScrollRequest::ThumbTrack));
-static_assert(SB_TOP == static_cast<unsigned>(EnumScrollRequest::Top));
-static_assert(SB_BOTTOM == static_cast<unsigned>(EnumScrollRequest::Bottom));
-static_assert(SB_ENDSCROLL == static_cast<unsigned>(EnumScrollRequest::EndScroll));
 
 } // namespace
 
@@ -45,8 +33,8 @@ CRect CWndWorldView::PlaceWorld_NoScrolling(const CSize<int>& sizeClient)
     return PlaceWorld_Centred(m_sizeWorld, sizeClient);
 }
 
-// Showing or hiding a bar changes the client area, and the system says so at once: this is entered again from within,
-// comes to the same result there, and ends here.
+// Showing or hiding a bar changes the client area, and the system sends WM_SIZE at once. So this function calls itself
+// indirectly; the inner call comes to the same result, and the outer one ends after it.
 CRect CWndWorldView::PlaceWorld_Scrolling(const CSize<int>& sizeView)
 {
     CScrolledView view;
@@ -59,7 +47,7 @@ CRect CWndWorldView::PlaceWorld_Scrolling(const CSize<int>& sizeView)
     return PlaceWorld_Scrolled(m_sizeWorld, view);
 }
 
-// A frame that has not changed is left alone: telling the system that it has would erase the whole view once more.
+// Does nothing when the bars stay the same: SWP_FRAMECHANGED would erase the whole view once more.
 void CWndWorldView::ShowScrollBars(const CScrollBarsShown& shown)
 {
     const LONG_PTR iOldStyle = GetWindowLongPtrW(m_hWnd, GWL_STYLE);
@@ -70,11 +58,11 @@ void CWndWorldView::ShowScrollBars(const CScrollBarsShown& shown)
     {
         return;
     }
-    // The system erases at once, but the world has no place yet: its frame is drawn by whoever asked for the place.
-    const bool bOuter = std::exchange(m_bChangingBars, true);
+    // The system sends WM_ERASEBKGND at once, when the world is not placed yet. No frame is drawn for it: the caller of
+    // SetControlPositions draws one afterwards.
+    const CFlagScope changingBars(m_bChangingBars);
     SetWindowLongPtrW(m_hWnd, GWL_STYLE, iStyle);
     SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_FRAMECHANGED);
-    m_bChangingBars = bOuter;
 }
 
 // Returns the position that was stored.
@@ -124,7 +112,7 @@ void CWndWorldView::RedrawWorld()
 void CWndWorldView::OnScroll(int iBar, unsigned uRequest)
 {
     CScrollBarState bar = ReadScrollBar(m_hWnd, iBar);
-    const std::optional<int> iPosition = GetScrolledPosition(bar, uRequest);
+    const std::optional<int> iPosition = GetScrolledPosition(bar, uRequest, c_WorldScrollRule);
     if (!iPosition)
     {
         return;

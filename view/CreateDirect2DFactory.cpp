@@ -9,7 +9,7 @@ namespace
 
 using D2D1CreateFactoryFunction = HRESULT(WINAPI*)(D2D1_FACTORY_TYPE, REFIID, const D2D1_FACTORY_OPTIONS*, void**);
 
-// Never freed: objects of the library may outlive whoever asked for them.
+// Never freed: objects of the library may outlive their users.
 HMODULE LoadDirect2D()
 {
     return LoadLibraryExW(L"d2d1.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);

@@ -8,9 +8,9 @@
 
 // Whole pixel nearest to a position, halves away from zero. Valid for |position| < 2^31.
 //
-// Cutting off the fraction of |p| + 1/2 is exact here: a single-precision number and 1/2 have a sum that a double holds
-// without rounding, unless p is so small that the result is 0 anyway. It is Dbl_Round(p, 0) at a tenth of the time,
-// and four of these are needed for each drawn atom.
+// Truncating |p| + 1/2 is exact here: a double holds the sum of a single-precision number and 1/2 without rounding,
+// unless p is so small that the result is 0 anyway. The result is that of Dbl_Round(p, 0) in a tenth of the time, and
+// each drawn atom needs four of them.
 inline int RoundToPixel(float fPosition)
 {
     constexpr double c_dHalf = 0.5;
@@ -18,11 +18,10 @@ inline int RoundToPixel(float fPosition)
     return static_cast<int>(dPosition + std::copysign(c_dHalf, dPosition));
 }
 
-// The position itself, or the end of the range in which every corner of an atom is a whole number of pixels that an
-// integer can hold. Written so that what is not a number ends at an end too.
+// Clamps a position to the range in which an int holds every corner of an atom. NaN gives an end of the range too.
 inline float KeepInPixelRange(float fPosition)
 {
-    constexpr float c_fEnd = 1073741824.0F; // 2^30: far outside every view, and radii do not lead out of the integers
+    constexpr float c_fEnd = 1073741824.0F; // 2^30: far outside every view, and a radius more still fits an int
     const float fAbove = fPosition > -c_fEnd ? fPosition : -c_fEnd;
     return fAbove < c_fEnd ? fAbove : c_fEnd;
 }

@@ -16,7 +16,7 @@ struct CFrame
     CAtomScene scene;
 };
 
-// One way to bring a frame to the window. Painting reports nothing: a frame that fails shows nothing new.
+// Brings a frame to the window. Painting reports no errors: the window keeps its old content when a frame fails.
 class IPainter
 {
 public:

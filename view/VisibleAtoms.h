@@ -21,7 +21,7 @@ constexpr float c_fDrawingMarginPixels = 2.0F;
 // An atom is in it when |x - cx| <= w + r and |y - cy| <= h + r, where (cx, cy) is the middle of the visible rectangle
 // in world coordinates and w, h are half its sides plus the drawing margin. For worlds of up to a million pixels the
 // single-precision sums, here and in the painters, are wrong by less than a quarter of a pixel, which the margin
-// covers. A position that is not finite is never in it: the painters are only handed what has a place.
+// covers. An atom whose position is not finite is never in it, so the painters only get finite positions.
 class CVisibleArea
 {
 public:
@@ -35,7 +35,7 @@ public:
     {
     }
 
-    // Without a branch: among atoms in no order, a mispredicted one would cost more than all the rest.
+    // Without a branch: atoms are in no order, so a branch would often be mispredicted, which costs more than the rest.
     bool Shows(const CAtom& atom) const
     {
         const float fRadius = static_cast<float>(atom.radius);
@@ -67,12 +67,12 @@ private:
 
 // Calls draw(atom) for the visible ones among the atoms [first, last) of pAtoms, in array order.
 //
-// Goes block by block: first the places of the visible atoms are gathered without a branch, then these are drawn.
+// Works block by block: it first collects the indices of the visible atoms without a branch, then draws these.
 template<class Draw>
 void ForEachVisibleAtom(const CAtom* pAtoms, std::int32_t first, std::int32_t last, const CVisibleArea area,
                         Draw&& draw)
 {
-    constexpr std::int32_t c_iBlockLength = 512; // 2 kB of places: they stay in the first-level cache
+    constexpr std::int32_t c_iBlockLength = 512; // 2 kB of indices: they stay in the first-level cache
     std::array<std::int32_t, static_cast<std::size_t>(c_iBlockLength)> visible;
     for (std::int32_t begin = first; begin < last;)
     {

@@ -8,18 +8,7 @@
 namespace
 {
 
-constexpr int c_iLineStep = 10;    // pixels per click on an arrow of a scroll bar
 constexpr int c_iWheelDivisor = 2; // a notch of 120 moves 60 pixels
-
-int MoveForward(const CScrollBarState& bar, int iStep)
-{
-    return SaturateToInt(std::min<std::int64_t>(std::int64_t{bar.iPosition} + iStep, bar.iMax));
-}
-
-int MoveBack(const CScrollBarState& bar, int iStep)
-{
-    return SaturateToInt(std::max<std::int64_t>(std::int64_t{bar.iPosition} - iStep, bar.iMin));
-}
 
 int Centre(int iClientLength, int iWorldLength)
 {
@@ -53,31 +42,6 @@ CScrollBarState FitScrollBar(const CScrollBarState& old, int iWorldLength, int i
     const int iLastPosition = std::max(bar.iMax - std::max(iClientLength, 1) + 1, 0);
     bar.iPosition = std::min(old.iPosition, iLastPosition);
     return bar;
-}
-
-std::optional<int> GetScrolledPosition(const CScrollBarState& bar, unsigned uRequest)
-{
-    switch (static_cast<EnumScrollRequest>(uRequest))
-    {
-    case EnumScrollRequest::LineDown:
-        return MoveForward(bar, c_iLineStep);
-    case EnumScrollRequest::LineUp:
-        return MoveBack(bar, c_iLineStep);
-    case EnumScrollRequest::PageDown:
-        return MoveForward(bar, bar.iPage);
-    case EnumScrollRequest::PageUp:
-        return MoveBack(bar, bar.iPage);
-    case EnumScrollRequest::ThumbTrack:
-        return bar.iTrackPosition;
-    case EnumScrollRequest::Top:
-        return bar.iMin;
-    case EnumScrollRequest::Bottom:
-        return bar.iMax;
-    case EnumScrollRequest::ThumbPosition:
-    case EnumScrollRequest::EndScroll:
-        return std::nullopt;
-    }
-    return bar.iPosition;
 }
 
 int GetWheelPosition(int iPosition, int iDelta)

@@ -44,11 +44,11 @@ constexpr std::int64_t c_llTimerStepsPerMilliSecond = 10'000;
 
 CWaitTimer::CWaitTimer() : m_hTimer(CreateWaitableTimerExW(nullptr, nullptr, c_dwHighResolutionTimer, TIMER_ALL_ACCESS))
 {
-    if (m_hTimer != nullptr)
+    if (m_hTimer)
     {
         return;
     }
-    m_hTimer = CreateWaitableTimerW(nullptr, FALSE, nullptr);
+    m_hTimer = CKernelHandle(CreateWaitableTimerW(nullptr, FALSE, nullptr));
     m_bTimerPeriodRaised = timeBeginPeriod(c_uTimerPeriodMilliSeconds) == TIMERR_NOERROR;
 }
 
@@ -58,19 +58,15 @@ CWaitTimer::~CWaitTimer()
     {
         timeEndPeriod(c_uTimerPeriodMilliSeconds);
     }
-    if (m_hTimer != nullptr)
-    {
-        CloseHandle(m_hTimer);
-    }
 }
 
 void CWaitTimer::SleepMilliSeconds(std::int64_t llMilliSeconds)
 {
     LARGE_INTEGER due{};
     due.QuadPart = -llMilliSeconds * c_llTimerStepsPerMilliSecond;
-    if (m_hTimer != nullptr && SetWaitableTimer(m_hTimer, &due, 0, nullptr, nullptr, FALSE) != FALSE)
+    if (m_hTimer && SetWaitableTimer(m_hTimer.Get(), &due, 0, nullptr, nullptr, FALSE) != FALSE)
     {
-        WaitForSingleObject(m_hTimer, INFINITE);
+        WaitForSingleObject(m_hTimer.Get(), INFINITE);
     }
     else
     {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "classes/core/CKernelHandle.h"
+
 #include <cstdint>
 
 // Waits on the monotonic clock, to about a millisecond. The usual sleep of Windows ends only at the system's timer
@@ -20,6 +22,8 @@ public:
 private:
     void SleepMilliSeconds(std::int64_t llMilliSeconds);
 
-    void* m_hTimer{};
+#ifdef _WIN32
+    CKernelHandle m_hTimer;
     bool m_bTimerPeriodRaised{};
+#endif
 };

@@ -5,7 +5,6 @@
 namespace
 {
 // All in pixels. Thirteen settings, two headings and two dividers come to 479 and fit the panel of the default window.
-constexpr int c_iSettingHeight = 30;
 constexpr int c_iHeadingHeight = 28;
 constexpr int c_iDividerHeight = 15;
 constexpr int c_iControlHeight = 24;

@@ -106,7 +106,7 @@ public:
 private:
     static void Request(CScrollBarState& bar, unsigned uRequest)
     {
-        const std::optional<int> position = GetScrolledPosition(bar, uRequest);
+        const std::optional<int> position = GetScrolledPosition(bar, uRequest, c_WorldScrollRule);
         const bool bTracking = uRequest == static_cast<unsigned>(EnumScrollRequest::ThumbTrack);
         Require(!position || bTracking || (*position >= bar.iMin && *position <= bar.iMax),
                 "a request leads out of the range");
@@ -147,7 +147,7 @@ void TryExtremes(const CCase& c, CFuzzInput input)
     bar.iPage = input.TakeInt();
     bar.iPosition = input.TakeInt();
     bar.iTrackPosition = input.TakeInt();
-    GetScrolledPosition(bar, static_cast<unsigned>(input.TakeInt()));
+    GetScrolledPosition(bar, static_cast<unsigned>(input.TakeInt()), c_WorldScrollRule);
     GetWheelPosition(bar.iPosition, bar.iMin);
     FitScrollBar(bar, c.world.cx, c.view.cx);
     GetScrollBarsShown(c.world, c.view, c.bars);

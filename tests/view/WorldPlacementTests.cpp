@@ -24,7 +24,7 @@ CScrollBarState MakeBar(int iMax, int iPage, int iPosition, int iTrackPosition =
 
 std::optional<int> Request(const CScrollBarState& bar, EnumScrollRequest eRequest)
 {
-    return GetScrolledPosition(bar, static_cast<unsigned>(eRequest));
+    return GetScrolledPosition(bar, static_cast<unsigned>(eRequest), c_WorldScrollRule);
 }
 
 } // namespace
@@ -126,49 +126,16 @@ TEST(FitScrollBar, TheDraggedPositionIsNotChanged)
     EXPECT_EQ(FitScrollBar(MakeBar(10, 1, 7, 77), 1000, 600).iTrackPosition, 77);
 }
 
-TEST(ScrollRequest, ALineIsTenPixels)
+TEST(WorldScrollRule, ALineIsTenPixels)
 {
     EXPECT_EQ(Request(MakeBar(999, 600, 100), EnumScrollRequest::LineDown), 110);
     EXPECT_EQ(Request(MakeBar(999, 600, 100), EnumScrollRequest::LineUp), 90);
 }
 
-TEST(ScrollRequest, APageIsTheView)
-{
-    EXPECT_EQ(Request(MakeBar(1999, 600, 100), EnumScrollRequest::PageDown), 700);
-    EXPECT_EQ(Request(MakeBar(1999, 600, 900), EnumScrollRequest::PageUp), 300);
-}
-
-TEST(ScrollRequest, StepsStopAtTheMinimumAndAtTheMaximum)
-{
-    EXPECT_EQ(Request(MakeBar(999, 600, 5), EnumScrollRequest::LineUp), 0);
-    EXPECT_EQ(Request(MakeBar(999, 600, 5), EnumScrollRequest::PageUp), 0);
-    EXPECT_EQ(Request(MakeBar(999, 600, 995), EnumScrollRequest::LineDown), 999);
-    EXPECT_EQ(Request(MakeBar(999, 600, 995), EnumScrollRequest::PageDown), 999);
-}
-
-TEST(ScrollRequest, TheEndsAreTheMinimumAndTheMaximum)
-{
-    EXPECT_EQ(Request(MakeBar(999, 600, 5), EnumScrollRequest::Top), 0);
-    EXPECT_EQ(Request(MakeBar(999, 600, 5), EnumScrollRequest::Bottom), 999);
-}
-
-TEST(ScrollRequest, OnlyDraggingFollowsTheThumb)
+TEST(WorldScrollRule, OnlyDraggingFollowsTheThumb)
 {
     EXPECT_EQ(Request(MakeBar(999, 600, 5, 321), EnumScrollRequest::ThumbTrack), 321);
     EXPECT_EQ(Request(MakeBar(999, 600, 5, 321), EnumScrollRequest::ThumbPosition), std::nullopt);
-    EXPECT_EQ(Request(MakeBar(999, 600, 5, 321), EnumScrollRequest::EndScroll), std::nullopt);
-}
-
-TEST(ScrollRequest, AnUnknownRequestLeavesThePosition)
-{
-    EXPECT_EQ(GetScrolledPosition(MakeBar(999, 600, 5, 321), 9U), 5);
-    EXPECT_EQ(GetScrolledPosition(MakeBar(999, 600, 5, 321), 0xFFFFU), 5);
-}
-
-TEST(ScrollRequest, PositionsAtTheEndOfTheIntegerRangeDoNotOverflow)
-{
-    EXPECT_EQ(Request({0, c_iMaxInt, c_iMaxInt, c_iMaxInt, 0}, EnumScrollRequest::PageDown), c_iMaxInt);
-    EXPECT_EQ(Request({c_iMinInt, 0, c_iMaxInt, c_iMinInt, 0}, EnumScrollRequest::PageUp), c_iMinInt);
 }
 
 TEST(Wheel, ANotchAwayFromTheUserMovesSixtyPixelsUp)

@@ -105,8 +105,7 @@ bool CKinetariumProbe::FitWindowOnMonitor(CKinetarium& application, RECT* pRect)
 }
 void CKinetariumProbe::LoseFinishedEvent(CKinetarium& application)
 {
-    CloseHandle(application.m_hSimulationDone);
-    application.m_hSimulationDone = nullptr;
+    application.m_hSimulationDone.Reset();
 }
 void CKinetariumProbe::Start(CKinetarium& application)
 {

@@ -1,7 +1,6 @@
 // What mouse, keyboard and focus do to a button: a part of CWndButton with a file of its own.
 #include "classes/windows/button/CWndButton.h"
 #include "classes/windows/system/RectHelpers.h"
-#include "classes/windows/window/MainWindowKeys.h"
 
 namespace
 {
@@ -99,24 +98,19 @@ std::optional<LRESULT> CWndButton::On_KeyDown(WPARAM wParam, LPARAM lParam)
     return std::nullopt;
 }
 
-std::optional<LRESULT> CWndButton::On_KeyUp(WPARAM wParam, LPARAM lParam)
+std::optional<LRESULT> CWndButton::On_KeyUp(WPARAM wParam, LPARAM)
 {
-    if (wParam == VK_SPACE)
-    {
-        const bool bClick = m_bSpaceDown;
-        m_bSpaceDown = false;
-        SetPressed(false);
-        if (bClick)
-        {
-            Click();
-        }
-        return 0;
-    }
-    if (!IsMainWindowKey(wParam))
+    if (wParam != VK_SPACE)
     {
         return std::nullopt;
     }
-    ForwardKeyUp(m_hWnd, wParam, lParam);
+    const bool bClick = m_bSpaceDown;
+    m_bSpaceDown = false;
+    SetPressed(false);
+    if (bClick)
+    {
+        Click();
+    }
     return 0;
 }
 

@@ -1,5 +1,7 @@
 #include "classes/windows/crash/CrashStages.h"
 
+#include "classes/core/CKernelHandle.h"
+
 #include <atomic>
 
 namespace
@@ -83,43 +85,35 @@ EnumStageEnd WaitForWindow(HANDLE hThread, DWORD dwPatience)
     return GetEnd(hThread);
 }
 
-HANDLE Begin(void (*pStep)(), DWORD& dwThread)
+CKernelHandle Begin(void (*pStep)(), DWORD& dwThread) noexcept
 {
-    return CreateThread(nullptr, 0, RunStep, reinterpret_cast<void*>(pStep), 0, &dwThread);
+    return CKernelHandle(CreateThread(nullptr, 0, RunStep, reinterpret_cast<void*>(pStep), 0, &dwThread));
 }
 } // namespace
 
 EnumStageEnd RunCrashStage(void (*pStep)(), DWORD dwPatience) noexcept
 {
     DWORD dwThread = 0;
-    const HANDLE hThread = Begin(pStep, dwThread);
-    if (hThread == nullptr)
+    const CKernelHandle thread = Begin(pStep, dwThread);
+    if (!thread)
     {
         return EnumStageEnd::Failed;
     }
-    const bool bEnded = WaitForSingleObject(hThread, dwPatience) == WAIT_OBJECT_0;
-    const EnumStageEnd eEnd = bEnded ? GetEnd(hThread) : EnumStageEnd::TimedOut;
-    CloseHandle(hThread);
-    return eEnd;
+    const bool bEnded = WaitForSingleObject(thread.Get(), dwPatience) == WAIT_OBJECT_0;
+    return bEnded ? GetEnd(thread.Get()) : EnumStageEnd::TimedOut;
 }
 
 EnumStageEnd RunCrashStage_Window(void (*pStep)(), DWORD dwPatience) noexcept
 {
     DWORD dwThread = 0;
-    const HANDLE hThread = Begin(pStep, dwThread);
-    if (hThread == nullptr)
+    const CKernelHandle thread = Begin(pStep, dwThread);
+    if (!thread)
     {
         return EnumStageEnd::Failed;
     }
-    const HANDLE hWatch =
-        CreateThread(nullptr, 0, WatchWindow, reinterpret_cast<void*>(static_cast<ULONG_PTR>(dwThread)), 0, nullptr);
-    const EnumStageEnd eEnd = WaitForWindow(hThread, dwPatience);
-    if (hWatch != nullptr)
-    {
-        CloseHandle(hWatch);
-    }
-    CloseHandle(hThread);
-    return eEnd;
+    const CKernelHandle watch(
+        CreateThread(nullptr, 0, WatchWindow, reinterpret_cast<void*>(static_cast<ULONG_PTR>(dwThread)), 0, nullptr));
+    return WaitForWindow(thread.Get(), dwPatience);
 }
 
 void EndFaultedCrashStage() noexcept

@@ -1,5 +1,6 @@
 #include "classes/windows/crash/CrashSteps.h"
 
+#include "classes/core/CKernelHandle.h"
 #include "classes/core/CrashFiles.h"
 #include "classes/core/CrashNote.h"
 #include "classes/core/CrashText.h"
@@ -157,13 +158,10 @@ void CrashStep_Stack()
 
 void CrashStep_Dump()
 {
-    const HANDLE hDump = CreateCrashFile(c_sCrashDumpEnding);
-    const DWORD dwError =
-        hDump == INVALID_HANDLE_VALUE ? GetLastError() : WriteCrashDump(hDump, g_crash.thread, &g_crash.pointers);
-    if (hDump != INVALID_HANDLE_VALUE)
-    {
-        CloseHandle(hDump);
-    }
+    CKernelHandle dump(CreateCrashFile(c_sCrashDumpEnding));
+    const bool bCreated = static_cast<bool>(dump);
+    const DWORD dwError = bCreated ? WriteCrashDump(dump.Get(), g_crash.thread, &g_crash.pointers) : GetLastError();
+    dump.Reset();
     CFixedText line(g_sText, c_uTextSize);
     line.Add("\r\nMinidump:  ");
     if (dwError == ERROR_SUCCESS)
@@ -175,7 +173,7 @@ void CrashStep_Dump()
         line.Add("none, error ").AddNumber(dwError);
     }
     WriteReport(line.Add("\r\nNothing of this was sent anywhere.\r\n"));
-    if (dwError != ERROR_SUCCESS && hDump != INVALID_HANDLE_VALUE && MakePath(c_sCrashDumpEnding))
+    if (dwError != ERROR_SUCCESS && bCreated && MakePath(c_sCrashDumpEnding))
     {
         DeleteFileW(g_sPath);
     }

@@ -25,7 +25,7 @@ struct CCrash
     // From the first step on.
     char error[c_uCrashLineSize] = {};
     char stem[c_uCrashLineSize] = {};
-    HANDLE report = INVALID_HANDLE_VALUE;
+    HANDLE report = INVALID_HANDLE_VALUE; // the end of the process closes it: no destructor may do so in mid-report
     DWORD openError = ERROR_SUCCESS;
 };
 

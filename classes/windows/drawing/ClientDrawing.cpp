@@ -1,6 +1,6 @@
 #include "classes/windows/drawing/ClientDrawing.h"
 
-#include "classes/windows/drawing/PaintBuffer.h"
+#include "classes/windows/drawing/OffScreenDrawing.h"
 
 void PaintClient(HWND hWnd, const ClientDrawing& draw)
 {
@@ -10,8 +10,7 @@ void PaintClient(HWND hWnd, const ClientDrawing& draw)
     {
         RECT rcClient{};
         GetClientRect(hWnd, &rcClient);
-        const CPaintBuffer buffer(hDc, rcClient);
-        draw(buffer.Get(), rcClient);
+        DrawOffScreenIfPossible(hDc, rcClient, [&](HDC hBuffer) { draw(hBuffer, rcClient); });
     }
     EndPaint(hWnd, &paint);
 }

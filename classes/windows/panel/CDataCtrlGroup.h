@@ -103,7 +103,6 @@ private:
     std::optional<LRESULT> On_LButtonDown(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> On_Notify(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> On_Command(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> On_KeyUp(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> On_ControlColour(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> On_SetFont(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> On_GetFont(WPARAM wParam, LPARAM lParam);

@@ -2,9 +2,9 @@
 
 #include "classes/core/EntryText.h"
 #include "classes/windows/system/ClipboardText.h"
+#include "classes/windows/system/MessageTable.h"
 #include "classes/windows/system/ShowCreateWindow.h"
 #include "classes/windows/system/SubclassForward.h"
-#include "classes/windows/window/MainWindowKeys.h"
 
 #include <limits>
 
@@ -47,38 +47,17 @@ bool CPanelEntry::Create(short iId, bool bDigitsOnly, unsigned short uSize)
 
 std::optional<LRESULT> CPanelEntry::HandleMessage(UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
-    switch (uMessage)
-    {
-    case WM_CHAR:
-        return On_Char(wParam);
-    case WM_PASTE:
-        Paste();
-        return 0;
-    case WM_KEYDOWN:
-        return On_KeyDown(wParam);
-    case WM_KEYUP:
-        return On_KeyUp(wParam, lParam);
-    case WM_SETFOCUS:
-    case WM_KILLFOCUS:
-    {
-        const LRESULT result = DefSubclassProc(m_hWnd, uMessage, wParam, lParam);
-        m_host.Host_RowFocused(m_iIndex, uMessage == WM_SETFOCUS);
-        return result;
-    }
-    case WM_MOUSEWHEEL:
-        if (m_host.Host_ScrollByWheel(static_cast<short>(HIWORD(wParam))))
-        {
-            return 0;
-        }
-        return std::nullopt;
-    default:
-        return std::nullopt;
-    }
+    static constexpr CMessageEntry<CPanelEntry> c_table[] = {
+        {WM_CHAR, &CPanelEntry::On_Char},           {WM_PASTE, &CPanelEntry::On_Paste},
+        {WM_KEYDOWN, &CPanelEntry::On_KeyDown},     {WM_SETFOCUS, &CPanelEntry::On_SetFocus},
+        {WM_KILLFOCUS, &CPanelEntry::On_KillFocus}, {WM_MOUSEWHEEL, &CPanelEntry::On_MouseWheel},
+    };
+    return HandleMessage_Table(*this, c_table, uMessage, wParam, lParam);
 }
 
 // Control characters (copy, cut, undo, delete backwards) are the control's own, but Enter, Escape and Tab would only
 // make it beep.
-std::optional<LRESULT> CPanelEntry::On_Char(WPARAM wParam) const
+std::optional<LRESULT> CPanelEntry::On_Char(WPARAM wParam, LPARAM)
 {
     if (wParam == c_wEnter || wParam == c_wEscape || wParam == c_wTab)
     {
@@ -102,7 +81,7 @@ std::optional<LRESULT> CPanelEntry::On_Char(WPARAM wParam) const
 }
 
 // The older key for pasting must not get around the filter either.
-std::optional<LRESULT> CPanelEntry::On_KeyDown(WPARAM wParam) const
+std::optional<LRESULT> CPanelEntry::On_KeyDown(WPARAM wParam, LPARAM)
 {
     if (wParam != VK_INSERT || GetKeyState(VK_SHIFT) >= 0 || GetKeyState(VK_CONTROL) < 0)
     {
@@ -112,14 +91,33 @@ std::optional<LRESULT> CPanelEntry::On_KeyDown(WPARAM wParam) const
     return 0;
 }
 
-std::optional<LRESULT> CPanelEntry::On_KeyUp(WPARAM wParam, LPARAM lParam) const
+std::optional<LRESULT> CPanelEntry::On_Paste(WPARAM, LPARAM)
 {
-    if (!IsMainWindowKey(wParam))
-    {
-        return std::nullopt;
-    }
-    ForwardKeyUp(m_hWnd, wParam, lParam);
+    Paste();
     return 0;
+}
+
+std::optional<LRESULT> CPanelEntry::On_SetFocus(WPARAM wParam, LPARAM lParam)
+{
+    const LRESULT result = DefSubclassProc(m_hWnd, WM_SETFOCUS, wParam, lParam);
+    m_host.Host_RowFocused(m_iIndex, true);
+    return result;
+}
+
+std::optional<LRESULT> CPanelEntry::On_KillFocus(WPARAM wParam, LPARAM lParam)
+{
+    const LRESULT result = DefSubclassProc(m_hWnd, WM_KILLFOCUS, wParam, lParam);
+    m_host.Host_RowFocused(m_iIndex, false);
+    return result;
+}
+
+std::optional<LRESULT> CPanelEntry::On_MouseWheel(WPARAM wParam, LPARAM)
+{
+    if (m_host.Host_ScrollByWheel(static_cast<short>(HIWORD(wParam))))
+    {
+        return 0;
+    }
+    return std::nullopt;
 }
 
 // How many characters may take the place of the selection.

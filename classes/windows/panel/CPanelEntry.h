@@ -28,9 +28,12 @@ public:
     void OnWindowGone() { m_hWnd = nullptr; }
 
 private:
-    std::optional<LRESULT> On_Char(WPARAM wParam) const;
-    std::optional<LRESULT> On_KeyDown(WPARAM wParam) const;
-    std::optional<LRESULT> On_KeyUp(WPARAM wParam, LPARAM lParam) const;
+    std::optional<LRESULT> On_Char(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_Paste(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_KeyDown(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_SetFocus(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_KillFocus(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_MouseWheel(WPARAM wParam, LPARAM lParam);
     void Paste() const;
     std::size_t GetRoom() const;
 

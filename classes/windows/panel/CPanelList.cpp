@@ -4,10 +4,10 @@
 #include "classes/windows/drawing/ClientDrawing.h"
 #include "classes/windows/drawing/EntryFrame.h"
 #include "classes/windows/system/Handles.h"
+#include "classes/windows/system/MessageTable.h"
 #include "classes/windows/system/RectHelpers.h"
 #include "classes/windows/system/ShowCreateWindow.h"
 #include "classes/windows/system/SubclassForward.h"
-#include "classes/windows/window/MainWindowKeys.h"
 
 namespace
 {
@@ -93,51 +93,108 @@ bool CPanelList::IsDropped() const
 
 std::optional<LRESULT> CPanelList::HandleMessage(UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
-    switch (uMessage)
+    static constexpr CMessageEntry<CPanelList> c_table[] = {
+        {WM_ERASEBKGND, &CPanelList::On_EraseBackground},
+        {WM_PAINT, &CPanelList::On_Paint},
+        {WM_PRINTCLIENT, &CPanelList::On_PrintClient},
+        {WM_GETOBJECT, &CPanelList::On_GetObject},
+        {WM_GETDLGCODE, &CPanelList::On_GetDlgCode},
+        {WM_KEYDOWN, &CPanelList::On_KeyDown},
+        {WM_KEYUP, &CPanelList::On_KeyUp},
+        {WM_MOUSEMOVE, &CPanelList::On_MouseMove},
+        {WM_MOUSELEAVE, &CPanelList::On_MouseLeave},
+        {WM_MOUSEWHEEL, &CPanelList::On_MouseWheel},
+        {WM_SETFOCUS, &CPanelList::On_SetFocus},
+        {WM_KILLFOCUS, &CPanelList::On_KillFocus},
+        {WM_ENABLE, &CPanelList::On_Enable},
+        {CB_SETCURSEL, &CPanelList::On_SetSelection},
+    };
+    return HandleMessage_Table(*this, c_table, uMessage, wParam, lParam);
+}
+
+// The control answers; what it shows may be another thing afterwards.
+LRESULT CPanelList::AnswerAndRedraw(UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    const LRESULT result = DefSubclassProc(m_hWnd, uMessage, wParam, lParam);
+    InvalidateRect(m_hWnd, nullptr, FALSE);
+    return result;
+}
+
+std::optional<LRESULT> CPanelList::On_EraseBackground(WPARAM, LPARAM)
+{
+    return 1;
+}
+
+std::optional<LRESULT> CPanelList::On_Paint(WPARAM, LPARAM)
+{
+    PaintClient(m_hWnd, [this](HDC hDc, const RECT& rcClient) { Draw(hDc, rcClient); });
+    return 0;
+}
+
+std::optional<LRESULT> CPanelList::On_PrintClient(WPARAM wParam, LPARAM)
+{
+    PrintClient(m_hWnd, wParam, [this](HDC hDc, const RECT& rcClient) { Draw(hDc, rcClient); });
+    return 0;
+}
+
+std::optional<LRESULT> CPanelList::On_MouseMove(WPARAM, LPARAM)
+{
+    SetHot(true);
+    return std::nullopt;
+}
+
+std::optional<LRESULT> CPanelList::On_MouseLeave(WPARAM, LPARAM)
+{
+    SetHot(false);
+    return std::nullopt;
+}
+
+// A closed list must not change its selection because the pointer happens to pass over it.
+std::optional<LRESULT> CPanelList::On_MouseWheel(WPARAM wParam, LPARAM)
+{
+    if (IsDropped())
     {
-    case WM_ERASEBKGND:
-        return 1;
-    case WM_PAINT:
-        PaintClient(m_hWnd, [this](HDC hDc, const RECT& rcClient) { Draw(hDc, rcClient); });
-        return 0;
-    case WM_PRINTCLIENT:
-        PrintClient(m_hWnd, wParam, [this](HDC hDc, const RECT& rcClient) { Draw(hDc, rcClient); });
-        return 0;
-    case WM_GETOBJECT:
-        return On_GetObject(wParam, lParam);
-    case WM_KEYDOWN:
-        return On_KeyDown(wParam, lParam);
-    case WM_KEYUP:
-        return On_KeyUp(wParam, lParam);
-    case WM_MOUSEMOVE:
-    case WM_MOUSELEAVE:
-        SetHot(uMessage == WM_MOUSEMOVE);
         return std::nullopt;
-    case WM_SETFOCUS:
-    case WM_KILLFOCUS:
+    }
+    m_host.Host_ScrollByWheel(static_cast<short>(HIWORD(wParam)));
+    return 0;
+}
+
+std::optional<LRESULT> CPanelList::On_SetFocus(WPARAM wParam, LPARAM lParam)
+{
+    const LRESULT result = AnswerAndRedraw(WM_SETFOCUS, wParam, lParam);
+    m_host.Host_RowFocused(m_iIndex, true);
+    return result;
+}
+
+std::optional<LRESULT> CPanelList::On_KillFocus(WPARAM wParam, LPARAM lParam)
+{
+    const LRESULT result = AnswerAndRedraw(WM_KILLFOCUS, wParam, lParam);
+    m_host.Host_RowFocused(m_iIndex, false);
+    return result;
+}
+
+std::optional<LRESULT> CPanelList::On_Enable(WPARAM wParam, LPARAM lParam)
+{
+    return AnswerAndRedraw(WM_ENABLE, wParam, lParam);
+}
+
+std::optional<LRESULT> CPanelList::On_SetSelection(WPARAM wParam, LPARAM lParam)
+{
+    return AnswerAndRedraw(CB_SETCURSEL, wParam, lParam);
+}
+
+// The keys that mean the main window are the list's own while it is open, and so is the release of the Escape that
+// has closed it.
+std::optional<LRESULT> CPanelList::On_GetDlgCode(WPARAM, LPARAM lParam)
+{
+    const auto* const pMsg = reinterpret_cast<const MSG*>(lParam);
+    if (pMsg == nullptr || pMsg->message != WM_KEYUP)
     {
-        const LRESULT result = DefSubclassProc(m_hWnd, uMessage, wParam, lParam);
-        InvalidateRect(m_hWnd, nullptr, FALSE);
-        m_host.Host_RowFocused(m_iIndex, uMessage == WM_SETFOCUS);
-        return result;
-    }
-    case CB_SETCURSEL:
-    case WM_ENABLE:
-    {
-        const LRESULT result = DefSubclassProc(m_hWnd, uMessage, wParam, lParam);
-        InvalidateRect(m_hWnd, nullptr, FALSE);
-        return result;
-    }
-    case WM_MOUSEWHEEL: // a closed list must not change its selection because the pointer happens to pass over it
-        if (!IsDropped())
-        {
-            m_host.Host_ScrollByWheel(static_cast<short>(HIWORD(wParam)));
-            return 0;
-        }
-        return std::nullopt;
-    default:
         return std::nullopt;
     }
+    const bool bOwnKey = IsDropped() || (pMsg->wParam == VK_ESCAPE && m_bEscapeUsed);
+    return bOwnKey ? std::optional<LRESULT>(DLGC_WANTMESSAGE) : std::nullopt;
 }
 
 std::optional<LRESULT> CPanelList::On_KeyDown(WPARAM wParam, LPARAM lParam)
@@ -149,22 +206,19 @@ std::optional<LRESULT> CPanelList::On_KeyDown(WPARAM wParam, LPARAM lParam)
     return std::nullopt;
 }
 
+// F11 closes an open list before the main window gets it.
 std::optional<LRESULT> CPanelList::On_KeyUp(WPARAM wParam, LPARAM lParam)
 {
-    if (!IsMainWindowKey(wParam))
-    {
-        return std::nullopt;
-    }
-    if (wParam == VK_ESCAPE && (m_bEscapeUsed || IsDropped()))
+    if (wParam == VK_ESCAPE)
     {
         m_bEscapeUsed = false;
+    }
+    if (wParam != VK_F11 || !IsDropped())
+    {
         return std::nullopt;
     }
-    if (IsDropped())
-    {
-        SendMessageW(m_hWnd, CB_SHOWDROPDOWN, FALSE, 0);
-    }
-    ForwardKeyUp(m_hWnd, wParam, lParam);
+    SendMessageW(m_hWnd, CB_SHOWDROPDOWN, FALSE, 0);
+    SendMessageW(GetAncestor(m_hWnd, GA_ROOT), WM_KEYUP, wParam, lParam);
     return 0;
 }
 
@@ -174,7 +228,7 @@ void CPanelList::SetOwnAccessibleName(const CWString& sName, const CWString& sDe
     m_sAccessibleDescription = sDescription;
 }
 
-std::optional<LRESULT> CPanelList::On_GetObject(WPARAM wParam, LPARAM lParam) const
+std::optional<LRESULT> CPanelList::On_GetObject(WPARAM wParam, LPARAM lParam)
 {
     if (m_sAccessibleName.IsEmpty() || static_cast<DWORD>(lParam) != static_cast<DWORD>(OBJID_CLIENT))
     {

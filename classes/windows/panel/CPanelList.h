@@ -30,9 +30,21 @@ public:
 
 private:
     bool IsDropped() const;
+    std::optional<LRESULT> On_EraseBackground(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_Paint(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_PrintClient(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_GetObject(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_GetDlgCode(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> On_KeyDown(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> On_KeyUp(WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> On_GetObject(WPARAM wParam, LPARAM lParam) const;
+    std::optional<LRESULT> On_MouseMove(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_MouseLeave(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_MouseWheel(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_SetFocus(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_KillFocus(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_Enable(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> On_SetSelection(WPARAM wParam, LPARAM lParam);
+    LRESULT AnswerAndRedraw(UINT uMessage, WPARAM wParam, LPARAM lParam);
     void SetHot(bool bHot);
     void Draw(HDC hDc, const RECT& rcClient);
 

@@ -1,13 +1,12 @@
 // The panel's window procedure and what it draws itself: a part of CDataCtrlGroup with a file of its own.
 #include "classes/core/PanelLayout.h"
 #include "classes/windows/drawing/EntryFrame.h"
-#include "classes/windows/drawing/PaintBuffer.h"
+#include "classes/windows/drawing/OffScreenDrawing.h"
 #include "classes/windows/drawing/WindowColours.h"
 #include "classes/windows/panel/CDataCtrl.h"
 #include "classes/windows/panel/CDataCtrlGroup.h"
 #include "classes/windows/system/MessageTable.h"
 #include "classes/windows/system/RectHelpers.h"
-#include "classes/windows/window/MainWindowKeys.h"
 
 namespace
 {
@@ -47,7 +46,6 @@ LRESULT CDataCtrlGroup::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM 
         {WM_LBUTTONDOWN, &CDataCtrlGroup::On_LButtonDown},
         {WM_NOTIFY, &CDataCtrlGroup::On_Notify},
         {WM_COMMAND, &CDataCtrlGroup::On_Command},
-        {WM_KEYUP, &CDataCtrlGroup::On_KeyUp},
         {WM_CTLCOLOREDIT, &CDataCtrlGroup::On_ControlColour},
         {WM_CTLCOLORSTATIC, &CDataCtrlGroup::On_ControlColour},
         {WM_CTLCOLORLISTBOX, &CDataCtrlGroup::On_ControlColour},
@@ -100,8 +98,7 @@ std::optional<LRESULT> CDataCtrlGroup::On_Paint(WPARAM, LPARAM)
     const HDC hDc = BeginPaint(m_hWnd, &paint);
     if (hDc != nullptr && !IsRectEmpty_Plain(paint.rcPaint))
     {
-        const CPaintBuffer buffer(hDc, paint.rcPaint);
-        DrawPanel(buffer.Get());
+        DrawOffScreenIfPossible(hDc, paint.rcPaint, [this](HDC hBuffer) { DrawPanel(hBuffer); });
     }
     EndPaint(m_hWnd, &paint);
     return 0;
@@ -202,16 +199,6 @@ std::optional<LRESULT> CDataCtrlGroup::On_Command(WPARAM wParam, LPARAM lParam)
     }
     m_iConfirmed = -1;
     return result;
-}
-
-std::optional<LRESULT> CDataCtrlGroup::On_KeyUp(WPARAM wParam, LPARAM lParam)
-{
-    if (!IsMainWindowKey(wParam))
-    {
-        return std::nullopt;
-    }
-    ForwardKeyUp(m_hWnd, wParam, lParam);
-    return 0;
 }
 
 // Entries ask for their colours while they draw themselves; a disabled one asks as if it were a static text.

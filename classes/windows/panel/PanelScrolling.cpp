@@ -1,14 +1,15 @@
 // Where the rows stand and how they scroll: a part of CDataCtrlGroup with a file of its own.
+#include "classes/core/CFlagScope.h"
 #include "classes/core/PanelLayout.h"
 #include "classes/windows/panel/CDataCtrl.h"
 #include "classes/windows/panel/CDataCtrlGroup.h"
 #include "classes/windows/system/RectHelpers.h"
+#include "classes/windows/system/ScrollBar.h"
 
 #include <algorithm>
 
 namespace
 {
-constexpr int c_iLineHeight = 30;  // one click on the scroll bar's arrow: a row
 constexpr int c_iScrollBarGap = 6; // between the controls and the bar, in pixels
 constexpr int c_iUsualWheelLines = 3;
 constexpr int c_iWheelLineHeight = 20; // a notch of three lines moves two rows
@@ -59,23 +60,20 @@ void CDataCtrlGroup::SetControlPositions(int, int)
     {
         return;
     }
-    m_bLayingOut = true;
+    const CFlagScope layingOut(m_bLayingOut);
     UpdateScrollBar();
     PlaceRows();
-    m_bLayingOut = false;
 }
 
 void CDataCtrlGroup::UpdateScrollBar()
 {
     const int iContent = GetContentHeight();
     const int iPage = GetClientSize(m_hWnd).cy;
-    SCROLLINFO info{};
-    info.cbSize = sizeof(info);
-    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-    info.nMax = std::max(iContent - 1, 0);
-    info.nPage = static_cast<UINT>(std::max(iPage, 0));
-    info.nPos = ClampScrollPosition(GetScrollPosition(), iContent, iPage);
-    SetScrollInfo(m_hWnd, SB_VERT, &info, TRUE);
+    CScrollBarState bar;
+    bar.iMax = std::max(iContent - 1, 0);
+    bar.iPage = std::max(iPage, 0);
+    bar.iPosition = ClampScrollPosition(GetScrollPosition(), iContent, iPage);
+    WriteScrollBar(m_hWnd, SB_VERT, bar);
     ShowScrollBar(m_hWnd, SB_VERT, iContent > iPage && iPage > 0);
 }
 
@@ -103,9 +101,10 @@ void CDataCtrlGroup::ScrollTo(int iPosition)
         return;
     }
     SetScrollPos(m_hWnd, SB_VERT, iTarget, TRUE);
-    m_bLayingOut = true;
-    PlaceRows();
-    m_bLayingOut = false;
+    {
+        const CFlagScope layingOut(m_bLayingOut);
+        PlaceRows();
+    }
     UpdateWindow(m_hWnd); // keeps up with a dragged bar
 }
 
@@ -149,37 +148,10 @@ std::optional<LRESULT> CDataCtrlGroup::On_MouseWheel(WPARAM wParam, LPARAM)
 
 std::optional<LRESULT> CDataCtrlGroup::On_VScroll(WPARAM wParam, LPARAM)
 {
-    SCROLLINFO info{};
-    info.cbSize = sizeof(info);
-    info.fMask = SIF_ALL;
-    GetScrollInfo(m_hWnd, SB_VERT, &info);
-    const int iPage = static_cast<int>(info.nPage);
-    switch (LOWORD(wParam))
+    const CScrollBarState bar = ReadScrollBar(m_hWnd, SB_VERT);
+    if (const std::optional<int> iPosition = GetScrolledPosition(bar, LOWORD(wParam), c_PanelScrollRule))
     {
-    case SB_LINEUP:
-        ScrollTo(info.nPos - c_iLineHeight);
-        break;
-    case SB_LINEDOWN:
-        ScrollTo(info.nPos + c_iLineHeight);
-        break;
-    case SB_PAGEUP:
-        ScrollTo(info.nPos - iPage);
-        break;
-    case SB_PAGEDOWN:
-        ScrollTo(info.nPos + iPage);
-        break;
-    case SB_THUMBTRACK:
-    case SB_THUMBPOSITION:
-        ScrollTo(info.nTrackPos);
-        break;
-    case SB_TOP:
-        ScrollTo(0);
-        break;
-    case SB_BOTTOM:
-        ScrollTo(info.nMax);
-        break;
-    default:
-        break;
+        ScrollTo(*iPosition);
     }
     return 0;
 }

@@ -6,10 +6,10 @@
 
 #include <utility>
 
-// Owning types for what Windows hands out. Each is a value plus its closer: movable, not copyable, and empty after a
-// move. None of them throws.
+// Owning types for what Windows hands out; kernel objects have theirs in classes/core/CKernelHandle.h. Each is a value
+// plus its closer: movable, not copyable, and empty after a move. None of them throws.
 
-// A GDI object (bitmap, font, brush, pen, region). It must not be selected into a device context when it is closed.
+// A GDI object (bitmap, font, brush, region). It must not be selected into a device context when it is closed.
 template<class T>
 class CGdiObject
 {
@@ -48,7 +48,6 @@ private:
 using CBitmapHandle = CGdiObject<HBITMAP>;
 using CFontHandle = CGdiObject<HFONT>;
 using CBrushHandle = CGdiObject<HBRUSH>;
-using CPenHandle = CGdiObject<HPEN>;
 
 // A memory device context that is compatible with the given one (null: with the screen).
 class CMemoryDc
@@ -117,41 +116,6 @@ public:
 private:
     HDC m_hDc;
     HGDIOBJ m_hOld;
-};
-
-// A kernel object's handle (event, timer, thread). INVALID_HANDLE_VALUE counts as empty.
-class CKernelHandle
-{
-public:
-    CKernelHandle() noexcept = default;
-    explicit CKernelHandle(HANDLE hHandle) noexcept : m_hHandle(hHandle == INVALID_HANDLE_VALUE ? nullptr : hHandle) {}
-    CKernelHandle(CKernelHandle&& other) noexcept : m_hHandle(other.Release()) {}
-    CKernelHandle& operator=(CKernelHandle&& other) noexcept
-    {
-        if (this != &other)
-        {
-            Reset(other.Release());
-        }
-        return *this;
-    }
-    CKernelHandle(const CKernelHandle&) = delete;
-    CKernelHandle& operator=(const CKernelHandle&) = delete;
-    ~CKernelHandle() { Reset(); }
-
-    HANDLE Get() const noexcept { return m_hHandle; }
-    explicit operator bool() const noexcept { return m_hHandle != nullptr; }
-    HANDLE Release() noexcept { return std::exchange(m_hHandle, nullptr); }
-    void Reset(HANDLE hHandle = nullptr) noexcept
-    {
-        if (m_hHandle != nullptr)
-        {
-            CloseHandle(m_hHandle);
-        }
-        m_hHandle = hHandle == INVALID_HANDLE_VALUE ? nullptr : hHandle;
-    }
-
-private:
-    HANDLE m_hHandle = nullptr;
 };
 
 // The thread's use of COM, for the life of this scope. A thread that uses COM in another way already keeps it that

@@ -8,6 +8,7 @@
 #include "classes/windows/system/RectHelpers.h"
 #include "classes/windows/system/ThreadQuit.h"
 #include "classes/windows/system/WndProcForward.h"
+#include "classes/windows/window/MainWindowKeys.h"
 
 #include <cstdint>
 
@@ -43,7 +44,7 @@ bool CWndCommon::OperateMessagePump(HWND hWnd)
 {
     return MessagePump_RunPending(hWnd, [this](const MSG& msg) {
         NoticePointer(msg);
-        return m_TabOrder.HandleMessage(m_hWnd, msg);
+        return m_TabOrder.HandleMessage(m_hWnd, msg) || ForwardMainWindowKey(m_hWnd, msg);
     });
 }
 

@@ -1,15 +1,17 @@
 #include "classes/windows/window/MainWindowKeys.h"
 
-bool IsMainWindowKey(WPARAM wKey)
+bool ForwardMainWindowKey(HWND hMain, const MSG& msg)
 {
-    return wKey == VK_F11 || wKey == VK_ESCAPE;
-}
-
-void ForwardKeyUp(HWND hFrom, WPARAM wParam, LPARAM lParam)
-{
-    const HWND hMain = GetAncestor(hFrom, GA_ROOT);
-    if (hMain != nullptr && hMain != hFrom)
+    const bool bMainWindowKey = msg.message == WM_KEYUP && (msg.wParam == VK_F11 || msg.wParam == VK_ESCAPE);
+    if (!bMainWindowKey || hMain == nullptr || !IsChild(hMain, msg.hwnd))
     {
-        SendMessageW(hMain, WM_KEYUP, wParam, lParam);
+        return false;
     }
+    const LRESULT iWanted = SendMessageW(msg.hwnd, WM_GETDLGCODE, msg.wParam, reinterpret_cast<LPARAM>(&msg));
+    if ((iWanted & DLGC_WANTMESSAGE) != 0)
+    {
+        return false;
+    }
+    SendMessageW(hMain, WM_KEYUP, msg.wParam, msg.lParam);
+    return true;
 }

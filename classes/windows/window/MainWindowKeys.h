@@ -2,9 +2,10 @@
 
 #include <windows.h>
 
-// The keys that mean something to the main window wherever the focus is: F11 (full screen on and off) and Escape (full
-// screen off). They take effect when they are released.
-bool IsMainWindowKey(WPARAM wKey);
-
-// Sends the released key on to the main window that hFrom is in. Nothing when hFrom is the main window itself.
-void ForwardKeyUp(HWND hFrom, WPARAM wParam, LPARAM lParam);
+// F11 (full screen on and off) and Escape (full screen off) mean the main window wherever the focus is. They take
+// effect when they are released.
+//
+// Sends such a key to hMain when msg has it for a window inside hMain, and returns true, so that the message is not
+// dispatched. False leaves the message alone, also where the control wants the key for itself: it then answers
+// WM_GETDLGCODE with DLGC_WANTMESSAGE.
+bool ForwardMainWindowKey(HWND hMain, const MSG& msg);

@@ -63,3 +63,19 @@ TEST(PanelLayout, ARowIsScrolledIntoViewByAsLittleAsPossible)
     EXPECT_EQ(ScrollIntoView(100, 200, 500, 80, 110), 80);
     EXPECT_EQ(ScrollIntoView(100, 20, 500, 150, 180), 150) << "shows the row's top if the page is lower than the row";
 }
+
+TEST(PanelScrollRule, AnArrowScrollsByTheRowOfASetting)
+{
+    const CPanelLayout layout = LayOutPanel({EnumDataCtrlType::NumberEntry}, 240, 0.6);
+    ASSERT_EQ(layout.rows.size(), 1u);
+    EXPECT_EQ(c_PanelScrollRule.iLineStep, layout.rows[0].rcRow.GetHeight());
+}
+
+TEST(PanelScrollRule, TheReleaseOfTheThumbScrollsAsItsDraggingDoes)
+{
+    const CScrollBarState bar{0, 478, 400, 5, 61};
+    for (const EnumScrollRequest eRequest : {EnumScrollRequest::ThumbTrack, EnumScrollRequest::ThumbPosition})
+    {
+        EXPECT_EQ(GetScrolledPosition(bar, static_cast<unsigned>(eRequest), c_PanelScrollRule), 61);
+    }
+}

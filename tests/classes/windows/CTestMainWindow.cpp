@@ -1,6 +1,6 @@
 #include "tests/classes/windows/CTestMainWindow.h"
 
-#include "classes/windows/drawing/PaintBuffer.h"
+#include "classes/windows/drawing/OffScreenDrawing.h"
 #include "classes/windows/system/Handles.h"
 #include "classes/windows/system/RectHelpers.h"
 #include "classes/windows/system/WndProcForward.h"
@@ -209,8 +209,8 @@ LRESULT CTestMainWindow::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM
         RECT rc{};
         GetClientRect(hWnd, &rc);
         m_picBackdrop.SetDrawingRect(&rc);
-        const CPaintBuffer buffer(reinterpret_cast<HDC>(wParam), rc);
-        m_picBackdrop.DrawByMode(buffer.Get(), m_eDrawMode);
+        DrawOffScreen(reinterpret_cast<HDC>(wParam), rc,
+                      [this](HDC hDc) { m_picBackdrop.DrawByMode(hDc, m_eDrawMode); });
         return 1;
     }
     case WM_NOTIFY:

@@ -1,4 +1,5 @@
 // Tests the parts of the library that consist of one or two functions.
+#include "classes/core/CKernelHandle.h"
 #include "classes/windows/drawing/RoundedRect.h"
 #include "classes/windows/panel/CTextCtrl.h"
 #include "classes/windows/system/CDisplayMonitors.h"
@@ -97,9 +98,26 @@ TEST(Handles, AMovedFromHandleIsEmptyAndTheOldObjectIsClosed)
     EXPECT_EQ(second.Get(), hFirst);
     second = CBrushHandle(CreateSolidBrush(1));
     EXPECT_EQ(GetObjectType(hFirst), 0u) << "deleted";
-    EXPECT_FALSE(CKernelHandle(INVALID_HANDLE_VALUE));
-    CKernelHandle event(CreateEventW(nullptr, TRUE, TRUE, nullptr));
-    EXPECT_EQ(WaitForSingleObject(event.Get(), 0), WAIT_OBJECT_0);
+}
+
+TEST(Handles, AKernelHandleIsClosedOnceByItsLastOwner)
+{
+    CKernelHandle first(CreateEventW(nullptr, TRUE, TRUE, nullptr));
+    const HANDLE hEvent = first.Get();
+    CKernelHandle second(std::move(first));
+    EXPECT_FALSE(first); // NOLINT(bugprone-use-after-move): the empty state is tested here
+    EXPECT_EQ(second.Get(), hEvent);
+    EXPECT_EQ(WaitForSingleObject(hEvent, 0), WAIT_OBJECT_0);
+    second = CKernelHandle();
+    EXPECT_FALSE(second);
+    EXPECT_EQ(WaitForSingleObject(hEvent, 0), WAIT_FAILED) << "closed";
+}
+
+TEST(Handles, AnInvalidKernelHandleIsAnEmptyOne)
+{
+    const CKernelHandle none(INVALID_HANDLE_VALUE);
+    EXPECT_FALSE(none);
+    EXPECT_EQ(none.Get(), nullptr);
 }
 
 TEST(Handles, ThePreviousObjectIsSelectedAgain)

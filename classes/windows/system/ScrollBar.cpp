@@ -1,7 +1,17 @@
-#include "view/ScrollBar.h"
+#include "classes/windows/system/ScrollBar.h"
 
 namespace
 {
+// The rules know the requests by these numbers.
+static_assert(SB_LINEUP == static_cast<unsigned>(EnumScrollRequest::LineUp));
+static_assert(SB_LINEDOWN == static_cast<unsigned>(EnumScrollRequest::LineDown));
+static_assert(SB_PAGEUP == static_cast<unsigned>(EnumScrollRequest::PageUp));
+static_assert(SB_PAGEDOWN == static_cast<unsigned>(EnumScrollRequest::PageDown));
+static_assert(SB_THUMBPOSITION == static_cast<unsigned>(EnumScrollRequest::ThumbPosition));
+static_assert(SB_THUMBTRACK == static_cast<unsigned>(EnumScrollRequest::ThumbTrack));
+static_assert(SB_TOP == static_cast<unsigned>(EnumScrollRequest::Top));
+static_assert(SB_BOTTOM == static_cast<unsigned>(EnumScrollRequest::Bottom));
+static_assert(SB_ENDSCROLL == static_cast<unsigned>(EnumScrollRequest::EndScroll));
 
 SCROLLINFO MakeScrollInfo(UINT uMask)
 {
@@ -10,7 +20,6 @@ SCROLLINFO MakeScrollInfo(UINT uMask)
     info.fMask = uMask;
     return info;
 }
-
 } // namespace
 
 CScrollBarState ReadScrollBar(HWND hWnd, int iBar)

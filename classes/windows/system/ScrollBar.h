@@ -1,6 +1,6 @@
 #pragma once
 
-#include "view/WorldPlacement.h"
+#include "classes/core/ScrollRequest.h"
 
 #include <windows.h>
 
@@ -10,5 +10,5 @@ CScrollBarState ReadScrollBar(HWND hWnd, int iBar);
 // Stores range, page and position of a window's bar and redraws it. The system keeps the position inside the range.
 void WriteScrollBar(HWND hWnd, int iBar, const CScrollBarState& bar);
 
-// An empty range, shown greyed rather than hidden, without redrawing.
+// Gives the bar an empty range, so that the system greys it instead of hiding it. Redraws nothing.
 void ClearScrollBar(HWND hWnd, int iBar);
