@@ -11,9 +11,9 @@
 #include "classes/windows/panel/CTextCtrl.h"
 #include "classes/windows/system/MessageTable.h"
 #include "classes/windows/window/CWndCommon.h"
+#include "settings/SettingRows.h"
 #include "simulation/CAtoms.h"
 #include "simulation/CCollisionGrid.h"
-#include "simulation/EnumAtomColourMode.h"
 #include "view/CWndWorldView.h"
 
 #include <array>
@@ -30,8 +30,8 @@
 //
 // The methods live in several source files, one concern each: CKinetarium.cpp (lifetime), CKinetarium_Window.cpp
 // (building the window), CKinetarium_Messages.cpp (what each message does), CKinetarium_Simulation.cpp (start, run,
-// stop), CKinetarium_Settings.cpp (the settings file), CKinetarium_Layout.cpp (where things stand, background),
-// CKinetarium_FullScreen.cpp, CKinetarium_Colours.cpp.
+// stop), CKinetarium_Settings.cpp (settings in panel and file), CKinetarium_Layout.cpp (where things stand,
+// background), CKinetarium_FullScreen.cpp, CKinetarium_Colours.cpp.
 class CKinetarium : public CWndCommon
 {
 public:
@@ -55,15 +55,6 @@ private:
     using CMessageResult = std::optional<LRESULT>;
 
     friend class CKinetariumProbe; // the tests' view of a running application
-
-    // What StartSimulation has read from the panel and found good, on its way to atoms and view.
-    struct CStartParameters
-    {
-        int totalAtoms = 0;
-        EnumAtomColourMode colourMode = EnumAtomColourMode::Fixed;
-        std::array<CWString, 3> factors;
-        std::array<COLORREF, 3> colours{};
-    };
 
     // The way from one world to the next, however it is left; what had to wait for its end is posted then.
     class CChangeOfWorld
@@ -123,25 +114,30 @@ private:
 
     // Simulation
     void StartSimulation(const CPoint<int>* pStart);
-    std::optional<CStartParameters> StartSimulation_ReadParameters();
-    EnumAtomColourMode StartSimulation_ReadColourMode();
-    bool StartSimulation_CheckFactors(const CStartParameters& parameters);
-    void StartSimulation_SetWorldSize();
-    void StartSimulation_WriteBack(const CStartParameters& parameters);
-    void StartSimulation_Begin(CStartParameters& parameters);
-    void StartSimulation_NoteForCrash(const CStartParameters& parameters) const;
+    std::optional<CSettings> StartSimulation_ReadParameters();
+    bool StartSimulation_CheckFactors(const CSettings& settings);
+    void StartSimulation_SetWorldSize(CSettings& settings);
+    void StartSimulation_WriteBack(const CSettings& settings);
+    void StartSimulation_ReadColours(CSettings& settings);
+    void StartSimulation_Begin(const CSettings& settings);
+    void StartSimulation_NoteForCrash(const CSettings& settings) const;
     void RunSimulation();
     void StopSimulation();
     void StopSimulation_WaitForWorker();
     void PostDeferredRequests();
 
-    // Settings file
+    // Settings: the file, and each row in the panel
     void Settings_Load();
-    void Settings_Load_Colours(EnumAtomColourMode eMode);
     void Settings_Save();
+    CSettings Settings_GetKept() const;
+    void Settings_Keep(const CSettings& settings);
     int Settings_ReadInteger(const wchar_t* sKey, int iDefault) const;
-    CWString Settings_ReadText(const wchar_t* sKey, const wchar_t* sDefault) const;
     void Settings_Write(const wchar_t* sKey, const CWString& sValue) const;
+    short Panel_GetIndex(const CSettingRow& row) const;
+    LRESULT Panel_GetSelection(const CSettingRow& row);
+    void Panel_Show(const CSettingRow& row, const CSettings& settings);
+    void Panel_Read(const CSettingRow& row, CSettings& settings);
+    CWString Panel_GetText(const CSettingRow& row);
 
     // Layout, full screen, background
     void LayOut_Windowed(HDWP& hPositions, const CSize<int>& client);

@@ -1,10 +1,10 @@
 #include "app/CKinetarium.h"
-#include "app/SettingsRules.h"
 #include "classes/core/CRect.h"
 #include "classes/core/OutputDebugMessage.h"
 #include "classes/windows/system/RectHelpers.h"
 #include "diagnostics/Guard.h"
 #include "diagnostics/PruneDebugLog.h"
+#include "settings/SettingsFile.h"
 
 #include <cstdint>
 #include <mutex>

@@ -1,20 +1,14 @@
 #pragma once
 
-#include "classes/core/CColour.h"
 #include "classes/core/CPoint.h"
-#include "simulation/EnumAtomColourMode.h"
-#include "view/ColourRules.h"
+#include "settings/CSettings.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 constexpr std::uint64_t c_uDefaultIterations = 1000;
-
-// The colours of the three classes.
-using CClassColours = std::array<ColourRef, c_uColourClassCount>;
 
 // The command line. What is empty was not given. Paths are UTF-8.
 struct COptions
@@ -34,7 +28,7 @@ struct COptions
     std::optional<std::uint64_t> pictureEvery;
     std::optional<EnumAtomColourMode> colourMode;
     std::optional<CClassColours> colours;
-    std::optional<CFactorTexts> factors;
+    std::optional<CFactors> factors;
     std::optional<ColourRef> background;
     std::optional<std::string> settings;
     bool quiet = false;

@@ -22,7 +22,7 @@ ColourRef ParseColourOption(const std::string& sOption, std::string_view sText);
 CClassColours ParseColoursOption(const std::string& sOption, const std::string& sText);
 
 // "A,B,C", any of them empty. What the factors mean depends on the mode and is checked with it.
-CFactorTexts ParseFactorsOption(const std::string& sOption, const std::string& sText);
+CFactors ParseFactorsOption(const std::string& sOption, const std::string& sText);
 
 // "speed" or "fixed".
 EnumAtomColourMode ParseModeOption(const std::string& sOption, const std::string& sText);

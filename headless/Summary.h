@@ -31,4 +31,4 @@ struct CRunResults
 double SumSpeeds(const CAtoms& atoms);
 
 // The summary: one "name: value" a line, the names never change, so that scripts can pick theirs.
-std::string FormatSummary(const CRunSettings& settings, const CRunResults& results);
+std::string FormatSummary(const CSettings& settings, const CRunResults& results);
