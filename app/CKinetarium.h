@@ -12,9 +12,9 @@
 #include "classes/windows/panel/CTextCtrl.h"
 #include "classes/windows/system/MessageTable.h"
 #include "classes/windows/window/CWndCommon.h"
+#include "settings/SettingRows.h"
 #include "simulation/CAtoms.h"
 #include "simulation/CCollisionGrid.h"
-#include "simulation/EnumAtomColourMode.h"
 #include "view/CWndWorldView.h"
 
 #include <array>
@@ -31,8 +31,8 @@
 //
 // The methods live in several source files, one concern each: CKinetarium.cpp has the lifetime, and CKinetarium_X.cpp
 // for X = Window (building the window), Messages (the table of messages, and the handlers without a file of their own),
-// Closing, Timers, FullScreen, Layout, Background, StatusBar, Colours, Simulation (start, run, stop) and Settings (the
-// settings file).
+// Closing, Timers, FullScreen, Layout, Background, StatusBar, Colours, Simulation (start, run, stop) and Settings
+// (settings in panel and file).
 class CKinetarium : public CWndCommon
 {
 public:
@@ -56,15 +56,6 @@ private:
     using CMessageResult = std::optional<LRESULT>;
 
     friend class CKinetariumProbe; // the tests' view of a running application
-
-    // The values that StartSimulation has read from the panel and accepted.
-    struct CStartParameters
-    {
-        int totalAtoms = 0;
-        EnumAtomColourMode colourMode = EnumAtomColourMode::Fixed;
-        std::array<CWString, 3> factors;
-        std::array<COLORREF, 3> colours{};
-    };
 
     // Marks the change from one world to the next for the life of this scope, and then posts the requests that had to
     // wait for its end.
@@ -126,24 +117,29 @@ private:
 
     // Simulation
     void StartSimulation(const CPoint<int>* pStart);
-    std::optional<CStartParameters> StartSimulation_ReadParameters();
-    EnumAtomColourMode StartSimulation_ReadColourMode();
-    bool StartSimulation_CheckFactors(const CStartParameters& parameters);
-    void StartSimulation_SetWorldSize();
-    void StartSimulation_WriteBack(const CStartParameters& parameters);
-    void StartSimulation_Begin(CStartParameters& parameters);
-    void StartSimulation_NoteForCrash(const CStartParameters& parameters) const;
+    std::optional<CSettings> StartSimulation_ReadParameters();
+    bool StartSimulation_CheckFactors(const CSettings& settings);
+    void StartSimulation_SetWorldSize(CSettings& settings);
+    void StartSimulation_WriteBack(const CSettings& settings);
+    void StartSimulation_ReadColours(CSettings& settings);
+    void StartSimulation_Begin(const CSettings& settings);
+    void StartSimulation_NoteForCrash(const CSettings& settings) const;
     void RunSimulation();
     void StopSimulation();
     void StopSimulation_WaitForWorker();
 
-    // Settings file
+    // Settings: the file, and each row in the panel
     void Settings_Load();
-    void Settings_Load_Colours(EnumAtomColourMode eMode);
     void Settings_Save();
+    CSettings Settings_GetKept() const;
+    void Settings_Keep(const CSettings& settings);
     int Settings_ReadInteger(const wchar_t* sKey, int iDefault) const;
-    CWString Settings_ReadText(const wchar_t* sKey, const wchar_t* sDefault) const;
     void Settings_Write(const wchar_t* sKey, const CWString& sValue) const;
+    short Panel_GetIndex(const CSettingRow& row) const;
+    LRESULT Panel_GetSelection(const CSettingRow& row);
+    void Panel_Show(const CSettingRow& row, const CSettings& settings);
+    void Panel_Read(const CSettingRow& row, CSettings& settings);
+    CWString Panel_GetText(const CSettingRow& row);
 
     // Full screen
     CMessageResult On_KeyUp(WPARAM, LPARAM);

@@ -1,11 +1,11 @@
 #include "app/CKinetarium.h"
 #include "app/MonitorFitting.h"
-#include "app/SettingsRules.h"
 #include "classes/core/CFlagScope.h"
 #include "classes/core/OutputDebugMessage.h"
 #include "classes/windows/system/CDisplayMonitors.h"
 #include "classes/windows/system/RectHelpers.h"
 #include "diagnostics/Guard.h"
+#include "settings/SettingsFile.h"
 
 #include <commctrl.h>
 

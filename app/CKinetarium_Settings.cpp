@@ -1,41 +1,43 @@
 #include "app/CKinetarium.h"
-#include "app/SettingsRules.h"
 #include "diagnostics/Guard.h"
+#include "settings/ISettingsStore.h"
+#include "settings/SettingsFile.h"
 
 #include <cstdint>
 
-// The settings file. The panel is the truth; the file is read once and written from the panel. Nothing is kept open,
-// and a file that cannot be written costs the user nothing but the memory of the settings.
+// The settings in the panel and in the file. The panel is the truth; the file is read once and written from the panel.
+// Nothing is kept open, and a file that cannot be written costs the user nothing but the memory of the settings.
 
 namespace
 {
-struct CColourKeys
+// The settings file as the system reads it.
+class CProfileStore final : public ISettingsStore
 {
-    const wchar_t* colourControl;
-    const wchar_t* factorControl;
-    const wchar_t* colourKey;
-    const wchar_t* factorKey;
+public:
+    explicit CProfileStore(const CWString& sPath) : m_sPath(sPath) {}
+
+    std::int32_t ReadNumber(const wchar_t* sKey, std::int32_t defaultValue) const override
+    {
+        return static_cast<std::int32_t>(
+            GetPrivateProfileIntW(SettingsFile::c_sSection, sKey, defaultValue, m_sPath.c_str()));
+    }
+
+    CWString ReadText(const wchar_t* sKey, const wchar_t* sDefault) const override
+    {
+        std::array<wchar_t, SettingsFile::c_uMostTextCharacters + 1> buffer{};
+        GetPrivateProfileStringW(SettingsFile::c_sSection, sKey, sDefault, buffer.data(),
+                                 static_cast<DWORD>(buffer.size()), m_sPath.c_str());
+        return CWString(buffer.data());
+    }
+
+private:
+    const CWString& m_sPath;
 };
-
-constexpr std::array<CColourKeys, 3> c_ColourKeys{
-    {{L"Colour_1", L"Colour_1_factor", L"Atom_colour_1", L"Atom_colour_1_factor"},
-     {L"Colour_2", L"Colour_2_factor", L"Atom_colour_2", L"Atom_colour_2_factor"},
-     {L"Colour_3", L"Colour_3_factor", L"Atom_colour_3", L"Atom_colour_3_factor"}}};
-
-constexpr std::size_t c_uFreeFactor = 1; // the place of the factor that speed mode has no use for
 } // namespace
 
 int CKinetarium::Settings_ReadInteger(const wchar_t* sKey, int iDefault) const
 {
-    return static_cast<int>(GetPrivateProfileIntW(SettingsFile::c_sSection, sKey, iDefault, m_sIniPath.c_str()));
-}
-
-CWString CKinetarium::Settings_ReadText(const wchar_t* sKey, const wchar_t* sDefault) const
-{
-    std::array<wchar_t, SettingsFile::c_uFactorBuffer> buffer{};
-    GetPrivateProfileStringW(SettingsFile::c_sSection, sKey, sDefault, buffer.data(), SettingsFile::c_uFactorBuffer,
-                             m_sIniPath.c_str());
-    return CWString(buffer.data());
+    return CProfileStore(m_sIniPath).ReadNumber(sKey, iDefault);
 }
 
 void CKinetarium::Settings_Write(const wchar_t* sKey, const CWString& sValue) const
@@ -46,75 +48,126 @@ void CKinetarium::Settings_Write(const wchar_t* sKey, const CWString& sValue) co
 void CKinetarium::Settings_Load()
 {
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
-        CDataCtrlGroup& panel = *m_pDataCtrlGroup;
-        m_WorldSize.cx = Settings_ReadInteger(L"World_width", SettingsFile::c_iDefaultWorldLength);
-        panel.SetValue(GetText(L"Width"), static_cast<std::int32_t>(m_WorldSize.cx), 0);
-        m_WorldSize.cy = Settings_ReadInteger(L"World_height", SettingsFile::c_iDefaultWorldLength);
-        panel.SetValue(GetText(L"Height"), static_cast<std::int32_t>(m_WorldSize.cy), 0);
-
-        SetButtonColour(L"Background_colour", static_cast<COLORREF>(Settings_ReadInteger(
-                                                  L"World_background_colour", SettingsFile::c_crDefaultBackground)));
-        panel.SetValue(GetText(L"Tot_atoms").c_str(),
-                       static_cast<std::uint32_t>(Settings_ReadInteger(L"Tot_atoms", SettingsFile::c_iDefaultAtoms)),
-                       0);
-
-        // Radii are bytes here and in the panel: what does not fit loses its upper bits.
-        m_MinRadius =
-            static_cast<unsigned char>(Settings_ReadInteger(L"Atoms_min_radius", SettingsFile::c_iDefaultMinRadius));
-        panel.SetValue(GetText(L"Min_radius"), m_MinRadius, 0);
-        m_MaxRadius =
-            static_cast<unsigned char>(Settings_ReadInteger(L"Atoms_max_radius", SettingsFile::c_iDefaultMaxRadius));
-        panel.SetValue(GetText(L"Max_radius"), m_MaxRadius, 0);
-
-        const EnumAtomColourMode eMode = GetColourModeOfSetting(static_cast<unsigned>(
-            Settings_ReadInteger(L"Atoms_colour_mode", static_cast<int>(EnumAtomColourMode::Speed))));
-        panel.SetValue(panel.GetCtrlIndex(GetText(L"Colour_mode")),
-                       GetText(eMode == EnumAtomColourMode::Speed ? L"Speed" : L"Fixed").c_str(), 0);
-        Settings_Load_Colours(eMode);
-    });
-}
-
-void CKinetarium::Settings_Load_Colours(EnumAtomColourMode eMode)
-{
-    const std::array<CColourDefault, 3>& defaults = GetColourDefaults(eMode);
-    for (std::size_t i = 0; i < c_ColourKeys.size(); ++i)
-    {
-        const CColourKeys& keys = c_ColourKeys[i];
-        SetButtonColour(keys.colourControl, static_cast<COLORREF>(Settings_ReadInteger(
-                                                keys.colourKey, static_cast<int>(defaults[i].colour))));
-
-        const short iFactor = m_pDataCtrlGroup->GetCtrlIndex(GetText(keys.factorControl));
-        if (eMode == EnumAtomColourMode::Speed && i == c_uFreeFactor)
+        const CProfileStore store(m_sIniPath);
+        CSettings settings = Settings_GetKept();
+        for (const CSettingRow& row : c_SettingRows)
         {
-            m_pDataCtrlGroup->SetValue(iFactor, L"", 0);
-            m_pDataCtrlGroup->ShowState_SetState(iFactor, EnumShowState::Greyed);
-            continue;
+            ReadSetting(store, row, settings);
+            Settings_Keep(settings);
+            Panel_Show(row, settings);
+            if (!row.IsUsedIn(settings.eMode))
+            {
+                m_pDataCtrlGroup->ShowState_SetState(Panel_GetIndex(row), EnumShowState::Greyed);
+            }
         }
-        m_pDataCtrlGroup->SetValue(iFactor, Settings_ReadText(keys.factorKey, defaults[i].factor).c_str(), 0);
-    }
+    });
 }
 
 void CKinetarium::Settings_Save()
 {
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
-        const auto textOf = [&](const wchar_t* sKey) {
-            return m_pDataCtrlGroup->GetValue_String(GetText(sKey).c_str());
-        };
-        Settings_Write(L"World_width", textOf(L"Width"));
-        Settings_Write(L"World_height", textOf(L"Height"));
-        Settings_Write(L"World_background_colour",
-                       CWString(static_cast<std::uint32_t>(GetButtonColour(L"Background_colour"))));
-        Settings_Write(L"Tot_atoms", textOf(L"Tot_atoms"));
-        Settings_Write(L"Atoms_min_radius", textOf(L"Min_radius"));
-        Settings_Write(L"Atoms_max_radius", textOf(L"Max_radius"));
-
-        const short iList = m_pDataCtrlGroup->GetCtrlIndex(GetText(L"Colour_mode"));
-        Settings_Write(L"Atoms_colour_mode", CWString(static_cast<std::int64_t>(SendMessage_Show(
-                                                 m_pDataCtrlGroup->GetCtrlTabHandle(iList), CB_GETCURSEL, 0, 0))));
-        for (const CColourKeys& keys : c_ColourKeys)
+        for (const CSettingRow& row : c_SettingRows)
         {
-            Settings_Write(keys.colourKey, CWString(static_cast<std::uint32_t>(GetButtonColour(keys.colourControl))));
-            Settings_Write(keys.factorKey, textOf(keys.factorControl));
+            Settings_Write(row.sFileKey, Panel_GetText(row));
         }
     });
+}
+
+// The settings that live on without the panel: the view and the crash note go by them.
+CSettings CKinetarium::Settings_GetKept() const
+{
+    CSettings settings;
+    settings.world = m_WorldSize;
+    settings.minRadius = m_MinRadius;
+    settings.maxRadius = m_MaxRadius;
+    return settings;
+}
+
+void CKinetarium::Settings_Keep(const CSettings& settings)
+{
+    m_WorldSize = settings.world;
+    m_MinRadius = settings.minRadius;
+    m_MaxRadius = settings.maxRadius;
+}
+
+short CKinetarium::Panel_GetIndex(const CSettingRow& row) const
+{
+    return m_pDataCtrlGroup->GetCtrlIndex(GetText(row.sPanelKey));
+}
+
+// The number of the chosen item of a list; -1 for none.
+LRESULT CKinetarium::Panel_GetSelection(const CSettingRow& row)
+{
+    return SendMessage_Show(m_pDataCtrlGroup->GetCtrlTabHandle(Panel_GetIndex(row)), CB_GETCURSEL, 0, 0);
+}
+
+void CKinetarium::Panel_Show(const CSettingRow& row, const CSettings& settings)
+{
+    CDataCtrlGroup& panel = *m_pDataCtrlGroup;
+    const std::int64_t number = GetNumber(row, settings);
+    switch (row.eType)
+    {
+    case EnumSettingType::Length:
+        panel.SetValue(GetText(row.sPanelKey), static_cast<std::int32_t>(number), 0);
+        break;
+    case EnumSettingType::Count:
+        panel.SetValue(GetText(row.sPanelKey), static_cast<std::uint32_t>(number), 0);
+        break;
+    case EnumSettingType::Radius:
+        panel.SetValue(GetText(row.sPanelKey), static_cast<std::uint8_t>(number), 0);
+        break;
+    case EnumSettingType::ColourMode:
+        panel.SetValue(Panel_GetIndex(row),
+                       GetText(settings.eMode == EnumAtomColourMode::Speed ? L"Speed" : L"Fixed").c_str(), 0);
+        break;
+    case EnumSettingType::Colour:
+        SetButtonColour(row.sPanelKey, static_cast<COLORREF>(number));
+        break;
+    case EnumSettingType::Factor:
+        panel.SetValue(Panel_GetIndex(row), GetFactorText(row, settings).c_str(), 0);
+        break;
+    }
+}
+
+// Numbers are limited to their range. Colours are what the button holds: the file may have given it any number.
+void CKinetarium::Panel_Read(const CSettingRow& row, CSettings& settings)
+{
+    const CWString sLabel = GetText(row.sPanelKey);
+    switch (row.eType)
+    {
+    case EnumSettingType::Length:
+    case EnumSettingType::Count:
+        SetNumber(row, settings, ClampNumber(row, m_pDataCtrlGroup->GetValue_Int32(sLabel)));
+        break;
+    case EnumSettingType::Radius:
+        SetNumber(row, settings, ClampNumber(row, m_pDataCtrlGroup->GetValue_Uint8(sLabel)));
+        break;
+    case EnumSettingType::ColourMode:
+        settings.eMode = ColourModeFromIndex(static_cast<int>(Panel_GetSelection(row)));
+        break;
+    case EnumSettingType::Colour:
+        SetNumber(row, settings, static_cast<std::int32_t>(GetButtonColour(row.sPanelKey)));
+        break;
+    case EnumSettingType::Factor:
+        SetFactorText(row, settings, m_pDataCtrlGroup->GetValue_String(sLabel));
+        break;
+    }
+}
+
+// As the file holds it.
+CWString CKinetarium::Panel_GetText(const CSettingRow& row)
+{
+    switch (row.eType)
+    {
+    case EnumSettingType::ColourMode:
+        return CWString(static_cast<std::int64_t>(Panel_GetSelection(row)));
+    case EnumSettingType::Colour:
+        return CWString(static_cast<std::uint32_t>(GetButtonColour(row.sPanelKey)));
+    case EnumSettingType::Length:
+    case EnumSettingType::Count:
+    case EnumSettingType::Radius:
+    case EnumSettingType::Factor:
+        break;
+    }
+    return m_pDataCtrlGroup->GetValue_String(GetText(row.sPanelKey));
 }

@@ -1,14 +1,16 @@
 #include "app/CKinetarium.h"
 #include "app/CWindowFrameSink.h"
+#include "app/FactorMessages.h"
 #include "classes/core/CFixedText.h"
 #include "classes/core/CFlagScope.h"
 #include "classes/core/CrashNote.h"
 #include "classes/windows/crash/CCrashReport.h"
 #include "classes/windows/window/CMessageBox.h"
 #include "diagnostics/Guard.h"
-#include "simulation/Parameters.h"
 #include "simulation/Population.h"
 #include "simulation/RunLoop.h"
+
+#include <algorithm>
 
 // From the panel to a running world, and back to rest.
 
@@ -17,8 +19,6 @@ namespace
 constexpr const char* c_sNoSimulation = "no simulation";
 constexpr DWORD c_dwStopPoll = 10; // ms between two looks at the message queue while the worker ends
 
-constexpr std::array<const wchar_t*, 3> c_sFactorKeys{L"Colour_1_factor", L"Colour_2_factor", L"Colour_3_factor"};
-constexpr std::array<const wchar_t*, 3> c_sColourKeys{L"Colour_1", L"Colour_2", L"Colour_3"};
 } // namespace
 
 void CKinetarium::StartSimulation(const CPoint<int>* pStart)
@@ -32,117 +32,123 @@ void CKinetarium::StartSimulation(const CPoint<int>* pStart)
         }
         const CFlagScope starting(m_bStarting);
 
-        std::optional<CStartParameters> parameters = StartSimulation_ReadParameters();
-        if (!parameters)
+        std::optional<CSettings> settings = StartSimulation_ReadParameters();
+        if (!settings)
         {
             return;
         }
-        StartSimulation_SetWorldSize();
-        StartSimulation_WriteBack(*parameters);
+        StartSimulation_SetWorldSize(*settings);
+        StartSimulation_WriteBack(*settings);
         Settings_Save();
+        StartSimulation_ReadColours(*settings);
 
-        m_pWorldView->SetWorldBackgroundColour(GetButtonColour(L"Background_colour"));
-        for (std::size_t i = 0; i < c_sColourKeys.size(); ++i)
-        {
-            parameters->colours[i] = GetButtonColour(c_sColourKeys[i]);
-        }
-
-        Populate(m_Atoms, m_CollisionGrid, m_WorldSize, parameters->totalAtoms, m_MinRadius, m_MaxRadius, pStart,
-                 m_Random);
-        StartSimulation_Begin(*parameters);
+        Populate(m_Atoms, m_CollisionGrid, m_WorldSize, settings->atoms, m_MinRadius, m_MaxRadius, pStart, m_Random);
+        StartSimulation_Begin(*settings);
     });
 }
 
-std::optional<CKinetarium::CStartParameters> CKinetarium::StartSimulation_ReadParameters()
+// Everything but the size of the world and the colours. The radii are kept even if the factors turn out to be wrong.
+std::optional<CSettings> CKinetarium::StartSimulation_ReadParameters()
 {
-    CStartParameters parameters;
-    parameters.totalAtoms = ClampTotalAtoms(m_pDataCtrlGroup->GetValue_Int32(GetText(L"Tot_atoms").c_str()));
-    m_MinRadius = ClampRadius(m_pDataCtrlGroup->GetValue_Uint8(GetText(L"Min_radius").c_str()));
-    m_MaxRadius = ClampRadius(m_pDataCtrlGroup->GetValue_Uint8(GetText(L"Max_radius").c_str()));
-    parameters.colourMode = StartSimulation_ReadColourMode();
-    for (std::size_t i = 0; i < c_sFactorKeys.size(); ++i)
+    CSettings settings = Settings_GetKept();
+    for (const CSettingRow& row : c_SettingRows)
     {
-        parameters.factors[i] = m_pDataCtrlGroup->GetValue_String(GetText(c_sFactorKeys[i]).c_str());
+        if (row.eType != EnumSettingType::Length && row.eType != EnumSettingType::Colour)
+        {
+            Panel_Read(row, settings);
+            Settings_Keep(settings);
+        }
     }
-
-    if (!StartSimulation_CheckFactors(parameters))
+    if (!StartSimulation_CheckFactors(settings))
     {
         return std::nullopt;
     }
-    SortRadii(m_MinRadius, m_MaxRadius);
-    return parameters;
+    SortRadii(settings);
+    Settings_Keep(settings);
+    return settings;
 }
 
-EnumAtomColourMode CKinetarium::StartSimulation_ReadColourMode()
+bool CKinetarium::StartSimulation_CheckFactors(const CSettings& settings)
 {
-    const short iList = m_pDataCtrlGroup->GetCtrlIndex(GetText(L"Colour_mode"));
-    const LRESULT iSelection = SendMessage_Show(m_pDataCtrlGroup->GetCtrlTabHandle(iList), CB_GETCURSEL, 0, 0);
-    return iSelection == static_cast<LRESULT>(EnumAtomColourMode::Speed) ? EnumAtomColourMode::Speed
-                                                                         : EnumAtomColourMode::Fixed;
-}
-
-bool CKinetarium::StartSimulation_CheckFactors(const CStartParameters& parameters)
-{
-    const std::vector<CFactorMessage> messages = CheckFactors(parameters.factors, parameters.colourMode);
-    for (const CFactorMessage& message : messages)
+    const std::vector<CFactorError> errors = CheckFactors(settings.factors, settings.eMode);
+    for (const CFactorError& error : errors)
     {
-        CWString sText = GetText(message.key);
+        const CFactorMessage message = GetFactorMessage(error);
+        CWString sText = GetText(message.sTextKey);
         // Only the texts about one factor are formats; the others hold single percent signs.
         if (message.factorNumber != 0)
         {
-            sText.Format(GetText(message.key).c_str(), message.factorNumber);
+            sText.Format(GetText(message.sTextKey).c_str(), message.factorNumber);
         }
         CMessageBox messageBox(this);
-        messageBox.ShowDialog(sText, GetText(message.titleKey), 1, GetText(L"Ok"));
+        messageBox.ShowDialog(sText, GetText(message.sTitleKey), 1, GetText(L"Ok"));
     }
-    return messages.empty();
+    return errors.empty();
 }
 
-void CKinetarium::StartSimulation_SetWorldSize()
+void CKinetarium::StartSimulation_SetWorldSize(CSettings& settings)
 {
     if (m_bFullscreen)
     {
         RECT rcClient{};
         GetClientRect(m_hWnd, &rcClient);
-        m_WorldSize = {rcClient.right, rcClient.bottom};
+        settings.world = {rcClient.right, rcClient.bottom};
+        Settings_Keep(settings);
         return;
     }
-    const CWString sWidth = GetText(L"Width");
-    const CWString sHeight = GetText(L"Height");
-    m_WorldSize.cx = ClampWorldLength(m_pDataCtrlGroup->GetValue_Int32(sWidth));
-    m_WorldSize.cy = ClampWorldLength(m_pDataCtrlGroup->GetValue_Int32(sHeight));
-    m_pDataCtrlGroup->SetValue(sWidth, m_WorldSize.cx, 0);
-    m_pDataCtrlGroup->SetValue(sHeight, m_WorldSize.cy, 0);
-}
-
-void CKinetarium::StartSimulation_WriteBack(const CStartParameters& parameters)
-{
-    m_pDataCtrlGroup->SetValue(GetText(L"Tot_atoms"), parameters.totalAtoms, 0);
-    m_pDataCtrlGroup->SetValue(GetText(L"Min_radius"), m_MinRadius, 0);
-    m_pDataCtrlGroup->SetValue(GetText(L"Max_radius"), m_MaxRadius, 0);
-    for (std::size_t i = 0; i < c_sFactorKeys.size(); ++i)
+    for (const CSettingRow& row : c_SettingRows)
     {
-        m_pDataCtrlGroup->SetValue(m_pDataCtrlGroup->GetCtrlIndex(GetText(c_sFactorKeys[i])),
-                                   parameters.factors[i].c_str(), 0);
+        if (row.eType == EnumSettingType::Length)
+        {
+            Panel_Read(row, settings);
+            Settings_Keep(settings);
+        }
     }
 }
 
-void CKinetarium::StartSimulation_Begin(CStartParameters& parameters)
+// What was limited or sorted, and the factors. In full screen the size of the world is the screen's and not the user's.
+void CKinetarium::StartSimulation_WriteBack(const CSettings& settings)
+{
+    for (const CSettingRow& row : c_SettingRows)
+    {
+        const bool bForeign = m_bFullscreen && row.eType == EnumSettingType::Length;
+        if (!bForeign && row.eType != EnumSettingType::ColourMode && row.eType != EnumSettingType::Colour)
+        {
+            Panel_Show(row, settings);
+        }
+    }
+}
+
+void CKinetarium::StartSimulation_ReadColours(CSettings& settings)
+{
+    for (const CSettingRow& row : c_SettingRows)
+    {
+        if (row.eType == EnumSettingType::Colour)
+        {
+            Panel_Read(row, settings);
+        }
+    }
+    m_pWorldView->SetWorldBackgroundColour(settings.background);
+}
+
+void CKinetarium::StartSimulation_Begin(const CSettings& settings)
 {
     SetControlPositions(-1, -1);
     OnEraseBackground();
     SendMessageW(m_pWorldView->GetWindowHandle(), WM_ERASEBKGND, 0, 0);
-    m_pWorldView->InitializeSettings(m_WorldSize, m_bFullscreen, parameters.colourMode, parameters.colours[0],
-                                     parameters.factors[0], parameters.colours[1], parameters.factors[1],
-                                     parameters.colours[2], parameters.factors[2]);
+    std::array<CWString, c_uColourClassCount> factors;
+    std::transform(settings.factors.begin(), settings.factors.end(), factors.begin(),
+                   [](const CFactor& factor) { return factor.GetText(); });
+    m_pWorldView->InitializeSettings(m_WorldSize, m_bFullscreen, settings.eMode, settings.colours[0], factors[0],
+                                     settings.colours[1], factors[1], settings.colours[2], factors[2]);
     m_StartButton.SetText(GetText(L"Stop"));
     m_bWorkerFinished = false;
     m_bSimulationRunning = true;
     m_pSimulationThread = std::make_unique<std::thread>([this] { RunSimulation(); });
-    StartSimulation_NoteForCrash(parameters);
+    StartSimulation_NoteForCrash(settings);
 }
 
-void CKinetarium::StartSimulation_NoteForCrash(const CStartParameters& parameters) const
+void CKinetarium::StartSimulation_NoteForCrash(const CSettings& settings) const
 {
     constexpr std::size_t c_uNoteSize = 200;
     char storage[c_uNoteSize];
@@ -151,7 +157,7 @@ void CKinetarium::StartSimulation_NoteForCrash(const CStartParameters& parameter
     note.AddNumber(m_MinRadius).Add(" to ").AddNumber(m_MaxRadius).Add(" in a world of ");
     note.AddNumber(static_cast<std::uint64_t>(m_WorldSize.cx)).Add(" x ");
     note.AddNumber(static_cast<std::uint64_t>(m_WorldSize.cy));
-    note.Add(parameters.colourMode == EnumAtomColourMode::Speed ? ", speed mode" : ", fixed mode");
+    note.Add(settings.eMode == EnumAtomColourMode::Speed ? ", speed mode" : ", fixed mode");
     SetCrashNote(note.Add(m_bFullscreen ? ", full screen" : "").Get());
 }
 

@@ -1,10 +1,10 @@
 #include "app/CKinetarium.h"
 #include "app/ControlTable.h"
-#include "app/SettingsRules.h"
 #include "classes/windows/system/ModuleFolder.h"
 #include "classes/windows/system/RegisterOwnClass.h"
 #include "classes/windows/window/CWndToolTip.h"
 #include "diagnostics/Guard.h"
+#include "settings/SettingsFile.h"
 #include "strings/TranslateStrings_Kinetarium.h"
 
 #include <commctrl.h>
@@ -127,8 +127,7 @@ void CKinetarium::InitializeWindow_Panel()
         const short iControl =
             m_pDataCtrlGroup->AddControl(row.type, row.showState, GetText(row.key), GetText(row.description), row.size,
                                          row.flag, m_crForeground, m_crSecond, m_bControlFlag);
-        const CWString sKey(row.key);
-        if (sKey.CompareNoCase(L"Colour_mode") == 0)
+        if (row.type == EnumDataCtrlType::DropDownList)
         {
             const HWND hList = m_pDataCtrlGroup->GetCtrlTabHandle(iControl);
             // The index of an item is the number of its mode.

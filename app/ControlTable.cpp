@@ -1,5 +1,15 @@
 #include "app/ControlTable.h"
 
+#include "settings/SettingRows.h"
+
+namespace
+{
+constexpr const wchar_t* Key(EnumSetting eSetting)
+{
+    return GetSettingRow(eSetting).sPanelKey;
+}
+} // namespace
+
 const std::array<CControlRow, c_iControlCount>& GetControlTable()
 {
     using Type = EnumDataCtrlType;
@@ -7,22 +17,22 @@ const std::array<CControlRow, c_iControlCount>& GetControlTable()
 
     static constexpr std::array<CControlRow, c_iControlCount> c_Rows{{
         {Type::Heading, L"World_view", L"", 0, 1, inUse},
-        {Type::NumberEntry, L"Width", L"Width_desc", 4, 0, inUse},
-        {Type::NumberEntry, L"Height", L"Height_desc", 4, 0, inUse},
-        {Type::ColourButton, L"Background_colour", L"Background_colour_desc", 5, 1, inUse},
+        {Type::NumberEntry, Key(EnumSetting::WorldWidth), L"Width_desc", 4, 0, inUse},
+        {Type::NumberEntry, Key(EnumSetting::WorldHeight), L"Height_desc", 4, 0, inUse},
+        {Type::ColourButton, Key(EnumSetting::BackgroundColour), L"Background_colour_desc", 5, 1, inUse},
         {Type::Divider, L"<divider_1>", L"", 0, 1, inUse},
         {Type::Heading, L"Atoms", L"", 0, 1, inUse},
-        {Type::NumberEntry, L"Tot_atoms", L"Tot_atoms_desc", 7, 0, inUse},
-        {Type::NumberEntry, L"Min_radius", L"Min_radius_desc", 2, 0, inUse},
-        {Type::NumberEntry, L"Max_radius", L"Max_radius_desc", 2, 0, inUse},
+        {Type::NumberEntry, Key(EnumSetting::TotalAtoms), L"Tot_atoms_desc", 7, 0, inUse},
+        {Type::NumberEntry, Key(EnumSetting::MinRadius), L"Min_radius_desc", 2, 0, inUse},
+        {Type::NumberEntry, Key(EnumSetting::MaxRadius), L"Max_radius_desc", 2, 0, inUse},
         {Type::Divider, L"<divider_2>", L"", 0, 1, inUse},
-        {Type::DropDownList, L"Colour_mode", L"Colour_mode_desc", 10, 0, inUse},
-        {Type::ColourButton, L"Colour_1", L"Colour_1_desc", 5, 0, inUse},
-        {Type::FactorEntry, L"Colour_1_factor", L"Colour_1_factor_desc", 10, 0, inUse},
-        {Type::ColourButton, L"Colour_2", L"Colour_2_desc", 5, 0, inUse},
-        {Type::FactorEntry, L"Colour_2_factor", L"Colour_2_factor_desc", 10, 0, inUse},
-        {Type::ColourButton, L"Colour_3", L"Colour_3_desc", 5, 0, inUse},
-        {Type::FactorEntry, L"Colour_3_factor", L"Colour_3_factor_desc", 10, 0, inUse},
+        {Type::DropDownList, Key(EnumSetting::ColourMode), L"Colour_mode_desc", 10, 0, inUse},
+        {Type::ColourButton, Key(EnumSetting::Colour1), L"Colour_1_desc", 5, 0, inUse},
+        {Type::FactorEntry, Key(EnumSetting::Factor1), L"Colour_1_factor_desc", 10, 0, inUse},
+        {Type::ColourButton, Key(EnumSetting::Colour2), L"Colour_2_desc", 5, 0, inUse},
+        {Type::FactorEntry, Key(EnumSetting::Factor2), L"Colour_2_factor_desc", 10, 0, inUse},
+        {Type::ColourButton, Key(EnumSetting::Colour3), L"Colour_3_desc", 5, 0, inUse},
+        {Type::FactorEntry, Key(EnumSetting::Factor3), L"Colour_3_factor_desc", 10, 0, inUse},
     }};
     return c_Rows;
 }

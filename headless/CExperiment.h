@@ -36,7 +36,7 @@ private:
 
     const COptions& m_Options;
     const CConsole& m_Console;
-    CRunSettings m_Settings;
+    CSettings m_Settings;
     CRandom m_Random;
     CAtoms m_Atoms;
     CCollisionGrid m_Grid;

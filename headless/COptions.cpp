@@ -3,7 +3,7 @@
 #include "headless/HeadlessError.h"
 #include "headless/OptionValues.h"
 #include "headless/SystemFile.h"
-#include "simulation/SimulationConstants.h"
+#include "settings/SettingRows.h"
 
 #include <CLI/CLI.hpp>
 
@@ -41,6 +41,17 @@ void AddNumber(CLI::App& app, const std::string& sName, T& target, std::uint64_t
     AddOption(app, sName, target, parse, "N", sDescription);
 }
 
+// A number with the range and the default of a setting.
+void AddSetting(CLI::App& app, const std::string& sName, std::optional<int>& target, EnumSetting eSetting,
+                const std::string& sWhat)
+{
+    const CSettingRow& row = GetSettingRow(eSetting);
+    const std::string sDescription = sWhat + ", " + std::to_string(row.range.low) + ".." +
+                                     std::to_string(row.range.high) + " (" + std::to_string(row.byDefault.uSpeed) + ")";
+    AddNumber(app, sName, target, static_cast<std::uint64_t>(row.range.low), static_cast<std::uint64_t>(row.range.high),
+              sDescription.c_str());
+}
+
 void AddFile(CLI::App& app, const std::string& sName, std::optional<std::string>& target, const char* sDescription)
 {
     const auto parse = [](const std::string& sOption, const std::string& sText) {
@@ -55,11 +66,11 @@ void AddFile(CLI::App& app, const std::string& sName, std::optional<std::string>
 
 void AddWorldOptions(CLI::App& app, COptions& options)
 {
-    AddNumber(app, "--width", options.width, c_iMinWorldLength, c_iMaxWorldLength, "World width, 10..9999 (512)");
-    AddNumber(app, "--height", options.height, c_iMinWorldLength, c_iMaxWorldLength, "World height, 10..9999 (512)");
-    AddNumber(app, "--atoms", options.atoms, c_iMinTotalAtoms, c_iMaxTotalAtoms, "Number of atoms, 1..1000000 (256)");
-    AddNumber(app, "--min-radius", options.minRadius, c_uMinRadius, c_uMaxRadius, "Smallest radius, 1..32 (3)");
-    AddNumber(app, "--max-radius", options.maxRadius, c_uMinRadius, c_uMaxRadius, "Largest radius, 1..32 (5)");
+    AddSetting(app, "--width", options.width, EnumSetting::WorldWidth, "World width");
+    AddSetting(app, "--height", options.height, EnumSetting::WorldHeight, "World height");
+    AddSetting(app, "--atoms", options.atoms, EnumSetting::TotalAtoms, "Number of atoms");
+    AddSetting(app, "--min-radius", options.minRadius, EnumSetting::MinRadius, "Smallest radius");
+    AddSetting(app, "--max-radius", options.maxRadius, EnumSetting::MaxRadius, "Largest radius");
     AddNumber(app, "--seed", options.seed, 0, c_uLargestSeed, "Seed of the random numbers (drawn from the system)");
     AddOption(app, "--start-at", options.startAt, ParsePointOption, "X,Y", "Point where every atom starts");
     AddNumber(app, "--iterations", options.iterations, 0, c_uMostIterations, "Number of iterations (1000)");

@@ -1,10 +1,7 @@
 #pragma once
 
-#include "classes/core/CColour.h"
 #include "classes/core/CPoint.h"
-#include "headless/ClassColours.h"
-#include "simulation/EnumAtomColourMode.h"
-#include "view/ColourRules.h"
+#include "settings/CSettings.h"
 
 #include <cstdint>
 #include <optional>
@@ -31,7 +28,7 @@ struct COptions
     std::optional<std::uint64_t> pictureEvery;
     std::optional<EnumAtomColourMode> colourMode;
     std::optional<CClassColours> colours;
-    std::optional<CFactorTexts> factors;
+    std::optional<CFactors> factors;
     std::optional<ColourRef> background;
     std::optional<std::string> settings;
     bool quiet = false;

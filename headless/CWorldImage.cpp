@@ -1,6 +1,6 @@
 #include "headless/CWorldImage.h"
 
-#include "headless/RunSettings.h"
+#include "settings/CSettings.h"
 #include "simulation/CAtoms.h"
 #include "view/AtomScene.h"
 #include "view/ColourRules.h"
@@ -87,7 +87,7 @@ void CWorldImage::FillRow(int row, float x, float y, float radius, ColourRef col
     }
 }
 
-CWorldImage DrawWorld(const CAtoms& atoms, const CRunSettings& settings)
+CWorldImage DrawWorld(const CAtoms& atoms, const CSettings& settings)
 {
     CWorldImage image(settings.world, settings.background);
     CAtomScene scene;

@@ -7,7 +7,7 @@
 #include <vector>
 
 class CAtoms;
-struct CRunSettings;
+struct CSettings;
 
 // A picture of the world, one pixel for each square unit: pixel (0, 0) is the square from (0, 0) to (1, 1).
 class CWorldImage
@@ -35,4 +35,4 @@ private:
 };
 
 // Draws every atom in array order, coloured by the mode, colours and factors of the settings.
-CWorldImage DrawWorld(const CAtoms& atoms, const CRunSettings& settings);
+CWorldImage DrawWorld(const CAtoms& atoms, const CSettings& settings);

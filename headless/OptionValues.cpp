@@ -102,16 +102,16 @@ CClassColours ParseColoursOption(const std::string& sOption, const std::string& 
     return colours;
 }
 
-CFactorTexts ParseFactorsOption(const std::string& sOption, const std::string& sText)
+CFactors ParseFactorsOption(const std::string& sOption, const std::string& sText)
 {
     const std::vector<std::string_view> parts = SplitAtCommas(sText);
-    CFactorTexts factors;
+    CFactors factors;
     if (parts.size() != factors.size())
     {
         Reject(sOption, sText, "A,B,C: three factors with two commas, one of them empty");
     }
     std::transform(parts.begin(), parts.end(), factors.begin(),
-                   [](std::string_view sPart) { return CWString(WideFromUtf8(sPart)); });
+                   [](std::string_view sPart) { return CFactor(WideFromUtf8(sPart)); });
     return factors;
 }
 

@@ -2,7 +2,7 @@
 
 #include "classes/core/CColour.h"
 #include "classes/core/CPoint.h"
-#include "headless/ClassColours.h"
+#include "settings/CSettings.h"
 #include "simulation/EnumAtomColourMode.h"
 #include "view/ColourRules.h"
 
@@ -26,7 +26,7 @@ ColourRef ParseColourOption(const std::string& sOption, std::string_view sText);
 CClassColours ParseColoursOption(const std::string& sOption, const std::string& sText);
 
 // "A,B,C", each possibly empty. The factors are checked later, because their meaning depends on the mode.
-CFactorTexts ParseFactorsOption(const std::string& sOption, const std::string& sText);
+CFactors ParseFactorsOption(const std::string& sOption, const std::string& sText);
 
 // "speed" or "fixed".
 EnumAtomColourMode ParseModeOption(const std::string& sOption, const std::string& sText);

@@ -1,46 +1,112 @@
 #include "headless/RunSettings.h"
 
-#include "app/SettingsRules.h"
 #include "classes/core/Utf8.h"
-#include "headless/CIniText.h"
 #include "headless/CSettingsReader.h"
 #include "headless/HeadlessError.h"
 #include "headless/InputFile.h"
 #include "headless/NumberText.h"
-#include "simulation/Parameters.h"
-#include "simulation/SimulationConstants.h"
+#include "settings/FactorRules.h"
 
-#include <algorithm>
 #include <string_view>
 
 namespace
 {
 
-constexpr std::array<const wchar_t*, c_uColourClassCount> c_sColourKeys = {L"Atom_colour_1", L"Atom_colour_2",
-                                                                           L"Atom_colour_3"};
-constexpr std::array<const wchar_t*, c_uColourClassCount> c_sFactorKeys = {
-    L"Atom_colour_1_factor", L"Atom_colour_2_factor", L"Atom_colour_3_factor"};
-
 // A settings file is a few hundred bytes; anything much larger is something else.
 constexpr std::size_t c_uMaxSettingsBytes = 1U << 20U;
 
-int GetNumber(const std::optional<int>& option, const CSettingsReader& reader, const wchar_t* sKey, int defaultValue,
-              int low, int high)
+template<class T, class U>
+bool Take(const std::optional<T>& option, U& target)
 {
-    return option ? *option : reader.GetNumber(sKey, defaultValue, low, high);
+    if (option)
+    {
+        target = static_cast<U>(*option);
+    }
+    return option.has_value();
 }
 
-void ResolvePopulation(const COptions& options, const CSettingsReader& reader, CRunSettings& settings)
+template<class T>
+bool TakeElement(const std::optional<T>& option, std::size_t uClass, T& target)
 {
-    using namespace SettingsFile;
-    settings.atoms =
-        GetNumber(options.atoms, reader, L"Tot_atoms", c_iDefaultAtoms, c_iMinTotalAtoms, c_iMaxTotalAtoms);
-    const auto radius = [&reader](const std::optional<int>& option, const wchar_t* sKey, int defaultRadius) {
-        return option ? static_cast<std::uint8_t>(*option)
-                      : reader.GetByte(sKey, static_cast<std::uint8_t>(defaultRadius), c_uMinRadius, c_uMaxRadius);
-    };
-    settings.minRadius = radius(options.minRadius, L"Atoms_min_radius", c_iDefaultMinRadius);
-    settings.maxRadius = radius(options.maxRadius, L"Atoms_max_radius", c_iDefaultMaxRadius);
+    if (option)
+    {
+        target[uClass] = (*option)[uClass];
+    }
+    return option.has_value();
+}
+
+// False for a setting that the command line does not give.
+bool TakeOption(const COptions& options, EnumSetting eSetting, CSettings& settings)
+{
+    switch (eSetting)
+    {
+    case EnumSetting::WorldWidth:
+        return Take(options.width, settings.world.cx);
+    case EnumSetting::WorldHeight:
+        return Take(options.height, settings.world.cy);
+    case EnumSetting::BackgroundColour:
+        return Take(options.background, settings.background);
+    case EnumSetting::TotalAtoms:
+        return Take(options.atoms, settings.atoms);
+    case EnumSetting::MinRadius:
+        return Take(options.minRadius, settings.minRadius);
+    case EnumSetting::MaxRadius:
+        return Take(options.maxRadius, settings.maxRadius);
+    case EnumSetting::ColourMode:
+        return Take(options.colourMode, settings.eMode);
+    case EnumSetting::Colour1:
+        return TakeElement(options.colours, 0, settings.colours);
+    case EnumSetting::Colour2:
+        return TakeElement(options.colours, 1, settings.colours);
+    case EnumSetting::Colour3:
+        return TakeElement(options.colours, 2, settings.colours);
+    case EnumSetting::Factor1:
+        return TakeElement(options.factors, 0, settings.factors);
+    case EnumSetting::Factor2:
+        return TakeElement(options.factors, 1, settings.factors);
+    case EnumSetting::Factor3:
+        return TakeElement(options.factors, 2, settings.factors);
+    }
+    return false;
+}
+
+// Puts the settings together, row by row. The first error ends it.
+class CResolver
+{
+public:
+    CResolver(const COptions& options, const CSettingsReader& reader, CSettings& settings)
+        : m_Options(options), m_Reader(reader), m_Settings(settings)
+    {
+    }
+
+    void Resolve(EnumSetting eSetting) const
+    {
+        if (!TakeOption(m_Options, eSetting, m_Settings))
+        {
+            m_Reader.Read(GetSettingRow(eSetting), m_Settings);
+        }
+    }
+
+    // Every setting of a type that is not asked for by its name.
+    void ResolveAll(EnumSettingType eType) const
+    {
+        for (const CSettingRow& row : c_SettingRows)
+        {
+            if (row.eType == eType && row.eSetting != EnumSetting::BackgroundColour)
+            {
+                Resolve(row.eSetting);
+            }
+        }
+    }
+
+private:
+    const COptions& m_Options;
+    const CSettingsReader& m_Reader;
+    CSettings& m_Settings;
+};
+
+void CheckRadii(const COptions& options, const CSettingsReader& reader, const CSettings& settings)
+{
     if (settings.minRadius <= settings.maxRadius)
     {
         return;
@@ -51,107 +117,48 @@ void ResolvePopulation(const COptions& options, const CSettingsReader& reader, C
     {
         throw CUsageError("--min-radius, --max-radius: " + sWhat);
     }
-    reader.Fail(L"Atoms_min_radius", sWhat);
+    reader.Fail(GetSettingRow(EnumSetting::MinRadius), sWhat);
 }
 
-// The settings file gives three percentages that make up the whole; one of them must be left for the remainder.
-CFactorTexts GetDefaultFactors(EnumAtomColourMode eMode)
+std::string DescribeError(const CFactorError& error, const CFactors& factors)
 {
-    const auto& defaults = GetColourDefaults(eMode);
-    CFactorTexts factors;
-    std::transform(defaults.begin(), defaults.end(), factors.begin(),
-                   [](const CColourDefault& item) { return CWString(item.factor); });
-    if (eMode == EnumAtomColourMode::Fixed)
+    const std::string sFactor = "factor " + std::to_string(error.uFactor + 1) + ", " +
+                                Quote(Utf8FromWide(factors[error.uFactor].GetText().Get())) + ", ";
+    switch (error.eError)
     {
-        factors.back().Clear();
-    }
-    return factors;
-}
-
-CFactorTexts ReadFactors(const CSettingsReader& reader, EnumAtomColourMode eMode)
-{
-    const auto& defaults = GetColourDefaults(eMode);
-    CFactorTexts factors;
-    for (std::size_t u = 0; u < factors.size(); ++u)
-    {
-        factors[u] = reader.GetFactor(c_sFactorKeys[u], defaults[u].factor);
-    }
-    if (eMode == EnumAtomColourMode::Speed)
-    {
-        // The class between the other two needs no factor: whatever stands there is not read.
-        factors[1].Clear();
-    }
-    return factors;
-}
-
-struct CFactorError
-{
-    std::size_t uFactor; // 0..2
-    std::string what;
-};
-
-std::string DescribeMessage(const CFactorMessage& message, const CFactorTexts& factors)
-{
-    if (message.factorNumber == 0)
-    {
+    case EnumFactorError::Invalid:
+        return sFactor + "is not allowed; allowed is a number from 0 on, in fixed mode also a percentage like 12.34%";
+    case EnumFactorError::PercentageInSpeedMode:
+        return sFactor + "is a percentage, which is allowed in fixed mode only";
+    case EnumFactorError::NotExactlyTwoSet:
         return "exactly two of the three factors must be given; the atoms that are left over take the third colour";
     }
-    const CWString& sText = factors[static_cast<std::size_t>(message.factorNumber) - 1];
-    const std::string sFactor =
-        "factor " + std::to_string(message.factorNumber) + ", " + Quote(Utf8FromWide(sText.Get())) + ", ";
-    if (std::wstring_view(message.key) == L"Colour_factor_n_is_invalid")
-    {
-        return sFactor + "is not allowed; allowed is a number from 0 on, in fixed mode also a percentage like 12.34%";
-    }
-    return sFactor + "is a percentage, which is allowed in fixed mode only";
+    return sFactor;
 }
 
-std::optional<CFactorError> FindFactorError(const CFactorTexts& factors, EnumAtomColourMode eMode, std::int32_t atoms)
+void CheckFactors(bool bFromFile, const CSettingsReader& reader, const CSettings& settings)
 {
-    const std::vector<CFactorMessage> messages = CheckFactors(factors, eMode);
-    if (!messages.empty())
+    const auto fail = [&](std::size_t uFactor, const std::string& sWhat) {
+        if (bFromFile)
+        {
+            reader.Fail(GetSettingRow(c_FactorSettings[uFactor]), sWhat);
+        }
+        throw CUsageError("--factors: " + sWhat);
+    };
+    const std::vector<CFactorError> errors = CheckFactors(settings.factors, settings.eMode);
+    if (!errors.empty())
     {
-        const CFactorMessage& message = messages.front();
-        return CFactorError{static_cast<std::size_t>(std::max(message.factorNumber, 1)) - 1,
-                            DescribeMessage(message, factors)};
+        fail(errors.front().uFactor, DescribeError(errors.front(), settings.factors));
     }
-    CColourSettings interpreted{};
-    if (!InterpretFactors(eMode, factors, atoms, interpreted))
+    CFactorValues values{};
+    if (!InterpretFactors(settings.eMode, settings.factors, settings.atoms, values))
     {
-        return CFactorError{0, "in speed mode factors 1 and 3 must be given, and factor 2 must be empty"};
-    }
-    return std::nullopt;
-}
-
-void ResolveColours(const COptions& options, const CSettingsReader& reader, CRunSettings& settings)
-{
-    const auto uMode = [&reader] { return reader.GetByte(L"Atoms_colour_mode", 1, 0, UINT8_MAX); };
-    settings.eMode = options.colourMode ? *options.colourMode : GetColourModeOfSetting(uMode());
-    const auto& defaults = GetColourDefaults(settings.eMode);
-    for (std::size_t u = 0; u < settings.colours.size(); ++u)
-    {
-        settings.colours[u] =
-            options.colours ? (*options.colours)[u] : reader.GetColour(c_sColourKeys[u], defaults[u].colour);
-    }
-    settings.background = options.background
-                              ? *options.background
-                              : reader.GetColour(L"World_background_colour", SettingsFile::c_crDefaultBackground);
-    const bool bFromFile = !options.factors && reader.HasFile();
-    settings.factors =
-        bFromFile ? ReadFactors(reader, settings.eMode) : options.factors.value_or(GetDefaultFactors(settings.eMode));
-    const std::optional<CFactorError> error = FindFactorError(settings.factors, settings.eMode, settings.atoms);
-    if (error && bFromFile)
-    {
-        reader.Fail(c_sFactorKeys[error->uFactor], error->what);
-    }
-    if (error)
-    {
-        throw CUsageError("--factors: " + error->what);
+        fail(0, "in speed mode factors 1 and 3 must be given, and factor 2 must be empty");
     }
 }
 
 // A start point that had to be moved to make room for the largest atom would be another experiment.
-void CheckStartPoint(const COptions& options, const CRunSettings& settings)
+void CheckStartPoint(const COptions& options, const CSettings& settings)
 {
     if (!options.startAt)
     {
@@ -174,23 +181,36 @@ void CheckStartPoint(const COptions& options, const CRunSettings& settings)
 
 } // namespace
 
-CRunSettings ResolveSettings(const COptions& options, const std::string& sFile, const CIniText* pFile)
+CSettings ResolveSettings(const COptions& options, const std::string& sFile, const CIniText* pFile)
 {
-    using namespace SettingsFile;
+    CSettings settings;
     const CSettingsReader reader(sFile, pFile);
-    CRunSettings settings;
-    settings.world.cx =
-        GetNumber(options.width, reader, L"World_width", c_iDefaultWorldLength, c_iMinWorldLength, c_iMaxWorldLength);
-    settings.world.cy =
-        GetNumber(options.height, reader, L"World_height", c_iDefaultWorldLength, c_iMinWorldLength, c_iMaxWorldLength);
-    // A loaded state brings its own atoms and radii: what the file says about them does not count.
-    ResolvePopulation(options, CSettingsReader(sFile, options.loadState ? nullptr : pFile), settings);
-    ResolveColours(options, reader, settings);
+    const CResolver resolver(options, reader, settings);
+    resolver.ResolveAll(EnumSettingType::Length);
+    {
+        // A loaded state brings its own atoms and radii: what the file says about them does not count.
+        const CSettingsReader population(sFile, options.loadState ? nullptr : pFile);
+        const CResolver populationResolver(options, population, settings);
+        populationResolver.ResolveAll(EnumSettingType::Count);
+        populationResolver.ResolveAll(EnumSettingType::Radius);
+        CheckRadii(options, population, settings);
+    }
+    resolver.ResolveAll(EnumSettingType::ColourMode);
+    resolver.ResolveAll(EnumSettingType::Colour);
+    resolver.Resolve(EnumSetting::BackgroundColour);
+    resolver.ResolveAll(EnumSettingType::Factor);
+    const bool bFromFile = pFile != nullptr && !options.factors;
+    if (!bFromFile && !options.factors && settings.eMode == EnumAtomColourMode::Fixed)
+    {
+        // The defaults are three percentages that make up the whole; one of them must be left for the remainder.
+        settings.factors.back() = CFactor();
+    }
+    CheckFactors(bFromFile, reader, settings);
     CheckStartPoint(options, settings);
     return settings;
 }
 
-CRunSettings ResolveSettings(const COptions& options)
+CSettings ResolveSettings(const COptions& options)
 {
     if (!options.settings)
     {

@@ -43,7 +43,7 @@ void AddLine(std::string& sText, const std::string& sName, const std::string& sV
     sText += sName + ": " + sValue + '\n';
 }
 
-void AddSettings(std::string& sText, const CRunSettings& settings, const CRunResults& results)
+void AddSettings(std::string& sText, const CSettings& settings, const CRunResults& results)
 {
     AddLine(sText, "seed", std::to_string(results.seed));
     AddLine(sText, "world", std::to_string(settings.world.cx) + " x " + std::to_string(settings.world.cy));
@@ -56,7 +56,7 @@ void AddSettings(std::string& sText, const CRunSettings& settings, const CRunRes
     for (std::size_t u = 0; u < settings.colours.size(); ++u)
     {
         sColours.append(u > 0 ? "," : "").append(TextOfColour(settings.colours[u]));
-        sFactors.append(u > 0 ? "," : "").append(Utf8FromWide(settings.factors[u].Get()));
+        sFactors.append(u > 0 ? "," : "").append(Utf8FromWide(settings.factors[u].GetText().Get()));
     }
     AddLine(sText, "colours", sColours);
     AddLine(sText, "factors", sFactors);
@@ -110,7 +110,7 @@ double SumSpeeds(const CAtoms& atoms)
     return sum;
 }
 
-std::string FormatSummary(const CRunSettings& settings, const CRunResults& results)
+std::string FormatSummary(const CSettings& settings, const CRunResults& results)
 {
     std::string sText;
     AddSettings(sText, settings, results);

@@ -31,4 +31,4 @@ struct CRunResults
 double SumSpeeds(const CAtoms& atoms);
 
 // The summary: one "name: value" a line. Scripts pick values by name, so the names never change.
-std::string FormatSummary(const CRunSettings& settings, const CRunResults& results);
+std::string FormatSummary(const CSettings& settings, const CRunResults& results);

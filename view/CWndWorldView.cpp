@@ -125,7 +125,8 @@ bool CWndWorldView::InitializeSettings(CSize<int>& sizeWorld, bool bNoScrolling,
         m_pAtomColourSettings[2].cr = static_cast<ColourRef>(cr3);
         const std::optional<std::int32_t> countAtoms =
             m_pAtoms != nullptr ? std::optional(m_pAtoms->GetCount()) : std::nullopt;
-        if (!InterpretFactors(eMode, {sFactor1, sFactor2, sFactor3}, countAtoms, m_pAtomColourSettings))
+        const CFactors factors{CFactor(sFactor1), CFactor(sFactor2), CFactor(sFactor3)};
+        if (!InterpretFactors(eMode, factors, countAtoms, m_pAtomColourSettings))
         {
             return false;
         }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "classes/core/CColour.h"
-#include "classes/core/CWString.h"
-#include "simulation/EnumAtomColourMode.h"
+#include "settings/FactorRules.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -19,22 +19,20 @@ struct AtomColourSetting
     double dFactor{};
 };
 
-constexpr std::size_t c_uColourClassCount = 3;
-
 using CColourSettings = std::array<AtomColourSetting, c_uColourClassCount>;
-using CFactorTexts = std::array<CWString, c_uColourClassCount>;
 
-// Reads the three factor texts into the factors of settings and completes the one that was left out, so that the
-// three classes add up to countAtoms.
-// countAtoms: number of atoms; empty = there is no atom set, and percentages mean nothing.
-// Returns false when a text is no number, when the mode is unknown or when not exactly two factors were given. The
-//         factors that were understood are stored even then.
-bool InterpretFactors(EnumAtomColourMode eMode, const CFactorTexts& texts, std::optional<std::int32_t> countAtoms,
-                      CColourSettings& settings);
-
-// Whole part of dValue, rounded towards zero. What does not fit the result becomes its nearest end; what is not a
-// number becomes 0.
-std::int32_t TruncateToInt32(double dValue);
+// InterpretFactors for the factors of settings: what was not understood keeps the number that it had.
+inline bool InterpretFactors(EnumAtomColourMode eMode, const CFactors& factors, std::optional<std::int32_t> countAtoms,
+                             CColourSettings& settings)
+{
+    CFactorValues values{settings[0].dFactor, settings[1].dFactor, settings[2].dFactor};
+    const bool bSuccess = InterpretFactors(eMode, factors, countAtoms, values);
+    for (std::size_t u = 0; u < c_uColourClassCount; ++u)
+    {
+        settings[u].dFactor = values[u];
+    }
+    return bSuccess;
+}
 
 // Speeds that bound the classes of Speed mode, in world units per iteration.
 struct CSpeedLimits
@@ -77,4 +75,12 @@ struct CFixedRuns
 };
 
 // The runs that the factors of settings give for count atoms, whatever the factors hold.
-CFixedRuns GetFixedRuns(const CColourSettings& settings, std::int32_t count);
+inline CFixedRuns GetFixedRuns(const CColourSettings& settings, std::int32_t count)
+{
+    const std::int64_t iCount = std::max(count, 0);
+    const std::int64_t iFirst = std::clamp<std::int64_t>(TruncateToInt32(settings[0].dFactor), 0, iCount);
+    const std::int64_t iSecond = std::max(TruncateToInt32(settings[1].dFactor), 0);
+    const std::int64_t iBoth = std::min(iFirst + iSecond, iCount);
+    return CFixedRuns{static_cast<std::int32_t>(iFirst), static_cast<std::int32_t>(iBoth),
+                      static_cast<std::int32_t>(iCount)};
+}

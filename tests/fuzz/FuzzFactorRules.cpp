@@ -1,5 +1,5 @@
 #include "classes/core/Percent.h"
-#include "simulation/Parameters.h"
+#include "settings/FactorRules.h"
 #include "simulation/SimulationConstants.h"
 #include "tests/fuzz/CFuzzInput.h"
 #include "tests/fuzz/FuzzTarget.h"
@@ -7,10 +7,12 @@
 #include "view/ColourRules.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
-#include <string_view>
+#include <optional>
+#include <vector>
 
 namespace
 {
@@ -39,41 +41,42 @@ bool IsPercentText(const CWString& sText)
     return !sText.IsEmpty() && sText.Get().find(L'%') + 1 == sText.Get().size();
 }
 
-std::wstring_view GetExpectedKey(const CWString& sText, EnumAtomColourMode eMode)
+std::optional<EnumFactorError> GetExpectedError(const CWString& sText, EnumAtomColourMode eMode)
 {
     if (!IsPlainNumber(sText) || IsBelowZero(sText))
     {
-        return L"Colour_factor_n_is_invalid";
+        return EnumFactorError::Invalid;
     }
     const bool bRefused = eMode == EnumAtomColourMode::Speed && IsPercentText(sText);
-    return bRefused ? std::wstring_view(L"Colour_factor_n_is_invalid_for_speed_mode") : std::wstring_view();
+    return bRefused ? std::optional(EnumFactorError::PercentageInSpeedMode) : std::nullopt;
 }
 
-// The messages are those of the factors one by one, or the one about their number.
-bool CheckMessages(const CFactorTexts& factors, EnumAtomColourMode eMode)
+// The errors are those of the factors one by one, or the one about their number.
+bool CheckErrors(const CFactors& factors, EnumAtomColourMode eMode)
 {
-    const std::vector<CFactorMessage> messages = CheckFactors(factors, eMode);
-    std::size_t uMessage = 0;
+    const std::vector<CFactorError> errors = CheckFactors(factors, eMode);
+    std::size_t uError = 0;
     std::size_t uGiven = 0;
     for (std::size_t u = 0; u < factors.size(); ++u)
     {
-        uGiven += factors[u].IsEmpty() ? 0 : 1;
-        const std::wstring_view sKey = factors[u].IsEmpty() ? std::wstring_view() : GetExpectedKey(factors[u], eMode);
-        if (!sKey.empty())
+        const CWString& sText = factors[u].GetText();
+        uGiven += sText.IsEmpty() ? 0 : 1;
+        const std::optional<EnumFactorError> expected = sText.IsEmpty() ? std::nullopt : GetExpectedError(sText, eMode);
+        if (expected)
         {
-            Require(uMessage < messages.size(), "a bad factor has no message");
-            Require(messages[uMessage].key == sKey && messages[uMessage].factorNumber == static_cast<int>(u) + 1,
-                    "a bad factor has another message");
-            ++uMessage;
+            Require(uError < errors.size(), "a bad factor has no error");
+            Require(errors[uError] == CFactorError{*expected, u}, "a bad factor has another error");
+            ++uError;
         }
     }
-    if (uMessage == 0 && uGiven != 2)
+    if (uError == 0 && uGiven != 2)
     {
-        Require(messages.size() == 1 && messages.front().factorNumber == 0, "the number of factors is not checked");
+        Require(errors.size() == 1 && errors.front() == CFactorError{EnumFactorError::NotExactlyTwoSet, 0},
+                "the number of factors is not checked");
         return false;
     }
-    Require(messages.size() == uMessage, "a good factor has a message");
-    return messages.empty();
+    Require(errors.size() == uError, "a good factor has an error");
+    return errors.empty();
 }
 
 // A given factor in Fixed mode: a whole number of atoms, or the rounded share of all.
@@ -85,7 +88,7 @@ double GetExpectedCount(const CWString& sText, std::int32_t count)
     return std::round(std::clamp(dCount, -c_dLargest, c_dLargest));
 }
 
-void CheckFixed(const CFactorTexts& factors, std::int32_t count)
+void CheckFixed(const CFactors& factors, std::int32_t count)
 {
     CColourSettings settings{};
     Require(InterpretFactors(EnumAtomColourMode::Fixed, factors, count, settings), "checked factors are refused");
@@ -96,13 +99,13 @@ void CheckFixed(const CFactorTexts& factors, std::int32_t count)
         const double dFactor = settings[u].dFactor;
         Require(std::isfinite(dFactor) && dFactor >= 0.0 && dFactor == std::trunc(dFactor),
                 "a factor is no count of atoms");
-        if (factors[u].IsEmpty())
+        if (factors[u].GetText().IsEmpty())
         {
             dLeftOver = dFactor;
         }
         else
         {
-            Require(dFactor == GetExpectedCount(factors[u], count), "a factor has another value");
+            Require(dFactor == GetExpectedCount(factors[u].GetText(), count), "a factor has another value");
             dGiven += std::min(dFactor, static_cast<double>(std::numeric_limits<std::int32_t>::max()));
         }
     }
@@ -115,12 +118,12 @@ void CheckFixed(const CFactorTexts& factors, std::int32_t count)
             "the second run has another length");
 }
 
-void CheckSpeed(const CFactorTexts& factors, std::int32_t count)
+void CheckSpeed(const CFactors& factors, std::int32_t count)
 {
     CColourSettings settings{};
     const bool bGood = InterpretFactors(EnumAtomColourMode::Speed, factors, count, settings);
-    const std::optional<double> first = ReadPlainNumber(factors[0]);
-    const std::optional<double> third = ReadPlainNumber(factors[2]);
+    const std::optional<double> first = ReadPlainNumber(factors[0].GetText());
+    const std::optional<double> third = ReadPlainNumber(factors[2].GetText());
     const bool bExpected = first && third && *first >= -c_dEpsilonOfFactors && *third >= -c_dEpsilonOfFactors;
     Require(bGood == bExpected, "the two outer factors decide otherwise");
     Require(!first || settings[0].dFactor == *first, "factor 1 has another value");
@@ -130,10 +133,11 @@ void CheckSpeed(const CFactorTexts& factors, std::int32_t count)
 }
 
 // Whatever the texts are: no atoms, no percentages; and an unknown mode is none.
-void CheckRefusals(const CFactorTexts& factors)
+void CheckRefusals(const CFactors& factors)
 {
     CColourSettings settings{};
-    const bool bPercentage = std::any_of(factors.begin(), factors.end(), IsPercentText);
+    const bool bPercentage = std::any_of(factors.begin(), factors.end(),
+                                         [](const CFactor& factor) { return IsPercentText(factor.GetText()); });
     const bool bGood = InterpretFactors(EnumAtomColourMode::Fixed, factors, std::nullopt, settings);
     Require(!bGood || !bPercentage, "a share of no atoms is accepted");
     constexpr auto c_eUnknown = static_cast<EnumAtomColourMode>(2);
@@ -148,16 +152,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t uC
     CFuzzInput input(pBytes, uCount);
     const std::int32_t count =
         static_cast<std::int32_t>(std::wcstol(input.TakeLine().c_str(), nullptr, 0) % (c_iMaxTotalAtoms + 1));
-    const CFactorTexts factors = {input.TakeLine(), input.TakeLine(), input.TakeLine()};
-    if (count < 0 || !std::all_of(factors.begin(), factors.end(), HasShortExponent))
+    const std::array<CWString, c_uColourClassCount> texts = {input.TakeLine(), input.TakeLine(), input.TakeLine()};
+    if (count < 0 || !std::all_of(texts.begin(), texts.end(), HasShortExponent))
     {
         return 0;
     }
-    if (CheckMessages(factors, EnumAtomColourMode::Fixed))
+    const CFactors factors = {CFactor(texts[0]), CFactor(texts[1]), CFactor(texts[2])};
+    if (CheckErrors(factors, EnumAtomColourMode::Fixed))
     {
         CheckFixed(factors, count);
     }
-    CheckMessages(factors, EnumAtomColourMode::Speed);
+    CheckErrors(factors, EnumAtomColourMode::Speed);
     CheckSpeed(factors, count);
     CheckRefusals(factors);
     return 0;

@@ -1,12 +1,12 @@
-#include "app/SettingsRules.h"
 #include "classes/core/CWString.h"
-#include "headless/CIniText.h"
 #include "headless/HeadlessError.h"
 #include "headless/RunSettings.h"
-#include "simulation/SimulationConstants.h"
+#include "settings/CIniText.h"
+#include "settings/FactorRules.h"
+#include "settings/SettingRows.h"
+#include "settings/SettingsFile.h"
 #include "tests/fuzz/FuzzTarget.h"
 
-#include <array>
 #include <cwchar>
 #include <cwctype>
 #include <optional>
@@ -16,28 +16,16 @@
 namespace
 {
 
-constexpr std::array<const wchar_t*, 13> c_sKeys = {
-    L"World_width",          L"World_height",     L"World_background_colour", L"Tot_atoms",
-    L"Atoms_min_radius",     L"Atoms_max_radius", L"Atoms_colour_mode",       L"Atom_colour_1",
-    L"Atom_colour_1_factor", L"Atom_colour_2",    L"Atom_colour_2_factor",    L"Atom_colour_3",
-    L"Atom_colour_3_factor"};
-
-bool IsLength(int length)
+void CheckSettings(const CSettings& settings)
 {
-    return length >= c_iMinWorldLength && length <= c_iMaxWorldLength;
-}
-
-void CheckSettings(const CRunSettings& settings)
-{
-    Require(IsLength(settings.world.cx) && IsLength(settings.world.cy), "a world out of range is accepted");
-    Require(settings.atoms >= c_iMinTotalAtoms && settings.atoms <= c_iMaxTotalAtoms, "too many atoms are accepted");
-    Require(settings.minRadius >= c_uMinRadius && settings.minRadius <= settings.maxRadius &&
-                settings.maxRadius <= c_uMaxRadius,
-            "radii out of range are accepted");
-    constexpr ColourRef c_crLargest = 0xFFFFFF;
-    Require(settings.background <= c_crLargest, "a colour out of range is accepted");
-    CColourSettings interpreted{};
-    Require(InterpretFactors(settings.eMode, settings.factors, settings.atoms, interpreted),
+    for (const CSettingRow& row : c_SettingRows)
+    {
+        const std::int64_t number = GetNumber(row, settings);
+        Require(number >= row.range.low && number <= row.range.high, "a number out of range is accepted");
+    }
+    Require(settings.minRadius <= settings.maxRadius, "radii out of order are accepted");
+    CFactorValues values{};
+    Require(InterpretFactors(settings.eMode, settings.factors, settings.atoms, values),
             "factors without a meaning are accepted");
 }
 
@@ -53,33 +41,34 @@ std::string ToNarrow(const CWString& sText)
 }
 
 // The file that a user would write for these settings.
-std::string ComposeFile(const CRunSettings& settings)
+std::string ComposeFile(const CSettings& settings)
 {
-    std::string sFile = "[Settings]\r\nWorld_width=" + std::to_string(settings.world.cx) +
-                        "\r\nWorld_height=" + std::to_string(settings.world.cy) +
-                        "\r\nWorld_background_colour=" + std::to_string(settings.background) +
-                        "\r\nTot_atoms=" + std::to_string(settings.atoms) +
-                        "\r\nAtoms_min_radius=" + std::to_string(settings.minRadius) +
-                        "\r\nAtoms_max_radius=" + std::to_string(settings.maxRadius) + "\r\nAtoms_colour_mode=" +
-                        std::to_string(static_cast<int>(settings.eMode == EnumAtomColourMode::Speed)) + "\r\n";
-    for (std::size_t u = 0; u < settings.colours.size(); ++u)
+    std::string sFile = "[Settings]\r\n";
+    for (const CSettingRow& row : c_SettingRows)
     {
-        const std::string sKey = "Atom_colour_" + std::to_string(u + 1);
-        sFile.append(sKey).append("=").append(std::to_string(settings.colours[u])).append("\r\n");
-        // The quotation marks keep blanks that may stand around a number.
-        sFile.append(sKey).append("_factor=\"").append(ToNarrow(settings.factors[u])).append("\"\r\n");
+        sFile.append(ToNarrow(row.sFileKey)).append("=");
+        if (row.eType == EnumSettingType::Factor)
+        {
+            // The quotation marks keep blanks that may stand around a number.
+            sFile.append("\"").append(ToNarrow(GetFactorText(row, settings))).append("\"\r\n");
+        }
+        else
+        {
+            sFile.append(std::to_string(GetNumber(row, settings))).append("\r\n");
+        }
     }
     return sFile;
 }
 
-void CheckRoundTrip(const CRunSettings& settings)
+void CheckRoundTrip(const CSettings& settings)
 {
     const CIniText file(ComposeFile(settings));
-    const CRunSettings again = ResolveSettings(COptions(), "composed", &file);
-    Require(again.world == settings.world && again.atoms == settings.atoms, "the size of the world has changed");
-    Require(again.minRadius == settings.minRadius && again.maxRadius == settings.maxRadius, "the radii have changed");
-    Require(again.eMode == settings.eMode && again.factors == settings.factors, "the factors have changed");
-    Require(again.colours == settings.colours && again.background == settings.background, "the colours have changed");
+    const CSettings again = ResolveSettings(COptions(), "composed", &file);
+    for (const CSettingRow& row : c_SettingRows)
+    {
+        Require(GetNumber(row, again) == GetNumber(row, settings), "a number has changed");
+        Require(GetFactorText(row, again) == GetFactorText(row, settings), "a factor has changed");
+    }
 }
 
 std::wstring ToUpper(std::wstring sText)
@@ -104,17 +93,19 @@ void CheckNumber(const CIniText& file, const wchar_t* sKey, const std::wstring& 
         Require(number == std::wcstol(sValue.c_str(), nullptr, c_iDecimal), "a whole number is read as another one");
     }
     const bool bSpeed = (static_cast<unsigned>(number) % 256) > 0;
-    Require((GetColourModeOfSetting(static_cast<unsigned>(number)) == EnumAtomColourMode::Speed) == bSpeed,
-            "a number stands for the other mode");
+    CSettings settings;
+    SetNumber(GetSettingRow(EnumSetting::ColourMode), settings, number);
+    Require((settings.eMode == EnumAtomColourMode::Speed) == bSpeed, "a number stands for the other mode");
 }
 
 // What holds for every key of every text.
 void CheckLookUps(const CIniText& file)
 {
     constexpr std::size_t c_uAll = 1'000'000;
-    constexpr std::size_t c_uFew = SettingsFile::c_uFactorBuffer - 1;
-    for (const wchar_t* const sKey : c_sKeys)
+    constexpr std::size_t c_uFew = SettingsFile::c_uMostTextCharacters;
+    for (const CSettingRow& row : c_SettingRows)
     {
+        const wchar_t* const sKey = row.sFileKey;
         const std::wstring sValue = file.GetString(SettingsFile::c_sSection, sKey, L"", c_uAll);
         Require(file.GetString(SettingsFile::c_sSection, sKey, L"", c_uFew) == sValue.substr(0, c_uFew),
                 "a long value is not cut off");
@@ -127,7 +118,7 @@ void CheckLookUps(const CIniText& file)
     }
 }
 
-std::optional<CRunSettings> Resolve(const CIniText& file, const COptions& options)
+std::optional<CSettings> Resolve(const CIniText& file, const COptions& options)
 {
     try
     {
@@ -142,7 +133,7 @@ std::optional<CRunSettings> Resolve(const CIniText& file, const COptions& option
 
 void CheckResolved(const CIniText& file, const COptions& options)
 {
-    const std::optional<CRunSettings> settings = Resolve(file, options);
+    const std::optional<CSettings> settings = Resolve(file, options);
     if (settings)
     {
         CheckSettings(*settings);

@@ -68,7 +68,7 @@ void UseState(CAtoms& atoms)
     {
         AdvanceOneIteration(atoms, grid, c_World, random);
     }
-    CRunSettings settings;
+    CSettings settings;
     settings.world = c_World;
     settings.factors = {L"1", L"1", L""};
     DrawWorld(atoms, settings);

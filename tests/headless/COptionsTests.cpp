@@ -204,9 +204,9 @@ TEST(Options, FactorsMayBeEmpty)
     const COptions options = ParseOptions({"--factors", "10,,25%"}).options;
 
     ASSERT_TRUE(options.factors);
-    EXPECT_EQ((*options.factors)[0], L"10");
-    EXPECT_EQ((*options.factors)[1], L"");
-    EXPECT_EQ((*options.factors)[2], L"25%");
+    EXPECT_EQ((*options.factors)[0].GetText(), L"10");
+    EXPECT_EQ((*options.factors)[1].GetText(), L"");
+    EXPECT_EQ((*options.factors)[2].GetText(), L"25%");
 }
 
 TEST(Options, WithoutOptionsTheDefaultsApply)

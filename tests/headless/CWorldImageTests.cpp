@@ -1,5 +1,5 @@
 #include "headless/CWorldImage.h"
-#include "headless/RunSettings.h"
+#include "settings/CSettings.h"
 #include "tests/headless/HeadlessTesting.h"
 
 #include <gtest/gtest.h>
@@ -37,14 +37,13 @@ double GetArea(const CWorldImage& image)
     return area;
 }
 
-CRunSettings MakeSettings(EnumAtomColourMode eMode, const wchar_t* sFirst, const wchar_t* sSecond,
-                          const wchar_t* sThird)
+CSettings MakeSettings(EnumAtomColourMode eMode, const wchar_t* sFirst, const wchar_t* sSecond, const wchar_t* sThird)
 {
-    CRunSettings settings;
+    CSettings settings;
     settings.world = {100, 100};
     settings.eMode = eMode;
     settings.colours = {c_crRed, c_crGrey, c_crGreen};
-    settings.factors = {sFirst, sSecond, sThird};
+    settings.factors = {CFactor(sFirst), CFactor(sSecond), CFactor(sThird)};
     return settings;
 }
 
@@ -132,7 +131,7 @@ TEST(WorldImage, ACircleIsClippedToThePicture)
 TEST(WorldImage, LaterAtomsCoverEarlierOnes)
 {
     CAtoms atoms = MakeAtoms({MakeAtom(50, 50, 5), MakeAtom(50, 50, 5), MakeAtom(50, 50, 3)});
-    const CRunSettings settings = MakeSettings(EnumAtomColourMode::Fixed, L"1", L"1", L"");
+    const CSettings settings = MakeSettings(EnumAtomColourMode::Fixed, L"1", L"1", L"");
 
     const CWorldImage image = DrawWorld(atoms, settings);
     EXPECT_EQ(GetPixel(image, 50, 50), c_crGreen);

@@ -1,6 +1,6 @@
-#include "headless/CIniText.h"
 #include "headless/HeadlessError.h"
 #include "headless/RunSettings.h"
+#include "settings/CIniText.h"
 #include "tests/headless/HeadlessTesting.h"
 
 #include <gmock/gmock.h>
@@ -11,12 +11,12 @@ using testing::StartsWith;
 namespace
 {
 
-CRunSettings Resolve(const std::vector<std::string>& arguments)
+CSettings Resolve(const std::vector<std::string>& arguments)
 {
     return ResolveSettings(ParseOptions(arguments).options, "", nullptr);
 }
 
-CRunSettings Resolve(const std::vector<std::string>& arguments, const std::string& sLines)
+CSettings Resolve(const std::vector<std::string>& arguments, const std::string& sLines)
 {
     const CIniText file("[Settings]\n" + sLines);
     return ResolveSettings(ParseOptions(arguments).options, "K.ini", &file);
@@ -39,9 +39,10 @@ std::string GetError(const std::vector<std::string>& arguments, const std::strin
     return "";
 }
 
-std::wstring JoinFactors(const CRunSettings& settings)
+std::wstring JoinFactors(const CSettings& settings)
 {
-    return settings.factors[0].Get() + L"|" + settings.factors[1].Get() + L"|" + settings.factors[2].Get();
+    const CFactors& factors = settings.factors;
+    return factors[0].GetText().Get() + L"|" + factors[1].GetText().Get() + L"|" + factors[2].GetText().Get();
 }
 
 constexpr ColourRef c_crRed = 0x0000FF;
@@ -52,7 +53,7 @@ constexpr ColourRef c_crGreen = 0x00FF00;
 
 TEST(RunSettings, WithoutFileAndOptionsTheDefaultsStand)
 {
-    const CRunSettings settings = Resolve({});
+    const CSettings settings = Resolve({});
 
     EXPECT_EQ(settings.world, (CSize<int>{512, 512}));
     EXPECT_EQ(settings.atoms, 256);
@@ -66,7 +67,7 @@ TEST(RunSettings, WithoutFileAndOptionsTheDefaultsStand)
 
 TEST(RunSettings, AnEmptyFileGivesTheSameDefaults)
 {
-    const CRunSettings settings = Resolve({}, "");
+    const CSettings settings = Resolve({}, "");
 
     EXPECT_EQ(settings.world, (CSize<int>{512, 512}));
     EXPECT_EQ(settings.atoms, 256);
@@ -76,7 +77,7 @@ TEST(RunSettings, AnEmptyFileGivesTheSameDefaults)
 
 TEST(RunSettings, FixedModeWithoutAFileLeavesTheThirdFactorToTheRemainder)
 {
-    const CRunSettings settings = Resolve({"--colour-mode", "fixed"});
+    const CSettings settings = Resolve({"--colour-mode", "fixed"});
 
     EXPECT_EQ(JoinFactors(settings), L"25%|50%|");
     EXPECT_EQ(settings.colours, (CClassColours{c_crRed, c_crRed, c_crGreen}));
@@ -84,7 +85,7 @@ TEST(RunSettings, FixedModeWithoutAFileLeavesTheThirdFactorToTheRemainder)
 
 TEST(RunSettings, TheFileGivesEverything)
 {
-    const CRunSettings settings =
+    const CSettings settings =
         Resolve({}, "World_width=300\nWorld_height=200\nWorld_background_colour=16711680\nTot_atoms=77\n"
                     "Atoms_min_radius=2\nAtoms_max_radius=9\nAtoms_colour_mode=0\nAtom_colour_1=1\nAtom_colour_2=2\n"
                     "Atom_colour_3=3\nAtom_colour_1_factor=10\nAtom_colour_2_factor=\nAtom_colour_3_factor=50%\n");
@@ -104,9 +105,9 @@ TEST(RunSettings, OptionsGivenBesideTheFileWin)
     const std::string sLines = "World_width=300\nWorld_height=200\nTot_atoms=77\nAtoms_min_radius=2\n"
                                "Atoms_max_radius=9\nAtom_colour_1=1\nAtom_colour_1_factor=0.5\n"
                                "World_background_colour=5\n";
-    const CRunSettings settings = Resolve({"--width", "100", "--atoms", "5", "--max-radius", "4", "--factors",
-                                           "0.1,,0.2", "--colours", "010101,020202,030303", "--background", "000000"},
-                                          sLines);
+    const CSettings settings = Resolve({"--width", "100", "--atoms", "5", "--max-radius", "4", "--factors", "0.1,,0.2",
+                                        "--colours", "010101,020202,030303", "--background", "000000"},
+                                       sLines);
 
     EXPECT_EQ(settings.world, (CSize<int>{100, 200}));
     EXPECT_EQ(settings.atoms, 5);
@@ -119,7 +120,7 @@ TEST(RunSettings, OptionsGivenBesideTheFileWin)
 
 TEST(RunSettings, AModeGivenAsOptionDecidesWhatTheFilesDefaultsAre)
 {
-    const CRunSettings settings = Resolve({"--colour-mode", "fixed"}, "Atoms_colour_mode=1\nAtom_colour_3_factor=\n");
+    const CSettings settings = Resolve({"--colour-mode", "fixed"}, "Atoms_colour_mode=1\nAtom_colour_3_factor=\n");
 
     EXPECT_EQ(settings.eMode, EnumAtomColourMode::Fixed);
     EXPECT_EQ(JoinFactors(settings), L"25%|50%|");

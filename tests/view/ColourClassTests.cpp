@@ -68,16 +68,28 @@ TEST(SpeedClass, ANanSpeedIsInTheMiddleClass)
     EXPECT_EQ(ClassOfAtom(1.0F, std::nanf(""), MakeSettings(0.75, 0.0, 1.25)), 1);
 }
 
-TEST(Truncation, GoesTowardsZeroAndSaturates)
+TEST(FixedRuns, FollowFromTheTextsOfTheFactors)
 {
-    EXPECT_EQ(TruncateToInt32(2.9), 2);
-    EXPECT_EQ(TruncateToInt32(-2.9), -2);
-    EXPECT_EQ(TruncateToInt32(1e300), c_iMaxInt);
-    EXPECT_EQ(TruncateToInt32(-1e300), c_iMinInt);
-    EXPECT_EQ(TruncateToInt32(2147483647.5), c_iMaxInt);
-    EXPECT_EQ(TruncateToInt32(-2147483648.5), c_iMinInt);
-    EXPECT_EQ(TruncateToInt32(std::numeric_limits<double>::infinity()), c_iMaxInt);
-    EXPECT_EQ(TruncateToInt32(std::nan("")), 0);
+    static constexpr std::int32_t c_iAtoms = 200;
+    const auto getRuns = [](const wchar_t* sFirst, const wchar_t* sThird) {
+        CColourSettings settings{};
+        const CFactors factors{CFactor(sFirst), CFactor(), CFactor(sThird)};
+        EXPECT_TRUE(InterpretFactors(EnumAtomColourMode::Fixed, factors, c_iAtoms, settings));
+        return GetFixedRuns(settings, c_iAtoms);
+    };
+    EXPECT_EQ(getRuns(L"10", L"25%"), (CFixedRuns{10, 150, c_iAtoms}));
+    EXPECT_EQ(getRuns(L"1e300%", L"10"), (CFixedRuns{c_iAtoms, c_iAtoms, c_iAtoms}));
+}
+
+TEST(ColourSettings, KeepTheirColoursAndTheFactorsThatAreNotUnderstood)
+{
+    CColourSettings settings = MakeSettings(1.0, 2.0, 3.0);
+    settings[1].cr = 0x123456;
+    const CFactors factors{CFactor(L"0.5"), CFactor(), CFactor(L"abc")};
+    EXPECT_FALSE(InterpretFactors(EnumAtomColourMode::Speed, factors, 200, settings));
+    EXPECT_EQ(settings[0].dFactor, 0.5);
+    EXPECT_EQ(settings[2].dFactor, 3.0);
+    EXPECT_EQ(settings[1].cr, 0x123456u);
 }
 
 TEST(FixedRuns, AreTheFirstTwoFactorsTruncated)

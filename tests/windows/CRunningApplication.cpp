@@ -1,7 +1,7 @@
 #include "tests/windows/CRunningApplication.h"
 
 #include "app/CKinetarium.h"
-#include "app/SettingsRules.h"
+#include "settings/SettingsFile.h"
 
 #include <gtest/gtest.h>
 

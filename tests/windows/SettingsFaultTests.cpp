@@ -1,5 +1,5 @@
 #include "app/CKinetarium.h"
-#include "app/SettingsRules.h"
+#include "settings/SettingsFile.h"
 #include "tests/windows/FaultTesting.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "headless/CIniText.h"
+#include "settings/CIniText.h"
 
 #include <gtest/gtest.h>
 

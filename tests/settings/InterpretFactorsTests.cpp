@@ -1,9 +1,10 @@
-#include "tests/view/ColourTesting.h"
+#include "settings/FactorRules.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <optional>
 
 // Tests the meaning of the three factor texts in each mode, and the refused texts.
@@ -14,22 +15,22 @@ namespace
 constexpr std::int32_t c_iAtoms = 200;
 constexpr double c_dUntouched = 42.0;
 
-CFactorTexts Texts(const wchar_t* s0, const wchar_t* s1, const wchar_t* s2)
+CFactors Texts(const wchar_t* s0, const wchar_t* s1, const wchar_t* s2)
 {
-    return CFactorTexts{CWString(s0), CWString(s1), CWString(s2)};
+    return CFactors{CFactor(s0), CFactor(s1), CFactor(s2)};
 }
 
 struct CInterpreted
 {
     bool bOk{};
-    CColourSettings settings{};
+    CFactorValues values{};
 };
 
-CInterpreted Interpret(EnumAtomColourMode eMode, const CFactorTexts& texts,
+CInterpreted Interpret(EnumAtomColourMode eMode, const CFactors& factors,
                        std::optional<std::int32_t> countAtoms = c_iAtoms)
 {
-    CInterpreted result{false, MakeSettings(c_dUntouched, c_dUntouched, c_dUntouched)};
-    result.bOk = InterpretFactors(eMode, texts, countAtoms, result.settings);
+    CInterpreted result{false, {c_dUntouched, c_dUntouched, c_dUntouched}};
+    result.bOk = InterpretFactors(eMode, factors, countAtoms, result.values);
     return result;
 }
 
@@ -47,18 +48,16 @@ CInterpreted Speed(const wchar_t* s0, const wchar_t* s1, const wchar_t* s2)
 void ExpectFactors(const CInterpreted& result, double d0, double d1, double d2)
 {
     EXPECT_TRUE(result.bOk);
-    EXPECT_EQ(result.settings[0].dFactor, d0);
-    EXPECT_EQ(result.settings[1].dFactor, d1);
-    EXPECT_EQ(result.settings[2].dFactor, d2);
+    EXPECT_EQ(result.values[0], d0);
+    EXPECT_EQ(result.values[1], d1);
+    EXPECT_EQ(result.values[2], d2);
 }
 
 } // namespace
 
 TEST(ColourFactorsFixed, ACountAPercentageAndAnEmptyTextMakeTenOneHundredFortyAndFiftyOfTwoHundredAtoms)
 {
-    const CInterpreted result = Fixed(L"10", L"", L"25%");
-    ExpectFactors(result, 10.0, 140.0, 50.0);
-    EXPECT_EQ(GetFixedRuns(result.settings, c_iAtoms), (CFixedRuns{10, 150, c_iAtoms}));
+    ExpectFactors(Fixed(L"10", L"", L"25%"), 10.0, 140.0, 50.0);
 }
 
 TEST(ColourFactorsFixed, AnyOfTheThreeFactorsMayBeEmpty)
@@ -141,9 +140,8 @@ TEST(ColourFactorsFixed, NumbersOutsideTheIntegerRangeSaturate)
     {
         const CInterpreted result = Fixed(sHuge, L"", L"10");
         ASSERT_TRUE(result.bOk);
-        EXPECT_TRUE(std::isfinite(result.settings[0].dFactor));
-        EXPECT_EQ(result.settings[1].dFactor, 0.0);
-        EXPECT_EQ(GetFixedRuns(result.settings, c_iAtoms), (CFixedRuns{c_iAtoms, c_iAtoms, c_iAtoms}));
+        EXPECT_TRUE(std::isfinite(result.values[0]));
+        EXPECT_EQ(result.values[1], 0.0);
     }
     EXPECT_FALSE(Fixed(L"-1e300", L"", L"10").bOk);
 }
@@ -152,9 +150,9 @@ TEST(ColourFactorsFixed, AFailedTextLeavesItsFactorUnchangedAndStoresTheOthers)
 {
     const CInterpreted result = Fixed(L"10", L"abc", L"");
     EXPECT_FALSE(result.bOk);
-    EXPECT_EQ(result.settings[0].dFactor, 10.0);
-    EXPECT_EQ(result.settings[1].dFactor, c_dUntouched);
-    EXPECT_EQ(result.settings[2].dFactor, -1.0);
+    EXPECT_EQ(result.values[0], 10.0);
+    EXPECT_EQ(result.values[1], c_dUntouched);
+    EXPECT_EQ(result.values[2], -1.0);
 }
 
 TEST(ColourFactorsSpeed, TheSecondTextIsIgnored)
@@ -163,8 +161,8 @@ TEST(ColourFactorsSpeed, TheSecondTextIsIgnored)
     {
         const CInterpreted result = Speed(L"0.75", sSecond, L"1.25");
         EXPECT_TRUE(result.bOk);
-        EXPECT_EQ(result.settings[0].dFactor, 0.75);
-        EXPECT_EQ(result.settings[2].dFactor, 1.25);
+        EXPECT_EQ(result.values[0], 0.75);
+        EXPECT_EQ(result.values[2], 1.25);
     }
 }
 
@@ -192,15 +190,15 @@ TEST(ColourFactorsSpeed, ATinyNegativeNumberCountsAsZero)
 
 TEST(ColourFactorsSpeed, NothingIsRounded)
 {
-    EXPECT_EQ(Speed(L"0.123456789", L"", L"2").settings[0].dFactor, 0.123456789);
+    EXPECT_EQ(Speed(L"0.123456789", L"", L"2").values[0], 0.123456789);
 }
 
 TEST(ColourFactorsSpeed, AFailedTextLeavesItsFactorUnchanged)
 {
     const CInterpreted result = Speed(L"abc", L"", L"1.25");
-    EXPECT_EQ(result.settings[0].dFactor, c_dUntouched);
-    EXPECT_EQ(result.settings[1].dFactor, -1.0);
-    EXPECT_EQ(result.settings[2].dFactor, 1.25);
+    EXPECT_EQ(result.values[0], c_dUntouched);
+    EXPECT_EQ(result.values[1], -1.0);
+    EXPECT_EQ(result.values[2], 1.25);
 }
 
 TEST(ColourFactors, AnUnknownModeFailsAndChangesNothing)
@@ -208,5 +206,17 @@ TEST(ColourFactors, AnUnknownModeFailsAndChangesNothing)
     constexpr auto c_eUnknown = static_cast<EnumAtomColourMode>(2);
     const CInterpreted result = Interpret(c_eUnknown, Texts(L"10", L"", L"20"));
     EXPECT_FALSE(result.bOk);
-    EXPECT_EQ(result.settings[0].dFactor, c_dUntouched);
+    EXPECT_EQ(result.values[0], c_dUntouched);
+}
+
+TEST(Truncation, GoesTowardsZeroAndStopsAtTheEndsOfTheRange)
+{
+    EXPECT_EQ(TruncateToInt32(2.9), 2);
+    EXPECT_EQ(TruncateToInt32(-2.9), -2);
+    EXPECT_EQ(TruncateToInt32(1e300), std::numeric_limits<std::int32_t>::max());
+    EXPECT_EQ(TruncateToInt32(-1e300), std::numeric_limits<std::int32_t>::min());
+    EXPECT_EQ(TruncateToInt32(2147483647.5), std::numeric_limits<std::int32_t>::max());
+    EXPECT_EQ(TruncateToInt32(-2147483648.5), std::numeric_limits<std::int32_t>::min());
+    EXPECT_EQ(TruncateToInt32(std::numeric_limits<double>::infinity()), std::numeric_limits<std::int32_t>::max());
+    EXPECT_EQ(TruncateToInt32(std::nan("")), 0);
 }

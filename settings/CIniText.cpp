@@ -1,6 +1,7 @@
-#include "headless/CIniText.h"
+#include "settings/CIniText.h"
 
 #include "classes/core/CWString.h"
+#include "settings/SettingsFile.h"
 
 #include <algorithm>
 
@@ -181,4 +182,14 @@ std::int32_t CIniText::GetInt(std::wstring_view sSection, std::wstring_view sKey
 {
     const std::wstring sValue = GetString(sSection, sKey, {}, c_uMaxNumberLength);
     return sValue.empty() ? defaultValue : ParseLeadingNumber(Trim(sValue));
+}
+
+std::int32_t CIniText::ReadNumber(const wchar_t* sKey, std::int32_t defaultValue) const
+{
+    return GetInt(SettingsFile::c_sSection, sKey, defaultValue);
+}
+
+CWString CIniText::ReadText(const wchar_t* sKey, const wchar_t* sDefault) const
+{
+    return GetString(SettingsFile::c_sSection, sKey, sDefault, SettingsFile::c_uMostTextCharacters);
 }

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+// The names of the settings file that belong to no single setting. Users and their scripts know them: they never
+// change.
+namespace SettingsFile
+{
+constexpr const wchar_t* c_sFileName = L"Kinetarium.ini";
+constexpr const wchar_t* c_sSection = L"Settings";
+
+constexpr std::array<const wchar_t*, 4> c_sWindowKeys{L"WndLeft", L"WndTop", L"WndRight", L"WndBottom"};
+
+// A longer text is cut off when it is read.
+constexpr std::size_t c_uMostTextCharacters = 15;
+} // namespace SettingsFile
