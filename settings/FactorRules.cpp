@@ -1,6 +1,7 @@
 #include "settings/FactorRules.h"
 
 #include "classes/core/Dbl.h"
+#include "classes/core/Percent.h"
 #include "simulation/SimulationConstants.h"
 
 #include <algorithm>
