@@ -62,8 +62,8 @@ if [ -n "${KINETARIUM_DESKTOP:-}" ]; then
     flock 7
 fi
 
-# "0024:err:module:..."
-wine_error='^[0-9a-f]+:err:'
+# "0024:err:module:...", or without the thread before there is one.
+wine_error='^([0-9a-f]+:)?err:[a-z0-9_]+:'
 
 memory() {
     awk '/^(MemAvailable|SwapFree):/ { printf "%s %d MB ", $1, $2 / 1024 }' /proc/meminfo
@@ -71,8 +71,14 @@ memory() {
 
 output=$(mktemp) || fail "no room for a temporary file"
 trap 'rm -f "$output"' EXIT
-wine "$@" </dev/null >"$output" 2>&1 7>&-
-code=$?
+for _ in 1 2 3 4 5; do
+    wine "$@" </dev/null >"$output" 2>&1 7>&-
+    code=$?
+    # Once in about a thousand starts the random address of the heap covers the fixed one of Wine's shared user data. Then
+    # Wine ends before it starts the program, so starting again is safe. wine-session.sh prevents it where it can.
+    [ "$code" -ne 0 ] && grep -aqE "$wine_error.*failed to map the shared user data" "$output" || break
+    echo "wine-emulator: Wine could not map its shared user data; starting again" >&2
+done
 if [ "$code" -eq 0 ]; then
     grep -avE "$wine_error" "$output"
 else

@@ -58,6 +58,11 @@ export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 # deadlock. One thread is also a third faster.
 export WINE_D3D_CONFIG="${WINE_D3D_CONFIG:-csmt=0x0}"
 
+# At a random address the heap of a program may cover the fixed address of Wine's shared user data, so that Wine does not
+# start. Some containers forbid to switch the randomisation off; wine-emulator.sh then starts the program again.
+fixed_addresses=(setarch --addr-no-randomize)
+"${fixed_addresses[@]}" true 2>/dev/null || fixed_addresses=()
+
 end_process() {
     [ -n "$1" ] || return 0
     kill "$1" 2>/dev/null
@@ -116,7 +121,7 @@ start_guard() {
 run() {
     local code
     set -m
-    "$@" </dev/null 8>&- &
+    "${fixed_addresses[@]}" "$@" </dev/null 8>&- &
     command_pid=$!
     set +m
     echo "$command_pid" >"$folder/command"
