@@ -8,7 +8,6 @@
 
 #include <cstdint>
 #include <mutex>
-#include <string_view>
 #include <windowsx.h>
 
 // What the main window does with each message. The handlers read the state and call the operations; none of them
@@ -164,16 +163,16 @@ bool CKinetarium::On_ButtonClick(HWND hButton)
         }
         return true;
     }
-    for (const wchar_t* sKey : {L"Background_colour", L"Colour_1", L"Colour_2", L"Colour_3"})
+    for (const CSettingRow& row : c_SettingRows)
     {
-        const short iControl = m_pDataCtrlGroup->GetCtrlIndex(GetText(sKey));
+        const short iControl = Panel_GetIndex(row);
         CWndButton* pButton = m_pDataCtrlGroup->GetButton(iControl);
         if (pButton == nullptr || pButton->GetWindowHandle() != hButton)
         {
             continue;
         }
         const bool bChosen = SetColour(iControl);
-        if (bChosen && std::wstring_view(sKey) == L"Background_colour")
+        if (bChosen && row.eSetting == EnumSetting::BackgroundColour)
         {
             m_pWorldView->SetWorldBackgroundColour(pButton->GetBackground());
         }
@@ -197,8 +196,8 @@ std::optional<LRESULT> CKinetarium::On_KeyUp(WPARAM wParam, LPARAM)
 
 std::optional<LRESULT> CKinetarium::On_Command(WPARAM wParam, LPARAM lParam)
 {
-    const HWND hList =
-        m_pDataCtrlGroup != nullptr ? m_pDataCtrlGroup->GetCtrlHandle(GetText(L"Colour_mode"), 0) : nullptr;
+    const wchar_t* const sListKey = GetSettingRow(EnumSetting::ColourMode).sPanelKey;
+    const HWND hList = m_pDataCtrlGroup != nullptr ? m_pDataCtrlGroup->GetCtrlHandle(GetText(sListKey), 0) : nullptr;
     if (HIWORD(wParam) == CBN_SELENDOK && hList != nullptr && reinterpret_cast<HWND>(lParam) == hList)
     {
         On_ColourModeChosen();
@@ -208,9 +207,8 @@ std::optional<LRESULT> CKinetarium::On_Command(WPARAM wParam, LPARAM lParam)
 
 void CKinetarium::On_ColourModeChosen()
 {
-    const short iList = m_pDataCtrlGroup->GetCtrlIndex(GetText(L"Colour_mode"));
-    const LRESULT iSelection = SendMessage_Show(m_pDataCtrlGroup->GetCtrlTabHandle(iList), CB_GETCURSEL, 0, 0);
-    const short iFactor = m_pDataCtrlGroup->GetCtrlIndex(GetText(L"Colour_2_factor"));
+    const LRESULT iSelection = Panel_GetSelection(GetSettingRow(EnumSetting::ColourMode));
+    const short iFactor = Panel_GetIndex(GetSettingRow(EnumSetting::Factor2));
     if (iFactor < 0)
     {
         return;

@@ -11,7 +11,7 @@ struct CExpectedText
 
 // What a user reads, written out a second time: a text or an order that changes unnoticed in the program's own table
 // does not change here.
-inline constexpr std::array<CExpectedText, 39> c_ExpectedTexts{{
+inline constexpr auto c_ExpectedTexts = std::to_array<CExpectedText>({
     {L"Ok", L"Ok"},
     {L"Cancel", L"Cancel"},
     {L"Start", L"Start"},
@@ -65,4 +65,4 @@ inline constexpr std::array<CExpectedText, 39> c_ExpectedTexts{{
      L"(e.g., 0.75).\nFactor 2 is not needed, because the atoms which are neither slow nor "
      L"fast are automatically colour 2.\nFactor 3 is the minimum speed an atom must have to "
      L"belong to the fast atoms (e.g., 1.25)."},
-}};
+});

@@ -11,14 +11,6 @@
 
 // Which of the three colours an atom has: by its speed, or by its place in the array.
 
-namespace
-{
-
-constexpr std::int32_t c_iMaxInt = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t c_iMinInt = std::numeric_limits<std::int32_t>::min();
-
-} // namespace
-
 TEST(SpeedClass, AnAtomOnTheSlowLimitIsSlowAndOneOnTheFastLimitIsFast)
 {
     const CColourSettings settings = MakeSettings(0.75, 0.0, 1.25);
