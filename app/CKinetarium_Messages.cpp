@@ -3,7 +3,6 @@
 #include "classes/windows/system/RectHelpers.h"
 #include "diagnostics/Guard.h"
 
-#include <string_view>
 #include <windowsx.h>
 
 // The handler of each message, and those handlers that have no file of their own. Handlers change the simulation only
@@ -106,16 +105,16 @@ bool CKinetarium::On_ButtonClick(HWND hButton)
         }
         return true;
     }
-    for (const wchar_t* sKey : {L"Background_colour", L"Colour_1", L"Colour_2", L"Colour_3"})
+    for (const CSettingRow& row : c_SettingRows)
     {
-        const short iControl = m_pDataCtrlGroup->GetCtrlIndex(GetText(sKey));
+        const short iControl = Panel_GetIndex(row);
         CWndButton* pButton = m_pDataCtrlGroup->GetButton(iControl);
         if (pButton == nullptr || pButton->GetWindowHandle() != hButton)
         {
             continue;
         }
         const bool bChosen = SetColour(iControl);
-        if (bChosen && std::wstring_view(sKey) == L"Background_colour")
+        if (bChosen && row.eSetting == EnumSetting::BackgroundColour)
         {
             m_pWorldView->SetWorldBackgroundColour(pButton->GetBackground());
         }
@@ -126,8 +125,8 @@ bool CKinetarium::On_ButtonClick(HWND hButton)
 
 std::optional<LRESULT> CKinetarium::On_Command(WPARAM wParam, LPARAM lParam)
 {
-    const HWND hList =
-        m_pDataCtrlGroup != nullptr ? m_pDataCtrlGroup->GetCtrlHandle(GetText(L"Colour_mode"), 0) : nullptr;
+    const wchar_t* const sListKey = GetSettingRow(EnumSetting::ColourMode).sPanelKey;
+    const HWND hList = m_pDataCtrlGroup != nullptr ? m_pDataCtrlGroup->GetCtrlHandle(GetText(sListKey), 0) : nullptr;
     if (HIWORD(wParam) == CBN_SELENDOK && hList != nullptr && reinterpret_cast<HWND>(lParam) == hList)
     {
         On_ColourModeChosen();
@@ -137,9 +136,8 @@ std::optional<LRESULT> CKinetarium::On_Command(WPARAM wParam, LPARAM lParam)
 
 void CKinetarium::On_ColourModeChosen()
 {
-    const short iList = m_pDataCtrlGroup->GetCtrlIndex(GetText(L"Colour_mode"));
-    const LRESULT iSelection = SendMessage_Show(m_pDataCtrlGroup->GetCtrlTabHandle(iList), CB_GETCURSEL, 0, 0);
-    const short iFactor = m_pDataCtrlGroup->GetCtrlIndex(GetText(L"Colour_2_factor"));
+    const LRESULT iSelection = Panel_GetSelection(GetSettingRow(EnumSetting::ColourMode));
+    const short iFactor = Panel_GetIndex(GetSettingRow(EnumSetting::Factor2));
     if (iFactor < 0)
     {
         return;

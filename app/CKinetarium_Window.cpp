@@ -8,6 +8,7 @@
 #include "strings/TranslateStrings_Kinetarium.h"
 
 #include <commctrl.h>
+#include <string_view>
 
 namespace
 {
@@ -55,8 +56,8 @@ bool CKinetarium::InitializeWindow()
         }
 
         m_pWorldView = std::make_unique<CWndWorldView>(this, m_WorldSize, m_Atoms);
-        m_pWorldView->SetWorldBackgroundColour(
-            m_pDataCtrlGroup->GetValue_Uint32(GetText(L"Background_colour").c_str()));
+        const CSettingRow& background = GetSettingRow(EnumSetting::BackgroundColour);
+        m_pWorldView->SetWorldBackgroundColour(m_pDataCtrlGroup->GetValue_Uint32(GetText(background.sPanelKey)));
         m_hSimulationDone = CKernelHandle(CreateEventW(nullptr, TRUE, TRUE, nullptr));
         InitializeWindow_TabOrder();
 
@@ -127,7 +128,7 @@ void CKinetarium::InitializeWindow_Panel()
         const short iControl =
             m_pDataCtrlGroup->AddControl(row.type, row.showState, GetText(row.key), GetText(row.description), row.size,
                                          row.flag, m_crForeground, m_crSecond, m_bControlFlag);
-        if (row.type == EnumDataCtrlType::DropDownList)
+        if (std::wstring_view(row.key) == GetSettingRow(EnumSetting::ColourMode).sPanelKey)
         {
             const HWND hList = m_pDataCtrlGroup->GetCtrlTabHandle(iControl);
             // The index of an item is the number of its mode.

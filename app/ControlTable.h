@@ -2,7 +2,7 @@
 
 #include "classes/windows/panel/CDataCtrlGroup.h"
 
-#include <array>
+#include <span>
 
 // One row of the settings panel. The key is the control's label in the string table, and its identity everywhere.
 struct CControlRow
@@ -15,7 +15,5 @@ struct CControlRow
     EnumShowState showState;
 };
 
-constexpr int c_iControlCount = 17;
-
 // The settings panel, in display order; the place of a row is its control's index.
-const std::array<CControlRow, c_iControlCount>& GetControlTable();
+std::span<const CControlRow> GetControlTable();

@@ -31,8 +31,6 @@ enum class EnumSetting : std::uint8_t
     Factor3
 };
 
-constexpr std::size_t c_uSettingCount = 13;
-
 enum class EnumSettingType : std::uint8_t
 {
     Length,     // of the world: a whole number, without effect in full screen
@@ -121,12 +119,12 @@ constexpr ColourRef c_crGreen = MakeColour(0, 255, 0);
 } // namespace SettingColours
 
 // Colours 1 and 2 are the same red in fixed mode: files that hold nothing but the mode have always looked so.
-inline constexpr std::array<CSettingRow, c_uSettingCount> c_SettingRows = [] {
+inline constexpr auto c_SettingRows = [] {
     using enum EnumSetting;
     using Type = EnumSettingType;
     using namespace SettingColours;
     using namespace SettingRanges;
-    return std::array<CSettingRow, c_uSettingCount>{{
+    return std::to_array<CSettingRow>({
         {WorldWidth, L"World_width", L"Width", Type::Length, 512, c_Length, [](auto& s) { return &s.world.cx; }},
         {WorldHeight, L"World_height", L"Height", Type::Length, 512, c_Length, [](auto& s) { return &s.world.cy; }},
         {BackgroundColour, L"World_background_colour", L"Background_colour", Type::Colour, c_crBlack, c_Colour,
@@ -170,7 +168,7 @@ inline constexpr std::array<CSettingRow, c_uSettingCount> c_SettingRows = [] {
          {L"1.25", L"25%"},
          {},
          [](auto& s) { return &s.factors[2]; }},
-    }};
+    });
 }();
 
 // The factors 1 to 3.
@@ -184,7 +182,7 @@ constexpr const CSettingRow& GetSettingRow(EnumSetting eSetting)
 
 static_assert(
     [] {
-        for (std::size_t u = 0; u < c_uSettingCount; ++u)
+        for (std::size_t u = 0; u < c_SettingRows.size(); ++u)
         {
             if (c_SettingRows[u].eSetting != static_cast<EnumSetting>(u))
             {
@@ -193,7 +191,7 @@ static_assert(
         }
         return true;
     }(),
-    "the rows are in another order than EnumSetting, or one is missing");
+    "the rows are in another order than EnumSetting, or one between them is missing");
 
 // The number of a setting; 0 for a factor.
 std::int64_t GetNumber(const CSettingRow& row, const CSettings& settings);

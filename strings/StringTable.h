@@ -13,10 +13,8 @@ struct CStringRow
     std::wstring_view sText;
 };
 
-constexpr std::size_t c_uStringCount = 39;
-
 // All texts, in the order of the table of each language.
-inline constexpr std::array<CStringRow, c_uStringCount> c_StringRows{{
+inline constexpr auto c_StringRows = std::to_array<CStringRow>({
     {L"Ok", L"Ok"},
     {L"Cancel", L"Cancel"},
     {L"Start", L"Start"},
@@ -74,7 +72,9 @@ inline constexpr std::array<CStringRow, c_uStringCount> c_StringRows{{
      L"Factor 2 is not needed, because the atoms which are neither slow nor fast are automatically colour "
      L"2.\n"
      L"Factor 3 is the minimum speed an atom must have to belong to the fast atoms (e.g., 1.25)."},
-}};
+});
+
+constexpr std::size_t c_uStringCount = c_StringRows.size();
 
 // The rows of the table.
 constexpr std::span<const CStringRow, c_uStringCount> StringTable_GetRows()
@@ -117,5 +117,4 @@ constexpr bool StringTable_IsSound(std::span<const CStringRow> rows)
     return true;
 }
 
-// A missing row leaves an empty one at the end of the array; a row too many does not compile.
 static_assert(StringTable_IsSound(c_StringRows), "a text has no key, a key has no text, or a key occurs twice");

@@ -6,22 +6,26 @@
 
 #include <string>
 
-// The rows of the settings panel that have a control, by their position.
+// The rows of the settings panel, from the top.
 enum class EnumPanelRow
 {
-    Width = 1,
-    Height = 2,
-    BackgroundColour = 3,
-    TotalAtoms = 6,
-    MinRadius = 7,
-    MaxRadius = 8,
-    ColourMode = 10,
-    Colour1 = 11,
-    Factor1 = 12,
-    Colour2 = 13,
-    Factor2 = 14,
-    Colour3 = 15,
-    Factor3 = 16,
+    WorldHeading,
+    Width,
+    Height,
+    BackgroundColour,
+    FirstDivider,
+    AtomsHeading,
+    TotalAtoms,
+    MinRadius,
+    MaxRadius,
+    SecondDivider,
+    ColourMode,
+    Colour1,
+    Factor1,
+    Colour2,
+    Factor2,
+    Colour3,
+    Factor3,
 };
 
 // A message box in front of the main window.

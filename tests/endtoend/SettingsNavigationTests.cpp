@@ -12,9 +12,20 @@ namespace
 using Row = EnumPanelRow;
 using SettingsNavigationByHand = CSettingsTest;
 
-constexpr std::array<Row, 12> c_StopsInSpeedMode{Row::Width,     Row::Height,    Row::BackgroundColour, Row::TotalAtoms,
-                                                 Row::MinRadius, Row::MaxRadius, Row::ColourMode,       Row::Colour1,
-                                                 Row::Factor1,   Row::Colour2,   Row::Colour3,          Row::Factor3};
+constexpr auto c_StopsInSpeedMode = std::to_array<Row>({
+    Row::Width,
+    Row::Height,
+    Row::BackgroundColour,
+    Row::TotalAtoms,
+    Row::MinRadius,
+    Row::MaxRadius,
+    Row::ColourMode,
+    Row::Colour1,
+    Row::Factor1,
+    Row::Colour2,
+    Row::Colour3,
+    Row::Factor3,
+});
 } // namespace
 
 TEST_F(SettingsNavigationByHand, TabVisitsEveryControlInOrderAndWrapsAroundAndShiftTabGoesBack)

@@ -64,8 +64,8 @@ TEST(SettingRows, EachHasARowOfThePanelAndAPlaceOfItsOwn)
         labels.insert(row.sPanelKey);
         places.insert(row.place.Find(settings));
     }
-    EXPECT_EQ(labels.size(), c_uSettingCount);
-    EXPECT_EQ(places.size(), c_uSettingCount);
+    EXPECT_EQ(labels.size(), c_SettingRows.size());
+    EXPECT_EQ(places.size(), c_SettingRows.size());
 }
 
 TEST(SettingRows, SpeedModeStartsRedGreyGreenWithTwoFactors)

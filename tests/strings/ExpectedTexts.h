@@ -10,7 +10,7 @@ struct CExpectedText
 };
 
 // The texts that a user reads, written out a second time, so that a change in the program's table makes a test fail.
-inline constexpr std::array<CExpectedText, 39> c_ExpectedTexts{{
+inline constexpr auto c_ExpectedTexts = std::to_array<CExpectedText>({
     {L"Ok", L"Ok"},
     {L"Cancel", L"Cancel"},
     {L"Start", L"Start"},
@@ -64,4 +64,4 @@ inline constexpr std::array<CExpectedText, 39> c_ExpectedTexts{{
      L"(e.g., 0.75).\nFactor 2 is not needed, because the atoms which are neither slow nor "
      L"fast are automatically colour 2.\nFactor 3 is the minimum speed an atom must have to "
      L"belong to the fast atoms (e.g., 1.25)."},
-}};
+});

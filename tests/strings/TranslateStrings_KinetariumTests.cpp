@@ -75,16 +75,16 @@ TEST(TranslateStrings, EveryLanguageHasAllRowsInOrderAndAllButEnglishInBrackets)
     }
 }
 
-TEST(TranslateStrings, ThirtyNineRowsWithTheSameKeysInEveryLanguage)
+TEST(TranslateStrings, EveryLanguageHasEveryRowWithTheSameKey)
 {
     CDataCube english;
     TranslateStrings_Kinetarium(&english, c_uLanguageEnglish);
-    ASSERT_EQ(english.GetRowCount(), 39);
+    ASSERT_EQ(english.GetRowCount(), c_iRows);
     for (const CLanguage& language : c_Languages)
     {
         CDataCube table;
         TranslateStrings_Kinetarium(&table, language.uIndex);
-        ASSERT_EQ(table.GetRowCount(), 39);
+        ASSERT_EQ(table.GetRowCount(), c_iRows);
         for (int iRow = 0; iRow < table.GetRowCount(); ++iRow)
         {
             EXPECT_EQ(table.GetCell(iRow, 0), english.GetCell(iRow, 0).Get());

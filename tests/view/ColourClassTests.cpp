@@ -11,14 +11,6 @@
 
 // Tests the colour class of an atom: by its speed, or by its index in the array.
 
-namespace
-{
-
-constexpr std::int32_t c_iMaxInt = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t c_iMinInt = std::numeric_limits<std::int32_t>::min();
-
-} // namespace
-
 TEST(SpeedClass, AnAtomOnTheSlowLimitIsSlowAndOneOnTheFastLimitIsFast)
 {
     const CColourSettings settings = MakeSettings(0.75, 0.0, 1.25);
