@@ -30,6 +30,5 @@ struct CSimulationKernels
 // The kernels that such a processor can run, slowest first: the baseline is always there.
 std::span<const CSimulationKernels> GetKernels(const CCpuCapabilities& capabilities);
 
-// The fastest kernels that this process may use; the baseline where the environment variable KINETARIUM_CPU asks for
-// it.
+// The fastest kernels that this process may use (see IsBaselineForced); chosen once.
 const CSimulationKernels& GetSimulationKernels();

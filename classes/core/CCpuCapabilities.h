@@ -1,28 +1,16 @@
 #pragma once
 
-#include <string_view>
-
-// Which instruction sets the processor and the operating system together offer. The environment variable
-// KINETARIUM_CPU with the value "baseline" hides all but the baseline (x86-64 with SSE2), for tests and for tools that
-// do not know the newer ones; it is read once per process.
+// Which instruction sets the processor and the operating system together offer.
 class CCpuCapabilities
 {
 public:
-    // What this process may use.
-    CCpuCapabilities();
-
-    // What the machine offers, or just the baseline.
-    explicit CCpuCapabilities(bool bBaselineOnly);
+    // What the machine offers, or only the baseline (x86-64 with SSE2).
+    explicit CCpuCapabilities(bool bBaselineOnly = false);
 
     bool HasAvx2() const { return m_bAvx2; }
 
     // The foundation with the byte, doubleword and shorter-vector extensions, which every processor of interest has.
     bool HasAvx512() const { return m_bAvx512; }
-
-    bool operator==(const CCpuCapabilities&) const = default;
-
-    // True for the text that KINETARIUM_CPU must hold to force the baseline.
-    static bool IsBaselineSetting(std::wstring_view sSetting);
 
 private:
     bool m_bAvx2{};

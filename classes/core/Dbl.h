@@ -1,7 +1,7 @@
 #pragma once
 
 // Comparisons of doubles with a tolerance eps >= 0, which is on the side named by each. The expressions are part of
-// the simulation's results: another form of the same inequality rounds differently.
+// the results of their callers: another form of the same inequality rounds differently.
 
 constexpr bool Dbl_IsBigger(double dValue, double dReference, double dEps)
 {

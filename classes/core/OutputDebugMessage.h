@@ -11,9 +11,9 @@
 // Guards every debug log of the process: several threads append, one prunes.
 std::mutex& DebugLog_GetMutex();
 
-// Writes the text to the debug output (a debugger on Windows; on every system also the standard error stream when the
-// environment variable KINETARIUM_DEBUG_OUTPUT is set) and appends it to the log when pDebugLog is not null. A
-// diagnostic must not bring down what it diagnoses: what there is no memory for is left out.
+// Writes the text to the debug output (a debugger on Windows; on every system also the standard error stream when
+// CLibrarySettings::sDebugOutputVariable is set) and appends it to the log when pDebugLog is not null. A diagnostic
+// must not bring down what it diagnoses: without memory for a text, the text is left out.
 void WriteDebugText(std::wstring* pDebugLog, std::wstring_view sText) noexcept;
 
 // Formats, then writes as above. A format that does not fit its arguments is written as it stands.

@@ -11,7 +11,7 @@ constexpr int c_iDividerHeight = 15;
 constexpr int c_iControlHeight = 24;
 constexpr int c_iTopSpace = 1;
 constexpr int c_iBottomSpace = 2;
-constexpr int c_iLabelLeft = 10; // clear of the world view, which may end where the panel begins
+constexpr int c_iLabelLeft = 10; // clear of whatever ends where the panel begins
 constexpr int c_iLabelGap = 6;   // between a label and its control
 
 int GetRowHeight(EnumDataCtrlType eType)

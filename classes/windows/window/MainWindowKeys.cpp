@@ -1,8 +1,13 @@
 #include "classes/windows/window/MainWindowKeys.h"
 
+#include "classes/core/CLibrarySettings.h"
+
+#include <algorithm>
+
 bool IsMainWindowKey(WPARAM wKey)
 {
-    return wKey == VK_F11 || wKey == VK_ESCAPE;
+    const auto& keys = GetLibrarySettings().mainWindowKeys;
+    return std::find(keys.begin(), keys.end(), wKey) != keys.end();
 }
 
 void ForwardKeyUp(HWND hFrom, WPARAM wParam, LPARAM lParam)
