@@ -17,7 +17,6 @@ constexpr const wchar_t* c_sCaption = L"Kinetarium";
 constexpr const wchar_t* c_sVersion = L"v" KINETARIUM_VERSION L"     Watch matter move";
 
 constexpr unsigned char c_byLanguageEnglish = 7;
-constexpr unsigned char c_byLanguageArabic = 1;
 constexpr unsigned short c_uIconResource = 104;
 constexpr int c_iBackdropResource = 101;
 
@@ -155,9 +154,8 @@ void CKinetarium::InitializeWindow_VersionText()
 
 bool CKinetarium::InitializeWindow_StartButton()
 {
-    const bool bRightToLeft = m_StringResource.GetLanguage() == c_byLanguageArabic;
-    if (!m_StartButton.Initialize(m_hInstance, this, bRightToLeft, GetBackdrop(), GetText(L"Start"), nullptr, true,
-                                  nullptr))
+    if (!m_StartButton.Initialize(m_hInstance, this, m_StringResource.IsRightToLeft(), GetBackdrop(), GetText(L"Start"),
+                                  nullptr, true, nullptr))
     {
         return false;
     }

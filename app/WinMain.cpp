@@ -1,4 +1,5 @@
 #include "app/CKinetarium.h"
+#include "app/LibrarySettings_Kinetarium.h"
 #include "classes/core/CCpuCapabilities.h"
 #include "classes/core/CExceptionHandler.h"
 #include "classes/core/CrashNote.h"
@@ -31,9 +32,10 @@ int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int)
 {
     // Before anything could load a library. Where the system refuses this, the program runs all the same.
     SearchLibrariesInSystemFolderOnly();
+    SetLibrarySettings(GetLibrarySettings_Kinetarium());
     Guarded({nullptr, __TIMESTAMP__}, [&] {
         const CExceptionHandler exceptionHandler(nullptr, false);
-        const CCrashReport crashReport({GetModuleFolder().Get(), "Kinetarium", KINETARIUM_VERSION, __TIMESTAMP__});
+        const CCrashReport crashReport({GetModuleFolder().Get(), KINETARIUM_VERSION, __TIMESTAMP__});
         SetCrashNote("no simulation so far");
         const CKinetarium application(nullptr, hInstance);
     });

@@ -1,6 +1,8 @@
 #include "bench/FrameCapRun.h"
 #include "bench/Growth.h"
 #include "bench/Ratios.h"
+#include "classes/core/CLibrarySettings.h"
+#include "diagnostics/DebugOutputVariable.h"
 
 #ifdef KINETARIUM_HAS_BENCHMARK
 #include <benchmark/benchmark.h>
@@ -48,6 +50,10 @@ int RunStages([[maybe_unused]] int argc, [[maybe_unused]] char** argv)
 
 int main(int argc, char** argv)
 {
+    CLibrarySettings settings;
+    settings.sProgramName = "kinetarium-bench";
+    settings.sDebugOutputVariable = c_sDebugOutputVariable;
+    SetLibrarySettings(settings);
     const std::string_view sOption = argc > 1 ? argv[1] : "";
     if (sOption == "--ratios" && argc == 2)
     {

@@ -1,4 +1,6 @@
+#include "classes/core/CLibrarySettings.h"
 #include "classes/core/Utf8.h"
+#include "diagnostics/DebugOutputVariable.h"
 #include "headless/HeadlessMain.h"
 #include "headless/SystemFile.h"
 
@@ -21,6 +23,10 @@ void Interrupt(int)
 
 int RunMain(const std::vector<std::string>& arguments)
 {
+    CLibrarySettings settings;
+    settings.sProgramName = "kinetarium-headless";
+    settings.sDebugOutputVariable = c_sDebugOutputVariable;
+    SetLibrarySettings(settings);
     // An interrupted run removes its temporary files before it ends. If the system refuses the handler, it just ends.
     static_cast<void>(std::signal(SIGINT, &Interrupt));
     static_cast<void>(std::signal(SIGTERM, &Interrupt));

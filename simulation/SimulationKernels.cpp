@@ -1,6 +1,7 @@
 #include "simulation/SimulationKernels.h"
 
 #include "classes/core/CCpuCapabilities.h"
+#include "simulation/BaselineSetting.h"
 #include "simulation/SimulationKernelSets.h"
 
 #include <array>
@@ -29,6 +30,6 @@ std::span<const CSimulationKernels> GetKernels(const CCpuCapabilities& capabilit
 
 const CSimulationKernels& GetSimulationKernels()
 {
-    static const CSimulationKernels& kernels = GetKernels(CCpuCapabilities()).back();
+    static const CSimulationKernels& kernels = GetKernels(CCpuCapabilities(IsBaselineForced())).back();
     return kernels;
 }

@@ -9,5 +9,5 @@ class CCpuCapabilities;
 // The kernels that such a processor can run, slowest first; the baseline is always among them.
 std::span<const CSimulationKernels> GetKernels(const CCpuCapabilities& capabilities);
 
-// The fastest kernels that this process may use: the baseline if the environment variable KINETARIUM_CPU asks for it.
+// The fastest kernels that this process may use: the baseline if IsBaselineForced; chosen once.
 const CSimulationKernels& GetSimulationKernels();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strings/TranslateStrings_Kinetarium.h"
+#include "strings/LanguageFillers.h"
 
 #include <array>
 #include <cstddef>
@@ -75,4 +75,9 @@ constexpr const CLanguage& Languages_Find(unsigned char uIndex)
 {
     const bool bKnown = uIndex >= 1 && uIndex <= c_uLanguageCount;
     return c_Languages[(bKnown ? uIndex : c_uLanguageEnglish) - std::size_t{1}];
+}
+
+constexpr bool Languages_IsRightToLeft(unsigned char uIndex)
+{
+    return Languages_Find(uIndex).eDirection == EnumReadingDirection::RightToLeft;
 }

@@ -11,7 +11,6 @@ namespace
 
 constexpr const wchar_t* c_sClassName = L"CWndWorldView";
 constexpr int c_iExtraWindowBytes = 8;
-constexpr unsigned char c_byArabic = 1; // index of the one language that is written from right to left
 constexpr DWORD c_dwRightToLeftStyle = WS_EX_LAYOUTRTL | WS_EX_RTLREADING | WS_EX_RIGHT;
 
 } // namespace
@@ -101,7 +100,7 @@ bool CWndWorldView::RegisterViewClass() const
 // Position and size are 0: the parent's layout sets them.
 HWND CWndWorldView::CreateViewWindow() const
 {
-    const DWORD dwExStyle = m_StringResource.GetLanguage() == c_byArabic ? c_dwRightToLeftStyle : 0;
+    const DWORD dwExStyle = m_StringResource.IsRightToLeft() ? c_dwRightToLeftStyle : 0;
     return CreateWindowExW(dwExStyle, c_sClassName, L"", WS_CHILD | WS_CLIPCHILDREN | WS_VSCROLL | WS_HSCROLL, 0, 0, 0,
                            0, GetParentHandle(), nullptr, m_hInstance, nullptr);
 }

@@ -1,21 +1,5 @@
 #include "classes/core/CCpuCapabilities.h"
 
-#include "classes/core/EnvironmentText.h"
-
-namespace
-{
-
-bool IsBaselineForced()
-{
-    static const bool bForced =
-        CCpuCapabilities::IsBaselineSetting(GetEnvironmentText("KINETARIUM_CPU").value_or(std::wstring()));
-    return bForced;
-}
-
-} // namespace
-
-CCpuCapabilities::CCpuCapabilities() : CCpuCapabilities(IsBaselineForced()) {}
-
 CCpuCapabilities::CCpuCapabilities(bool bBaselineOnly)
 {
     if (bBaselineOnly)
@@ -27,9 +11,4 @@ CCpuCapabilities::CCpuCapabilities(bool bBaselineOnly)
     m_bAvx2 = __builtin_cpu_supports("avx2") != 0;
     m_bAvx512 = __builtin_cpu_supports("avx512f") != 0 && __builtin_cpu_supports("avx512bw") != 0 &&
                 __builtin_cpu_supports("avx512dq") != 0 && __builtin_cpu_supports("avx512vl") != 0;
-}
-
-bool CCpuCapabilities::IsBaselineSetting(std::wstring_view sSetting)
-{
-    return sSetting == L"baseline";
 }

@@ -12,7 +12,7 @@ constexpr int c_iTextColumn = 1;
 
 } // namespace
 
-void CStringResource::Initialize(TranslateFunction pTranslate, unsigned char uLanguage)
+void CStringResource::Initialize(TranslateFunction pTranslate, unsigned char uLanguage, bool bRightToLeft)
 {
     CDataCube table;
     if (pTranslate != nullptr)
@@ -31,6 +31,7 @@ void CStringResource::Initialize(TranslateFunction pTranslate, unsigned char uLa
                      [](const Entry& first, const Entry& second) { return first.first < second.first; });
     m_Entries = std::move(entries);
     m_uLanguage = uLanguage;
+    m_bRightToLeft = bRightToLeft;
 }
 
 CWString CStringResource::Get(const wchar_t* sKey, bool bKeyIfMissing) const

@@ -9,8 +9,7 @@
 #include <string_view>
 #include <utility>
 
-// A wide text with the operations that the windows and the simulation need. Indices and lengths are in wide
-// characters; nothing here depends on the locale.
+// A wide text. Indices and lengths are in wide characters; nothing here depends on the locale.
 class CWString
 {
 public:

@@ -47,7 +47,7 @@ struct CCrashFacts
 // "access violation (0xc0000005) writing to address 0x10"; an unknown code gives "fault (0xe0001234)".
 void AddFault(CFixedText& text, const CFault& fault) noexcept;
 
-// "Kinetarium.exe+0x1234", or the bare address.
+// "Program.exe+0x1234", or the bare address.
 void AddCrashPlace(CFixedText& text, const CCrashPlace& place) noexcept;
 
 // The report up to the stack trace, with the line ends of a Windows text file.

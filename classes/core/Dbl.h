@@ -1,8 +1,8 @@
 #pragma once
 
 // Comparisons of doubles with a tolerance eps >= 0. IsBigger and IsSmaller need a difference above eps; IsBiggerEqual
-// and the range accept values up to eps outside. The expressions affect the simulation's results: another form of the
-// same inequality would round differently.
+// and the range accept values up to eps outside. The expressions affect the results of their callers: another form of
+// the same inequality would round differently.
 
 constexpr bool Dbl_IsBigger(double dValue, double dReference, double dEps)
 {

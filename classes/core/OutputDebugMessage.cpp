@@ -1,5 +1,6 @@
 #include "classes/core/OutputDebugMessage.h"
 
+#include "classes/core/CLibrarySettings.h"
 #include "classes/core/EnvironmentText.h"
 #include "classes/core/Utf8.h"
 
@@ -32,7 +33,8 @@ void WriteToDebugger([[maybe_unused]] std::wstring_view sText)
 
 void WriteToStandardError(std::wstring_view sText)
 {
-    if (!GetEnvironmentText("KINETARIUM_DEBUG_OUTPUT").has_value())
+    const char* const sVariable = GetLibrarySettings().sDebugOutputVariable;
+    if (sVariable == nullptr || !GetEnvironmentText(sVariable).has_value())
     {
         return;
     }

@@ -11,9 +11,9 @@
 // Guards every debug log of the process: several threads append, one prunes.
 std::mutex& DebugLog_GetMutex();
 
-// Writes the text to the debug output (a debugger on Windows; on every system also the standard error stream when the
-// environment variable KINETARIUM_DEBUG_OUTPUT is set) and appends it to the log when pDebugLog is not null. A
-// diagnostic must not bring down the program: it leaves out the texts for which there is no memory.
+// Writes the text to the debug output (a debugger on Windows; on every system also the standard error stream when
+// CLibrarySettings::sDebugOutputVariable is set in the environment) and appends it to the log when pDebugLog is not
+// null. A diagnostic must not bring down the program: it leaves out the texts for which there is no memory.
 void WriteDebugText(std::wstring* pDebugLog, std::wstring_view sText) noexcept;
 
 // Formats, then writes as above. If the format does not fit its arguments, the format itself is written.

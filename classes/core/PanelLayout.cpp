@@ -10,7 +10,7 @@ constexpr int c_iDividerHeight = 15;
 constexpr int c_iControlHeight = 24;
 constexpr int c_iTopSpace = 1;
 constexpr int c_iBottomSpace = 2;
-constexpr int c_iLabelLeft = 10; // keeps labels away from the world view, which may end where the panel begins
+constexpr int c_iLabelLeft = 10; // keeps labels away from a window that ends where the panel begins
 constexpr int c_iLabelGap = 6;   // between a label and its control
 
 int GetRowHeight(EnumDataCtrlType eType)

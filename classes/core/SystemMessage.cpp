@@ -1,5 +1,6 @@
 #include "classes/core/SystemMessage.h"
 
+#include "classes/core/CLibrarySettings.h"
 #include "classes/core/Utf8.h"
 
 #include <atomic>
@@ -17,7 +18,8 @@ std::atomic<SystemMessageFunction> g_pFunction{};
 void ShowToUser(const std::wstring& sText)
 {
 #ifdef _WIN32
-    MessageBoxW(nullptr, sText.c_str(), L"Kinetarium", MB_OK | MB_ICONERROR | MB_TASKMODAL | MB_SETFOREGROUND);
+    const std::wstring sTitle = WideFromUtf8(GetLibrarySettings().sProgramName);
+    MessageBoxW(nullptr, sText.c_str(), sTitle.c_str(), MB_OK | MB_ICONERROR | MB_TASKMODAL | MB_SETFOREGROUND);
 #else
     const std::string sNarrow = Utf8FromWide(sText + L"\n");
     // If this fails, there is nowhere left to report it.

@@ -70,6 +70,10 @@ TEST(Languages, OnlyArabicIsReadFromRightToLeft)
     {
         EXPECT_EQ(language.eDirection == EnumReadingDirection::RightToLeft, language.uIndex == 1) << language.uIndex;
     }
+    for (int i = 0; i <= 255; ++i)
+    {
+        EXPECT_EQ(Languages_IsRightToLeft(static_cast<unsigned char>(i)), i == 1) << i;
+    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "tests/windows/CRunningApplication.h"
 
 #include "app/CKinetarium.h"
+#include "app/LibrarySettings_Kinetarium.h"
 #include "settings/SettingsFile.h"
 
 #include <gtest/gtest.h>
@@ -134,6 +135,7 @@ CRunningApplication::CRunningApplication(bool bKeepSettings, std::wstring* pDebu
     {
         DeleteFileW(GetSettingsPath().c_str());
     }
+    SetLibrarySettings(GetLibrarySettings_Kinetarium());
     m_hEnded = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     const HANDLE hReady = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     m_Thread = std::thread([=, this] { ThreadBody(pDebugLog, hReady); });

@@ -1,59 +1,36 @@
 #include "classes/windows/button/ButtonAccessible.h"
 
-#include "classes/core/CColour.h"
 #include "classes/windows/accessibility/CDelegatingAccessible.h"
-#include "classes/windows/button/CWndButton.h"
 #include "classes/windows/system/WndProcForward.h"
 
 #include <utility>
 
 namespace
 {
-// The button behind the window; null once it is gone.
-CWndButton* GetButtonOf(HWND hWnd)
-{
-    constexpr int c_iRoom = 32;
-    wchar_t sClass[c_iRoom]{};
-    if (!IsWindow(hWnd) || GetClassNameW(hWnd, sClass, c_iRoom) == 0 || lstrcmpW(sClass, c_sButtonClass) != 0)
-    {
-        return nullptr;
-    }
-    return WndProc_GetObject<CWndButton>(hWnd);
-}
-
-// A swatch's value is its colour, written as on the web.
-CWString GetValueText(const CWndButton& button)
-{
-    CWString sColour;
-    const COLORREF cr = button.GetBackground();
-    if (button.IsSwatch())
-    {
-        sColour.Format(L"#%02X%02X%02X", unsigned{GetRed(cr)}, unsigned{GetGreen(cr)}, unsigned{GetBlue(cr)});
-    }
-    return sColour;
-}
-
 class CButtonAccessible final : public CDelegatingAccessible
 {
 public:
-    using CDelegatingAccessible::CDelegatingAccessible;
+    CButtonAccessible(HWND hButton, CComPtr<IAccessible> pStandard, FindButtonFunction pFind)
+        : CDelegatingAccessible(hButton, std::move(pStandard)), m_pFind(pFind)
+    {
+    }
 
     HRESULT STDMETHODCALLTYPE get_accName(VARIANT id, BSTR* psName) override
     {
-        return AnswerText(id, psName, [](const CWndButton& button) { return button.GetAccessibleName(); });
+        return AnswerText(id, psName, [](const IAccessibleButton& button) { return button.GetAccessibleName(); });
     }
     HRESULT STDMETHODCALLTYPE get_accValue(VARIANT id, BSTR* psValue) override
     {
-        return AnswerText(id, psValue, GetValueText);
+        return AnswerText(id, psValue, [](const IAccessibleButton& button) { return button.GetAccessibleValue(); });
     }
     HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT id, BSTR* psDescription) override
     {
         return AnswerText(id, psDescription,
-                          [](const CWndButton& button) { return button.GetAccessibleDescription(); });
+                          [](const IAccessibleButton& button) { return button.GetAccessibleDescription(); });
     }
     HRESULT STDMETHODCALLTYPE get_accDefaultAction(VARIANT id, BSTR* psAction) override
     {
-        return AnswerText(id, psAction, [](const CWndButton&) { return CWString(L"Press"); });
+        return AnswerText(id, psAction, [](const IAccessibleButton&) { return CWString(L"Press"); });
     }
     HRESULT STDMETHODCALLTYPE get_accRole(VARIANT id, VARIANT* pRole) override
     {
@@ -82,7 +59,7 @@ private:
             return E_INVALIDARG;
         }
         *psResult = nullptr;
-        const CWndButton* const pButton = GetButtonOf(GetHwnd());
+        const IAccessibleButton* const pButton = m_pFind(GetHwnd());
         if (pButton == nullptr)
         {
             return CO_E_OBJNOTCONNECTED;
@@ -97,15 +74,17 @@ private:
         }
         return E_OUTOFMEMORY;
     }
+
+    FindButtonFunction m_pFind;
 };
 } // namespace
 
-LRESULT ButtonAccessible_Answer(HWND hButton, WPARAM wParam)
+LRESULT ButtonAccessible_Answer(HWND hButton, WPARAM wParam, FindButtonFunction pFind)
 {
     CComPtr<IAccessible> pStandard = CDelegatingAccessible::MakeStandard(hButton);
     if (!pStandard)
     {
         return 0;
     }
-    return CDelegatingAccessible::Answer(wParam, new CButtonAccessible(hButton, std::move(pStandard)));
+    return CDelegatingAccessible::Answer(wParam, new CButtonAccessible(hButton, std::move(pStandard), pFind));
 }

@@ -2,7 +2,26 @@
 
 #include <windows.h>
 
-// Answers a screen reader's WM_GETOBJECT for the client area of a CWndButton: the result of the message. The object
-// that is handed out is the system's own for that window, with the button's name, role, state, description and
-// default action in place of what the system cannot know.
-LRESULT ButtonAccessible_Answer(HWND hButton, WPARAM wParam);
+#include <string>
+
+#include "classes/core/CWString.h"
+
+// A button as a screen reader sees it.
+struct IAccessibleButton
+{
+    virtual CWString GetAccessibleName() const = 0;
+    virtual CWString GetAccessibleValue() const = 0;
+    virtual CWString GetAccessibleDescription() const = 0;
+    virtual std::wstring* GetDebugLog() const = 0;
+
+protected:
+    ~IAccessibleButton() = default;
+};
+
+// The button behind the window; null once it is gone.
+using FindButtonFunction = const IAccessibleButton* (*)(HWND hWnd);
+
+// Answers a screen reader's WM_GETOBJECT for the client area of a button: the result of the message. The object handed
+// out is the system's own for that window, but name, value, role, state, description and default action are the
+// button's. The screen reader may keep it longer than the button lives: pFind is asked each time.
+LRESULT ButtonAccessible_Answer(HWND hButton, WPARAM wParam, FindButtonFunction pFind);

@@ -1,8 +1,8 @@
 #include "classes/windows/button/CWndButton.h"
 
+#include "classes/core/CColour.h"
+#include "classes/core/CLibrarySettings.h"
 #include "classes/core/ColourMath.h"
-#include "classes/windows/button/ButtonAccessible.h"
-#include "classes/windows/drawing/WindowColours.h"
 #include "classes/windows/system/MessageTable.h"
 #include "classes/windows/system/RectHelpers.h"
 #include "classes/windows/system/RegisterOwnClass.h"
@@ -25,7 +25,7 @@ bool RegisterButtonClass(HINSTANCE hInstance)
 }
 } // namespace
 
-CWndButton::CWndButton() : m_crNormal(c_crButtonFace), m_crPressed(c_crButtonFace)
+CWndButton::CWndButton() : m_crNormal(GetLibrarySettings().crButtonFace), m_crPressed(m_crNormal)
 {
     m_crText = GetContrastColour(m_crNormal);
 }
@@ -101,6 +101,30 @@ CWString CWndButton::GetText() const
 CWString CWndButton::GetAccessibleName() const
 {
     return m_sAccessibleName.IsEmpty() ? GetText() : m_sAccessibleName;
+}
+
+// A swatch's value is its colour, written as on the web.
+CWString CWndButton::GetAccessibleValue() const
+{
+    CWString sColour;
+    if (m_bSwatch)
+    {
+        sColour.Format(L"#%02X%02X%02X", unsigned{GetRed(m_crNormal)}, unsigned{GetGreen(m_crNormal)},
+                       unsigned{GetBlue(m_crNormal)});
+    }
+    return sColour;
+}
+
+// The handle may have been given to a window of another class.
+const IAccessibleButton* CWndButton::FindButton(HWND hWnd)
+{
+    constexpr int c_iRoom = 32;
+    wchar_t sClass[c_iRoom]{};
+    if (!IsWindow(hWnd) || GetClassNameW(hWnd, sClass, c_iRoom) == 0 || lstrcmpW(sClass, c_sButtonClass) != 0)
+    {
+        return nullptr;
+    }
+    return WndProc_GetObject<CWndButton>(hWnd);
 }
 
 // The parent may destroy the button while it handles the click: nothing of the object is touched afterwards.
@@ -180,7 +204,7 @@ std::optional<LRESULT> CWndButton::On_GetObject(WPARAM wParam, LPARAM lParam)
     {
         return std::nullopt;
     }
-    return ButtonAccessible_Answer(m_hWnd, wParam);
+    return ButtonAccessible_Answer(m_hWnd, wParam, FindButton);
 }
 
 std::optional<LRESULT> CWndButton::On_ClickMessage(WPARAM, LPARAM)

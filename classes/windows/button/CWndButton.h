@@ -6,6 +6,7 @@
 #include <string>
 
 #include "classes/core/CWString.h"
+#include "classes/windows/button/ButtonAccessible.h"
 #include "classes/windows/drawing/CPicture.h"
 #include "classes/windows/window/CWndCommon.h"
 
@@ -20,9 +21,9 @@ constexpr const wchar_t* c_sButtonClass = L"CWndButton";
 // with the keyboard focus. Its text takes whichever of black and white stands out more from its colour.
 //
 // A click by mouse, Space, Enter, BM_CLICK or a screen reader's default action sends the parent one WM_NOTIFY with
-// code 0x202 (hwndFrom is the button). F11 and Escape released on the button are sent on to the main window. The
-// window's text is the button's text (WM_SETTEXT, WM_GETTEXT); WM_SETFONT works.
-class CWndButton
+// code 0x202 (hwndFrom is the button). A main-window key released on the button is sent on to the main
+// window. The window's text is the button's text (WM_SETTEXT, WM_GETTEXT); WM_SETFONT works.
+class CWndButton final : private IAccessibleButton
 {
 public:
     CWndButton();
@@ -44,16 +45,14 @@ public:
     void SetText(const CWString& sText);
     CWString GetText() const;
     HWND GetWindowHandle() const { return m_hWnd; }
-    std::wstring* GetDebugLog() const { return m_pDebugLog; }
+    std::wstring* GetDebugLog() const override { return m_pDebugLog; }
 
     // What a screen reader calls the button; without a name of its own it is called by its text.
     void SetAccessibleName(const CWString& sName) { m_sAccessibleName = sName; }
-    CWString GetAccessibleName() const;
+    CWString GetAccessibleName() const override;
     void SetAccessibleDescription(const CWString& sDescription) { m_sAccessibleDescription = sDescription; }
-    const CWString& GetAccessibleDescription() const { return m_sAccessibleDescription; }
     // A swatch shows its colour and nothing else: a firmer border, and the colour as its accessible value.
     void SetSwatch(bool bSwatch) { m_bSwatch = bSwatch; }
-    bool IsSwatch() const { return m_bSwatch; }
 
     // As if the user had clicked it; nothing while it is disabled.
     void Click();
@@ -61,6 +60,10 @@ public:
     LRESULT WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
 
 private:
+    CWString GetAccessibleValue() const override;
+    CWString GetAccessibleDescription() const override { return m_sAccessibleDescription; }
+    static const IAccessibleButton* FindButton(HWND hWnd);
+
     std::optional<LRESULT> On_Paint(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> On_EraseBackground(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> On_PrintClient(WPARAM wParam, LPARAM lParam);

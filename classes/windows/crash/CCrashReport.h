@@ -1,15 +1,6 @@
 #pragma once
 
-#include <string>
-
-// What a crash report says of the program, and where it goes.
-struct CCrashReportSettings
-{
-    std::wstring folder; // with its last backslash
-    std::string program; // also the beginning of the files' names
-    std::string version;
-    std::string build;
-};
+#include "classes/windows/crash/CCrashReportSettings.h"
 
 // For as long as it lives, an error that nothing else caught (a fault such as an access violation, or a C++ exception
 // that ends in std::terminate) leaves a report and a minidump in a folder, of which the youngest five are kept. The

@@ -1,6 +1,7 @@
 #include "classes/windows/crash/CrashSteps.h"
 
 #include "classes/core/CKernelHandle.h"
+#include "classes/core/CLibrarySettings.h"
 #include "classes/core/CrashFiles.h"
 #include "classes/core/CrashNote.h"
 #include "classes/core/CrashText.h"
@@ -69,7 +70,7 @@ void OpenReport(const CCrashTime& time)
     for (unsigned uAttempt = 1; uAttempt <= c_uCrashStemAttempts; ++uAttempt)
     {
         CFixedText stem(g_crash.stem, sizeof g_crash.stem);
-        AddCrashStem(stem, g_crash.settings->program.c_str(), time, uAttempt);
+        AddCrashStem(stem, GetLibrarySettings().sProgramName, time, uAttempt);
         g_crash.report = CreateCrashFile(c_sCrashReportEnding);
         g_crash.openError = g_crash.report == INVALID_HANDLE_VALUE ? GetLastError() : DWORD{ERROR_SUCCESS};
         if (g_crash.openError != ERROR_FILE_EXISTS)
@@ -120,7 +121,7 @@ void CrashStep_Report()
     AddSystemVersion(systemText);
     AddProcessor(processorText);
     GetCrashMemory(facts);
-    facts.program = settings.program.c_str();
+    facts.program = GetLibrarySettings().sProgramName;
     facts.version = settings.version.c_str();
     facts.build = build;
     facts.error = g_crash.error;
@@ -206,7 +207,7 @@ void CrashStep_DeleteOld()
 {
     const CCrashReportSettings& settings = *g_crash.settings;
     for (const std::wstring& sName : ChooseCrashFilesToDelete(
-             ListFiles(settings.folder), WideFromUtf8(settings.program), WideFromUtf8(g_crash.stem)))
+             ListFiles(settings.folder), WideFromUtf8(GetLibrarySettings().sProgramName), WideFromUtf8(g_crash.stem)))
     {
         DeleteFileW((settings.folder + sName).c_str());
     }
@@ -220,8 +221,8 @@ void CrashStep_DebugOutput()
 void CrashStep_TellUser()
 {
     const CCrashReportSettings& settings = *g_crash.settings;
-    std::wstring sText =
-        WideFromUtf8(settings.program) + L" has to end because of an error:\n" + WideFromUtf8(g_crash.error) + L"\n\n";
+    std::wstring sText = WideFromUtf8(GetLibrarySettings().sProgramName) + L" has to end because of an error:\n" +
+                         WideFromUtf8(g_crash.error) + L"\n\n";
     if (g_crash.report != INVALID_HANDLE_VALUE)
     {
         sText += L"What is known about it was written to\n" + settings.folder +

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "classes/windows/crash/CCrashReport.h"
+#include "classes/windows/crash/CCrashReportSettings.h"
 
 #include <windows.h>
 

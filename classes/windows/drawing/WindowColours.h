@@ -13,9 +13,6 @@ constexpr ColourRef c_crFocusInner = MakeColour(0x14, 0x22, 0x26);
 constexpr ColourRef c_crBlackLine = MakeColour(0, 0, 0);
 constexpr ColourRef c_crWhiteLine = MakeColour(0xFF, 0xFF, 0xFF);
 
-// A button's face before it is given one: the light sage of the program.
-constexpr ColourRef c_crButtonFace = MakeColour(0xC8, 0xD8, 0xD0);
-
 constexpr ColourRef c_crEntry = MakeColour(0xF3, 0xF7, 0xF4);
 constexpr ColourRef c_crEntryText = MakeColour(0x10, 0x1C, 0x1E);
 constexpr ColourRef c_crEntryBorder = MakeColour(0x8F, 0xA6, 0xA2);

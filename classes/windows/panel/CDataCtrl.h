@@ -22,7 +22,6 @@ struct CDataCtrlSpec
     CWString sLabel;
     CWString sDesc;
     unsigned short uSize = 0;
-    unsigned char byFlag = 0;
     COLORREF crText = 0;
     COLORREF crShadow = 0;
     bool bTransparent = true;

@@ -80,7 +80,7 @@ bool CDataCtrlGroup::CreatePanelWindow(bool bFrame)
 }
 
 short CDataCtrlGroup::AddControl(EnumDataCtrlType eType, EnumShowState eState, const CWString& sLabel,
-                                 const CWString& sDesc, unsigned short uSize, unsigned char byFlag, COLORREF crText,
+                                 const CWString& sDesc, unsigned short uSize, unsigned char, COLORREF crText,
                                  COLORREF crShadow, bool bTransparent)
 {
     if (m_hWnd == nullptr || GetCount() >= std::numeric_limits<short>::max())
@@ -88,7 +88,7 @@ short CDataCtrlGroup::AddControl(EnumDataCtrlType eType, EnumShowState eState, c
         return -1;
     }
     const short iIndex = static_cast<short>(GetCount());
-    const CDataCtrlSpec spec{eType, eState, sLabel, sDesc, uSize, byFlag, crText, crShadow, bTransparent};
+    const CDataCtrlSpec spec{eType, eState, sLabel, sDesc, uSize, crText, crShadow, bTransparent};
     IPanelHost& host = *this;
     auto pCtrl = std::make_unique<CDataCtrl>(host, iIndex, spec);
     if (!pCtrl->Create(this, static_cast<short>(m_iFirstId + iIndex)))
@@ -185,12 +185,6 @@ unsigned short CDataCtrlGroup::GetSize(short iIndex) const
 {
     const CDataCtrl* const pCtrl = GetCtrl(iIndex);
     return pCtrl != nullptr ? pCtrl->GetSpec().uSize : static_cast<unsigned short>(0);
-}
-
-unsigned char CDataCtrlGroup::GetFlag(short iIndex) const
-{
-    const CDataCtrl* const pCtrl = GetCtrl(iIndex);
-    return pCtrl != nullptr ? pCtrl->GetSpec().byFlag : static_cast<unsigned char>(0);
 }
 
 bool CDataCtrlGroup::SetValue(short iIndex, const wchar_t* sText, short)

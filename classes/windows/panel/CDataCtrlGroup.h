@@ -23,8 +23,8 @@ class CWndButton;
 //
 // Controls are found by their label (letter for letter) or by their index, the number of the row from 0.
 // A colour button's click (WM_NOTIFY 0x202, hwndFrom is the button) and a list's notifications (WM_COMMAND) are handed
-// on to the main window, and so are F11 and Escape when they are released in a control, except for the Escape that
-// closes an open list. Every control has its label as accessible name.
+// on to the main window, and so are the main-window keys (CLibrarySettings) when they are released in a control, except
+// for the Escape that closes an open list. Every control has its label as accessible name.
 class CDataCtrlGroup : public CWndCommon, private IPanelHost
 {
 public:
@@ -36,8 +36,8 @@ public:
     ~CDataCtrlGroup() override;
 
     // Appends a row and returns its index; -1 on failure. uSize: the largest number of characters of an entry (0: no
-    // limit). byFlag is kept with the row for the caller. crText is the label's colour, crShadow that of the shadow
-    // behind it (bTransparent) or of the label's background (otherwise).
+    // limit). byFlag is for callers whose tables have one; nothing reads it. crText is the label's colour, crShadow
+    // that of the shadow behind it (bTransparent) or of the label's background (otherwise).
     short AddControl(EnumDataCtrlType eType, EnumShowState eState, const CWString& sLabel, const CWString& sDesc,
                      unsigned short uSize, unsigned char byFlag, COLORREF crText, COLORREF crShadow, bool bTransparent);
 
@@ -56,7 +56,6 @@ public:
     CWString GetDesc(short iIndex) const;
     EnumDataCtrlType GetType(short iIndex) const;
     unsigned short GetSize(short iIndex) const;
-    unsigned char GetFlag(short iIndex) const;
 
     // Sets an entry's or button's text, or selects the list item with that text. False for no such row (or item).
     // Values given by the program are not limited to the row's size: only what the user enters is. The part is 0.

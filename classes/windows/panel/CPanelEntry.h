@@ -20,8 +20,6 @@ public:
     // uSize: the largest number of characters (0: no limit).
     bool Create(short iId, bool bDigitsOnly, unsigned short uSize);
     HWND GetWindowHandle() const { return m_hWnd; }
-    // Under the pointer: its frame is drawn livelier.
-    bool IsHot() const { return m_bHot; }
 
     std::optional<LRESULT> HandleMessage(UINT uMessage, WPARAM wParam, LPARAM lParam);
     std::wstring* GetDebugLog() const { return m_host.Host_GetDebugLog(); }
@@ -41,6 +39,5 @@ private:
     short m_iIndex;
     HWND m_hWnd = nullptr;
     bool m_bDigitsOnly = false;
-    bool m_bHot = false;
     unsigned short m_uSize = 0;
 };

@@ -12,19 +12,15 @@ namespace
 constexpr int c_iEdgeGap = 8;
 constexpr int c_iShadowOffset = 1;
 
-HFONT OrMessageFont(HFONT hFont)
+HFONT OrDefaultFont(HFONT hFont)
 {
     return hFont != nullptr ? hFont : static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
 }
 } // namespace
 
-void CTextCtrl::SetFont(HFONT hFont, bool bRedraw)
+void CTextCtrl::SetFont(HFONT hFont, bool)
 {
     m_hFont = hFont;
-    if (bRedraw && m_hWnd != nullptr)
-    {
-        InvalidateRect(m_hWnd, &m_rcDrawing, TRUE);
-    }
 }
 
 void CTextCtrl::SetBackground(bool bTransparent, COLORREF cr)
@@ -82,7 +78,7 @@ UINT CTextCtrl::GetDrawFlags() const
 
 RECT CTextCtrl::GetTextRect(HDC hDc) const
 {
-    const CSelectObject font(hDc, OrMessageFont(m_hFont));
+    const CSelectObject font(hDc, OrDefaultFont(m_hFont));
     RECT rcText{0, 0, std::max(GetRectWidth(m_rcDrawing) - 2 * c_iEdgeGap, 1), 0};
     const int iWidthAllowed = GetRectWidth(rcText);
     DrawTextW(hDc, m_sText.c_str(), m_sText.GetLength(), &rcText, GetDrawFlags() | DT_CALCRECT);
@@ -138,7 +134,7 @@ bool CTextCtrl::Draw(HDC hDc) const
     {
         IntersectClipRect(hDc, m_rcDrawing.left, m_rcDrawing.top, m_rcDrawing.right, m_rcDrawing.bottom);
     }
-    SelectObject(hDc, OrMessageFont(m_hFont));
+    SelectObject(hDc, OrDefaultFont(m_hFont));
     SetBkMode(hDc, TRANSPARENT);
     if (m_bShadow)
     {

@@ -26,10 +26,9 @@ public:
     void SetText(const CWString& sText) { m_sText = sText; }
     const CWString& GetText() const { return m_sText; }
 
-    // The font is not owned; null means the system's message font. bRedraw: invalidate the drawing rectangle of the
-    // window set with SetWindow.
+    // The font is not owned; null means the system's default GUI font. The text has no window that could be drawn
+    // again: bRedraw is for callers that treat it like a control, and changes nothing.
     void SetFont(HFONT hFont, bool bRedraw);
-    void SetWindow(HWND hWnd) { m_hWnd = hWnd; }
     void SetTextColour(COLORREF cr) { m_crText = cr; }
     // Transparent: what lies below shows through (the default). Otherwise the rectangle is filled with the colour.
     void SetBackground(bool bTransparent, COLORREF cr);
@@ -53,7 +52,6 @@ private:
     UINT GetDrawFlags() const;
 
     CWString m_sText;
-    HWND m_hWnd = nullptr;
     HFONT m_hFont = nullptr;
     COLORREF m_crText = 0;
     COLORREF m_crBackground = 0;

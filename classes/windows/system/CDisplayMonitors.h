@@ -20,7 +20,6 @@ public:
     bool GetDisplayMonitors(std::wstring* pDebugLog);
 
     int GetCount() const { return static_cast<int>(m_monitors.size()); }
-    const CDisplayMonitor& GetMonitor(int iIndex) const { return m_monitors.at(static_cast<std::size_t>(iIndex)); }
     const std::vector<CDisplayMonitor>& GetList() const { return m_monitors; }
 
 private:

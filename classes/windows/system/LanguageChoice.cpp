@@ -1,5 +1,6 @@
 #include "classes/windows/system/LanguageChoice.h"
 
+#include "classes/core/CLibrarySettings.h"
 #include "classes/core/EnvironmentText.h"
 
 #include <optional>
@@ -29,6 +30,13 @@ std::optional<unsigned char> ReadIndex(std::wstring_view sText)
     return sText.empty() ? std::nullopt : std::optional(static_cast<unsigned char>(uValue));
 }
 
+std::optional<unsigned char> ReadEnvironment(const char* sVariable)
+{
+    const std::optional<std::wstring> sValue =
+        sVariable != nullptr ? GetEnvironmentText(sVariable) : std::optional<std::wstring>();
+    return sValue ? ReadIndex(*sValue) : std::nullopt;
+}
+
 std::optional<unsigned char> ReadRegistry(HKEY hRoot, const wchar_t* sName)
 {
     if (hRoot == nullptr || sName == nullptr || *sName == L'\0')
@@ -49,12 +57,9 @@ std::optional<unsigned char> ReadRegistry(HKEY hRoot, const wchar_t* sName)
 
 unsigned char ChooseLanguage(HKEY hRoot, const wchar_t* sName, unsigned char byDefault)
 {
-    if (const std::optional<std::wstring> sVariable = GetEnvironmentText("KINETARIUM_LANGUAGE"))
+    if (const std::optional<unsigned char> index = ReadEnvironment(GetLibrarySettings().sLanguageVariable))
     {
-        if (const std::optional<unsigned char> index = ReadIndex(*sVariable))
-        {
-            return *index;
-        }
+        return *index;
     }
     return ReadRegistry(hRoot, sName).value_or(byDefault);
 }

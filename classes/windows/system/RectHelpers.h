@@ -38,12 +38,6 @@ constexpr bool PointInRect(const RECT& rc, const POINT& pt) noexcept
     return pt.x >= rc.left && pt.x < rc.right && pt.y >= rc.top && pt.y < rc.bottom;
 }
 
-// The same with all four edges included.
-constexpr bool PointInRect_Inclusive(const RECT& rc, const POINT& pt) noexcept
-{
-    return pt.x >= rc.left && pt.x <= rc.right && pt.y >= rc.top && pt.y <= rc.bottom;
-}
-
 constexpr CRect ToRect(const RECT& rc) noexcept
 {
     CRect rcResult;

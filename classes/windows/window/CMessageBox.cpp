@@ -51,7 +51,7 @@ private:
 constexpr LPARAM c_iRepeated = LPARAM{1} << 30; // the bit of a key message that says the key was down before
 constexpr DWORD c_uReleasePoll = 10;            // ms between two looks at a key that may be released elsewhere
 
-// Enter on the Start button may open the message; held a little longer, it must not close it unread.
+// Enter on a button may open the message; held a little longer, it must not close it unread.
 bool IsRepeatedAnswer(const MSG& msg)
 {
     return msg.message == WM_KEYDOWN && (msg.lParam & c_iRepeated) != 0 &&
@@ -82,13 +82,14 @@ void RunUntilClosed(const CMessageBoxDialog& dialog)
     }
 }
 
-// The main window leaves full screen when Escape goes up. The Escape that closes a message goes up after it: the
-// message stays until then, and takes it. In the foreground of another program the key's end would never be seen here.
+// Escape may mean something to the main window when it goes up. The Escape that closes a message goes up later: the
+// message stays until then, and takes it. While another program is in the foreground, the key's release is not seen
+// here.
 void RunUntilEscapeIsUp(const CMessageBoxDialog& dialog)
 {
     const MessageFilter filter = MakeFilter(dialog);
     const HWND hDialog = dialog.GetWindowHandle();
-    // What waits already is taken first: the key may have gone up before the message could heed it.
+    // Waiting messages are taken first: the key may have gone up already.
     while (IsWindow(hDialog) && MessagePump_RunPending(nullptr, filter) && GetKeyState(VK_ESCAPE) < 0 &&
            GetForegroundWindow() == hDialog)
     {

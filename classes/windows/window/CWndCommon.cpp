@@ -1,6 +1,7 @@
 #include "classes/windows/window/CWndCommon.h"
 
 #include "classes/core/BackdropTexture.h"
+#include "classes/core/CLibrarySettings.h"
 #include "classes/core/OutputDebugMessage.h"
 #include "classes/windows/drawing/SystemLooks.h"
 #include "classes/windows/system/LanguageChoice.h"
@@ -14,7 +15,11 @@
 
 namespace
 {
-constexpr unsigned char c_byArabic = 1; // the only language that is written from right to left
+bool IsRightToLeft(unsigned char byLanguage)
+{
+    const auto pIsRightToLeft = GetLibrarySettings().pIsRightToLeft;
+    return pIsRightToLeft != nullptr && pIsRightToLeft(byLanguage);
+}
 } // namespace
 
 CWndCommon::CWndCommon() = default;
@@ -85,7 +90,8 @@ bool CWndCommon::Initialize(const wchar_t* sClassName, std::wstring* pDebugLog, 
     m_sClassName = sClassName;
     m_pDebugLog = pDebugLog;
     m_hInstance = hInstance;
-    m_StringResource.Initialize(pTranslate, ChooseLanguage(hRegistryRoot, sName, byLanguage));
+    const unsigned char byChosen = ChooseLanguage(hRegistryRoot, sName, byLanguage);
+    m_StringResource.Initialize(pTranslate, byChosen, IsRightToLeft(byChosen));
     m_hIconLarge = LoadSharedIcon(hInstance, uIconId, true);
     m_hIconSmall = LoadSharedIcon(hInstance, uIconId, false);
     m_hCursorNormal = LoadCursorOrSystem(hInstance, iCursorNormal, IDC_ARROW);
@@ -93,7 +99,7 @@ bool CWndCommon::Initialize(const wchar_t* sClassName, std::wstring* pDebugLog, 
     m_FontOwner = MakeGuiFont();
     m_hFontGui = m_FontOwner ? m_FontOwner.Get() : static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
     m_eDrawMode = eDrawMode;
-    LoadBackdrop(m_StringResource.GetLanguage() == c_byArabic ? iBackdropPictureRtl : iBackdropPicture);
+    LoadBackdrop(m_StringResource.IsRightToLeft() ? iBackdropPictureRtl : iBackdropPicture);
     // The grip at the end of a status bar is as wide as a scroll bar: texts stay clear of it.
     m_byMargin = static_cast<unsigned char>(GetSystemMetrics(SM_CXVSCROLL));
     return true;

@@ -14,8 +14,8 @@
 
 class CDataCube;
 
-// What every window of the program is built on: the shared looks (icons, cursors, font, texts, backdrop), the message
-// pump with the tab order and the notice of what lies under the pointer, and the clock in the status bar.
+// The base of every window: the shared looks (icons, cursors, font, texts, backdrop), the message pump with the tab
+// order and the notice of which window lies under the pointer, and the clock in the status bar.
 //
 // Everything here belongs to the thread that made the windows.
 class CWndCommon
@@ -47,12 +47,7 @@ public:
     HICON GetIcon(bool bLarge) const { return bLarge ? m_hIconLarge : m_hIconSmall; }
     HCURSOR GetCursor(bool bWait) const { return bWait ? m_hCursorWait : m_hCursorNormal; }
     HWND GetStatusBar() const { return m_hStatusBar; }
-    const CWndCommon* GetParentWindow() const { return m_pParent; }
-    unsigned char GetMargin() const { return m_byMargin; }
-    bool IsInitialised() const { return m_bInitialised; }
-    bool IsBusy() const { return m_bBusy; }
     bool IsClosed() const { return m_bClosed; }
-    const CTabOrder& GetTabOrder() const { return m_TabOrder; }
 
     // Sends a message to a window, names it on the debug output, and returns the window's answer.
     static LRESULT SendMessage_Show(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
@@ -63,11 +58,10 @@ public:
 
 protected:
     // For a main window. Loads icon iIconId, the cursors (0: the system's arrow and hourglass), the GUI font, the
-    // texts of the language and the backdrop picture of that resource number (the second number is taken for a
-    // right-to-left language; a missing resource is replaced by a texture made here). The environment variable
-    // KINETARIUM_LANGUAGE (a number from 0 to 255), or failing that the value "Language" under
-    // hRegistryRoot\Software\sName when a name is given, takes the place of the language. A thread that makes a new
-    // main window starts over: a quit message seen before no longer counts.
+    // texts of the language and the backdrop picture of that resource number (the second number is for a language that
+    // CLibrarySettings calls right-to-left; a missing resource is replaced by a generated texture). Another language
+    // may take the place of byLanguage: see ChooseLanguage. A thread that makes a new main window starts over: a quit
+    // message seen before no longer counts.
     // False without a class name or instance, or when called twice.
     bool Initialize(const wchar_t* sClassName, std::wstring* pDebugLog, HKEY hRegistryRoot, const wchar_t* sName,
                     HINSTANCE hInstance, void (*pTranslate)(CDataCube*, unsigned char), unsigned char byLanguage,
@@ -117,7 +111,6 @@ protected:
     unsigned char m_byMargin = 0; // pixels that a status bar's parts keep free at the right edge
 
 private:
-    void LoadIcons(unsigned short uIconId);
     void LoadBackdrop(int iPicture);
     void NoticePointer(const MSG& msg);
     bool OwnsWindow(HWND hWnd) const;

@@ -1,9 +1,22 @@
 #include "classes/windows/window/MainWindowKeys.h"
 
+#include "classes/core/CLibrarySettings.h"
+
+#include <algorithm>
+
+namespace
+{
+bool IsMainWindowKey(WPARAM wKey)
+{
+    const auto& keys = GetLibrarySettings().mainWindowKeys;
+    return std::find(keys.begin(), keys.end(), wKey) != keys.end();
+}
+} // namespace
+
 bool ForwardMainWindowKey(HWND hMain, const MSG& msg)
 {
-    const bool bMainWindowKey = msg.message == WM_KEYUP && (msg.wParam == VK_F11 || msg.wParam == VK_ESCAPE);
-    if (!bMainWindowKey || hMain == nullptr || !IsChild(hMain, msg.hwnd))
+    const bool bForMainWindow = msg.message == WM_KEYUP && IsMainWindowKey(msg.wParam);
+    if (!bForMainWindow || hMain == nullptr || !IsChild(hMain, msg.hwnd))
     {
         return false;
     }

@@ -1,7 +1,7 @@
 #include "classes/core/CExceptionHandler.h"
 
 #include "classes/core/SystemMessage.h"
-#include "tests/classes/core/CEnvironmentChange.h"
+#include "tests/classes/core/CDebugOutputSwitch.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -13,8 +13,6 @@ namespace
 {
 
 // Each of these functions ends a process of its own; the test reads that process's standard error stream.
-
-constexpr const char* c_sSwitch = "KINETARIUM_DEBUG_OUTPUT";
 
 [[noreturn]] void Throw()
 {
@@ -42,7 +40,7 @@ void Say(const char* sText)
 
 void DieUnderHandler()
 {
-    const CEnvironmentChange change(c_sSwitch, "1");
+    const CDebugOutputSwitch debugOutput("1");
     std::set_terminate(&EndOrderly);
     const CExceptionHandler handler(nullptr, false);
     ThrowThroughNoexcept();
@@ -50,7 +48,7 @@ void DieUnderHandler()
 
 void DieUnderTwoHandlers()
 {
-    const CEnvironmentChange change(c_sSwitch, "1");
+    const CDebugOutputSwitch debugOutput("1");
     std::set_terminate(&EndOrderly);
     const CExceptionHandler outer(nullptr, false);
     const CExceptionHandler inner(nullptr, false);
@@ -59,7 +57,7 @@ void DieUnderTwoHandlers()
 
 void DieAfterHandler()
 {
-    const CEnvironmentChange change(c_sSwitch, "1");
+    const CDebugOutputSwitch debugOutput("1");
     std::set_terminate(&EndOrderly);
     {
         const CExceptionHandler handler(nullptr, false);
@@ -121,7 +119,7 @@ TEST(ExceptionHandlerDeathTest, AFailureInTheReportStillEndsOrderly)
 
 void DieOfAFault()
 {
-    const CEnvironmentChange change(c_sSwitch, "1");
+    const CDebugOutputSwitch debugOutput("1");
     const CExceptionHandler handler(nullptr, false);
     volatile int* pNowhere = nullptr;
     *pNowhere = 1;

@@ -30,6 +30,18 @@ TEST(StringResource, AKeyGivesItsText)
     EXPECT_EQ(resource.GetLanguage(), 1);
 }
 
+TEST(StringResource, TheDirectionIsThatOfTheLatestLanguage)
+{
+    CStringResource resource;
+    EXPECT_FALSE(resource.IsRightToLeft());
+    resource.Initialize(&FillTable, 1, true);
+    EXPECT_TRUE(resource.IsRightToLeft());
+    const CStringResource copy = resource;
+    resource.Initialize(&FillTable, c_uOther);
+    EXPECT_FALSE(resource.IsRightToLeft());
+    EXPECT_TRUE(copy.IsRightToLeft());
+}
+
 TEST(StringResource, AnUnknownKeyGivesItselfOrAnEmptyText)
 {
     CStringResource resource;

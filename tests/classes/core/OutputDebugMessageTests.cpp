@@ -1,7 +1,7 @@
 #include "classes/core/OutputDebugMessage.h"
 
 #include "classes/core/CWString.h"
-#include "tests/classes/core/CEnvironmentChange.h"
+#include "tests/classes/core/CDebugOutputSwitch.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -10,8 +10,6 @@
 
 namespace
 {
-
-constexpr const char* c_sSwitch = "KINETARIUM_DEBUG_OUTPUT";
 
 // The bytes that write sends to the standard error stream.
 template<class F>
@@ -49,11 +47,17 @@ TEST(OutputDebugMessage, TheStandardErrorStreamGetsTheMessageOnlyIfTheVariableIs
 {
     const auto write = [] { OutputDebugMessage(nullptr, L"gr\u00FC\u00DF %i\n", 5); };
     {
-        const CEnvironmentChange change(c_sSwitch, nullptr);
+        const CDebugOutputSwitch debugOutput(nullptr);
         EXPECT_EQ(CaptureStandardError(write), "");
     }
-    const CEnvironmentChange change(c_sSwitch, "1");
+    const CDebugOutputSwitch debugOutput("1");
     EXPECT_EQ(CaptureStandardError(write), "gr\xC3\xBC\xC3\x9F 5\n");
+}
+
+TEST(OutputDebugMessage, WithoutTheNameOfAVariableTheStandardErrorStreamGetsNothing)
+{
+    const CLibrarySettingsChange settings{CLibrarySettings()};
+    EXPECT_EQ(CaptureStandardError([] { OutputDebugMessage(nullptr, L"text"); }), "");
 }
 
 TEST(OutputDebugMessage, MessagesOfManyThreadsDoNotMix)

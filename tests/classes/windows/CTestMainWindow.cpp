@@ -1,5 +1,6 @@
 #include "tests/classes/windows/CTestMainWindow.h"
 
+#include "classes/core/CLibrarySettings.h"
 #include "classes/windows/drawing/OffScreenDrawing.h"
 #include "classes/windows/system/Handles.h"
 #include "classes/windows/system/RectHelpers.h"
@@ -8,6 +9,7 @@
 #include <commctrl.h>
 #include <uxtheme.h>
 
+#include <array>
 #include <cstddef>
 #include <numeric>
 #include <stdexcept>
@@ -45,6 +47,17 @@ constexpr CRow c_rows[] = {
     {EnumDataCtrlType::FactorEntry, L"Colour 3 factor", 10, 0},
 };
 
+constexpr std::array<unsigned, 2> c_keys{VK_F11, VK_ESCAPE};
+
+CLibrarySettings GetTestSettings()
+{
+    CLibrarySettings settings;
+    settings.sProgramName = "Test";
+    settings.mainWindowKeys = c_keys;
+    settings.crButtonFace = c_crSage;
+    return settings;
+}
+
 void RegisterOnce(HINSTANCE hInstance)
 {
     WNDCLASSEXW record{};
@@ -73,6 +86,7 @@ CTestMainWindow::~CTestMainWindow()
 
 bool CTestMainWindow::Create(int iWidth, int iHeight)
 {
+    SetLibrarySettings(GetTestSettings());
     const HINSTANCE hInstance = GetModuleHandleW(nullptr);
     if (!Initialize(c_sClass, nullptr, nullptr, nullptr, hInstance, nullptr, 7, 104, 0, 0, 101, 101,
                     EnumPicDrawMode::Tiled))

@@ -1,6 +1,7 @@
 #include "tests/view/windows/CTestParent.h"
 
 #include "classes/windows/system/WndProcForward.h"
+#include "tests/classes/core/CLibrarySettingsChange.h"
 
 namespace
 {
@@ -9,10 +10,18 @@ constexpr const wchar_t* c_sClassName = L"KinetariumViewTestParent";
 constexpr unsigned short c_uIcon = 104;
 constexpr int c_iBackdrop = 101;
 
+CLibrarySettings GetTestSettings()
+{
+    CLibrarySettings settings;
+    settings.pIsRightToLeft = [](unsigned char byLanguage) { return byLanguage == CTestParent::c_byRightToLeft; };
+    return settings;
+}
+
 } // namespace
 
 CTestParent::CTestParent(EnumPicDrawMode eDrawMode, unsigned char byLanguage)
 {
+    const CLibrarySettingsChange settings(GetTestSettings());
     const HINSTANCE hInstance = GetModuleHandleW(nullptr);
     Initialize(c_sClassName, &m_sLog, HKEY_LOCAL_MACHINE, nullptr, hInstance, nullptr, byLanguage, c_uIcon, 0, 0,
                c_iBackdrop, c_iBackdrop, eDrawMode);

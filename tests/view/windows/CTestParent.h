@@ -18,8 +18,9 @@ struct CReceivedMessage
 class CTestParent final : public CWndCommon
 {
 public:
-    static constexpr LRESULT c_iAnswer = 77; // to every forwarded message
-    static constexpr int c_iLeft = 90;       // of the client area on the screen
+    static constexpr LRESULT c_iAnswer = 77;            // to every forwarded message
+    static constexpr unsigned char c_byRightToLeft = 1; // the language of that reading direction
+    static constexpr int c_iLeft = 90;                  // of the client area on the screen
     static constexpr int c_iTop = 60;
     static constexpr int c_iWidth = 800;
     static constexpr int c_iHeight = 700;

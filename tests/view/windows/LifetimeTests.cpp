@@ -19,7 +19,6 @@ class CBareParent final : public CWndCommon
 };
 
 constexpr unsigned char c_byEnglish = 7;
-constexpr unsigned char c_byArabic = 1;
 constexpr LONG_PTR c_iRightToLeft = WS_EX_LAYOUTRTL | WS_EX_RTLREADING | WS_EX_RIGHT;
 
 } // namespace
@@ -59,12 +58,12 @@ TEST_F(WorldViewLifetime, TheClassRedrawsOnEveryChangeOfSizeAndUsesTheBasesIconA
     EXPECT_EQ(windowClass.lpfnWndProc, &CWndWorldView::WndProcWrapper);
 }
 
-TEST_F(WorldViewLifetime, OnlyArabicIsLaidOutFromRightToLeft)
+TEST_F(WorldViewLifetime, ItIsLaidOutFromRightToLeftWhereItsParentsLanguageIs)
 {
     Open({500, 400}, 300, 200, EnumPicDrawMode::Tiled, c_byEnglish);
     EXPECT_EQ(GetWindowLongPtrW(GetViewHandle(), GWL_EXSTYLE) & c_iRightToLeft, 0);
     m_pView.reset();
-    Open({500, 400}, 300, 200, EnumPicDrawMode::Tiled, c_byArabic);
+    Open({500, 400}, 300, 200, EnumPicDrawMode::Tiled, CTestParent::c_byRightToLeft);
     EXPECT_EQ(GetWindowLongPtrW(GetViewHandle(), GWL_EXSTYLE) & c_iRightToLeft, c_iRightToLeft);
 }
 

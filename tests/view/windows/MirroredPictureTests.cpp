@@ -6,7 +6,6 @@
 namespace
 {
 
-constexpr unsigned char c_byArabic = 1;
 constexpr std::int32_t c_iAtoms = 60;
 constexpr std::uint8_t c_uRadius = 12;
 
@@ -15,7 +14,7 @@ class MirroredViewPicture : public CViewPictureTest
 protected:
     void OpenMirrored(const CSize<int>& sizeWorld, std::int32_t count)
     {
-        Open(sizeWorld, 300, 200, EnumPicDrawMode::Tiled, c_byArabic);
+        Open(sizeWorld, 300, 200, EnumPicDrawMode::Tiled, CTestParent::c_byRightToLeft);
         ASSERT_NE(GetWindowLongW(GetViewHandle(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL, 0);
         Scatter(count, c_uRadius);
     }

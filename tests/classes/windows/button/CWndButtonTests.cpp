@@ -1,9 +1,12 @@
 #include "classes/windows/button/CWndButton.h"
 
 #include "classes/core/ColourMath.h"
+#include "tests/classes/core/CLibrarySettingsChange.h"
 #include "tests/classes/windows/WindowsTestEnvironment.h"
 
 #include <gtest/gtest.h>
+
+#include <array>
 
 namespace
 {
@@ -32,6 +35,27 @@ TEST_F(WndButton, AClickNotifiesTheParentOnce)
     EXPECT_EQ(m_Main.m_notices[0].uCode, 0x202u);
     EXPECT_EQ(m_Main.m_notices[0].hFrom, m_hButton);
     EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST(NewWndButton, HasTheFaceOfTheSettings)
+{
+    CLibrarySettings settings;
+    settings.crButtonFace = RGB(1, 2, 3);
+    const CLibrarySettingsChange change(settings);
+    const CWndButton button;
+    EXPECT_EQ(button.GetBackground(), RGB(1, 2, 3));
+    EXPECT_EQ(button.GetTextColour(), RGB(255, 255, 255)) << "white on a dark face";
+}
+
+TEST_F(WndButton, OnlyTheKeysOfTheSettingsGoToTheMainWindow)
+{
+    static constexpr std::array<unsigned, 1> c_Keys{VK_F2};
+    CLibrarySettings settings;
+    settings.mainWindowKeys = c_Keys;
+    const CLibrarySettingsChange change(settings);
+    PressKey(m_Main, VK_F2);
+    PressKey(m_Main, VK_F11);
+    EXPECT_EQ(m_Main.m_keysUp, std::vector<WPARAM>{VK_F2});
 }
 
 TEST_F(WndButton, SpaceAndEnterPressItOnceEach)

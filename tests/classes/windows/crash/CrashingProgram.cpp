@@ -5,6 +5,7 @@
 // The report goes to FOLDER. With "thread" the crash happens on a second thread.
 
 #include "classes/core/CExceptionHandler.h"
+#include "classes/core/CLibrarySettings.h"
 #include "classes/core/CrashNote.h"
 #include "classes/windows/crash/CCrashReport.h"
 
@@ -84,8 +85,11 @@ int wmain(int iCount, wchar_t** pArguments)
         return c_iUnknownRequest;
     }
 
+    CLibrarySettings settings;
+    settings.sProgramName = "Crashing";
+    SetLibrarySettings(settings);
     const CExceptionHandler exceptionHandler(nullptr, false);
-    const CCrashReport crashReport({pArguments[1], "Crashing", "1.2.3", "some day"});
+    const CCrashReport crashReport({pArguments[1], "1.2.3", "some day"});
     SetCrashNote("ending as it was told");
     if (iCount > 3)
     {

@@ -1,7 +1,10 @@
 #include "classes/windows/window/CWndCommon.h"
 
+#include "classes/core/BackdropTexture.h"
 #include "classes/core/CDataCube.h"
 #include "classes/windows/system/ThreadQuit.h"
+#include "tests/classes/core/CEnvironmentChange.h"
+#include "tests/classes/core/CLibrarySettingsChange.h"
 #include "tests/classes/windows/WindowsTestEnvironment.h"
 
 #include <commctrl.h>
@@ -149,6 +152,10 @@ TEST(WndCommon, AChildInheritsTheParentsLooksButHasItsOwnDrawingRectangle)
 
 TEST(WndCommon, TheEnvironmentChoosesTheLanguage)
 {
+    constexpr const char* c_sVariable = "CLASSES_TEST_LANGUAGE";
+    CLibrarySettings settings;
+    settings.sLanguageVariable = c_sVariable;
+    const CLibrarySettingsChange change(settings);
     const struct
     {
         const char* sValue;
@@ -156,14 +163,55 @@ TEST(WndCommon, TheEnvironmentChoosesTheLanguage)
     } cases[] = {{"11", 11}, {"0", 0}, {"255", 255}, {"256", 7}, {"-1", 7}, {"x", 7}, {"1 ", 7}};
     for (const auto& [sValue, byLanguage] : cases)
     {
-        _putenv_s("KINETARIUM_LANGUAGE", sValue);
-        SetEnvironmentVariableA("KINETARIUM_LANGUAGE", sValue);
+        const CEnvironmentChange variable(c_sVariable, sValue);
         CPlainWindow window;
         ASSERT_TRUE(window.InitializeMain());
         EXPECT_EQ(window.GetStringResource().GetLanguage(), byLanguage) << sValue;
     }
-    _putenv_s("KINETARIUM_LANGUAGE", "");
-    SetEnvironmentVariableA("KINETARIUM_LANGUAGE", nullptr);
+}
+
+TEST(WndCommon, WithoutTheNameOfAVariableTheEnvironmentIsNotAsked)
+{
+    const CLibrarySettingsChange change{CLibrarySettings()};
+    const CEnvironmentChange variable("LANGUAGE", "11");
+    CPlainWindow window;
+    ASSERT_TRUE(window.InitializeMain());
+    EXPECT_EQ(window.GetStringResource().GetLanguage(), 7);
+}
+
+TEST(WndCommon, TheReadingDirectionIsThatOfTheLanguageAndAChildTakesItsParents)
+{
+    constexpr unsigned char c_byRightToLeft = 200;
+    CLibrarySettings settings;
+    settings.pIsRightToLeft = [](unsigned char byLanguage) { return byLanguage == c_byRightToLeft; };
+    const CLibrarySettingsChange change(settings);
+    for (const unsigned char byLanguage : {c_byRightToLeft, static_cast<unsigned char>(1)})
+    {
+        CPlainWindow parent;
+        ASSERT_TRUE(parent.InitializeMain(byLanguage));
+        EXPECT_EQ(parent.GetStringResource().IsRightToLeft(), byLanguage == c_byRightToLeft);
+        CPlainWindow child;
+        ASSERT_TRUE(child.Initialize(L"Child", &parent, GetModuleHandleW(nullptr)));
+        EXPECT_EQ(child.GetStringResource().IsRightToLeft(), byLanguage == c_byRightToLeft);
+    }
+}
+
+TEST(WndCommon, ARightToLeftLanguageTakesTheSecondBackdropPicture)
+{
+    constexpr int c_iNoPicture = 31999; // the texture takes its place, which is of another size
+    CLibrarySettings settings;
+    settings.pIsRightToLeft = [](unsigned char byLanguage) { return byLanguage == 1; };
+    const CLibrarySettingsChange change(settings);
+    LONG widths[2]{};
+    for (const unsigned char byLanguage : {static_cast<unsigned char>(0), static_cast<unsigned char>(1)})
+    {
+        CPlainWindow window;
+        ASSERT_TRUE(window.Initialize(L"CPlainWindow", nullptr, nullptr, nullptr, GetModuleHandleW(nullptr), FillTexts,
+                                      byLanguage, 104, 0, 0, 101, c_iNoPicture, EnumPicDrawMode::Tiled));
+        widths[byLanguage] = window.GetBackdrop()->GetSize().cx;
+    }
+    EXPECT_NE(widths[0], c_iBackdropTextureLength);
+    EXPECT_EQ(widths[1], c_iBackdropTextureLength);
 }
 
 TEST(WndCommon, TheWindowUnderThePointerIsReportedOnlyWhenItChanges)
