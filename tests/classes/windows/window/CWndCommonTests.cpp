@@ -1,6 +1,5 @@
 #include "classes/windows/window/CWndCommon.h"
 
-#include "classes/core/BackdropTexture.h"
 #include "classes/core/CDataCube.h"
 #include "classes/windows/system/ThreadQuit.h"
 #include "tests/classes/core/CEnvironmentChange.h"
@@ -194,24 +193,6 @@ TEST(WndCommon, TheReadingDirectionIsThatOfTheLanguageAndAChildTakesItsParents)
         ASSERT_TRUE(child.Initialize(L"Child", &parent, GetModuleHandleW(nullptr)));
         EXPECT_EQ(child.GetStringResource().IsRightToLeft(), byLanguage == c_byRightToLeft);
     }
-}
-
-TEST(WndCommon, ARightToLeftLanguageTakesTheSecondBackdropPicture)
-{
-    constexpr int c_iNoPicture = 31999; // the texture takes its place, which is of another size
-    CLibrarySettings settings;
-    settings.pIsRightToLeft = [](unsigned char byLanguage) { return byLanguage == 1; };
-    const CLibrarySettingsChange change(settings);
-    LONG widths[2]{};
-    for (const unsigned char byLanguage : {static_cast<unsigned char>(0), static_cast<unsigned char>(1)})
-    {
-        CPlainWindow window;
-        ASSERT_TRUE(window.Initialize(L"CPlainWindow", nullptr, nullptr, nullptr, GetModuleHandleW(nullptr), FillTexts,
-                                      byLanguage, 104, 0, 0, 101, c_iNoPicture, EnumPicDrawMode::Tiled));
-        widths[byLanguage] = window.GetBackdrop()->GetSize().cx;
-    }
-    EXPECT_NE(widths[0], c_iBackdropTextureLength);
-    EXPECT_EQ(widths[1], c_iBackdropTextureLength);
 }
 
 TEST(WndCommon, TheWindowUnderThePointerIsAnnouncedOnceUntilItChanges)
