@@ -144,10 +144,8 @@ void CSampleWindow::UpdateStatusBar(HWND hControl, const POINT&)
 LRESULT CSampleWindow::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
     static constexpr CMessageEntry<CSampleWindow> c_table[] = {
-        {WM_SIZE, &CSampleWindow::On_Size},
-        {WM_ERASEBKGND, &CSampleWindow::On_EraseBackground},
-        {WM_NOTIFY, &CSampleWindow::On_Notify},
-        {WM_KEYUP, &CSampleWindow::On_KeyUp},
+        {WM_SIZE, &CSampleWindow::On_Size},       {WM_ERASEBKGND, &CSampleWindow::On_EraseBackground},
+        {WM_NOTIFY, &CSampleWindow::On_Notify},   {WM_KEYUP, &CSampleWindow::On_KeyUp},
         {WM_DESTROY, &CSampleWindow::On_Destroy},
     };
     return DispatchMessage_Table(*this, c_table, hWnd, uMessage, wParam, lParam);
