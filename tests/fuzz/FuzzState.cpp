@@ -70,10 +70,10 @@ void UseState(CAtoms& atoms)
     }
     CSettings settings;
     settings.world = c_World;
-    settings.factors = {L"1", L"1", L""};
+    settings.factors = {CFactor(L"1"), CFactor(L"1"), CFactor()};
     DrawWorld(atoms, settings);
     settings.eMode = EnumAtomColourMode::Speed;
-    settings.factors = {L"0.75", L"", L"1.25"};
+    settings.factors = {CFactor(L"0.75"), CFactor(), CFactor(L"1.25")};
     DrawWorld(atoms, settings);
     ComputeOverlapStatistics(atoms, c_World);
     CountAtomsOutside(atoms, c_World);

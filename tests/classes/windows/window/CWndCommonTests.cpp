@@ -1,6 +1,5 @@
 #include "classes/windows/window/CWndCommon.h"
 
-#include "classes/core/BackdropTexture.h"
 #include "classes/core/CDataCube.h"
 #include "classes/windows/system/ThreadQuit.h"
 #include "tests/classes/core/CEnvironmentChange.h"
@@ -196,6 +195,7 @@ TEST(WndCommon, TheReadingDirectionIsThatOfTheLanguageAndAChildTakesItsParents)
     }
 }
 
+<<<<<<< HEAD
 TEST(WndCommon, ARightToLeftLanguageTakesTheSecondBackdropPicture)
 {
     constexpr int c_iNoPicture = 31999; // the texture takes its place, which is of another size
@@ -215,6 +215,9 @@ TEST(WndCommon, ARightToLeftLanguageTakesTheSecondBackdropPicture)
 }
 
 TEST(WndCommon, TheWindowUnderThePointerIsReportedOnlyWhenItChanges)
+=======
+TEST(WndCommon, TheWindowUnderThePointerIsAnnouncedOnceUntilItChanges)
+>>>>>>> wB
 {
     CTestMainWindow window;
     ASSERT_TRUE(window.Create(984, 661));
