@@ -46,7 +46,7 @@ tail -n 3 "$tree/tests.log"
 
 # Branches that only an exception takes, and lines without machine code, do not count.
 report=(gcovr --root . --object-directory "$tree" --exclude-throw-branches --exclude-unreachable-branches
-    --filter 'app/' --filter 'classes/' --filter 'diagnostics/' --filter 'headless/' --filter 'simulation/'
+    --filter 'app/' --filter 'classes/' --filter 'diagnostics/' --filter 'headless/' --filter 'settings/' --filter 'simulation/'
     --filter 'strings/' --filter 'view/' "$tree")
 "${report[@]}" --csv "$tree/coverage.csv" --txt "$tree/coverage.txt"
 if [ "$html" = yes ]; then

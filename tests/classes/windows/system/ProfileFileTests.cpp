@@ -1,7 +1,7 @@
 #include "classes/windows/system/ProfileFile.h"
 
+#include "classes/core/CKernelHandle.h"
 #include "classes/core/CProfile.h"
-#include "classes/windows/system/Handles.h"
 
 #include <windows.h>
 

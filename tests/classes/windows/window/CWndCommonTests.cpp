@@ -195,29 +195,7 @@ TEST(WndCommon, TheReadingDirectionIsThatOfTheLanguageAndAChildTakesItsParents)
     }
 }
 
-<<<<<<< HEAD
-TEST(WndCommon, ARightToLeftLanguageTakesTheSecondBackdropPicture)
-{
-    constexpr int c_iNoPicture = 31999; // the texture takes its place, which is of another size
-    CLibrarySettings settings;
-    settings.pIsRightToLeft = [](unsigned char byLanguage) { return byLanguage == 1; };
-    const CLibrarySettingsChange change(settings);
-    LONG widths[2]{};
-    for (const unsigned char byLanguage : {static_cast<unsigned char>(0), static_cast<unsigned char>(1)})
-    {
-        CPlainWindow window;
-        ASSERT_TRUE(window.Initialize(L"CPlainWindow", nullptr, nullptr, nullptr, GetModuleHandleW(nullptr), FillTexts,
-                                      byLanguage, 104, 0, 0, 101, c_iNoPicture, EnumPicDrawMode::Tiled));
-        widths[byLanguage] = window.GetBackdrop()->GetSize().cx;
-    }
-    EXPECT_NE(widths[0], c_iBackdropTextureLength);
-    EXPECT_EQ(widths[1], c_iBackdropTextureLength);
-}
-
 TEST(WndCommon, TheWindowUnderThePointerIsReportedOnlyWhenItChanges)
-=======
-TEST(WndCommon, TheWindowUnderThePointerIsAnnouncedOnceUntilItChanges)
->>>>>>> wB
 {
     CTestMainWindow window;
     ASSERT_TRUE(window.Create(984, 661));
