@@ -2,8 +2,8 @@
 
 #include <utility>
 
-// Owns the handle of a kernel object of Windows (event, timer, thread, file) and closes it. The header is plain, so that
-// portable classes can hold one in their Windows half. Never throws.
+// Owns the handle of a kernel object of Windows (event, timer, thread, file) and closes it. The header is plain, so
+// that portable classes can hold one in their Windows half. Never throws.
 class CKernelHandle
 {
 public:
