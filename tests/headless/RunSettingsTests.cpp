@@ -144,7 +144,7 @@ TEST(RunSettings, OnlyTheLowEightBitsOfARadiusCount)
               "K.ini, line 2, Atoms_min_radius: 44 is out of range; allowed is 1 to 32");
 }
 
-TEST(RunSettings, AFactorIsCutAfterFifteenCharacters)
+TEST(RunSettings, AFactorIsTruncatedToFifteenCharacters)
 {
     EXPECT_EQ(JoinFactors(Resolve({}, "Atom_colour_1_factor=0.123456789012345678\n")), L"0.1234567890123||1.25");
 }
