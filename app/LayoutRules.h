@@ -12,7 +12,7 @@ namespace Layout
 constexpr int c_iDefaultWindowWidth = 1000;
 constexpr int c_iDefaultWindowHeight = 700;
 
-// The smallest width and height of the window, when the user drags its edge and when the settings file restores it.
+// The window cannot be dragged below this width or height, and a smaller one in the settings file is not restored.
 constexpr int c_iMinimumWindowLength = 150;
 
 constexpr int c_iStatusPartCount = 3;
