@@ -15,7 +15,7 @@ constexpr DWORD c_dwPatience = 10000;           // ms for a step
 constexpr DWORD c_dwDumpPatience = 60000;       // ms for the dump, whose size and disk are unknown
 constexpr UINT c_uExceptionExitCode = 3;        // as std::abort gives it
 constexpr ULONG c_uStackReserve = 65536;        // bytes
-constexpr DWORD c_dwExceptionCode = 0xE0000001; // a software error without a code of the system
+constexpr DWORD c_dwExceptionCode = 0xE0000001; // in the dump of an exception, which has no code of the system
 
 // Set before any crash. Never freed: another thread may be reporting a crash at any moment.
 std::atomic<const CCrashReportSettings*> g_pSettings{};
