@@ -29,24 +29,24 @@
 // The constructor runs the whole program and returns when the window is gone. All methods run on the thread that
 // constructs the object, except RunSimulation, which is the body of the worker.
 //
-// The methods live in several source files, one concern each: CKinetarium.cpp has the lifetime, and CKinetarium_X.cpp
+// The methods are in several source files, one concern each: CKinetarium.cpp has the lifetime, and CKinetarium_X.cpp
 // for X = Window (building the window), Messages (the table of messages, and the handlers without a file of their own),
 // Closing, Timers, FullScreen, Layout, Background, StatusBar, Colours, Simulation (start, run, stop) and Settings
 // (settings in panel and file).
 class CKinetarium : public CWndCommon
 {
 public:
-    // Runs the program. Without a debug log (null) nothing is logged and everything else is the same.
+    // Runs the program. Without a debug log (null) nothing is logged; all else is the same.
     CKinetarium(std::wstring* pDebugLog, HINSTANCE hInstance);
     ~CKinetarium() override;
 
     CKinetarium(const CKinetarium&) = delete;
     CKinetarium& operator=(const CKinetarium&) = delete;
 
-    // Lays out the client area; -1 for either length means the present client size.
+    // Lays out a client area of cx x cy pixels; if either is -1, the present client area.
     void SetControlPositions(int cx, int cy) override;
 
-    // Shows what the control under the pointer is for, in the status bar and as a tooltip.
+    // Shows the description of the control under the pointer, in the status bar and as a tooltip.
     void UpdateStatusBar(HWND hControl, const POINT& point) override;
 
     static LRESULT CALLBACK WndProcWrapper(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
@@ -57,8 +57,8 @@ private:
 
     friend class CKinetariumProbe; // the tests' view of a running application
 
-    // Marks the change from one world to the next for the life of this scope, and then posts the requests that had to
-    // wait for its end.
+    // Marks the change from one world to the next for the life of this scope. Its end posts the requests that had to
+    // wait.
     class CChangeOfWorld
     {
     public:

@@ -4,7 +4,7 @@
 #include "classes/windows/system/RectHelpers.h"
 #include "diagnostics/Guard.h"
 
-// What shows between the parts of the window: the backdrop and the version text.
+// Draws the backdrop and the version text between the parts of the window.
 
 void CKinetarium::OnEraseBackground()
 {
@@ -25,7 +25,8 @@ void CKinetarium::OnEraseBackground()
     });
 }
 
-// Composed off-screen, so that no half-drawn background ever shows. The system clips the child windows out of the copy.
+// Draws off-screen first, so that no half-drawn background ever shows. The system clips the child windows out of the
+// copy.
 void CKinetarium::PaintBackground(const RECT& rcClient)
 {
     const CWindowDc windowDc(m_hWnd);

@@ -13,7 +13,7 @@ std::optional<LRESULT> CKinetarium::On_Close(WPARAM, LPARAM)
         return 0;
     }
     Settings_Save();
-    // The rectangle to save is that of the window when it is neither minimised nor maximised.
+    // The rectangle to save is the one of the restored window, neither minimised nor maximised.
     ShowWindow(m_hWnd, SW_RESTORE);
     SaveWindowRectangle();
     StopSimulation();

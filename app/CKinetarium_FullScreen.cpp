@@ -1,12 +1,12 @@
 #include "app/CKinetarium.h"
 #include "diagnostics/Guard.h"
 
-// Full screen: a frameless window over one monitor that shows nothing but the world. The handlers that ask for it come
-// first, then the change itself.
+// Full screen: a frameless window over one monitor that shows nothing but the world. First the handlers that request
+// it, then the change itself.
 
 namespace
 {
-constexpr WPARAM c_uSystemCommandBits = 0xFFF0; // the system uses the low four itself
+constexpr WPARAM c_uSystemCommandBits = 0xFFF0; // the system uses the low four bits itself
 } // namespace
 
 std::optional<LRESULT> CKinetarium::On_KeyUp(WPARAM wParam, LPARAM)
@@ -29,7 +29,7 @@ std::optional<LRESULT> CKinetarium::On_SysCommand(WPARAM wParam, LPARAM)
     {
         return std::nullopt;
     }
-    // Without this a minimised window could not be brought back from the task bar.
+    // Without this, a click in the task bar could not restore a minimised window.
     if (uCommand == SC_RESTORE && IsIconic(m_hWnd))
     {
         return std::nullopt;

@@ -9,16 +9,16 @@
 
 #include <commctrl.h>
 
-// Where things stand in the window, and where the window stands on the screen.
+// Places the parts in the window, and the window on the screen.
 
 namespace
 {
 constexpr int c_iDeferredPositions = 5;
 
-// Child windows that are moved send messages back that ask for another layout: those requests are ignored.
+// Moved child windows send messages that request another layout. These requests are ignored.
 bool s_bLayoutInProgress = false;
 
-// Does nothing after a failure: DeferWindowPos then returned null and the system has freed the batch.
+// Does nothing after a failure: then DeferWindowPos has returned null and the system has freed the batch.
 void DeferPosition(HDWP& hPositions, HWND hWnd, const CRect& rectangle)
 {
     if (hPositions != nullptr)

@@ -5,12 +5,12 @@
 
 #include <windowsx.h>
 
-// The handler of each message, and those handlers that have no file of their own. Handlers change the simulation only
-// through StartSimulation and StopSimulation.
+// The table of messages, and the handlers that have no file of their own. Handlers change the simulation only through
+// StartSimulation and StopSimulation.
 
 namespace
 {
-// The second press of a double click is a click too.
+// The second press of a double click counts as a click too.
 constexpr UINT c_uButtonDoubleClicked = WM_LBUTTONDBLCLK;
 
 constexpr UINT c_uDeferredToggle = WM_APP + 1;

@@ -5,12 +5,12 @@
 
 #include <cstdint>
 
-// The settings in the panel and in the file. The panel is the truth; the file is read once and written from the panel.
-// Nothing is kept open, and a file that cannot be written costs the user nothing but the memory of the settings.
+// The settings in the panel and in the file. The panel holds the valid ones: the file is read once, and written from
+// the panel. It is never kept open. If it cannot be written, the program runs on and only forgets the settings.
 
 namespace
 {
-// The settings file as the system reads it.
+// Reads the settings file by the functions of the system.
 class CProfileStore final : public ISettingsStore
 {
 public:
@@ -73,7 +73,7 @@ void CKinetarium::Settings_Save()
     });
 }
 
-// The settings that live on without the panel: the view and the crash note go by them.
+// The settings that are kept outside the panel: the view and the crash note use them.
 CSettings CKinetarium::Settings_GetKept() const
 {
     CSettings settings;
@@ -95,7 +95,7 @@ short CKinetarium::Panel_GetIndex(const CSettingRow& row) const
     return m_pDataCtrlGroup->GetCtrlIndex(GetText(row.sPanelKey));
 }
 
-// The number of the chosen item of a list; -1 for none.
+// The index of the selected item of a list; -1 for none.
 LRESULT CKinetarium::Panel_GetSelection(const CSettingRow& row)
 {
     return SendMessage_Show(m_pDataCtrlGroup->GetCtrlTabHandle(Panel_GetIndex(row)), CB_GETCURSEL, 0, 0);
@@ -129,7 +129,7 @@ void CKinetarium::Panel_Show(const CSettingRow& row, const CSettings& settings)
     }
 }
 
-// Numbers are limited to their range. Colours are what the button holds: the file may have given it any number.
+// Limits numbers to their range. Takes a colour as the button holds it: the file may have given it any number.
 void CKinetarium::Panel_Read(const CSettingRow& row, CSettings& settings)
 {
     const CWString sLabel = GetText(row.sPanelKey);
@@ -154,7 +154,7 @@ void CKinetarium::Panel_Read(const CSettingRow& row, CSettings& settings)
     }
 }
 
-// As the file holds it.
+// The text that the file holds for the row.
 CWString CKinetarium::Panel_GetText(const CSettingRow& row)
 {
     switch (row.eType)

@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-// From the panel to a running world, and back to rest.
+// Starts, runs and stops the simulation.
 
 namespace
 {
@@ -24,8 +24,8 @@ constexpr DWORD c_dwStopPoll = 10; // ms between two looks at the message queue 
 void CKinetarium::StartSimulation(const CPoint<int>* pStart)
 {
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
-        // A start that arrives while a message box of another start is open, or after the window was closed by a
-        // message that a stop has dispatched, has nothing to start.
+        // A start can arrive while a message box of another start is open. It can also arrive after a message that a
+        // stop dispatched has closed the window. Both are ignored.
         if (m_pSimulationThread != nullptr || m_bStarting || !m_bInitialised)
         {
             return;
@@ -47,7 +47,7 @@ void CKinetarium::StartSimulation(const CPoint<int>* pStart)
     });
 }
 
-// Everything but the size of the world and the colours. The radii are kept even if the factors turn out to be wrong.
+// Reads everything except the size of the world and the colours. Keeps the radii even if the factors are invalid.
 std::optional<CSettings> CKinetarium::StartSimulation_ReadParameters()
 {
     CSettings settings = Settings_GetKept();
@@ -75,7 +75,7 @@ bool CKinetarium::StartSimulation_CheckFactors(const CSettings& settings)
     {
         const CFactorMessage message = GetFactorMessage(error);
         CWString sText = GetText(message.sTextKey);
-        // Only the texts about one factor are formats; the others hold single percent signs.
+        // Only the texts about one factor are format strings; the others contain single percent signs.
         if (message.factorNumber != 0)
         {
             sText.Format(GetText(message.sTextKey).c_str(), message.factorNumber);
@@ -106,7 +106,8 @@ void CKinetarium::StartSimulation_SetWorldSize(CSettings& settings)
     }
 }
 
-// What was limited or sorted, and the factors. In full screen the size of the world is the screen's and not the user's.
+// Shows the limited and sorted numbers, and the factors. In full screen the size of the world is not shown: it is that
+// of the screen, not the user's.
 void CKinetarium::StartSimulation_WriteBack(const CSettings& settings)
 {
     for (const CSettingRow& row : c_SettingRows)
@@ -180,7 +181,7 @@ void CKinetarium::StopSimulation()
         }
         {
             const CStopGate::CStopping stopping(m_StopGate);
-            // A second click must not arrive meanwhile.
+            // Keeps a second click from arriving meanwhile.
             EnableWindow(m_StartButton.GetWindowHandle(), FALSE);
             m_bSimulationRunning = false;
             StopSimulation_WaitForWorker();
@@ -194,7 +195,7 @@ void CKinetarium::StopSimulation()
     });
 }
 
-// The worker may be blocked in a message to this thread's windows: it can only reach its end if they are dispatched.
+// The worker may be blocked in a message to this thread's windows: it can end only if these messages are dispatched.
 void CKinetarium::StopSimulation_WaitForWorker()
 {
     for (;;)
@@ -206,7 +207,7 @@ void CKinetarium::StopSimulation_WaitForWorker()
         }
         if (dwResult == WAIT_FAILED)
         {
-            // There is no event to wait for; the worker's own flag tells as well.
+            // There is no event to wait for: the worker's own flag tells the same.
             if (m_bWorkerFinished)
             {
                 return;

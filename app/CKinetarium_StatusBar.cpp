@@ -5,7 +5,7 @@
 #include <commctrl.h>
 #include <uxtheme.h>
 
-// The status bar, and what it and the tooltip say about the control under the pointer.
+// The status bar, and the description of the control under the pointer in it and in the tooltip.
 
 bool CKinetarium::InitializeWindow_StatusBar()
 {
@@ -16,7 +16,7 @@ bool CKinetarium::InitializeWindow_StatusBar()
         return false;
     }
     SendMessageW(m_hStatusBar, WM_SETFONT, reinterpret_cast<WPARAM>(GetFont()), TRUE);
-    // A themed status bar ignores the colour.
+    // A themed status bar ignores the background colour.
     SetWindowTheme(m_hStatusBar, L" ", L" ");
     SendMessageW(m_hStatusBar, SB_SETBKCOLOR, 0, static_cast<LPARAM>(m_crBackground));
     return true;

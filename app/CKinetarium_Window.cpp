@@ -138,7 +138,7 @@ void CKinetarium::InitializeWindow_Panel()
         }
         else if (row.type == EnumDataCtrlType::ColourButton)
         {
-            m_pDataCtrlGroup->SetValue(iControl, L"", 0); // a colour button shows nothing but its colour
+            m_pDataCtrlGroup->SetValue(iControl, L"", 0); // a colour button shows only its colour
         }
     }
 }

@@ -5,7 +5,7 @@
 namespace
 {
 
-// A factor's title is the label of its row of the panel.
+// The title of a message about a factor is the label of its row of the panel.
 const wchar_t* GetLabelKey(std::size_t uFactor)
 {
     return GetSettingRow(c_FactorSettings[uFactor]).sPanelKey;
@@ -21,7 +21,7 @@ CFactorMessage GetFactorMessage(const CFactorError& error)
     case EnumFactorError::Invalid:
         return {L"Colour_factor_n_is_invalid", GetLabelKey(error.uFactor), factorNumber};
     case EnumFactorError::PercentageInSpeedMode:
-        // Titled with the label of factor 1 whichever factor is at fault: users know this box by that title.
+        // The title is the label of factor 1 for every factor: users know this box by that title.
         return {L"Colour_factor_n_is_invalid_for_speed_mode", GetLabelKey(0), factorNumber};
     case EnumFactorError::NotExactlyTwoSet:
         break;

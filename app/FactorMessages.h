@@ -2,7 +2,7 @@
 
 #include "settings/FactorRules.h"
 
-// What the user is told about a factor: keys of the string table.
+// The message to the user about a factor: keys of the string table.
 struct CFactorMessage
 {
     const wchar_t* sTextKey;

@@ -34,8 +34,8 @@ CRect RectangleAt(std::int64_t left, std::int64_t top, std::int64_t width, std::
             SaturateToInt(top + std::max<std::int64_t>(height, 0))};
 }
 
-// A bar in one direction takes room in the other, so the view grows by the bar before both lengths are limited to the
-// room. The vertical bar is decided first.
+// A scroll bar in one direction takes room in the other. So the view grows by the bar before both lengths are limited
+// to the room. The vertical bar is decided first.
 CRect PlaceWorldView(const CSize<int>& client, const CSize<int>& world, const CLayoutMeasures& measures)
 {
     const std::int64_t availableWidth = std::int64_t{client.cx} - c_iViewFromRight;

@@ -5,14 +5,14 @@
 
 #include <array>
 
-// Where the parts of the main window stand, in client pixels. The program declares itself DPI-unaware, so the system
+// The places of the parts of the main window, in client pixels. The program declares itself DPI-unaware, so the system
 // scales these pixels and the program never does.
 namespace Layout
 {
 constexpr int c_iDefaultWindowWidth = 1000;
 constexpr int c_iDefaultWindowHeight = 700;
 
-// A window below this width or height can be neither dragged to nor restored from the settings file.
+// The window cannot be dragged below this width or height, and a smaller one in the settings file is not restored.
 constexpr int c_iMinimumWindowLength = 150;
 
 constexpr int c_iStatusPartCount = 3;
@@ -37,7 +37,7 @@ struct CWindowedLayout
     CRect versionText;
 };
 
-// Lays out a client area of any size; in one that is too small, parts have the size 0.
+// Lays out a client area of any size; parts without room have the size 0.
 // `world` is the world's size in pixels.
 CWindowedLayout ComputeWindowedLayout(const CSize<int>& client, const CSize<int>& world,
                                       const CLayoutMeasures& measures);

@@ -9,7 +9,7 @@
 
 namespace
 {
-// Full screen on and off, and full screen off.
+// F11 toggles full screen; Escape leaves it.
 constexpr std::array<unsigned, 2> c_MainWindowKeys{VK_F11, VK_ESCAPE};
 
 constexpr ColourRef c_crLightSage = MakeColour(0xC8, 0xD8, 0xD0);

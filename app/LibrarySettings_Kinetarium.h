@@ -2,5 +2,5 @@
 
 #include "classes/core/CLibrarySettings.h"
 
-// What the class library is told of this program. To be handed over before CKinetarium is constructed.
+// The facts about this program that the class library needs. Hand them over before CKinetarium is constructed.
 CLibrarySettings GetLibrarySettings_Kinetarium() noexcept;

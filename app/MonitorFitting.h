@@ -14,12 +14,12 @@ struct CMonitorArea
     bool isMain = false;
 };
 
-// Where the window opens, and why there.
+// The place where the window opens, and the reason.
 struct CMonitorFit
 {
     CRect window;                  // where the window opens
     std::size_t bestMonitor = 0;   // the one that shows most of the rectangle; ties go to the lower index
-    std::size_t chosenMonitor = 0; // the one that the window was fitted on
+    std::size_t chosenMonitor = 0; // the one that the window was fitted to
     bool switchedToMain = false;   // the rectangle was on no monitor, or too small
     CRect monitor;                 // the chosen monitor's rectangle
 };
@@ -27,7 +27,7 @@ struct CMonitorFit
 // Finds the rectangle in which the main window opens.
 //
 // `saved` comes from the settings file and can hold anything; an empty or inverted one means that nothing is saved,
-// and a window of the default size is centred on the primary screen of `primaryScreen` pixels. With an empty monitor
-// list the primary screen stands in for the one monitor.
+// and a window of the default size is centred on the primary screen of `primaryScreen` pixels. If the list of monitors
+// is empty, the primary screen counts as the only monitor.
 CMonitorFit FitRectangleOnMonitors(const CRect& saved, const std::vector<CMonitorArea>& monitors,
                                    const CSize<int>& primaryScreen);

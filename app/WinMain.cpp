@@ -15,7 +15,7 @@
 
 namespace
 {
-// Looked at once, before anything runs that could depend on it.
+// Read before anything that depends on it runs.
 const CCpuCapabilities s_CpuCapabilities;
 
 void WriteProfileIfAsked()
@@ -30,7 +30,7 @@ void WriteProfileIfAsked()
 
 int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int)
 {
-    // Before anything could load a library. Where the system refuses this, the program runs all the same.
+    // Before anything can load a library. If the system refuses, the program runs all the same.
     SearchLibrariesInSystemFolderOnly();
     SetLibrarySettings(GetLibrarySettings_Kinetarium());
     Guarded({nullptr, __TIMESTAMP__}, [&] {
@@ -39,7 +39,7 @@ int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int)
         SetCrashNote("no simulation so far");
         const CKinetarium application(nullptr, hInstance);
     });
-    // Only now every scope is closed.
+    // All profiling scopes are closed only now.
     Guarded({nullptr, __TIMESTAMP__}, [] { WriteProfileIfAsked(); });
     return 0;
 }

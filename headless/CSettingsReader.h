@@ -5,8 +5,8 @@
 
 #include <string>
 
-// Reads settings from a file, or their defaults where there is none. Throws CHeadlessError, naming file, line and key,
-// for a number that is out of range.
+// Reads settings from a file, or uses their defaults if there is no file. If a number is out of range, throws
+// CHeadlessError with file, line and key.
 class CSettingsReader
 {
 public:
@@ -15,7 +15,7 @@ public:
 
     void Read(const CSettingRow& row, CSettings& settings) const;
 
-    // Throws with the file, the line of the setting where it has one, and its name.
+    // Throws CHeadlessError with the file, the line of the setting if it is in the file, and its name.
     [[noreturn]] void Fail(const CSettingRow& row, const std::string& sWhat) const;
 
 private:

@@ -12,7 +12,7 @@
 namespace
 {
 
-// A settings file is a few hundred bytes; anything much larger is something else.
+// A settings file has a few hundred bytes; a much larger file is not a settings file.
 constexpr std::size_t c_uMaxSettingsBytes = 1U << 20U;
 
 template<class T, class U>
@@ -35,7 +35,7 @@ bool TakeElement(const std::optional<T>& option, std::size_t uClass, T& target)
     return option.has_value();
 }
 
-// False for a setting that the command line does not give.
+// False if the command line does not give the setting.
 bool TakeOption(const COptions& options, EnumSetting eSetting, CSettings& settings)
 {
     switch (eSetting)
@@ -70,7 +70,7 @@ bool TakeOption(const COptions& options, EnumSetting eSetting, CSettings& settin
     return false;
 }
 
-// Puts the settings together, row by row. The first error ends it.
+// Resolves the settings row by row. The first error ends it.
 class CResolver
 {
 public:
@@ -87,7 +87,7 @@ public:
         }
     }
 
-    // Every setting of a type that is not asked for by its name.
+    // All settings of a type, except the background, which is resolved by name.
     void ResolveAll(EnumSettingType eType) const
     {
         for (const CSettingRow& row : c_SettingRows)
@@ -157,7 +157,7 @@ void CheckFactors(bool bFromFile, const CSettingsReader& reader, const CSettings
     }
 }
 
-// A start point that had to be moved to make room for the largest atom would be another experiment.
+// A start point without room for the largest atom is refused: moving it would change the experiment.
 void CheckStartPoint(const COptions& options, const CSettings& settings)
 {
     if (!options.startAt)
@@ -188,7 +188,7 @@ CSettings ResolveSettings(const COptions& options, const std::string& sFile, con
     const CResolver resolver(options, reader, settings);
     resolver.ResolveAll(EnumSettingType::Length);
     {
-        // A loaded state brings its own atoms and radii: what the file says about them does not count.
+        // A loaded state has its own atoms and radii: those of the file are ignored.
         const CSettingsReader population(sFile, options.loadState ? nullptr : pFile);
         const CResolver populationResolver(options, population, settings);
         populationResolver.ResolveAll(EnumSettingType::Count);
@@ -202,7 +202,8 @@ CSettings ResolveSettings(const COptions& options, const std::string& sFile, con
     const bool bFromFile = pFile != nullptr && !options.factors;
     if (!bFromFile && !options.factors && settings.eMode == EnumAtomColourMode::Fixed)
     {
-        // The defaults are three percentages that make up the whole; one of them must be left for the remainder.
+        // The defaults are three percentages that add up to 100 %. One of them must be left out: it becomes the
+        // remainder.
         settings.factors.back() = CFactor();
     }
     CheckFactors(bFromFile, reader, settings);

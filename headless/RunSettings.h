@@ -7,12 +7,12 @@
 
 class CIniText;
 
-// The settings of a run, put together from the command line, the settings file and the defaults, each winning over the
-// next. Every number is in its range, minRadius is not above maxRadius, and the factors suit the mode.
-// sFile is the file's name in messages; pFile is null where no settings file was named.
-// Throws CUsageError for what the command line has made wrong and CHeadlessError, with file and line, for a value of
-// the file that counts and is out of range.
+// The settings of a run. The command line takes precedence over the settings file, and the file over the defaults.
+// Every number is in its range, minRadius is not above maxRadius, and the factors suit the mode.
+// sFile is the file's name in messages; pFile is null if no settings file was named.
+// Throws CUsageError for an error of the command line, and CHeadlessError, with file and line, for a used value of the
+// file that is out of range.
 CSettings ResolveSettings(const COptions& options, const std::string& sFile, const CIniText* pFile);
 
-// The same, reading the file that the options name.
+// The same; reads the file that the options name.
 CSettings ResolveSettings(const COptions& options);

@@ -8,13 +8,13 @@
 namespace
 {
 
-// Only the first "%" is looked at: a text with another one before its end is not a number anyway.
+// Searches only for the first "%": a text with another one before its end is not a number anyway.
 bool EndsWithFirstPercent(const CWString& sText)
 {
     return sText.Find(L"%") == sText.GetLength() - 1;
 }
 
-// A double rounds the smallest numbers to zero; there, and only there, the text is parsed with more digits.
+// A double rounds the smallest numbers to zero. Only then is the text parsed with more digits.
 bool IsBelowZeroAsTyped(const CWString& sText, double dValue)
 {
     if (dValue != 0.0 || !std::signbit(dValue))

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-// How the text of a factor reads.
+// The form of a factor's text.
 enum class EnumFactorForm : std::uint8_t
 {
     Unset,     // empty
@@ -24,13 +24,13 @@ public:
     EnumFactorForm GetForm() const { return m_eForm; }
     bool IsSet() const { return m_eForm != EnumFactorForm::Unset; }
 
-    // True for a number and for a percentage.
+    // True for a number or a percentage.
     bool HasValue() const { return m_eForm == EnumFactorForm::Number || m_eForm == EnumFactorForm::Percentage; }
 
     // The number, 25 for "25%". 0 without a value.
     double GetValue() const { return m_dValue; }
 
-    // Whether the number as typed is below zero: "-1e-400" is, though its double is not; "-0" is not.
+    // True if the number as typed is below zero: also for "-1e-400", whose double is zero, but not for "-0".
     bool IsBelowZero() const { return m_bBelowZero; }
 
     bool operator==(const CFactor& other) const { return m_sText == other.m_sText; }

@@ -12,7 +12,7 @@ constexpr std::wstring_view c_sBlanks = L" \t\r\v\f\x1A";
 constexpr std::string_view c_sUtf16Mark = "\xFF\xFE";
 constexpr std::string_view c_sUtf8Mark = "\xEF\xBB\xBF";
 constexpr unsigned c_uByteBits = 8;
-constexpr std::size_t c_uMaxNumberLength = 29; // characters of a value that are looked at for a number
+constexpr std::size_t c_uMaxNumberLength = 29; // a number is read from at most so many characters of a value
 constexpr std::uint32_t c_uDecimal = 10;
 constexpr std::uint32_t c_uHexadecimal = 16;
 constexpr std::uint32_t c_uOctal = 8;
@@ -61,7 +61,7 @@ bool AreSameNames(std::wstring_view sFirst, std::wstring_view sSecond)
     return CWString(sFirst).CompareNoCase(sSecond) == 0;
 }
 
-// Value of a digit, c_uHexadecimal for what is none.
+// Value of a digit; c_uHexadecimal for any other character.
 std::uint32_t GetDigit(wchar_t character)
 {
     if (character >= L'0' && character <= L'9')
@@ -129,7 +129,7 @@ std::int32_t ParseLeadingNumber(std::wstring_view sText)
 
 CIniText::CIniText(std::string_view sBytes)
 {
-    // Lines before the first section belong to one without a name.
+    // Lines before the first section belong to a section without a name.
     m_Sections.emplace_back();
     const std::wstring sDecoded = Decode(sBytes);
     std::wstring_view sText = sDecoded;

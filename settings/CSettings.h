@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 
-// Atoms have three colours, each with a factor that says which atoms get it.
+// The number of colours. Each has a factor that says which atoms get it.
 constexpr std::size_t c_uColourClassCount = 3;
 
 using CClassColours = std::array<ColourRef, c_uColourClassCount>;

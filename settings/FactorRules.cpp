@@ -13,7 +13,7 @@ namespace
 
 constexpr double c_dNotGiven = -1.0;
 
-// Of the three factors two are given; the third one follows from them.
+// Two of the three factors are given; the third one follows from them.
 constexpr std::ptrdiff_t c_iGivenCount = 2;
 
 std::optional<EnumFactorError> FindError(const CFactor& factor, EnumAtomColourMode eMode)
@@ -29,7 +29,7 @@ std::optional<EnumFactorError> FindError(const CFactor& factor, EnumAtomColourMo
     return std::nullopt;
 }
 
-// Products of huge counts and percentages leave the range of a double; the nearest number in it means the same here.
+// Products of huge counts and percentages overflow a double; the nearest finite value means the same here.
 double Saturate(double dValue)
 {
     constexpr double c_dLargest = std::numeric_limits<double>::max();
@@ -76,7 +76,7 @@ bool InterpretEach(EnumAtomColourMode eMode, const CFactors& factors, std::optio
     switch (eMode)
     {
     case EnumAtomColourMode::Speed:
-        // The middle class lies between the two others and has no factor of its own.
+        // The middle class lies between the other two and has no factor of its own.
         values[1] = c_dNotGiven;
         bSuccess = InterpretFactor_Speed(factors[0], values[0]);
         return InterpretFactor_Speed(factors[2], values[2]) && bSuccess;
@@ -90,8 +90,8 @@ bool InterpretEach(EnumAtomColourMode eMode, const CFactors& factors, std::optio
     return false;
 }
 
-// The remainder is what the two given classes leave over. They may ask for more atoms than there are: then nothing is
-// left. A number below zero counts as not given.
+// The remainder is the number of atoms that the two given classes leave. It is 0 if they ask for more atoms than there
+// are. A number below zero counts as not given.
 bool Complete(std::int32_t countAtoms, CFactorValues& values)
 {
     const auto isGiven = [](double dValue) { return Dbl_IsBiggerEqual(dValue, 0.0, c_dEpsilon); };

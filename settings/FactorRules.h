@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-// What the three colour factors may be, and which numbers they stand for.
+// Which texts the three colour factors may have, and which numbers these stand for.
 
 enum class EnumFactorError : std::uint8_t
 {
@@ -19,26 +19,26 @@ enum class EnumFactorError : std::uint8_t
 struct CFactorError
 {
     EnumFactorError eError{};
-    std::size_t uFactor{}; // 0..2; 0 where the number of factors is wrong
+    std::size_t uFactor{}; // 0..2; 0 if the number of factors is wrong
 
     bool operator==(const CFactorError&) const = default;
 };
 
-// Checks the factors as typed. Returns the errors in the order of the factors; none if all is well. Exactly two must be
-// set, which is only complained about where each of them is good. A factor is a number not below zero; a percentage
-// only in fixed mode.
+// Checks the factors as typed. Returns the errors in the order of the factors; none if all factors are valid. A factor
+// must be a number not below zero, or in fixed mode a percentage. Exactly two must be set; a wrong number of them is
+// reported only if each set factor is valid.
 std::vector<CFactorError> CheckFactors(const CFactors& factors, EnumAtomColourMode eMode);
 
 // The numbers of the three factors. Fixed mode: atoms of each colour. Speed mode: multiples of the average speed.
 using CFactorValues = std::array<double, c_uColourClassCount>;
 
-// Turns the factors into numbers and completes the one that was left out, so that in fixed mode the three of them add
+// Turns the factors into numbers and computes the one that was left out. In fixed mode this makes the three of them add
 // up to countAtoms.
-// countAtoms: number of atoms; empty = there is no atom set, and percentages mean nothing.
-// Returns false when a factor is no number, when the mode is unknown or when not exactly two were given. The factors
-//         that were understood are stored even then; -1 = not given.
+// countAtoms: number of atoms; empty = there is no atom set, and in fixed mode a percentage is an error.
+// Returns false if a factor is not a number, if the mode is unknown or if not exactly two factors were given. The valid
+// factors are stored even then; -1 = not given.
 bool InterpretFactors(EnumAtomColourMode eMode, const CFactors& factors, std::optional<std::int32_t> countAtoms,
                       CFactorValues& values);
 
-// The whole part of dValue, rounded towards zero. What does not fit saturates; NaN gives 0.
+// The whole part of dValue, rounded towards zero. Values out of range saturate; NaN gives 0.
 std::int32_t TruncateToInt32(double dValue);

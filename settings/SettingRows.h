@@ -10,8 +10,8 @@
 
 class ISettingsStore;
 
-// One row for each setting: everything that there is to know about it. The settings file, the settings panel, the start
-// of a simulation and kinetarium-headless go through these rows.
+// One row for each setting holds everything about it. The settings file, the settings panel, the start of a simulation
+// and kinetarium-headless go through these rows.
 
 // The settings in the order of the settings file. The value is the number of the row.
 enum class EnumSetting : std::uint8_t
@@ -35,19 +35,19 @@ enum class EnumSettingType : std::uint8_t
 {
     Length,     // of the world: a whole number, without effect in full screen
     Count,      // a whole number
-    Radius,     // a whole number of which the low 8 bits count
+    Radius,     // a whole number; only its low 8 bits count
     ColourMode, // 0 in the low 8 bits: Fixed, anything else: Speed
     Colour,     // a ColourRef
     Factor      // a text
 };
 
-// The value where the file has none, for each colour mode.
+// The value of a setting that the file does not hold, for each colour mode.
 struct CSettingDefault
 {
-    // Of everything but factors.
+    // For all settings except the factors.
     constexpr CSettingDefault(std::uint32_t uBoth) : uSpeed(uBoth), uFixed(uBoth) {}
     constexpr CSettingDefault(std::uint32_t uInSpeed, std::uint32_t uInFixed) : uSpeed(uInSpeed), uFixed(uInFixed) {}
-    // Of factors. Null for Speed: the setting is not used there.
+    // For factors. Null for Speed: the setting is not used in that mode.
     constexpr CSettingDefault(const wchar_t* sInSpeed, const wchar_t* sInFixed) : sSpeed(sInSpeed), sFixed(sInFixed) {}
 
     std::uint32_t uSpeed = 0;
@@ -62,7 +62,7 @@ struct CSettingRange
     std::int64_t high = 0;
 };
 
-// Where CSettings holds the value of a setting. Made from a lambda that returns the address: [](auto& s) { ... }.
+// The place of a setting's value in CSettings. Made from a lambda that returns the address: [](auto& s) { ... }.
 class CSettingPlace
 {
 public:
@@ -92,7 +92,7 @@ struct CSettingRow
     const wchar_t* sPanelKey; // the label of its row of the panel in the string table
     EnumSettingType eType;
     CSettingDefault byDefault;
-    CSettingRange range; // both ends are allowed; without a meaning for factors
+    CSettingRange range; // both ends are allowed; unused for factors
     CSettingPlace place;
 
     constexpr bool IsUsedIn(EnumAtomColourMode eMode) const
@@ -118,7 +118,7 @@ constexpr ColourRef c_crGrey = MakeColour(128, 128, 128);
 constexpr ColourRef c_crGreen = MakeColour(0, 255, 0);
 } // namespace SettingColours
 
-// Colours 1 and 2 are the same red in fixed mode: files that hold nothing but the mode have always looked so.
+// Colours 1 and 2 are the same red in fixed mode: files that hold only the mode have always looked so.
 inline constexpr auto c_SettingRows = [] {
     using enum EnumSetting;
     using Type = EnumSettingType;
@@ -196,19 +196,19 @@ static_assert(
 // The number of a setting; 0 for a factor.
 std::int64_t GetNumber(const CSettingRow& row, const CSettings& settings);
 
-// Sets the number of a setting as its type takes it from the file. Nothing for a factor.
+// Sets the number of a setting as its type reads it from the file. Does nothing for a factor.
 void SetNumber(const CSettingRow& row, CSettings& settings, std::int32_t number);
 
 // The number, limited to the upper end of the row's range first, then to the lower one.
 std::int32_t ClampNumber(const CSettingRow& row, std::int32_t number);
 
-// The text of a factor; empty for everything else.
+// The text of a factor; empty for any other setting.
 CWString GetFactorText(const CSettingRow& row, const CSettings& settings);
 void SetFactorText(const CSettingRow& row, CSettings& settings, const CWString& sText);
 
-// Reads one setting from the file. Where it is missing, the default of settings.eMode counts: read the mode before the
-// rows below it. A setting that is not used in that mode is not read, and becomes empty.
+// Reads one setting from the file. If it is missing, it gets the default for settings.eMode: read the mode before the
+// rows below it. A setting that is not used in that mode is not read and becomes empty.
 void ReadSetting(const ISettingsStore& store, const CSettingRow& row, CSettings& settings);
 
-// Swaps the two where the smaller one is above the larger.
+// Swaps the two radii if minRadius is above maxRadius.
 void SortRadii(CSettings& settings);

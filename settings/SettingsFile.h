@@ -3,8 +3,8 @@
 #include <array>
 #include <cstddef>
 
-// The names of the settings file that belong to no single setting. Users and their scripts know them: they never
-// change.
+// The names of the settings file that belong to no single setting. They never change: users and their scripts know
+// them.
 namespace SettingsFile
 {
 constexpr const wchar_t* c_sFileName = L"Kinetarium.ini";
@@ -12,6 +12,6 @@ constexpr const wchar_t* c_sSection = L"Settings";
 
 constexpr std::array<const wchar_t*, 4> c_sWindowKeys{L"WndLeft", L"WndTop", L"WndRight", L"WndBottom"};
 
-// A longer text is cut off when it is read.
+// A longer text is truncated when it is read.
 constexpr std::size_t c_uMostTextCharacters = 15;
 } // namespace SettingsFile

@@ -9,7 +9,7 @@
 
 #include <cstdint>
 
-// Everything that decides which atoms a frame shows, where and in which class.
+// All data that decides which atoms a frame shows, where and in which class.
 struct CAtomScene
 {
     const CAtom* pAtoms{};

@@ -23,7 +23,7 @@ D2D1_COLOR_F MakeColour_Direct2D(ColourRef cr)
     return D2D1_COLOR_F{share(GetRed(cr)), share(GetGreen(cr)), share(GetBlue(cr)), 1.0F};
 }
 
-// At least one pixel: some systems make a target of no pixels that cannot be drawn to later.
+// At least one pixel: some systems make a target of 0 pixels that can never be drawn to.
 D2D1_SIZE_U GetTargetSize(LONG iWidth, LONG iHeight)
 {
     return D2D1_SIZE_U{static_cast<UINT32>(std::max(iWidth, LONG{1})), static_cast<UINT32>(std::max(iHeight, LONG{1}))};
@@ -136,7 +136,7 @@ void CPainterDirect2D::PaintFrame(const CFrame& frame)
     {
         DrawAtoms(frame.scene);
     }
-    // The result matters for one thing only: the next Prepare must know that the device is gone.
+    // The result is used only to tell the next Prepare that the device is gone.
     if (m_pRenderTarget->EndDraw() == static_cast<HRESULT>(D2DERR_RECREATE_TARGET))
     {
         m_bTargetLost = true;

@@ -12,8 +12,8 @@
 #include <array>
 #include <string>
 
-// Draws straight to a render target on the window. The first Prepare that succeeds in it makes factory and target,
-// which then stay; each Prepare makes new brushes.
+// Draws straight to a render target on the window. The first successful Prepare makes factory and target, which are
+// kept; each Prepare makes new brushes.
 class CPainterDirect2D final : public IPainter
 {
 public:
@@ -22,21 +22,21 @@ public:
     CPainterDirect2D& operator=(const CPainterDirect2D&) = delete;
     ~CPainterDirect2D() override;
 
-    // Makes what is missing for drawing to hWnd, and one brush per class. Each failure writes one line with the
+    // Makes the missing resources for drawing to hWnd, and one brush per class. Each failure writes one line with the
     // result code to pDebugLog (null: none).
-    // Returns true when all three brushes were made.
+    // Returns true if all three brushes were made.
     bool Prepare(HWND hWnd, const CColourSettings& settings, std::wstring* pDebugLog);
 
     bool HasRenderTarget() const { return static_cast<bool>(m_pRenderTarget); }
 
-    // True after the system has taken the device away from the target (a driver update, a remote session): nothing
-    // more appears on it, and only the next Prepare makes a new one.
+    // True after the target has lost its device (a driver update, a remote session): nothing more appears on it, and
+    // only the next Prepare makes a new one.
     bool IsRenderTargetLost() const { return m_bTargetLost; }
 
-    // Pixels of the target, if there is one.
+    // The size of the target in pixels, if there is one.
     void Resize(const SIZE& size);
 
-    // Drops the target when the backdrop cannot be drawn.
+    // Drops the target if the backdrop cannot be drawn.
     void PaintFrame(const CFrame& frame) override;
 
     // Releases the brushes, then the target, then the factory.

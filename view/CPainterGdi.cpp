@@ -37,8 +37,8 @@ void CPainterGdi::PaintFrame(const CFrame& frame)
         return;
     }
     const CWindowDc dcWindow(frame.hWnd);
-    // A view that is laid out from right to left mirrors its context, and so the frame: atoms would start elsewhere
-    // than where the user clicked.
+    // A right-to-left view mirrors its context and so would mirror the frame: atoms would not start at the point that
+    // the user clicked.
     constexpr DWORD c_dwLeftToRight = 0;
     SetLayout(dcWindow.Get(), c_dwLeftToRight);
     const RECT rcWindow{0, 0, frame.sizeWindow.cx, frame.sizeWindow.cy};

@@ -10,6 +10,6 @@ public:
     void PaintFrame(const CFrame& frame) override;
 };
 
-// Draws the visible atoms of scene, coloured by speed, with the stock DC pen and brush of hDc. Sets their colour
-// only where the class changes from one drawn atom to the next: among atoms of one class that saves two calls of three.
+// Draws the visible atoms of scene, coloured by speed, with the stock DC pen and brush of hDc. Sets their colour only
+// if the class differs from that of the atom drawn before: for atoms of one class this saves two of three calls.
 void DrawAtoms_Gdi(HDC hDc, const CAtomScene& scene);

@@ -41,7 +41,7 @@ CWndWorldView::~CWndWorldView()
             DestroyWindow(m_hWnd);
         }
         m_hWnd = nullptr;
-        // The brushes that the pictures keep belong to the target that is released now.
+        // The pictures keep brushes of the target that is released now.
         m_picBackdrop.ReleaseDirect2D();
         m_picWorld.ReleaseDirect2D();
         m_painterDirect2D.Release();
@@ -135,7 +135,8 @@ bool CWndWorldView::InitializeSettings(CSize<int>& sizeWorld, bool bNoScrolling,
     });
 }
 
-// A lost target is only freed when the pictures release their brushes too, and a window should not have two targets.
+// A lost target is freed only after the pictures have released their brushes too, and a window should not have two
+// targets.
 bool CWndWorldView::PrepareDirect2D()
 {
     if (m_painterDirect2D.IsRenderTargetLost())

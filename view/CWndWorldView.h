@@ -19,9 +19,10 @@
 #include <cstddef>
 #include <optional>
 
-// The child window that shows the world: centred where it fits, scrolled where it is larger.
+// The child window that shows the world: centred in a direction in which it fits, scrolled in one in which it is
+// larger.
 //
-// Everything here runs on the thread that owns the window. The simulation asks for a frame by sending WM_ERASEBKGND
+// Used only on the thread that owns the window. The simulation asks for a frame by sending WM_ERASEBKGND
 // and waits until it is drawn: therefore the view reads the atoms without a lock. WM_USER + 1 destroys the
 // window on behalf of another thread or window.
 class CWndWorldView : public CWndCommon
@@ -29,20 +30,20 @@ class CWndWorldView : public CWndCommon
 public:
     static constexpr UINT c_uDestroyMessage = WM_USER + 1;
 
-    // Makes the window at once if the parent has a backdrop, and nothing otherwise. The atoms must outlive the view.
+    // Makes the window at once if the parent has a backdrop; otherwise makes none. The atoms must outlive the view.
     // pCreateFactory makes the Direct2D factory.
     CWndWorldView(const CWndCommon* pParent, const CSize<int>& sizeWorld, const CAtoms& atoms,
                   CreateDirect2DFactoryFunction pCreateFactory = CreateDirect2DFactory);
     CWndWorldView(const CWndWorldView&) = delete;
     CWndWorldView& operator=(const CWndWorldView&) = delete;
 
-    // Places the world in a view of cx x cy pixels; -1 for either: in the present client area.
+    // Places the world in a view of cx x cy pixels; if either is -1, in the present client area.
     void SetControlPositions(int cx, int cy) override;
     ~CWndWorldView() override;
     HWND GetWindowHandle() const override;
 
     // Takes over size, colours and factor texts for the next run, prepares Direct2D and draws a frame.
-    // Returns false when the factors are inconsistent (then nothing is drawn) or Direct2D failed (then GDI draws the
+    // Returns false if the factors are inconsistent (then nothing is drawn) or Direct2D failed (then GDI draws the
     // frames, and the next call tries Direct2D again).
     bool InitializeSettings(CSize<int>& sizeWorld, bool bNoScrolling, EnumAtomColourMode eMode, unsigned long cr1,
                             CWString& sFactor1, unsigned long cr2, CWString& sFactor2, unsigned long cr3,

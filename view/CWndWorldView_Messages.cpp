@@ -18,7 +18,7 @@ constexpr std::array<UINT, 6> c_forwardedNotifications{WM_LBUTTONDOWN,
                                                        static_cast<UINT>(NM_DBLCLK)};
 
 constexpr LRESULT c_iHandled = 0;
-constexpr LRESULT c_iErased = 1;    // nothing is left for the system to erase
+constexpr LRESULT c_iErased = 1;    // the system has nothing left to erase
 constexpr LRESULT c_iCursorSet = 1; // the system must not set another one
 
 POINT GetPoint(LPARAM lParam)

@@ -34,7 +34,7 @@ CRect CWndWorldView::PlaceWorld_NoScrolling(const CSize<int>& sizeClient)
 }
 
 // Showing or hiding a bar changes the client area, and the system sends WM_SIZE at once. So this function calls itself
-// indirectly; the inner call comes to the same result, and the outer one ends after it.
+// indirectly. The inner call comes to the same result, and the outer one ends after it.
 CRect CWndWorldView::PlaceWorld_Scrolling(const CSize<int>& sizeView)
 {
     CScrolledView view;
@@ -47,7 +47,7 @@ CRect CWndWorldView::PlaceWorld_Scrolling(const CSize<int>& sizeView)
     return PlaceWorld_Scrolled(m_sizeWorld, view);
 }
 
-// Does nothing when the bars stay the same: SWP_FRAMECHANGED would erase the whole view once more.
+// Does nothing if the bars stay the same: SWP_FRAMECHANGED would erase the whole view once more.
 void CWndWorldView::ShowScrollBars(const CScrollBarsShown& shown)
 {
     const LONG_PTR iOldStyle = GetWindowLongPtrW(m_hWnd, GWL_STYLE);
@@ -58,7 +58,7 @@ void CWndWorldView::ShowScrollBars(const CScrollBarsShown& shown)
     {
         return;
     }
-    // The system sends WM_ERASEBKGND at once, when the world is not placed yet. No frame is drawn for it: the caller of
+    // The system sends WM_ERASEBKGND at once, before the world is placed. No frame is drawn for it: the caller of
     // SetControlPositions draws one afterwards.
     const CFlagScope changingBars(m_bChangingBars);
     SetWindowLongPtrW(m_hWnd, GWL_STYLE, iStyle);

@@ -21,7 +21,7 @@ struct AtomColourSetting
 
 using CColourSettings = std::array<AtomColourSetting, c_uColourClassCount>;
 
-// InterpretFactors for the factors of settings: what was not understood keeps the number that it had.
+// InterpretFactors for the factors of settings: an invalid factor keeps its former number.
 inline bool InterpretFactors(EnumAtomColourMode eMode, const CFactors& factors, std::optional<std::int32_t> countAtoms,
                              CColourSettings& settings)
 {
@@ -48,8 +48,8 @@ constexpr CSpeedLimits GetSpeedLimits(float fAverageSpeed, const CColourSettings
                         static_cast<double>(fAverageSpeed) * settings[2].dFactor};
 }
 
-// Class (0..2) of an atom in Speed mode. The slow class wins where the limits overlap; a speed that is not a number
-// is class 1. Without a branch: the classes of neighbours in the array are in no order.
+// Class (0..2) of an atom in Speed mode. The slow class wins where the limits overlap; a NaN speed is class 1. Without
+// a branch: the classes of neighbours in the array are in no order.
 constexpr int ClassOfSpeed(float fSpeed, const CSpeedLimits& limits)
 {
     const double dSpeed = static_cast<double>(fSpeed);
@@ -74,7 +74,7 @@ struct CFixedRuns
     bool operator==(const CFixedRuns&) const = default;
 };
 
-// The runs that the factors of settings give for count atoms, whatever the factors hold.
+// The runs that the factors of settings give for count atoms. Any factors are allowed.
 inline CFixedRuns GetFixedRuns(const CColourSettings& settings, std::int32_t count)
 {
     const std::int64_t iCount = std::max(count, 0);

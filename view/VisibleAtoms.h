@@ -12,8 +12,8 @@
 #include <limits>
 
 // Pixels around an atom's exact circle that its drawing may still touch: one for anti-aliasing or for the rounding of
-// the enclosing rectangle, and one more for the rounding of single-precision sums. With less, atoms at the border of
-// the view lose their outermost pixels; more only hands a few invisible atoms to the painter.
+// the enclosing rectangle, and one more for the rounding of single-precision sums. With a smaller margin, atoms at the
+// border of the view lose their outermost pixels; a larger one only passes a few invisible atoms to the painter.
 constexpr float c_fDrawingMarginPixels = 2.0F;
 
 // The part of the world in which drawing an atom can change a pixel of the view.

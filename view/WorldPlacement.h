@@ -4,8 +4,8 @@
 #include "classes/core/CSize.h"
 #include "classes/core/ScrollRequest.h"
 
-// Where the world lies inside the view, and how the scroll bars and the wheel move it: in whole pixels, one per world
-// unit. Nothing here touches a window.
+// The place of the world inside the view, and its moves by the scroll bars and the wheel: in whole pixels, one per
+// world unit. Nothing here uses a window.
 
 struct CScrollBarsShown
 {
@@ -14,9 +14,9 @@ struct CScrollBarsShown
     bool operator==(const CScrollBarsShown&) const = default;
 };
 
-// A bar is shown where the world is larger than the view, and also where only the other bar leaves too little room.
-// sizeView is the size of the view without any bar: a size measured with bars would keep a bar for ever once it is
-// shown. sizeBars is the width of the vertical and the height of the horizontal bar.
+// A bar is shown if the world is larger than the view in its direction, also if only the other bar leaves too little
+// room. sizeView is the size of the view without any bar: measured with its bars, a view would keep a bar for ever.
+// sizeBars is the width of the vertical and the height of the horizontal bar.
 CScrollBarsShown GetScrollBarsShown(const CSize<int>& sizeWorld, const CSize<int>& sizeView,
                                     const CSize<int>& sizeBars);
 
@@ -24,7 +24,7 @@ CScrollBarsShown GetScrollBarsShown(const CSize<int>& sizeWorld, const CSize<int
 // position stays unless it is beyond the new end.
 CScrollBarState FitScrollBar(const CScrollBarState& old, int iWorldLength, int iClientLength);
 
-// An arrow scrolls by 10 pixels. Only dragging follows the thumb: its release adds nothing.
+// An arrow scrolls by 10 pixels. Only dragging moves the world with the thumb: its release adds nothing.
 inline constexpr CScrollRule c_WorldScrollRule{.iLineStep = 10, .bThumbPositionScrolls = false};
 
 // New vertical position after the wheel has turned by iDelta (120 per notch, positive = away from the user).
@@ -33,13 +33,13 @@ int GetWheelPosition(int iPosition, int iDelta);
 // Centres the world in the client area; a larger world extends beyond both sides.
 CRect PlaceWorld_Centred(const CSize<int>& sizeWorld, const CSize<int>& sizeClient);
 
-// The state of the view that decides where a world that can be scrolled lies.
+// The state of the view that decides the place of a world that can be scrolled.
 struct CScrolledView
 {
     CScrollBarsShown shown;
     CSize<int> sizeClient;     // without the bars that are shown
-    int iHorizontalPosition{}; // used where the horizontal bar is shown
-    int iVerticalPosition{};   // used where the vertical bar is shown
+    int iHorizontalPosition{}; // used if the horizontal bar is shown
+    int iVerticalPosition{};   // used if the vertical bar is shown
 };
 
 // Scrolls the world in the directions that have a bar and centres it in the others.

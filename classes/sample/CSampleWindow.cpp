@@ -27,7 +27,7 @@ constexpr int c_iButtonHeight = 28;
 
 bool CSampleWindow::Create(HINSTANCE hInstance)
 {
-    // The sample has no pictures of its own: icons and backdrop are those that the library falls back on.
+    // The sample has no pictures of its own: the library falls back on its default icons and backdrop.
     if (!Initialize(c_sClass, nullptr, nullptr, nullptr, hInstance, FillSampleTexts, c_byEnglish, 0, 0, 0, 0, 0,
                     EnumPicDrawMode::Tiled) ||
         !CreateMainWindow() || !CreateChildren())
@@ -119,7 +119,7 @@ void CSampleWindow::AddRows()
     m_pPanel->SetValue(GetText(L"Cups"), std::int32_t{4});
 }
 
-// The panel above, the button at the right below it, the status bar at the bottom.
+// The panel is on top, the button below it at the right, the status bar at the bottom.
 void CSampleWindow::SetControlPositions(int, int)
 {
     SendMessageW(m_hStatusBar, WM_SIZE, 0, 0); // places itself

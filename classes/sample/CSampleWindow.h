@@ -13,7 +13,7 @@
 class CSampleWindow : public CWndCommon
 {
 public:
-    // Makes and shows the window; false when the system refuses a part of it.
+    // Makes and shows the window; false if the system refuses a part of it.
     bool Create(HINSTANCE hInstance);
     // Handles messages until the window is closed.
     void Run();

@@ -2,5 +2,5 @@
 
 class CDataCube;
 
-// The sample's texts, in English whatever the language.
+// The sample's texts, in English for every language.
 void FillSampleTexts(CDataCube* pTexts, unsigned char byLanguage);

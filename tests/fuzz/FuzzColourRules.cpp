@@ -15,7 +15,7 @@ namespace
 constexpr std::size_t c_uMostAtoms = 600;    // more than one block of the search for visible ones
 constexpr float c_fMostPixels = 1'000'000.F; // worlds and views up to this size are drawn to the pixel
 
-// The rule as one would say it.
+// The rule in its plain form.
 int GetPlainClass(float fSpeed, float fAverage, const CColourSettings& settings)
 {
     const double dSpeed = static_cast<double>(fSpeed);
@@ -51,7 +51,7 @@ std::vector<CAtom> TakeAtoms(CFuzzInput& input)
         atom.y = static_cast<float>(input.TakeDouble());
         atom.speed = static_cast<float>(input.TakeDouble());
         atom.radius = static_cast<std::uint8_t>(input.TakeInt(0, c_iMostRadius));
-        // Some input stands for many atoms, so that short ones reach the second block.
+        // An atom of the input has many copies, so that short inputs reach the second block too.
         for (int iCopies = input.TakeInt(1, static_cast<int>(c_uMostAtoms)); iCopies > 0; --iCopies)
         {
             atoms.push_back(atom);
@@ -66,13 +66,13 @@ bool IsNear(float fPosition)
     return std::fabs(fPosition) <= c_fMostPixels;
 }
 
-// A pixel of the visible rectangle that the atom's drawing touches must not be missing.
+// If the atom's drawing touches a pixel of the visible rectangle, the atom must be drawn.
 void CheckVisibility(const CAtomScene& scene, const CAtom& atom, bool bDrawn)
 {
     const CRect rc = GetEllipseRect(atom, scene.ptWorld);
     if (!std::isfinite(atom.x) || !std::isfinite(atom.y))
     {
-        Require(!bDrawn, "an atom without a place is drawn");
+        Require(!bDrawn, "an atom without a finite position is drawn");
         return;
     }
     if (IsNear(atom.x) && IsNear(atom.y))
@@ -82,7 +82,7 @@ void CheckVisibility(const CAtomScene& scene, const CAtom& atom, bool bDrawn)
         const float fRadius = static_cast<float>(atom.radius);
         Require(rc.left == Dbl_Round(static_cast<double>(fX - fRadius), 0) &&
                     rc.right == Dbl_Round(static_cast<double>(fX + fRadius), 0),
-                "an ellipse is rounded otherwise");
+                "an ellipse is rounded differently");
     }
 }
 
@@ -102,15 +102,15 @@ void CheckDrawing(const CAtomScene& scene, Draw&& drawAtoms, Expected&& getClass
         skipTo(index);
         CheckVisibility(scene, atom, true);
         ++next;
-        Require(iClass == getClass(index), "an atom has another class");
+        Require(iClass == getClass(index), "an atom has the wrong class");
     });
     skipTo(scene.count);
 }
 
 } // namespace
 
-// Numbers: the three factors, the average speed, the visible rectangle, the world's corner, and of each atom its place,
-// speed, radius and how often it is there.
+// The input is numbers: the three factors, the average speed, the visible rectangle, the world's corner, and for each
+// atom its position, speed, radius and number of copies.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t uCount)
 {
     constexpr int c_iMost = static_cast<int>(c_fMostPixels);

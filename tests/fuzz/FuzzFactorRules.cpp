@@ -19,7 +19,7 @@ namespace
 
 constexpr double c_dEpsilonOfFactors = 1e-10;
 
-// A double cannot hold every number below zero, but nobody reads the sign of a text more simply than this.
+// Reads the sign from the text, because a double rounds the smallest numbers below zero to zero.
 bool IsBelowZero(const CWString& sText)
 {
     const std::size_t uSign = sText.Get().find(L'-');
@@ -28,7 +28,7 @@ bool IsBelowZero(const CWString& sText)
     return uSign < uExponent && sMantissa.find_first_of(L"123456789") != std::wstring::npos;
 }
 
-// Where the exponent has so few digits, no number is rounded to zero.
+// With so few digits in the exponent, no number is rounded to zero.
 bool HasShortExponent(const CWString& sText)
 {
     constexpr std::size_t c_uMostDigits = 5;
@@ -51,7 +51,7 @@ std::optional<EnumFactorError> GetExpectedError(const CWString& sText, EnumAtomC
     return bRefused ? std::optional(EnumFactorError::PercentageInSpeedMode) : std::nullopt;
 }
 
-// The errors are those of the factors one by one, or the one about their number.
+// The errors are those of the single factors, or the one about the number of factors.
 bool CheckErrors(const CFactors& factors, EnumAtomColourMode eMode)
 {
     const std::vector<CFactorError> errors = CheckFactors(factors, eMode);
@@ -65,7 +65,7 @@ bool CheckErrors(const CFactors& factors, EnumAtomColourMode eMode)
         if (expected)
         {
             Require(uError < errors.size(), "a bad factor has no error");
-            Require(errors[uError] == CFactorError{*expected, u}, "a bad factor has another error");
+            Require(errors[uError] == CFactorError{*expected, u}, "a bad factor has the wrong error");
             ++uError;
         }
     }
@@ -79,7 +79,7 @@ bool CheckErrors(const CFactors& factors, EnumAtomColourMode eMode)
     return errors.empty();
 }
 
-// A given factor in Fixed mode: a whole number of atoms, or the rounded share of all.
+// The value of a given factor in fixed mode: a whole number of atoms, or the rounded share of all.
 double GetExpectedCount(const CWString& sText, std::int32_t count)
 {
     const double dValue = *ReadPlainNumber(sText);
@@ -98,14 +98,14 @@ void CheckFixed(const CFactors& factors, std::int32_t count)
     {
         const double dFactor = settings[u].dFactor;
         Require(std::isfinite(dFactor) && dFactor >= 0.0 && dFactor == std::trunc(dFactor),
-                "a factor is no count of atoms");
+                "a factor is not a count of atoms");
         if (factors[u].GetText().IsEmpty())
         {
             dLeftOver = dFactor;
         }
         else
         {
-            Require(dFactor == GetExpectedCount(factors[u].GetText(), count), "a factor has another value");
+            Require(dFactor == GetExpectedCount(factors[u].GetText(), count), "a factor has the wrong value");
             dGiven += std::min(dFactor, static_cast<double>(std::numeric_limits<std::int32_t>::max()));
         }
     }
@@ -113,9 +113,9 @@ void CheckFixed(const CFactors& factors, std::int32_t count)
     const CFixedRuns runs = GetFixedRuns(settings, count);
     Require(0 <= runs.a && runs.a <= runs.b && runs.b <= runs.count && runs.count == count,
             "the runs are out of order");
-    Require(runs.a == std::min<double>(settings[0].dFactor, count), "the first run has another length");
+    Require(runs.a == std::min<double>(settings[0].dFactor, count), "the first run has the wrong length");
     Require(runs.b - runs.a == std::min<double>(settings[1].dFactor, count - runs.a),
-            "the second run has another length");
+            "the second run has the wrong length");
 }
 
 void CheckSpeed(const CFactors& factors, std::int32_t count)
@@ -125,28 +125,28 @@ void CheckSpeed(const CFactors& factors, std::int32_t count)
     const std::optional<double> first = ReadPlainNumber(factors[0].GetText());
     const std::optional<double> third = ReadPlainNumber(factors[2].GetText());
     const bool bExpected = first && third && *first >= -c_dEpsilonOfFactors && *third >= -c_dEpsilonOfFactors;
-    Require(bGood == bExpected, "the two outer factors decide otherwise");
-    Require(!first || settings[0].dFactor == *first, "factor 1 has another value");
-    Require(!third || settings[2].dFactor == *third, "factor 3 has another value");
+    Require(bGood == bExpected, "the two outer factors are accepted or refused wrongly");
+    Require(!first || settings[0].dFactor == *first, "factor 1 has the wrong value");
+    Require(!third || settings[2].dFactor == *third, "factor 3 has the wrong value");
     Require(!bGood || (settings[1].dFactor >= 0.0 && settings[1].dFactor <= count),
-            "the middle factor is no count of atoms");
+            "the middle factor is not a count of atoms");
 }
 
-// Whatever the texts are: no atoms, no percentages; and an unknown mode is none.
+// For all texts: without an atom set a percentage is refused, and an unknown mode is refused.
 void CheckRefusals(const CFactors& factors)
 {
     CColourSettings settings{};
     const bool bPercentage = std::any_of(factors.begin(), factors.end(),
                                          [](const CFactor& factor) { return IsPercentText(factor.GetText()); });
     const bool bGood = InterpretFactors(EnumAtomColourMode::Fixed, factors, std::nullopt, settings);
-    Require(!bGood || !bPercentage, "a share of no atoms is accepted");
+    Require(!bGood || !bPercentage, "a percentage without an atom set is accepted");
     constexpr auto c_eUnknown = static_cast<EnumAtomColourMode>(2);
     Require(!InterpretFactors(c_eUnknown, factors, 1, settings), "an unknown mode is accepted");
 }
 
 } // namespace
 
-// A line with the number of atoms, and three lines with the factors as typed.
+// The input is a line with the number of atoms, and three lines with the factors as typed.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t uCount)
 {
     CFuzzInput input(pBytes, uCount);

@@ -25,8 +25,7 @@ void CheckSettings(const CSettings& settings)
     }
     Require(settings.minRadius <= settings.maxRadius, "radii out of order are accepted");
     CFactorValues values{};
-    Require(InterpretFactors(settings.eMode, settings.factors, settings.atoms, values),
-            "factors without a meaning are accepted");
+    Require(InterpretFactors(settings.eMode, settings.factors, settings.atoms, values), "invalid factors are accepted");
 }
 
 std::string ToNarrow(const CWString& sText)
@@ -34,13 +33,13 @@ std::string ToNarrow(const CWString& sText)
     std::string sNarrow;
     for (const wchar_t c : sText.Get())
     {
-        Require(c > 0 && c < 128, "a factor that is accepted is no number");
+        Require(c > 0 && c < 128, "an accepted factor is not a number");
         sNarrow += static_cast<char>(c);
     }
     return sNarrow;
 }
 
-// The file that a user would write for these settings.
+// The settings file for these settings, as a user would write it.
 std::string ComposeFile(const CSettings& settings)
 {
     std::string sFile = "[Settings]\r\n";
@@ -49,7 +48,7 @@ std::string ComposeFile(const CSettings& settings)
         sFile.append(ToNarrow(row.sFileKey)).append("=");
         if (row.eType == EnumSettingType::Factor)
         {
-            // The quotation marks keep blanks that may stand around a number.
+            // The quotation marks keep blanks around a number.
             sFile.append("\"").append(ToNarrow(GetFactorText(row, settings))).append("\"\r\n");
         }
         else
@@ -90,15 +89,15 @@ void CheckNumber(const CIniText& file, const wchar_t* sKey, const std::wstring& 
     if (bDigits && !sValue.empty() && sValue.size() <= c_uMostPlainDigits)
     {
         constexpr int c_iDecimal = 10;
-        Require(number == std::wcstol(sValue.c_str(), nullptr, c_iDecimal), "a whole number is read as another one");
+        Require(number == std::wcstol(sValue.c_str(), nullptr, c_iDecimal), "a whole number has the wrong value");
     }
     const bool bSpeed = (static_cast<unsigned>(number) % 256) > 0;
     CSettings settings;
     SetNumber(GetSettingRow(EnumSetting::ColourMode), settings, number);
-    Require((settings.eMode == EnumAtomColourMode::Speed) == bSpeed, "a number stands for the other mode");
+    Require((settings.eMode == EnumAtomColourMode::Speed) == bSpeed, "a number gives the wrong mode");
 }
 
-// What holds for every key of every text.
+// Checks the properties of every key in every text.
 void CheckLookUps(const CIniText& file)
 {
     constexpr std::size_t c_uAll = 1'000'000;
@@ -108,12 +107,12 @@ void CheckLookUps(const CIniText& file)
         const wchar_t* const sKey = row.sFileKey;
         const std::wstring sValue = file.GetString(SettingsFile::c_sSection, sKey, L"", c_uAll);
         Require(file.GetString(SettingsFile::c_sSection, sKey, L"", c_uFew) == sValue.substr(0, c_uFew),
-                "a long value is not cut off");
+                "a long value is not truncated");
         Require(file.GetString(ToUpper(SettingsFile::c_sSection), ToUpper(sKey), L"", c_uAll) == sValue,
-                "a name counts by its case");
-        Require(sValue.find(L'\n') == std::wstring::npos, "a value goes on in the next line");
+                "a name is compared with regard to case");
+        Require(sValue.find(L'\n') == std::wstring::npos, "a value continues in the next line");
         const bool bDefault = file.GetString(SettingsFile::c_sSection, sKey, L"?", c_uAll) != sValue;
-        Require(bDefault == (file.Find(SettingsFile::c_sSection, sKey) == nullptr), "the default stands for a value");
+        Require(bDefault == (file.Find(SettingsFile::c_sSection, sKey) == nullptr), "the default replaces a value");
         CheckNumber(file, sKey, sValue);
     }
 }
@@ -126,7 +125,7 @@ std::optional<CSettings> Resolve(const CIniText& file, const COptions& options)
     }
     catch (const CHeadlessError&)
     {
-        // Refusing is right for most of what a fuzzer makes.
+        // Most inputs of a fuzzer are refused, which is correct.
         return std::nullopt;
     }
 }

@@ -51,7 +51,7 @@ constexpr ColourRef c_crGreen = 0x00FF00;
 
 } // namespace
 
-TEST(RunSettings, WithoutFileAndOptionsTheDefaultsStand)
+TEST(RunSettings, WithoutFileAndOptionsTheDefaultsAreUsed)
 {
     const CSettings settings = Resolve({});
 
@@ -100,7 +100,7 @@ TEST(RunSettings, TheFileGivesEverything)
     EXPECT_EQ(settings.background, 0xFF0000U);
 }
 
-TEST(RunSettings, OptionsGivenBesideTheFileWin)
+TEST(RunSettings, OptionsTakePrecedenceOverTheFile)
 {
     const std::string sLines = "World_width=300\nWorld_height=200\nTot_atoms=77\nAtoms_min_radius=2\n"
                                "Atoms_max_radius=9\nAtom_colour_1=1\nAtom_colour_1_factor=0.5\n"
@@ -118,7 +118,7 @@ TEST(RunSettings, OptionsGivenBesideTheFileWin)
     EXPECT_EQ(settings.background, 0U);
 }
 
-TEST(RunSettings, AModeGivenAsOptionDecidesWhatTheFilesDefaultsAre)
+TEST(RunSettings, AModeGivenAsOptionSelectsTheDefaultsForTheFile)
 {
     const CSettings settings = Resolve({"--colour-mode", "fixed"}, "Atoms_colour_mode=1\nAtom_colour_3_factor=\n");
 
@@ -144,12 +144,12 @@ TEST(RunSettings, OnlyTheLowEightBitsOfARadiusCount)
               "K.ini, line 2, Atoms_min_radius: 44 is out of range; allowed is 1 to 32");
 }
 
-TEST(RunSettings, AFactorIsCutAfterFifteenCharacters)
+TEST(RunSettings, AFactorIsTruncatedToFifteenCharacters)
 {
     EXPECT_EQ(JoinFactors(Resolve({}, "Atom_colour_1_factor=0.123456789012345678\n")), L"0.1234567890123||1.25");
 }
 
-// The window takes what it can use of such a file; an experiment must not run with other values than it names.
+// The window corrects such values, but an experiment must run with exactly the values that it names.
 TEST(RunSettings, ValuesOutOfRangeAreErrorsWithTheirLine)
 {
     EXPECT_EQ(GetError({}, "World_width=9\n"), "K.ini, line 2, World_width: 9 is out of range; allowed is 10 to 9999");
@@ -165,7 +165,7 @@ TEST(RunSettings, ValuesOutOfRangeAreErrorsWithTheirLine)
               "K.ini, line 2, World_background_colour: 4294967295 is out of range; allowed is 0 to 16777215");
 }
 
-TEST(RunSettings, AValueThatAnOptionReplacesIsNotLookedAt)
+TEST(RunSettings, AValueThatAnOptionReplacesIsNotChecked)
 {
     EXPECT_EQ(GetError({"--width", "50"}, "World_width=9\n"), "");
     EXPECT_EQ(GetError({"--factors", "1,,2"}, "Atom_colour_1_factor=x\n"), "");
@@ -176,14 +176,14 @@ TEST(RunSettings, ALoadedStateReplacesAtomsAndRadiiOfTheFile)
     EXPECT_EQ(GetError({"--load-state", "a.csv"}, "Tot_atoms=0\nAtoms_min_radius=0\n"), "");
 }
 
-TEST(RunSettings, RadiiInTheWrongOrderAreAnErrorOfWhoGaveThem)
+TEST(RunSettings, RadiiInTheWrongOrderAreReportedForTheirSource)
 {
     const std::string sWhat = "the smallest radius (9) is above the largest (4)";
     EXPECT_EQ(GetError({}, "Atoms_min_radius=9\nAtoms_max_radius=4\n"), "K.ini, line 2, Atoms_min_radius: " + sWhat);
     EXPECT_EQ(GetError({"--min-radius", "9"}, "Atoms_max_radius=4\n"), "usage: --min-radius, --max-radius: " + sWhat);
 }
 
-TEST(RunSettings, FactorsOfTheFileAreCheckedLikeTheWindowDoes)
+TEST(RunSettings, FactorsOfTheFileAreCheckedAsInTheWindow)
 {
     EXPECT_THAT(GetError({}, "Atom_colour_3_factor=abc\n"),
                 StartsWith("K.ini, line 2, Atom_colour_3_factor: factor 3, 'abc', is not allowed"));

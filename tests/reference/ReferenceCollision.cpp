@@ -52,7 +52,7 @@ void ReferenceCollision(CAtom& a, CAtom& b, CRandom& random)
         {
             if (SwallowsJitter(a.x) && SwallowsJitter(a.y) && SwallowsJitter(b.x) && SwallowsJitter(b.y))
             {
-                return; // no step can separate these two, and without a distance there is no normal
+                return; // no step can separate these two, and at distance 0 there is no normal
             }
             const float jx = random.GetRandomNumber_Float(-c_fJitter, c_fJitter);
             const float jy = random.GetRandomNumber_Float(-c_fJitter, c_fJitter);

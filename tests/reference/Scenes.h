@@ -20,13 +20,13 @@ struct CScene
     std::optional<CPoint<int>> start; // all atoms at this point
 };
 
-// The scene of the first start of the program.
+// The scene of the program's default settings.
 inline constexpr CScene c_SceneDefault = {"256 in 512 x 512", {512, 512}, 256, 3, 5, 1, std::nullopt};
 
 // The density of a million atoms in the largest world, small enough for the cache.
 inline constexpr CScene c_SceneFilled = {"10,000 in 1,000 x 1,000", {1000, 1000}, 10'000, 3, 5, 2, std::nullopt};
 
-// More atoms than there is room for: every atom always touches several others.
+// More atoms than fit without overlap: every atom always touches several others.
 inline constexpr CScene c_SceneDense = {"20,000 in 512 x 512", {512, 512}, 20'000, 3, 5, 3, std::nullopt};
 
 // Mostly empty cells.

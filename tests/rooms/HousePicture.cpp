@@ -16,13 +16,13 @@ constexpr int c_iRowHeight = 30;
 constexpr int c_iBoxHeight = 24;
 constexpr int c_iFloorX = 32; // middle of the numbers
 constexpr int c_iBoxX = 52;
-constexpr int c_iNameCharacterWidth = 8; // more than any usual font needs on average
+constexpr int c_iNameCharacterWidth = 8; // more than the average width in any usual font
 constexpr int c_iContentsWidth = 390;
 constexpr int c_iArrowStep = 17;
 constexpr int c_iLegendHeight = 62;
 constexpr int c_iLegendSide = 14;
 constexpr int c_iPadding = 10;
-constexpr int c_iTextDrop = 4; // from the middle of a line to its base line
+constexpr int c_iTextDrop = 4; // from the middle of a text to its base line
 constexpr int c_iHeadDrop = 5; // from the middle of a row to the tip of an arrow
 
 constexpr std::string_view c_sFloorColour = "#c3cbd1";
@@ -186,7 +186,7 @@ private:
         return DrawRow("tests", EnumRoomKind::Tests, sContents, c_iMargin + c_iRowHeight / 2);
     }
 
-    // A line above each floor, and its number.
+    // Draws a line above each floor, and its number.
     std::string DrawFloors() const
     {
         std::string sSvg;
@@ -204,14 +204,14 @@ private:
         return sSvg;
     }
 
-    // With a line that leads the eye to the arrows.
+    // Adds a line that leads the eye to the arrows.
     std::string DrawRoom(const CRoom& room, int iMiddle) const
     {
         return DrawRow(room.sFolder, room.eKind, room.sContents, iMiddle) +
                HorizontalLine(m_iGuideX, iMiddle, m_iWidth - c_iMargin, c_sGuideColour);
     }
 
-    // A dot for each user, a line through them, and the head at the room that they include.
+    // Draws a dot for each user, a line through them, and the head at the room that they include.
     std::string DrawArrow(const CRoom& target, int iX) const
     {
         int iHead = 0;
@@ -266,7 +266,7 @@ private:
     int m_iHidden{}; // rooms that share the row of the tests
     int m_iBoxWidth{};
     int m_iContentsX{};
-    int m_iGuideX{}; // where the place of the arrows begins
+    int m_iGuideX{}; // the left end of the lines to the arrows
     int m_iWidth{};
 };
 

@@ -82,7 +82,7 @@ CGraph MakeGraph(const std::vector<CInclude>& includes, GetNode getNode)
     return graph;
 }
 
-// The shortest way from a node back to itself; empty where there is none.
+// The shortest way from a node back to itself; empty if there is none.
 std::vector<std::string> FindWayBack(const CGraph& graph, const std::string& sStart)
 {
     std::map<std::string, std::string> cameFrom;

@@ -22,7 +22,7 @@ std::vector<std::string> FindTargets(const std::string& sText)
     return targets;
 }
 
-// A graph from the names of its arrows: "ab" is an arrow from a to b.
+// Makes a graph from the names of its arrows: "ab" is an arrow from a to b.
 std::vector<std::vector<std::string>> FindCirclesOf(const std::vector<std::string>& arrows)
 {
     CGraph graph;
@@ -55,7 +55,7 @@ TEST(IncludeGraph, BlanksAndLineEndsHideNoDirective)
     EXPECT_THAT(FindTargets("#include\"Number.h\"\n"), ElementsAre("core/Number.h"));
 }
 
-TEST(IncludeGraph, ALineThatOnlyMentionsADirectiveIsNone)
+TEST(IncludeGraph, ALineThatOnlyMentionsADirectiveDoesNotCount)
 {
     EXPECT_THAT(FindTargets("// #include \"Number.h\"\nauto s = \"#include \\\"Number.h\\\"\";\n"), IsEmpty());
 }
@@ -79,7 +79,7 @@ TEST(IncludeGraph, ACircleIsTheShortestAndBeginsWithItsFirstName)
     EXPECT_THAT(FindCirclesOf({"xc", "ca", "ab", "bc"}), ElementsAre(ElementsAre("a", "b", "c")));
 }
 
-TEST(IncludeGraph, EveryCircleIsToldOnce)
+TEST(IncludeGraph, EveryCircleIsReportedOnce)
 {
     EXPECT_THAT(FindCirclesOf({"ab", "ba", "cd", "dc", "bc"}),
                 ElementsAre(ElementsAre("a", "b"), ElementsAre("c", "d")));

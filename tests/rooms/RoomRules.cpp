@@ -40,7 +40,7 @@ std::string DescribeFloor(const CRoom& room)
     return room.sFolder + " is on floor " + std::to_string(room.iFloor);
 }
 
-// The rule that an arrow between two rooms breaks; empty where it breaks none.
+// The rule that an arrow between two rooms breaks; empty if it breaks none.
 std::string FindBrokenRule(const CRoom& from, const CRoom& to)
 {
     if (IsProduct(from) && to.eKind == EnumRoomKind::Tests)
@@ -73,7 +73,7 @@ void CheckArrow(const CInclude& include, const std::vector<CRoom>& rooms, std::v
     }
     const CRoom* const pFrom = FindRoom(rooms, GetFolder(include.sFile));
     const CRoom* const pTo = FindRoom(rooms, GetFolder(include.sTarget));
-    // A folder without a row is a finding of its own.
+    // A folder without a row has a finding of its own.
     if (pFrom == nullptr || pTo == nullptr || pFrom == pTo)
     {
         return;

@@ -16,7 +16,7 @@ std::vector<CRoom> MakeRooms()
             {2, "plain", EnumRoomKind::Tests, "plain form"}, {1, "core", EnumRoomKind::Portable, "numbers"}};
 }
 
-// A small house in which everything is right.
+// A small house that breaks no rule.
 CSourceTree MakeTree()
 {
     return {{"check/Tests.cpp", "#include \"app/Program.h\"\n#include \"plain/Plain.h\"\n"},
@@ -28,7 +28,7 @@ CSourceTree MakeTree()
             {"core/Number.h", "#include <vector>\n"}};
 }
 
-// What is found when one file of that house has another text.
+// The findings if one file of that house has another text.
 std::vector<std::string> CheckWith(const std::string& sFile, const std::string& sText)
 {
     CSourceTree tree = MakeTree();
@@ -38,7 +38,7 @@ std::vector<std::string> CheckWith(const std::string& sFile, const std::string& 
 
 } // namespace
 
-TEST(RoomRules, AHouseWhoseArrowsPointDownwardsIsRight)
+TEST(RoomRules, AHouseWhoseArrowsPointDownwardsHasNoFindings)
 {
     EXPECT_THAT(CheckRooms(MakeTree(), MakeRooms()), IsEmpty());
 }
@@ -79,7 +79,7 @@ TEST(RoomRules, APortableRoomMayNotIncludeOneForWindows)
                                                            "portable, window is for Windows only"));
 }
 
-TEST(RoomRules, AFolderThatNobodyRegisteredIsFound)
+TEST(RoomRules, AFolderWithoutARowIsFound)
 {
     EXPECT_THAT(CheckWith("core/deep/Deeper.cpp", "int i;\n"),
                 ElementsAre("core/deep: has sources, but docs/rooms.md has no row for it"));
@@ -93,7 +93,7 @@ TEST(RoomRules, ARowWithoutSourcesIsFound)
     EXPECT_THAT(CheckRooms(tree, MakeRooms()), ElementsAre("bench: has a row in docs/rooms.md, but no sources"));
 }
 
-TEST(RoomRules, ANameThatNoFileHasIsFound)
+TEST(RoomRules, ANameWithoutAFileIsFound)
 {
     EXPECT_THAT(CheckWith("core/Number.cpp", "#include \"core/Nmber.h\"\n"),
                 ElementsAre("core/Number.cpp:1: #include \"core/Nmber.h\": names no file of this tree"));

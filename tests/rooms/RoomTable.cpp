@@ -21,7 +21,7 @@ std::string_view Trim(std::string_view sText)
     return sText.substr(uFirst, sText.find_last_not_of(' ') + 1 - uFirst);
 }
 
-// The cells between the bars of a line; none where the line is no row of a table.
+// The cells between the bars of a line; none if the line is not a row of a table.
 std::vector<std::string_view> SplitCells(std::string_view sLine)
 {
     std::vector<std::string_view> cells;
@@ -55,7 +55,7 @@ int ParseFloor(std::string_view sText, std::size_t uLine)
     const std::from_chars_result result = std::from_chars(sText.data(), sText.data() + sText.size(), iFloor);
     if (result.ec != std::errc() || result.ptr != sText.data() + sText.size() || iFloor < 1)
     {
-        Refuse(uLine, "the floor is no number from 1");
+        Refuse(uLine, "the floor must be a number from 1");
     }
     return iFloor;
 }
@@ -70,7 +70,7 @@ CRoom ParseRow(const std::vector<std::string_view>& cells, std::size_t uLine)
     room.iFloor = ParseFloor(cells[0], uLine);
     if (cells[1].size() < 3 || !cells[1].starts_with('`') || !cells[1].ends_with('`'))
     {
-        Refuse(uLine, "the folder stands between backquotes");
+        Refuse(uLine, "the folder must be between backquotes");
     }
     room.sFolder = cells[1].substr(1, cells[1].size() - 2);
     const auto* const pKind =

@@ -10,7 +10,7 @@ enum class EnumRoomKind : std::uint8_t
 {
     Portable, // also built natively, without windows.h
     Windows,  // Windows only
-    Both,     // portable rules beside the windows that ask them
+    Both,     // portable rules and the windows that use them
     Tool,     // a program for developers
     Tests
 };
@@ -24,12 +24,12 @@ struct CRoom
     std::string sContents; // what lives there
 };
 
-// What the picture has place for, in bytes.
+// The longest contents that fit into the picture, in bytes.
 constexpr std::size_t c_uMaxContents = 60;
 
 // Reads the rows of docs/rooms.md: "| floor | `folder` | kind | what lives there |", floors from the highest to the
 // lowest. Other lines do not count. Throws std::runtime_error with the number of a row that is wrong.
 std::vector<CRoom> ParseRoomTable(std::string_view sText);
 
-// The room of that folder; null where there is none.
+// The room of that folder; null if there is none.
 const CRoom* FindRoom(const std::vector<CRoom>& rooms, std::string_view sFolder);

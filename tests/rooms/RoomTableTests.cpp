@@ -7,7 +7,7 @@
 namespace
 {
 
-// The message that refuses a table; empty where it is taken.
+// The message that refuses a table; empty if it is accepted.
 std::string GetRefusal(std::string_view sText)
 {
     try
@@ -23,7 +23,7 @@ std::string GetRefusal(std::string_view sText)
 
 } // namespace
 
-TEST(RoomTable, RowsAreReadAndTheTextAroundThemIsNot)
+TEST(RoomTable, OnlyRowsAreRead)
 {
     const std::vector<CRoom> rooms = ParseRoomTable("# The rooms\n"
                                                     "\n"
@@ -52,14 +52,14 @@ TEST(RoomTable, AWrongRowIsRefusedWithItsLine)
 {
     EXPECT_EQ(GetRefusal("\n| 1 | `a` | tests |"),
               "docs/rooms.md:2: a row has four cells: floor, folder, kind, what lives there");
-    EXPECT_EQ(GetRefusal("| 0 | `a` | tests | x |"), "docs/rooms.md:1: the floor is no number from 1");
-    EXPECT_EQ(GetRefusal("| 1x | `a` | tests | x |"), "docs/rooms.md:1: the floor is no number from 1");
-    EXPECT_EQ(GetRefusal("| 1 | a | tests | x |"), "docs/rooms.md:1: the folder stands between backquotes");
+    EXPECT_EQ(GetRefusal("| 0 | `a` | tests | x |"), "docs/rooms.md:1: the floor must be a number from 1");
+    EXPECT_EQ(GetRefusal("| 1x | `a` | tests | x |"), "docs/rooms.md:1: the floor must be a number from 1");
+    EXPECT_EQ(GetRefusal("| 1 | a | tests | x |"), "docs/rooms.md:1: the folder must be between backquotes");
     EXPECT_EQ(GetRefusal("| 1 | `a` | cellar | x |"),
               "docs/rooms.md:1: the kind is portable, Windows, both, tool or tests");
 }
 
-TEST(RoomTable, WhatLivesThereFitsIntoThePicture)
+TEST(RoomTable, TheContentsMustFitIntoThePicture)
 {
     EXPECT_EQ(GetRefusal("| 1 | `a` | tests | " + std::string(c_uMaxContents, 'x') + " |"), "");
     const std::string sRefusal =

@@ -1,4 +1,4 @@
-// Holds the graph of includes against docs/rooms.md, and draws the house from both.
+// Checks the graph of includes against docs/rooms.md, and draws the house from both.
 
 #include "tests/rooms/HousePicture.h"
 #include "tests/rooms/IncludeGraph.h"
@@ -47,7 +47,7 @@ int Compare(const fs::path& root, const std::string& sPicture)
     {
         return 0;
     }
-    std::cout << c_sPicture << " is not what the includes give: draw it again with kinetarium-rooms draw\n";
+    std::cout << c_sPicture << " does not match the includes: draw it again with kinetarium-rooms draw\n";
     return 1;
 }
 

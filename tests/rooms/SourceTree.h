@@ -15,5 +15,5 @@ CSourceTree ReadSourceTree(const std::filesystem::path& root);
 // The bytes of a file. Throws std::runtime_error naming a file that cannot be read.
 std::string ReadWholeFile(const std::filesystem::path& path);
 
-// The folder of a source; empty for one that lies in the root.
+// The folder of a source; empty for a source in the root.
 std::string GetFolder(std::string_view sPath);

@@ -40,7 +40,7 @@ TEST_F(SourceTree, HoldsEverySourceByItsPathFromTheRoot)
                                                              std::pair("app/deep/build/Part.h", "\r\n")));
 }
 
-TEST_F(SourceTree, LeavesOutWhatIsBuiltAndHidden)
+TEST_F(SourceTree, LeavesOutBuildAndHiddenFolders)
 {
     Write("build/native/Generated.cpp", "");
     Write("out/Copy.h", "");
@@ -56,7 +56,7 @@ TEST_F(SourceTree, AFileThatCannotBeReadIsNamed)
     EXPECT_THROW(ReadSourceTree(m_Root / "missing"), fs::filesystem_error);
 }
 
-TEST_F(SourceTree, TheFolderOfAPathIsWhatStandsBeforeItsName)
+TEST_F(SourceTree, TheFolderOfAPathIsThePartBeforeItsName)
 {
     EXPECT_EQ(GetFolder("a/b/C.cpp"), "a/b");
     EXPECT_EQ(GetFolder("C.cpp"), "");

@@ -20,7 +20,7 @@ TEST(Factor, KeepsItsTextAsTyped)
     EXPECT_FALSE(CFactor(L"0.5") == CFactor(L"0.50"));
 }
 
-TEST(Factor, ANumberIsReadAsItStands)
+TEST(Factor, ANumberIsReadAsTyped)
 {
     EXPECT_EQ(CFactor(L"12.34").GetForm(), EnumFactorForm::Number);
     EXPECT_EQ(CFactor(L"12.34").GetValue(), 12.34);
@@ -34,14 +34,14 @@ TEST(Factor, APercentSignAtTheEndMakesAPercentageOfTheSameNumber)
     EXPECT_EQ(CFactor(L"12.34%").GetValue(), 12.34);
 }
 
-// The parser takes blanks behind the percent sign; a percentage is only what ends with the sign itself.
+// The parser accepts blanks after the percent sign, but only a text that ends with the sign is a percentage.
 TEST(Factor, APercentSignBeforeABlankIsPartOfANumber)
 {
     EXPECT_EQ(CFactor(L"50% ").GetForm(), EnumFactorForm::Number);
     EXPECT_EQ(CFactor(L"50% ").GetValue(), 50.0);
 }
 
-TEST(Factor, WhatIsNotANumberHasNoValue)
+TEST(Factor, ATextThatIsNotANumberHasNoValue)
 {
     for (const wchar_t* const sText : {L"abc", L"%", L"5%%", L"5%5", L"%5", L"1,5", L" ", L"nan"})
     {
@@ -52,11 +52,11 @@ TEST(Factor, WhatIsNotANumberHasNoValue)
     }
 }
 
-TEST(Factor, TheSignIsThatOfTheTypedNumber)
+TEST(Factor, TheSignComesFromTheTypedNumber)
 {
     EXPECT_TRUE(CFactor(L"-1").IsBelowZero());
     EXPECT_TRUE(CFactor(L"-0.0001%").IsBelowZero());
-    EXPECT_TRUE(CFactor(L"-1e-400").IsBelowZero()); // no double lies between this number and zero
+    EXPECT_TRUE(CFactor(L"-1e-400").IsBelowZero()); // no double lies between -1e-400 and zero
     EXPECT_FALSE(CFactor(L"-0").IsBelowZero());
     EXPECT_FALSE(CFactor(L"1e-400").IsBelowZero());
     EXPECT_FALSE(CFactor(L"0").IsBelowZero());

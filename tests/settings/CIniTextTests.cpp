@@ -19,8 +19,8 @@ std::wstring ReadText(const std::string& sValue)
 
 } // namespace
 
-// What the profile functions make of texts that are no plain numbers.
-TEST(IniText, NumbersAreWhatTheValueBeginsWith)
+// The results of the profile functions for texts that are not plain numbers.
+TEST(IniText, ANumberIsReadFromTheBeginningOfTheValue)
 {
     EXPECT_EQ(ReadNumber("42"), 42);
     EXPECT_EQ(ReadNumber("-5"), -5);
@@ -61,7 +61,7 @@ TEST(IniText, BlanksAroundNamesAndValuesDoNotCount)
     EXPECT_EQ(CIniText("  [S]  \r\n \t Key \t = \t 7 \t\r\n").GetInt(L"S", L"Key", 0), 7);
 }
 
-TEST(IniText, NamesCountWithoutRegardToCase)
+TEST(IniText, NamesAreComparedWithoutRegardToCase)
 {
     EXPECT_EQ(CIniText("[settings]\nworld_WIDTH=7\n").GetInt(L"Settings", L"World_width", 0), 7);
 }
@@ -89,18 +89,18 @@ TEST(IniText, ASemicolonInAValueBelongsToIt)
     EXPECT_EQ(ReadText("0.75 ; slow"), L"0.75 ; slow");
 }
 
-TEST(IniText, ACommentedKeyIsNotThere)
+TEST(IniText, AKeyInACommentIsMissing)
 {
     EXPECT_EQ(CIniText("[S]\n;Key=5\nKey=1\n").GetInt(L"S", L"Key", 0), 1);
 }
 
-TEST(IniText, AnEmptyTextIsNotTheDefault)
+TEST(IniText, AnEmptyTextDoesNotBecomeTheDefault)
 {
     EXPECT_EQ(ReadText(""), L"");
     EXPECT_EQ(CIniText("[S]\n").GetString(L"S", L"Key", L"default", 15), L"default");
 }
 
-TEST(IniText, ALongTextIsCut)
+TEST(IniText, ALongTextIsTruncated)
 {
     EXPECT_EQ(ReadText("12345678901234567890"), L"123456789012345");
 }
@@ -139,7 +139,7 @@ TEST(IniText, AMarkOfUtf8DoesNotHideTheSection)
     EXPECT_EQ(CIniText("\xEF\xBB\xBF[S]\nKey=12\n").GetInt(L"S", L"Key", 0), 12);
 }
 
-TEST(IniText, LinesBeforeTheFirstSectionBelongToNone)
+TEST(IniText, LinesBeforeTheFirstSectionBelongToNoSection)
 {
     EXPECT_EQ(CIniText("Key=12\n[S]\n").GetInt(L"S", L"Key", 0), 0);
 }

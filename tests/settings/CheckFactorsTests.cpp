@@ -5,7 +5,7 @@
 #include <ostream>
 #include <vector>
 
-// Which factors are refused before a start, and why.
+// Tests which factors are refused before a start, and why.
 
 // For the messages of the tests.
 static std::ostream& operator<<(std::ostream& stream, const CFactorError& error)
@@ -45,13 +45,13 @@ CFactorError InvalidForSpeed(std::size_t uNumber)
     return {EnumFactorError::PercentageInSpeedMode, uNumber - 1};
 }
 
-TEST(CheckFactors, FixedModeTakesACountAndAPercentage)
+TEST(CheckFactors, FixedModeAcceptsACountAndAPercentage)
 {
     EXPECT_EQ(CheckFixed(L"10", L"", L"50%"), Errors{});
     EXPECT_EQ(CheckFixed(L"", L"12.34%", L"123"), Errors{});
 }
 
-TEST(CheckFactors, ThreeFactorsOneOrNoneAskForExactlyTwo)
+TEST(CheckFactors, ThreeFactorsOneOrNoneGiveTheErrorThatAsksForTwo)
 {
     EXPECT_EQ(CheckFixed(L"10", L"20", L"30"), Errors{c_NeedTwo});
     EXPECT_EQ(CheckFixed(L"10", L"", L""), Errors{c_NeedTwo});
@@ -66,7 +66,7 @@ TEST(CheckFactors, ZeroIsASetFactor)
     EXPECT_EQ(CheckFixed(L"0", L"0", L"0"), Errors{c_NeedTwo});
 }
 
-TEST(CheckFactors, AFactorBelowZeroOrNoNumberIsInvalid)
+TEST(CheckFactors, AFactorThatIsBelowZeroOrNotANumberIsInvalid)
 {
     EXPECT_EQ(CheckFixed(L"-1", L"", L"5"), Errors{Invalid(1)});
     EXPECT_EQ(CheckFixed(L"1", L"abc", L""), Errors{Invalid(2)});
@@ -76,18 +76,18 @@ TEST(CheckFactors, AFactorBelowZeroOrNoNumberIsInvalid)
     EXPECT_EQ(CheckFixed(L"1", L"", L"-0.0001%"), Errors{Invalid(3)});
 }
 
-TEST(CheckFactors, EveryBadFactorHasItsErrorInOrderAndTheCountIsNotComplainedAbout)
+TEST(CheckFactors, EveryBadFactorHasItsErrorInOrderAndNoneIsAboutTheCount)
 {
     EXPECT_EQ(CheckFixed(L"x", L"-2", L"5%%"), (Errors{Invalid(1), Invalid(2), Invalid(3)}));
     EXPECT_EQ(CheckFixed(L"", L"", L"x"), Errors{Invalid(3)});
 }
 
-TEST(CheckFactors, SpeedModeTakesTheUsualPair)
+TEST(CheckFactors, SpeedModeAcceptsTheUsualPair)
 {
     EXPECT_EQ(CheckSpeed(L"0.75", L"", L"1.25"), Errors{});
 }
 
-TEST(CheckFactors, SpeedModeTakesNoPercentage)
+TEST(CheckFactors, SpeedModeRefusesAPercentage)
 {
     EXPECT_EQ(CheckSpeed(L"50%", L"", L"1.25"), Errors{InvalidForSpeed(1)});
 }
@@ -98,15 +98,16 @@ TEST(CheckFactors, EveryPercentageIsAnErrorInSpeedMode)
     EXPECT_EQ(CheckSpeed(L"1%", L"2%", L"3%"), (Errors{InvalidForSpeed(1), InvalidForSpeed(2), InvalidForSpeed(3)}));
 }
 
-// Only a text whose first "%" is its last character is a percentage here; what else the parser takes is a number.
-TEST(CheckFactors, APercentSignThatIsNotTheLastCharacterIsTheParsersBusiness)
+// Only a text whose first "%" is its last character is a percentage. Any other text that the parser accepts is a
+// number.
+TEST(CheckFactors, APercentSignThatIsNotTheLastCharacterIsLeftToTheParser)
 {
     EXPECT_EQ(CheckSpeed(L"50% ", L"", L"1.25"), Errors{});
     EXPECT_EQ(CheckSpeed(L"5%0", L"", L"1.25"), Errors{Invalid(1)});
     EXPECT_EQ(CheckSpeed(L"50%%", L"", L"1.25"), Errors{Invalid(1)});
 }
 
-TEST(CheckFactors, AbsurdNumbersAreAnsweredAtOnce)
+TEST(CheckFactors, ExtremeNumbersAreCheckedAtOnce)
 {
     EXPECT_EQ(CheckFixed(L"1e300", L"", L"1000000000000%"), Errors{});
     EXPECT_EQ(CheckFixed(L"1e999999999", L"", L"1"), Errors{});

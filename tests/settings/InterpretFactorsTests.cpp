@@ -118,7 +118,7 @@ TEST(ColourFactorsFixed, AnInvalidNumberFailsInEveryFactor)
 TEST(ColourFactorsFixed, CountsAndPercentagesAreRoundedHalfAwayFromZero)
 {
     ExpectFactors(Fixed(L"10.5", L"", L"10.4"), 11.0, 179.0, 10.0);
-    ExpectFactors(Fixed(L"50%", L"", L"10%", 5), 3.0, 1.0, 1.0); // 2.5 and 0.5 atoms
+    ExpectFactors(Fixed(L"50%", L"", L"10%", 5), 3.0, 1.0, 1.0); // rounded from 2.5 and 0.5 atoms
 }
 
 TEST(ColourFactorsFixed, ANegativeCountIsTreatedAsEmpty)
@@ -166,7 +166,7 @@ TEST(ColourFactorsSpeed, TheSecondTextIsIgnored)
     }
 }
 
-TEST(ColourFactorsSpeed, TheMiddleFactorGetsACountThatNothingReads)
+TEST(ColourFactorsSpeed, TheMiddleFactorGetsAnUnusedCount)
 {
     ExpectFactors(Speed(L"1.9", L"", L"2.9"), 1.9, c_iAtoms - 1.0 - 2.0, 2.9);
 }
@@ -209,7 +209,7 @@ TEST(ColourFactors, AnUnknownModeFailsAndChangesNothing)
     EXPECT_EQ(result.values[0], c_dUntouched);
 }
 
-TEST(Truncation, GoesTowardsZeroAndStopsAtTheEndsOfTheRange)
+TEST(Truncation, RoundsTowardsZeroAndSaturates)
 {
     EXPECT_EQ(TruncateToInt32(2.9), 2);
     EXPECT_EQ(TruncateToInt32(-2.9), -2);

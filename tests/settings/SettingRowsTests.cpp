@@ -38,7 +38,7 @@ std::int32_t Clamp(EnumSetting eSetting, std::int32_t number)
 
 } // namespace
 
-// Files that are out there hold these names, and a file that the program makes anew has them in this order.
+// Existing files hold these names, and a new file of the program has them in this order.
 TEST(SettingRows, TheNamesInTheFileNeverChange)
 {
     std::vector<std::wstring> names;
@@ -54,7 +54,7 @@ TEST(SettingRows, TheNamesInTheFileNeverChange)
     EXPECT_EQ(names, expected);
 }
 
-TEST(SettingRows, EachHasARowOfThePanelAndAPlaceOfItsOwn)
+TEST(SettingRows, EachHasItsOwnRowOfThePanelAndItsOwnPlace)
 {
     CSettings settings;
     std::set<std::wstring> labels;
@@ -89,7 +89,7 @@ TEST(SettingRows, FixedModeStartsRedRedGreenInQuarters)
     EXPECT_EQ(settings.factors, Factors(L"25%", L"50%", L"25%"));
 }
 
-TEST(SettingRows, WhatTheFileHoldsIsTakenOver)
+TEST(SettingRows, TheValuesOfTheFileAreUsed)
 {
     const CSettings settings =
         Read("World_width=-5\nWorld_height=200\nWorld_background_colour=-1\nTot_atoms=0\nAtoms_min_radius=300\n"
@@ -114,7 +114,7 @@ TEST(SettingRows, SpeedModeDoesNotReadTheSecondFactor)
     }
 }
 
-TEST(SettingRows, AFactorIsCutAfterFifteenCharacters)
+TEST(SettingRows, AFactorIsTruncatedToFifteenCharacters)
 {
     EXPECT_EQ(Read("Atom_colour_1_factor=0.123456789012345678\n").factors[0], CFactor(L"0.1234567890123"));
 }
@@ -136,7 +136,7 @@ TEST(SettingRows, OnlyEntry1OfTheColourModeListIsSpeedMode)
     EXPECT_EQ(ColourModeFromIndex(-1), EnumAtomColourMode::Fixed);
 }
 
-TEST(SettingRows, ANumberReadsBackAsItWasSetAndAFactorHasNone)
+TEST(SettingRows, ANumberReadsBackAsSetAndAFactorHasNone)
 {
     for (const CSettingRow& row : c_SettingRows)
     {
@@ -149,7 +149,7 @@ TEST(SettingRows, ANumberReadsBackAsItWasSetAndAFactorHasNone)
     }
 }
 
-TEST(SettingRows, AColourIsANumberWithoutASign)
+TEST(SettingRows, AColourIsAnUnsignedNumber)
 {
     CSettings settings;
     const CSettingRow& row = GetSettingRow(EnumSetting::Colour1);

@@ -14,19 +14,19 @@ namespace
 
 constexpr const char* c_sVariable = "KINETARIUM_CPU";
 
-TEST(BaselineSetting, TheEnvironmentDecidesWhatTheProcessUses)
+TEST(BaselineSetting, TheEnvironmentSelectsTheKernelsOfTheProcess)
 {
     const bool bBaseline = GetEnvironmentText(c_sVariable).value_or(L"") == L"baseline";
     EXPECT_EQ(IsBaselineForced(), bBaseline);
     const std::string_view sExpected = GetKernels(CCpuCapabilities(bBaseline)).back().name;
     EXPECT_EQ(std::string_view(GetSimulationKernels().name), sExpected);
-    // What the run with the variable set looks for.
+    // The test run that sets the variable searches for this line.
     std::puts(bBaseline ? "the baseline is forced" : "the machine decides");
 }
 
 TEST(BaselineSetting, ALaterChangeOfTheEnvironmentChangesNothing)
 {
-    // A kernel chosen at the start must not disagree with a test's idea of it later on.
+    // A kernel chosen at the start must still be the one that a later test expects.
     const std::string_view sBefore = GetSimulationKernels().name;
     const CEnvironmentChange change(c_sVariable, sBefore == "baseline" ? "all" : "baseline");
     EXPECT_EQ(std::string_view(GetSimulationKernels().name), sBefore);

@@ -220,7 +220,7 @@ TEST(CollisionGrid, ClearingAndResizingEmptyEveryCell)
     }
 }
 
-// Positions are drawn near the edges of cells, where rounding decides; radii are all that an atom can store.
+// Positions are drawn near the edges of cells, where rounding decides; radii are drawn from the full range of an atom.
 TEST(CollisionGrid, EveryAtomGoesIntoTheSameCellsAsInThePlainForm)
 {
     std::mt19937 draw(7);

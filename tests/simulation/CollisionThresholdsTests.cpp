@@ -11,7 +11,7 @@ namespace
 
 constexpr std::uint32_t c_uFloatsAround = 100'000;
 
-// Calls check for the floats around the limit, and for some far from it.
+// Calls check with the floats around the limit, and with some far from it.
 template<class Check>
 void ForFloatsAround(float limit, Check check)
 {

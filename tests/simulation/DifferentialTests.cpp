@@ -39,7 +39,7 @@ CScene DrawScene(std::mt19937& draw)
     return scene;
 }
 
-// The number of iterations for which a crowded scene takes no longer than an empty one.
+// The number of iterations in which a crowded scene takes no longer than an empty one.
 int GetIterations(const CScene& scene)
 {
     const double cells = std::max(1, (scene.world.cx / 100) * (scene.world.cy / 100));

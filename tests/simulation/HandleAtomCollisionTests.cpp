@@ -159,7 +159,8 @@ TEST(AtomCollision, AtomsAtTheSameCentreAreJitteredAndThenPushedApart)
     CAtom a = MakeAtom(50, 60, 1, 0, 4);
     CAtom b = MakeAtom(50, 60, -1, 0, 5);
     HandleAtomCollision(a, b, random);
-    // The separation removes the overlap from before the jitter; the jitter itself (at most 0.2 per axis) is added.
+    // The separation removes the overlap that existed before the jitter; the jitter itself (at most 0.2 per axis) is
+    // added.
     EXPECT_GE(GetDistance(a, b), 9 - 0.0011);
     EXPECT_LE(GetDistance(a, b), 9 + 0.283);
     // Both move in opposite directions, so the middle stays, except for rounding.
@@ -249,7 +250,7 @@ TEST(AtomCollision, ANanPositionTouchesNothing)
     EXPECT_EQ(b.x, 50.0F);
 }
 
-// Random pairs of all distances, radii and places, each compared with the plain form at the same random numbers.
+// Random pairs of all distances, radii and places, each compared with the plain form for the same random numbers.
 TEST(AtomCollision, EveryPairEqualsThePlainForm)
 {
     std::mt19937 draw(11);

@@ -87,7 +87,7 @@ ULONG CDelegatingAccessible::Release()
     return uLeft;
 }
 
-// Everything from here on is the system's answer.
+// All methods below return the system's answer.
 
 HRESULT CDelegatingAccessible::GetTypeInfoCount(UINT* pCount)
 {

@@ -11,12 +11,12 @@
 #include "classes/core/CWString.h"
 #include "classes/windows/system/Handles.h"
 
-// COM objects end by Release alone: their interfaces have no virtual destructor, and need none.
+// Only Release destroys COM objects: their interfaces have no virtual destructor and need none.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-// What a screen reader gets for a window: an object that hands every question on to the system's own object for that
-// window. Derived classes answer what the system cannot know. Nothing may be thrown to the caller, who may sit in
+// The object that a screen reader gets for a window. It passes every question on to the system's own object for that
+// window. Derived classes answer the questions that the system cannot answer. No method may throw: the caller may be in
 // another process.
 class CDelegatingAccessible : public IAccessible
 {
@@ -63,12 +63,12 @@ public:
     HRESULT STDMETHODCALLTYPE put_accValue(VARIANT id, BSTR sValue) override;
 
 protected:
-    // The question is about the window itself, not about a part of it.
+    // True if the question is about the window itself, not about a part of it.
     static bool IsSelf(const VARIANT& id);
-    // S_FALSE for an empty text, as the interface wants it.
+    // Returns S_FALSE for an empty text, as the interface requires.
     static HRESULT ReturnText(const CWString& sText, BSTR* psResult);
     static HRESULT ReturnNumber(LONG iValue, VARIANT* pResult);
-    // Invisible, unavailable, focusable and focused, as the window is at the moment.
+    // The window's present state: invisible, unavailable, focusable, focused.
     HRESULT ReturnWindowState(VARIANT* pState) const;
     HWND GetHwnd() const { return m_hWnd; }
 

@@ -40,7 +40,7 @@ public:
     {
         return pState != nullptr && IsSelf(id) ? ReturnWindowState(pState) : E_INVALIDARG;
     }
-    // Posted, not sent: what the click starts (a dialog, a run) must not keep the screen reader waiting.
+    // Posted, not sent: the screen reader must not wait for the dialog or the run that the click starts.
     HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT id) override
     {
         if (!IsSelf(id))

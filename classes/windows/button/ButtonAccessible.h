@@ -21,7 +21,7 @@ protected:
 // The button behind the window; null once it is gone.
 using FindButtonFunction = const IAccessibleButton* (*)(HWND hWnd);
 
-// Answers a screen reader's WM_GETOBJECT for the client area of a button: the result of the message. The object handed
-// out is the system's own for that window, but name, value, role, state, description and default action are the
-// button's. The screen reader may keep it longer than the button lives: pFind is asked each time.
+// Answers a screen reader's WM_GETOBJECT for the client area of a button; returns the result of the message. The object
+// is the system's own for that window, but name, value, role, state, description and default action are the button's.
+// The screen reader may keep the object longer than the button lives: each answer calls pFind first.
 LRESULT ButtonAccessible_Answer(HWND hButton, WPARAM wParam, FindButtonFunction pFind);

@@ -1,4 +1,4 @@
-// How a button looks: a part of CWndButton with a file of its own.
+// Draws the button: a part of CWndButton with a file of its own.
 #include "classes/core/ColourMath.h"
 #include "classes/windows/button/CWndButton.h"
 #include "classes/windows/drawing/ClientDrawing.h"
@@ -18,7 +18,7 @@ constexpr int c_iHoverLight = 40;
 constexpr int c_iPressedDark = 16;
 constexpr int c_iBorderDark = 55;
 constexpr int c_iSwatchBorderLight = 75;
-// A disabled button sinks into the backdrop, and its text into its face.
+// A disabled button fades into the backdrop, and its text into its face.
 constexpr int c_iDisabledFace = 55;
 constexpr int c_iDisabledText = 45;
 
@@ -31,7 +31,7 @@ struct CButtonColours
 
 COLORREF GetBorderColour(COLORREF crFace, bool bSwatch)
 {
-    // A swatch of any colour, black too, keeps an outline on the dark backdrop.
+    // A swatch of any colour, even black, keeps an outline on the dark backdrop.
     return bSwatch ? BlendColours(c_crEntryBorder, c_crWhiteLine, c_iSwatchBorderLight)
                    : BlendColours(crFace, c_crBlackLine, c_iBorderDark);
 }

@@ -1,4 +1,4 @@
-// What mouse, keyboard and focus do to a button: a part of CWndButton with a file of its own.
+// Handles mouse, keyboard and focus: a part of CWndButton with a file of its own.
 #include "classes/windows/button/CWndButton.h"
 #include "classes/windows/system/RectHelpers.h"
 
@@ -75,7 +75,7 @@ std::optional<LRESULT> CWndButton::On_CancelMode(WPARAM, LPARAM)
     m_bFocusLost = GetFocus() == m_hWnd;
     m_bSpaceDown = false;
     SetPressed(false);
-    return std::nullopt; // the system gives the mouse free
+    return std::nullopt; // the system releases the mouse
 }
 
 std::optional<LRESULT> CWndButton::On_KeyDown(WPARAM wParam, LPARAM lParam)
@@ -114,7 +114,7 @@ std::optional<LRESULT> CWndButton::On_KeyUp(WPARAM wParam, LPARAM)
     return 0;
 }
 
-// The panel brings a row into view when its control is given the focus.
+// Tells the panel, which brings the row into view when its control gets the focus.
 std::optional<LRESULT> CWndButton::On_SetFocus(WPARAM, LPARAM)
 {
     Invalidate();
@@ -134,8 +134,8 @@ std::optional<LRESULT> CWndButton::On_KillFocus(WPARAM, LPARAM)
     return 0;
 }
 
-// A window that is disabled while it has the focus leaves the keyboard without any: no key would reach the program.
-// The main window takes the focus meanwhile, and the button gets it back unless it has moved on.
+// If a window is disabled while it has the focus, no window has the focus and no key reaches the program. So the main
+// window takes the focus meanwhile. The button gets it back unless it has moved on.
 std::optional<LRESULT> CWndButton::On_Enable(WPARAM wParam, LPARAM)
 {
     const HWND hMain = GetAncestor(m_hWnd, GA_ROOT);

@@ -115,7 +115,7 @@ CWString CWndButton::GetAccessibleValue() const
     return sColour;
 }
 
-// The handle may have been given to a window of another class.
+// The handle may belong to a window of another class by now.
 const IAccessibleButton* CWndButton::FindButton(HWND hWnd)
 {
     constexpr int c_iRoom = 32;
@@ -127,7 +127,7 @@ const IAccessibleButton* CWndButton::FindButton(HWND hWnd)
     return WndProc_GetObject<CWndButton>(hWnd);
 }
 
-// The parent may destroy the button while it handles the click: nothing of the object is touched afterwards.
+// The parent may destroy the button while it handles the click: no member may be used afterwards.
 void CWndButton::Click()
 {
     if (m_hWnd == nullptr || !IsWindowEnabled(m_hWnd))
@@ -213,7 +213,7 @@ std::optional<LRESULT> CWndButton::On_ClickMessage(WPARAM, LPARAM)
     return 0;
 }
 
-// The backdrop behind the corners stays where it is when the button moves.
+// The backdrop behind the corners does not move with the button.
 std::optional<LRESULT> CWndButton::On_Move(WPARAM, LPARAM)
 {
     Invalidate();

@@ -12,13 +12,13 @@
 
 // The notification code of a click, sent as WM_NOTIFY to the button's parent.
 constexpr UINT c_uButtonClicked = 0x202;
-// The notification code of a button that has been given the keyboard focus.
+// The notification code of a button that got the keyboard focus.
 constexpr UINT c_uButtonFocused = 0x210;
 
 constexpr const wchar_t* c_sButtonClass = L"CWndButton";
 
-// A rounded push button in one colour, drawn here in all its states: normal, under the pointer, pressed, disabled,
-// with the keyboard focus. Its text takes whichever of black and white stands out more from its colour.
+// A rounded push button in one colour, drawn here in all its states: normal, under the pointer, pressed, disabled, with
+// the keyboard focus. Its text is black or white, the one with more contrast to its colour.
 //
 // A click by mouse, Space, Enter, BM_CLICK or a screen reader's default action sends the parent one WM_NOTIFY with
 // code 0x202 (hwndFrom is the button). A main-window key released on the button is sent on to the main
@@ -47,14 +47,14 @@ public:
     HWND GetWindowHandle() const { return m_hWnd; }
     std::wstring* GetDebugLog() const override { return m_pDebugLog; }
 
-    // What a screen reader calls the button; without a name of its own it is called by its text.
+    // The name of the button for screen readers; an empty one is replaced by the button's text.
     void SetAccessibleName(const CWString& sName) { m_sAccessibleName = sName; }
     CWString GetAccessibleName() const override;
     void SetAccessibleDescription(const CWString& sDescription) { m_sAccessibleDescription = sDescription; }
-    // A swatch shows its colour and nothing else: a firmer border, and the colour as its accessible value.
+    // A swatch shows only its colour: it has a firmer border, and the colour as its accessible value.
     void SetSwatch(bool bSwatch) { m_bSwatch = bSwatch; }
 
-    // As if the user had clicked it; nothing while it is disabled.
+    // Does the same as a click of the user; does nothing while the button is disabled.
     void Click();
 
     LRESULT WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
@@ -109,5 +109,5 @@ private:
     bool m_bPressed = false;
     bool m_bMouseDown = false;
     bool m_bSpaceDown = false;
-    bool m_bFocusLost = false; // was disabled while it had the focus, and gets it back when enabled
+    bool m_bFocusLost = false; // disabled while it had the focus: gets it back when enabled
 };

@@ -12,19 +12,19 @@
 namespace
 {
 constexpr DWORD c_dwPatience = 10000;           // ms for a step
-constexpr DWORD c_dwDumpPatience = 60000;       // ms for the dump, whose size and disk nobody knows
+constexpr DWORD c_dwDumpPatience = 60000;       // ms for the dump, whose size and disk are unknown
 constexpr UINT c_uExceptionExitCode = 3;        // as std::abort gives it
 constexpr ULONG c_uStackReserve = 65536;        // bytes
-constexpr DWORD c_dwExceptionCode = 0xE0000001; // in the dump of an exception: a software error without a system's code
+constexpr DWORD c_dwExceptionCode = 0xE0000001; // in the dump of an exception, which has no code of the system
 
-// What is known before any crash. Never freed: a crash on another thread may be under way at any moment.
+// Set before any crash. Never freed: another thread may be reporting a crash at any moment.
 std::atomic<const CCrashReportSettings*> g_pSettings{};
 std::atomic<DWORD> g_dwMainThread{};
 
 // The thread whose crash is being reported, 0 before any crash.
 std::atomic<DWORD> g_dwCrashedThread{0};
 
-// Where the first step hangs, the others would too: the crash holds a lock that they all need.
+// If the first step hangs, the others would too: the crashed thread holds a lock that they all need.
 void WriteFiles()
 {
     if (RunCrashStage(CrashStep_Report, c_dwPatience) == EnumStageEnd::TimedOut)
@@ -50,7 +50,8 @@ void WriteFiles()
     }
 }
 
-// One crash is reported per process. What crashes after it, or because of it, waits for the end or brings it about.
+// One crash is reported per process. Another thread that crashes later waits for the end. A second crash of the
+// reporting thread ends the process.
 void TakeCrash()
 {
     const DWORD dwThread = GetCurrentThreadId();
@@ -70,7 +71,7 @@ void TakeCrash()
     }
 }
 
-// An exception leaves no context of its own: this place, inside std::terminate, has the throwing calls above it.
+// An exception has no context of its own. The context here, inside std::terminate, has the throwing calls above it.
 void CopyCrash(const CUnhandledError& error)
 {
     CCrash& crash = GetCrash();

@@ -2,26 +2,25 @@
 
 #include "classes/windows/crash/CCrashReportSettings.h"
 
-// For as long as it lives, an error that nothing else caught (a fault such as an access violation, or a C++ exception
-// that ends in std::terminate) leaves a report and a minidump in a folder, of which the youngest five are kept. The
-// user is told once, in a message box, and the process ends with the fault's code, or with 3 after an exception.
-// Nothing is sent anywhere.
+// While the object lives, an uncaught error (a fault such as an access violation, or a C++ exception that ends in
+// std::terminate) leaves a report and a minidump in a folder, which keeps the youngest five. A message box tells the
+// user once, and the process ends with the fault's code, or with 3 after an exception. Nothing is sent anywhere.
 //
-// The thread that crashed may have no stack left, and other threads may hold any lock for ever. Therefore all that can
-// fail is done by threads of its own, one step each, which may themselves fault or hang: the next step comes after a
-// time limit anyway, and at last the end of the process.
+// The thread that crashed may have no stack left, and other threads may hold any lock for ever. Therefore each step
+// that can fail runs on a thread of its own. If it faults or hangs, the next step follows, after a time limit at the
+// latest. In any case the process ends at last.
 //
-// Needs a CExceptionHandler to be called by. One object per process.
+// A CExceptionHandler must exist: it calls this object. One object per process.
 class CCrashReport
 {
 public:
-    // Never throws: without memory for the settings the program simply goes on without crash reports.
+    // Never throws: if there is no memory for the settings, the program runs without crash reports.
     explicit CCrashReport(const CCrashReportSettings& settings) noexcept;
     ~CCrashReport();
     CCrashReport(const CCrashReport&) = delete;
     CCrashReport& operator=(const CCrashReport&) = delete;
 
-    // To be called once on every thread but the one that made this object, so that the report of an overflowing stack
-    // has the little stack that its beginning needs.
+    // Call it once on every thread except the one that made this object. It reserves the little stack that the report
+    // of a stack overflow needs to begin.
     static void PrepareThread() noexcept;
 };

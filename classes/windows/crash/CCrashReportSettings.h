@@ -2,7 +2,7 @@
 
 #include <string>
 
-// Which build a crash report is about, and where it goes. The program's name is in CLibrarySettings.
+// The build that a crash report is about, and the folder of the report. The program's name is in CLibrarySettings.
 struct CCrashReportSettings
 {
     std::wstring folder; // with its last backslash

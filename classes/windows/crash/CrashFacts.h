@@ -3,14 +3,14 @@
 #include "classes/core/CFixedText.h"
 #include "classes/core/CrashText.h"
 
-// What a crash report asks the system. None of it allocates.
+// The facts that a crash report asks the system for. None of these functions allocates.
 
 CCrashTime GetCrashTime() noexcept;
 
 // Total, free and own memory.
 void GetCrashMemory(CCrashFacts& facts) noexcept;
 
-// "Windows 10.0.19045", the true version whatever the manifest says.
+// "Windows 10.0.19045", the true version, independent of the manifest.
 void AddSystemVersion(CFixedText& text) noexcept;
 
 // "4 processors, AVX2, no AVX-512".

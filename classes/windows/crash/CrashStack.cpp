@@ -4,13 +4,13 @@
 
 namespace
 {
-constexpr int c_iMostCalls = 128; // endless recursion has more, and they are all the same
+constexpr int c_iMostCalls = 128; // endless recursion has more, all alike
 constexpr DWORD c_dwPathSize = 512;
 
 void SetName(CCrashPlace& place, const wchar_t* sPath)
 {
     const std::wstring_view path(sPath);
-    const wchar_t* sName = sPath + path.rfind(L'\\') + 1; // from the start when there is no backslash
+    const wchar_t* sName = sPath + path.rfind(L'\\') + 1; // the whole path if there is no backslash
     if (WideCharToMultiByte(CP_UTF8, 0, sName, -1, place.module, sizeof place.module, nullptr, nullptr) == 0)
     {
         CFixedText(place.module, sizeof place.module).Add("(module with a long name)");
@@ -28,7 +28,7 @@ bool IsReadable(std::uint64_t uAddress)
     return memory.State == MEM_COMMIT && (memory.Protect & c_dwNotReadable) == 0;
 }
 
-// Turns the context into that of the caller; false at the end of the stack.
+// Changes the context to that of the caller; false at the end of the stack.
 bool GoToCaller(CONTEXT& context)
 {
     const std::uint64_t uStack = context.Rsp;
@@ -40,8 +40,8 @@ bool GoToCaller(CONTEXT& context)
     RUNTIME_FUNCTION* pFunction = RtlLookupFunctionEntry(context.Rip, &uImage, nullptr);
     if (pFunction == nullptr)
     {
-        // What has no entry moves no stack pointer, or is no code at all, called by mistake: the return address is on
-        // top.
+        // A function without an entry does not move the stack pointer, or the address is no code at all and was called
+        // by mistake. In both cases the return address is on top of the stack.
         context.Rip = *reinterpret_cast<const DWORD64*>(uStack);
         context.Rsp += sizeof(DWORD64);
     }
@@ -59,7 +59,7 @@ CCrashPlace FindCrashPlace(std::uint64_t uAddress) noexcept
 {
     CCrashPlace place;
     place.address = uAddress;
-    // A module's memory is of one allocation, which begins where the module does.
+    // The memory of a module is one allocation, which begins at the module's base.
     MEMORY_BASIC_INFORMATION memory{};
     if (VirtualQuery(reinterpret_cast<const void*>(uAddress), &memory, sizeof memory) == 0 || memory.Type != MEM_IMAGE)
     {

@@ -10,11 +10,11 @@ constexpr DWORD c_dwDone = 0;
 constexpr DWORD c_dwFailed = 1;
 constexpr DWORD c_dwLook = 50; // ms between two looks for the window
 
-// Only the latest step can fault unnoticed: one that hangs stays where it is.
+// The thread of the latest step. Earlier ones cannot fault any more: they have ended or they hang.
 std::atomic<DWORD> g_dwStageThread{0};
 
-// Counts the looks that have seen the step's window. The thread that crashed must not look itself: that asks for locks
-// which it, or the step that hangs, may hold.
+// Counts how often the step's window was seen. The thread that crashed must not look itself: looking takes locks that
+// this thread, or a step that hangs, may hold.
 std::atomic<unsigned> g_uSeen{0};
 
 DWORD WINAPI RunStep(void* pStep)
@@ -26,7 +26,7 @@ DWORD WINAPI RunStep(void* pStep)
     }
     catch (...)
     {
-        // Most likely there is no memory. The other steps may do with less.
+        // Most likely there is no memory. The other steps may need less.
         return c_dwFailed;
     }
     return c_dwDone;
@@ -66,7 +66,7 @@ DWORD WINAPI WatchWindow(void* pStepThread)
     }
 }
 
-// Waits until the thread has ended, or until nobody has seen a window of it for so long.
+// Waits until the thread has ended, or until no window of it has been seen for that many ms.
 EnumStageEnd WaitForWindow(HANDLE hThread, DWORD dwPatience)
 {
     unsigned uSeen = g_uSeen.load();

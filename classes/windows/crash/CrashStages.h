@@ -14,9 +14,9 @@ enum class EnumStageEnd : unsigned char
 // Runs the step and waits for it, at most that many ms.
 EnumStageEnd RunCrashStage(void (*pStep)(), DWORD dwPatience) noexcept;
 
-// Runs a step that shows a window, and waits for it as long as the window is there. What shows none for that many ms
-// never will.
+// Runs a step that shows a window, and waits as long as the window is there. Gives up if no window is seen for that
+// many ms.
 EnumStageEnd RunCrashStage_Window(void (*pStep)(), DWORD dwPatience) noexcept;
 
-// Ends the calling thread if it runs such a step. For the handler of a fault inside one.
+// Ends the calling thread if it runs such a step. Called by the handler of a fault inside a step.
 void EndFaultedCrashStage() noexcept;

@@ -32,7 +32,7 @@ CCrash& GetCrash() noexcept
 
 namespace
 {
-// Puts folder, stem and ending into g_sPath; false when they do not fit.
+// Puts folder, stem and ending into g_sPath; false if they do not fit.
 bool MakePath(const char* sEnding)
 {
     const std::wstring& sFolder = g_crash.settings->folder;
@@ -64,7 +64,7 @@ void WriteReport(const CFixedText& text)
     WriteFile(g_crash.report, text.Get(), static_cast<DWORD>(text.GetLength()), &dwWritten, nullptr);
 }
 
-// Takes the first free name of this second.
+// Uses the first free name of this second.
 void OpenReport(const CCrashTime& time)
 {
     for (unsigned uAttempt = 1; uAttempt <= c_uCrashStemAttempts; ++uAttempt)

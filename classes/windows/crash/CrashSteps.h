@@ -6,8 +6,8 @@
 
 #include <cstddef>
 
-// The steps of a crash report, in their order, and what they work on. Each runs on a thread of its own, never two at a
-// time; none of them may be needed by another that comes after it.
+// The steps of a crash report, in their order, and their data. Each runs on a thread of its own, never two at a time.
+// No step may depend on an earlier one, except for the data that the first one sets.
 
 inline constexpr std::size_t c_uCrashLineSize = 512;
 
@@ -22,17 +22,17 @@ struct CCrash
     CONTEXT context{};
     EXCEPTION_POINTERS pointers{};
 
-    // From the first step on.
+    // Set by the first step.
     char error[c_uCrashLineSize] = {};
     char stem[c_uCrashLineSize] = {};
     HANDLE report = INVALID_HANDLE_VALUE; // the end of the process closes it: no destructor may do so in mid-report
     DWORD openError = ERROR_SUCCESS;
 };
 
-// Static: where a crash happens there may be no heap.
+// Static: after a crash there may be no heap.
 CCrash& GetCrash() noexcept;
 
-// What can be said without looking at the stack, safely on disk before anything else is tried.
+// Writes all facts that need no look at the stack, so that they are safely on disk before anything else is tried.
 void CrashStep_Report();
 
 // One line for a debugger.

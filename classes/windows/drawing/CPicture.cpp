@@ -56,7 +56,7 @@ bool CPicture::CreatePictureFromColorref(HDC, int iWidth, int iHeight, COLORREF 
     m_crSolid = m_bSolid ? cr : 0;
     if (!m_bSolid || !bSolidBefore)
     {
-        m_pDevice.reset(); // a solid brush may stay: it is given its colour at each use
+        m_pDevice.reset(); // a solid brush may stay: it gets its colour at each use
     }
     if (m_bSolid && !m_bRectSet)
     {

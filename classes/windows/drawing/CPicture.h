@@ -18,12 +18,12 @@ enum class EnumPicDrawMode : std::uint8_t
     Tiled = 3
 };
 
-// A picture and the rectangle it is drawn into, in the coordinates of whatever it is drawn on.
+// A picture and the rectangle it is drawn into, in the coordinates of the target.
 //
 // A picture is either solid (one colour and a size: it owns no pixels, however large it is) or textured (32-bit
 // pixels). Copies share the pixels but have a drawing rectangle of their own, so that parent and child windows can
-// show the same texture, each in its own coordinates. Every Draw operation returns false, and draws nothing, when
-// there is no picture, no device context or the drawing rectangle is empty. User-interface thread only.
+// show the same texture, each in its own coordinates. Every Draw operation returns false and draws nothing if there is
+// no picture or no device context or if the drawing rectangle is empty. User-interface thread only.
 class CPicture
 {
 public:
@@ -35,11 +35,11 @@ public:
     CPicture& operator=(CPicture&& other) noexcept;
 
     // A solid picture of width x height pixels. The device context may be null: nothing is allocated for the pixels.
-    // False (and an empty picture) when a length is not positive. The drawing rectangle becomes (0, 0, width, height)
+    // False (and an empty picture) if a length is not positive. The drawing rectangle becomes (0, 0, width, height)
     // unless one was set before.
     bool CreatePictureFromColorref(HDC hDc, int iWidth, int iHeight, COLORREF cr);
 
-    // The bitmap resource of that number; false (picture unchanged) when there is none.
+    // The bitmap resource of that number; false (picture unchanged) if there is none.
     bool LoadFromResource(HINSTANCE hInstance, int iId);
 
     // Pixels given in rows from the top, 0x00RRGGBB each, width x height of them.
@@ -56,26 +56,26 @@ public:
 
     // A null pointer empties the rectangle.
     void SetDrawingRect(const RECT* pRect);
-    // bAtOrigin moves the result so that its left top corner is (0, 0). False (and an empty result) when none is set.
+    // bAtOrigin moves the result so that its left top corner is (0, 0). False (and an empty result) if none is set.
     bool GetDrawingRect(RECT* pRect, bool bAtOrigin) const;
 
     // At its own size, clipped to the rectangle; centred in it or at its left top corner.
     // bFrame, here and below: a black line of one pixel along the inside of the drawn area.
     bool Draw(HDC hDc, bool bCentred, bool bFrame) const;
-    // As large as the rectangle allows with its proportions kept.
+    // As large as fits into the rectangle in its own proportions.
     bool DrawFitted(HDC hDc, bool bCentred, bool bFrame) const;
-    // Over the whole rectangle, whatever becomes of the proportions.
+    // Stretched over the whole rectangle; the proportions are not kept.
     bool DrawStretched(HDC hDc, bool bFrame) const;
     // Repeated over the whole rectangle, the first tile at its left top corner, and only where the context's clip
     // shows it.
     bool DrawTiled(HDC hDc, bool bFrame) const;
-    // As DrawTiled. The brush is kept for the target it was made for; a failure drops it together with the picture's
-    // reference to the target.
+    // As DrawTiled. The brush is kept with the target it was made for. A failure drops it and the picture's reference
+    // to the target.
     bool DrawTiled_Direct2D(ID2D1HwndRenderTarget* pTarget) const;
-    // Drops what DrawTiled_Direct2D keeps.
+    // Drops the brush and the target that DrawTiled_Direct2D keeps.
     void ReleaseDirect2D() const;
 
-    // Draws by mode as the windows do: plain and fitted centred, none with a frame.
+    // Draws by mode as the windows do: plain and fitted pictures are centred, none has a frame.
     bool DrawByMode(HDC hDc, EnumPicDrawMode eMode) const;
 
 private:

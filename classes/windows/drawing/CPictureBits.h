@@ -12,7 +12,7 @@
 class CPictureBits
 {
 public:
-    // Null when there is no memory or a length is not positive.
+    // Null if there is no memory or a length is not positive.
     static std::unique_ptr<CPictureBits> Create(int iWidth, int iHeight);
 
     HBITMAP GetBitmap() const { return m_Bitmap.Get(); }

@@ -68,7 +68,7 @@ HRESULT CPictureDevice::FillTiled(ID2D1HwndRenderTarget* pTarget, const RECT& rc
         {
             return FAILED(hr) ? hr : E_FAIL;
         }
-        // Nearest neighbour: tiles lie on whole pixels, so that nothing has to be blended.
+        // Nearest neighbour: tiles lie on whole pixels, so nothing has to be blended.
         const D2D1_BITMAP_BRUSH_PROPERTIES brush{D2D1_EXTEND_MODE_WRAP, D2D1_EXTEND_MODE_WRAP,
                                                  D2D1_BITMAP_INTERPOLATION_MODE_NEAREST_NEIGHBOR};
         hr = pTarget->CreateBitmapBrush(pBitmap.Get(), &brush, nullptr, m_pTileBrush.Receive());

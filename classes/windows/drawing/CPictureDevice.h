@@ -10,8 +10,8 @@
 
 // The brush with which one render target draws one picture, kept from frame to frame.
 //
-// The target is referenced while its brush is kept: were it released meanwhile, another target could be made at the
-// same address and be taken for it.
+// The target is referenced while its brush is kept. If it were released, a new target at the same address could be
+// mistaken for it.
 class CPictureDevice
 {
 public:

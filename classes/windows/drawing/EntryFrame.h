@@ -4,7 +4,7 @@
 
 #include "classes/core/CColour.h"
 
-// How an entry field or list is framed and filled at the moment.
+// The present state of an entry field or list, which decides its frame and fill.
 struct CEntryLook
 {
     bool bFocus = false;
@@ -15,5 +15,5 @@ struct CEntryLook
 ColourRef GetEntryColour(const CEntryLook& look);
 ColourRef GetEntryTextColour(const CEntryLook& look);
 
-// Draws the rounded field with its border, or with the focus ring, over what the context shows there.
+// Draws the rounded field with its border, or with the focus ring, over the present content of the context.
 void DrawEntryFrame(HDC hDc, const RECT& rc, const CEntryLook& look);

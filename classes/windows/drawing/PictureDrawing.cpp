@@ -1,4 +1,4 @@
-// How pictures are drawn: a part of CPicture with a file of its own.
+// Draws pictures: a part of CPicture with a file of its own.
 #include "classes/windows/drawing/CPicture.h"
 #include "classes/windows/drawing/CPictureBits.h"
 #include "classes/windows/drawing/CPictureDevice.h"
@@ -70,7 +70,7 @@ void CPicture::DrawScaled(HDC hDc, const RECT& rcTarget, bool bFrame) const
         else
         {
             SetStretchBltMode(hDc, HALFTONE);
-            SetBrushOrgEx(hDc, 0, 0, nullptr); // the halftone mode asks for it
+            SetBrushOrgEx(hDc, 0, 0, nullptr); // the halftone mode requires it
             StretchBlt(hDc, rcTarget.left, rcTarget.top, iWidth, iHeight, source.Get(), 0, 0, m_size.cx, m_size.cy,
                        SRCCOPY);
         }
@@ -148,7 +148,7 @@ bool CPicture::DrawTiled(HDC hDc, bool bFrame) const
     }
     if (IsRectEmpty_Plain(rcVisible))
     {
-        return true; // nothing of it can be seen
+        return true; // no part of it is visible
     }
     if (m_bSolid)
     {

@@ -6,7 +6,7 @@
 // soft edge of one pixel at the corners. The radius is in pixels.
 double GetRoundedCoverage(int x, int y, int iWidth, int iHeight, int iRadius);
 
-// Fills a rectangle with rounded, smooth corners. The corners are mixed with what the context shows there already.
+// Fills a rectangle with rounded, smooth corners. The corners are blended with the present content of the context.
 void FillRoundedRect(HDC hDc, const RECT& rc, int iRadius, COLORREF cr);
 
 // A face with a border around it, iBorder pixels wide, that follows the corners.

@@ -5,7 +5,7 @@
 
 namespace
 {
-// 9 points on a screen of 96 dots per inch; and the height beyond which a text would not fit its row any more.
+// 9 points on a screen of 96 dots per inch, and the largest height that fits into a row.
 constexpr LONG c_iUsualHeight = 12;
 constexpr LONG c_iLargestHeight = 15;
 

@@ -2,9 +2,9 @@
 
 #include "classes/core/CColour.h"
 
-// The colours that the controls share. They stand on the dark slate-teal backdrop.
+// The colours that the controls share. They are made for the dark slate-teal backdrop.
 
-// The ring around whatever has the keyboard focus: warm, so that it stands out from the backdrop, from the light
+// The ring around the control with the keyboard focus: warm, so that it stands out from the backdrop, from the light
 // entries and from most swatches.
 constexpr ColourRef c_crFocus = MakeColour(0xFF, 0xC0, 0x4D);
 // The thin line between the ring and a face of the same colour.
@@ -22,6 +22,6 @@ constexpr ColourRef c_crEntryBorderGreyed = MakeColour(0x6E, 0x84, 0x87);
 
 constexpr ColourRef c_crLabelGreyed = MakeColour(0x93, 0xA6, 0xA8);
 
-// A groove is a dark line above a light one; a rule beside a heading is the light one alone.
+// A groove is a dark line above a light one; a rule beside a heading is only the light one.
 constexpr ColourRef c_crGrooveDark = MakeColour(0x16, 0x24, 0x28);
 constexpr ColourRef c_crGrooveLight = MakeColour(0x6F, 0x8A, 0x8E);

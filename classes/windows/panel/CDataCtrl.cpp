@@ -13,7 +13,7 @@ namespace
 {
 constexpr int c_iEntryInset = 6; // from the frame's edge to the letters, in pixels
 
-// The edit control writes at the top of its area: it is made as high as its letters and centred in its frame.
+// The edit control writes at the top of its area. So it is made as high as its letters and centred in its frame.
 CRect GetEntryRect(const CRect& rcFrame, HFONT hFont)
 {
     const int iHeight = std::min(GetFontHeight(hFont), rcFrame.GetHeight() - 2);
@@ -25,7 +25,7 @@ CRect GetEntryRect(const CRect& rcFrame, HFONT hFont)
     return rc;
 }
 
-// Without copied bits: the backdrop behind a moved window stays where it is, so every moved window is drawn anew.
+// Copies no bits: the backdrop behind a window does not move with it, so every moved window is drawn anew.
 HDWP PlaceWindow(HDWP hDefer, HWND hWnd, const CRect& rc, int iScroll)
 {
     if (hDefer == nullptr || hWnd == nullptr)
@@ -134,7 +134,7 @@ void CDataCtrl::SetState(EnumShowState eState)
     {
         return;
     }
-    // The focus does not stay in a control that no longer takes keys.
+    // Takes the focus away from a control that no longer accepts keys.
     if (bGreyed && GetFocus() == hControl)
     {
         SetFocus(GetAncestor(hControl, GA_ROOT));
@@ -179,7 +179,7 @@ HDWP CDataCtrl::Place(HDWP hDefer, const CPanelRow& row, int iScroll) const
     {
         return PlaceWindow(hDefer, GetControlWindow(), row.rcControl, iScroll);
     }
-    // A list's height is that of its open state; how high it is when closed is said elsewhere.
+    // This is the height of the open list; SetClosedHeight sets that of the closed one.
     m_pList->SetClosedHeight(row.rcControl.GetHeight());
     constexpr int c_iOpenHeight = 200;
     CRect rcOpen = row.rcControl;

@@ -14,7 +14,7 @@
 #include "classes/windows/panel/CPanelList.h"
 #include "classes/windows/panel/IPanelHost.h"
 
-// What a row is made from.
+// The specification of a row.
 struct CDataCtrlSpec
 {
     EnumDataCtrlType eType = EnumDataCtrlType::Divider;
@@ -36,12 +36,12 @@ public:
     CDataCtrl(const CDataCtrl&) = delete;
     CDataCtrl& operator=(const CDataCtrl&) = delete;
 
-    // Makes the windows: the label first, so that it stands before its control. pPanel is the buttons' parent.
+    // Makes the windows: the label first, so that it comes before its control. pPanel is the parent of the buttons.
     bool Create(CWndCommon* pPanel, short iId);
 
     const CDataCtrlSpec& GetSpec() const { return m_spec; }
     EnumShowState GetState() const { return m_spec.eState; }
-    // Greys or ungreys label and control.
+    // Disables or enables label and control.
     void SetState(EnumShowState eState);
 
     HWND GetLabelWindow() const;

@@ -47,7 +47,7 @@ CDataCtrlGroup::CDataCtrlGroup(const CWndCommon* pParent, short iFirstId, double
     }
 }
 
-// The rows go first: they take their windows with them, and then the panel's window is empty.
+// Destroys the rows first, and with them their windows: then the panel's window is empty.
 CDataCtrlGroup::~CDataCtrlGroup()
 {
     m_bWindowReady = false;
@@ -250,7 +250,7 @@ void CDataCtrlGroup::ShowState_SetState(short iIndex, EnumShowState eState)
         return;
     }
     pCtrl->SetState(eState);
-    InvalidateRect(m_hWnd, nullptr, FALSE); // the frame of an entry is the panel's
+    InvalidateRect(m_hWnd, nullptr, FALSE); // the panel draws the frames of the entries
 }
 
 EnumShowState CDataCtrlGroup::ShowState_GetState(short iIndex) const

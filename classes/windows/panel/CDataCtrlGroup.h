@@ -18,54 +18,55 @@ class CDataCtrl;
 class CWndButton;
 
 // A panel of labelled settings, one per row: labels on the left, controls on the right, aligned on one edge. It draws
-// the main window's backdrop behind itself without a seam. When it is lower than its rows it scrolls: by its bar, by
-// the mouse wheel over anything in it, and by the focus moving to a row that is out of sight.
+// the main window's backdrop behind itself without a seam. If it is lower than its rows, it scrolls by its bar, by the
+// mouse wheel over any part of it, and when the focus moves to a row out of sight.
 //
-// Controls are found by their label (letter for letter) or by their index, the number of the row from 0.
-// A colour button's click (WM_NOTIFY 0x202, hwndFrom is the button) and a list's notifications (WM_COMMAND) are handed
-// on to the main window, and so are the main-window keys (CLibrarySettings) when they are released in a control, except
+// Controls are found by their exact label or by their index, the number of the row from 0.
+// The panel passes to the main window: a colour button's click (WM_NOTIFY 0x202, hwndFrom is the button), a list's
+// notifications (WM_COMMAND), and the main-window keys (CLibrarySettings) when they are released in a control, except
 // for the Escape that closes an open list. Every control has its label as accessible name.
 class CDataCtrlGroup : public CWndCommon, private IPanelHost
 {
 public:
-    // The panel's window is made at once, empty and of no size; GetWindowHandle() is null when that failed.
-    // iFirstId: the control identifier of row 0. dLabelShare: the share of the width that belongs to the labels.
-    // bFrame: a thin border. pBackdrop null: the parent's backdrop.
+    // Makes the panel's window at once, empty and of size 0. GetWindowHandle() is null if that failed.
+    // iFirstId: the control identifier of row 0. dLabelShare: the labels' share of the width. bFrame: a thin border.
+    // pBackdrop null: the parent's backdrop.
     CDataCtrlGroup(const CWndCommon* pParent, short iFirstId, double dLabelShare, bool bFrame,
                    const CPicture* pBackdrop);
     ~CDataCtrlGroup() override;
 
     // Appends a row and returns its index; -1 on failure. uSize: the largest number of characters of an entry (0: no
-    // limit). byFlag is for callers whose tables have one; nothing reads it. crText is the label's colour, crShadow
-    // that of the shadow behind it (bTransparent) or of the label's background (otherwise).
+    // limit). byFlag is for callers whose tables have one; it is unused. crText is the label's colour, crShadow that of
+    // the shadow behind it (bTransparent) or of the label's background (otherwise).
     short AddControl(EnumDataCtrlType eType, EnumShowState eState, const CWString& sLabel, const CWString& sDesc,
                      unsigned short uSize, unsigned char byFlag, COLORREF crText, COLORREF crShadow, bool bTransparent);
 
     int GetCount() const;
-    // The index of the row with that label, or of the row that the window belongs to (as control, label or part of
-    // either); -1: none. Dividers have no window of their own, headings only their label.
+    // The index of the row with that label, or of the row that contains the window (as control, label or part of
+    // either); -1: none. Dividers have no window, headings only their label.
     short GetCtrlIndex(const CWString& sLabel) const;
     short GetCtrlIndex(HWND hWnd) const;
-    // Part 0: the control. Part 1: its label. Null when there is none.
+    // Part 0: the control. Part 1: its label. Null if there is none.
     HWND GetCtrlHandle(const CWString& sLabel, int iPart) const;
     // The window that takes the keyboard focus; null for headings and dividers.
     HWND GetCtrlTabHandle(short iIndex) const;
-    // Null unless the row holds a colour button.
+    // Null for any row but a colour button.
     CWndButton* GetButton(short iIndex) const;
     CWString GetLabel(short iIndex) const;
     CWString GetDesc(short iIndex) const;
     EnumDataCtrlType GetType(short iIndex) const;
     unsigned short GetSize(short iIndex) const;
 
-    // Sets an entry's or button's text, or selects the list item with that text. False for no such row (or item).
-    // Values given by the program are not limited to the row's size: only what the user enters is. The part is 0.
+    // Sets an entry's or button's text, or selects the list item with that text. False if there is no such row (or
+    // item). The row's size limits only input of the user, not values from the program. The part is 0.
     bool SetValue(short iIndex, const wchar_t* sText, short iPart = 0);
     bool SetValue(const CWString& sLabel, std::int32_t iValue, short iPart = 0);
     bool SetValue(const CWString& sLabel, std::uint32_t uValue, short iPart = 0);
     bool SetValue(const CWString& sLabel, std::uint8_t byValue, short iPart = 0);
 
-    // Numbers are an optional sign and the leading digits of the text (0 when there are none), kept within the type's
-    // range. A colour button's number is its colour, a list's the index of its selection (-1, as unsigned 0: none).
+    // The number of an entry is an optional sign and the leading digits of its text (0 if there are none), limited to
+    // the type's range. The number of a colour button is its colour, that of a list the index of its selection (-1, as
+    // unsigned 0: none).
     std::int32_t GetValue_Int32(const CWString& sLabel) const;
     std::uint32_t GetValue_Uint32(const CWString& sLabel) const;
     std::uint8_t GetValue_Uint8(const CWString& sLabel) const;
@@ -77,7 +78,7 @@ public:
 
     // The height that all rows need, in pixels.
     int GetContentHeight() const;
-    // Scrolls by as little as brings the row into view.
+    // Scrolls just far enough to bring the row into view.
     void EnsureVisible(short iIndex);
 
     void SetControlPositions(int cx, int cy) override;

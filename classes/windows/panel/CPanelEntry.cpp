@@ -10,7 +10,7 @@
 
 namespace
 {
-// What Ctrl with a letter arrives as: the letter's place in the alphabet.
+// The character of Ctrl with a letter: the letter's place in the alphabet.
 constexpr WPARAM c_wCtrlA = 0x01;
 constexpr WPARAM c_wTab = 0x09;
 constexpr WPARAM c_wEnter = 0x0D;
@@ -55,8 +55,8 @@ std::optional<LRESULT> CPanelEntry::HandleMessage(UINT uMessage, WPARAM wParam, 
     return HandleMessage_Table(*this, c_table, uMessage, wParam, lParam);
 }
 
-// Control characters (copy, cut, undo, delete backwards) are the control's own, but Enter, Escape and Tab would only
-// make it beep.
+// The control handles control characters (copy, cut, undo, delete backwards) itself, but Enter, Escape and Tab would
+// only make it beep.
 std::optional<LRESULT> CPanelEntry::On_Char(WPARAM wParam, LPARAM)
 {
     if (wParam == c_wEnter || wParam == c_wEscape || wParam == c_wTab)
@@ -80,7 +80,7 @@ std::optional<LRESULT> CPanelEntry::On_Char(WPARAM wParam, LPARAM)
     return std::nullopt;
 }
 
-// The older key for pasting must not get around the filter either.
+// The older key for pasting must not bypass the filter either.
 std::optional<LRESULT> CPanelEntry::On_KeyDown(WPARAM wParam, LPARAM)
 {
     if (wParam != VK_INSERT || GetKeyState(VK_SHIFT) >= 0 || GetKeyState(VK_CONTROL) < 0)
@@ -120,7 +120,7 @@ std::optional<LRESULT> CPanelEntry::On_MouseWheel(WPARAM wParam, LPARAM)
     return std::nullopt;
 }
 
-// How many characters may take the place of the selection.
+// The largest number of characters that may replace the selection.
 std::size_t CPanelEntry::GetRoom() const
 {
     if (m_uSize == 0)
@@ -134,8 +134,7 @@ std::size_t CPanelEntry::GetRoom() const
     return uKept >= m_uSize ? 0 : m_uSize - uKept;
 }
 
-// Nothing of the clipboard that fits is no reason to delete the selection. Undoing takes back the paste alone, not what
-// was typed before it.
+// If no character of the clipboard fits, the selection stays. Undo reverts only the paste, not the typing before it.
 void CPanelEntry::Paste() const
 {
     const std::wstring sText = FilterPastedText(ReadClipboardText(m_hWnd), m_bDigitsOnly, GetRoom());

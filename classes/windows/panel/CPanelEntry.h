@@ -7,8 +7,8 @@
 
 #include "classes/windows/panel/IPanelHost.h"
 
-// A row's entry: the system's edit control, restricted to the characters and the length that the row takes, whether
-// they are typed or pasted. Values set by the program are not restricted.
+// A row's entry: the system's edit control, restricted to the characters and the length that the row accepts, for
+// typing and for pasting. Values set by the program are not restricted.
 class CPanelEntry
 {
 public:

@@ -28,7 +28,7 @@ bool CPanelLabel::Create(const CWString& sText, const CLabelLook& look)
 {
     m_sText = sText;
     m_look = look;
-    // With SS_NOTIFY the label gets mouse messages of its own: the pointer over it says which row is meant.
+    // With SS_NOTIFY the label gets mouse messages of its own: the pointer over it selects the row to describe.
     m_hWnd = CreateWindowExW(0, WC_STATICW, sText.c_str(), WS_CHILD | WS_VISIBLE | SS_NOTIFY | SS_NOPREFIX, 0, 0, 0, 0,
                              m_host.Host_GetWindow(), nullptr, m_host.Host_GetInstance(), nullptr);
     if (m_hWnd == nullptr)

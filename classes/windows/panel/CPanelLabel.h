@@ -8,7 +8,7 @@
 #include "classes/core/CWString.h"
 #include "classes/windows/panel/IPanelHost.h"
 
-// How a label is written.
+// The look of a label.
 struct CLabelLook
 {
     COLORREF crText = 0;

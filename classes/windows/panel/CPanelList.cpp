@@ -11,7 +11,7 @@
 
 namespace
 {
-constexpr int c_iDroppedHeight = 200; // room for the list; it opens only as high as its items need
+constexpr int c_iDroppedHeight = 200; // room for the list; it opens only as high as its items
 constexpr int c_iTextInset = 6;
 constexpr int c_iArrowRight = 12; // from the right edge to the arrow's middle
 constexpr int c_iArrowHalf = 4;
@@ -67,8 +67,8 @@ bool CPanelList::Create(short iId)
     return SubclassWindow_Object(m_hWnd, this);
 }
 
-// The control adds a border to the height of its field; how much depends on the theme, and what it reports as the
-// field's height need not be what it was given. So the result is measured, and the field corrected by what is wrong.
+// The control adds a border to the height of its field. The border depends on the theme, and the control may report
+// another height of the field than it was given. So the result is measured, and the field corrected by the difference.
 void CPanelList::SetClosedHeight(int iHeight) const
 {
     constexpr int c_iAttempts = 3;
@@ -112,7 +112,7 @@ std::optional<LRESULT> CPanelList::HandleMessage(UINT uMessage, WPARAM wParam, L
     return HandleMessage_Table(*this, c_table, uMessage, wParam, lParam);
 }
 
-// The control answers; what it shows may be another thing afterwards.
+// Lets the control answer. Its content may have changed afterwards, so it is redrawn.
 LRESULT CPanelList::AnswerAndRedraw(UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
     const LRESULT result = DefSubclassProc(m_hWnd, uMessage, wParam, lParam);
@@ -149,7 +149,7 @@ std::optional<LRESULT> CPanelList::On_MouseLeave(WPARAM, LPARAM)
     return std::nullopt;
 }
 
-// A closed list must not change its selection because the pointer happens to pass over it.
+// The wheel over a closed list must not change the selection: it scrolls the panel.
 std::optional<LRESULT> CPanelList::On_MouseWheel(WPARAM wParam, LPARAM)
 {
     if (IsDropped())
@@ -184,8 +184,8 @@ std::optional<LRESULT> CPanelList::On_SetSelection(WPARAM wParam, LPARAM lParam)
     return AnswerAndRedraw(CB_SETCURSEL, wParam, lParam);
 }
 
-// The keys that mean the main window are the list's own while it is open, and so is the release of the Escape that
-// has closed it.
+// While the list is open it keeps the main-window keys for itself. It also keeps the release of the Escape that closed
+// it.
 std::optional<LRESULT> CPanelList::On_GetDlgCode(WPARAM, LPARAM lParam)
 {
     const auto* const pMsg = reinterpret_cast<const MSG*>(lParam);
@@ -206,7 +206,7 @@ std::optional<LRESULT> CPanelList::On_KeyDown(WPARAM wParam, LPARAM lParam)
     return std::nullopt;
 }
 
-// F11 closes an open list before the main window gets it.
+// F11 closes an open list before the main window gets the key.
 std::optional<LRESULT> CPanelList::On_KeyUp(WPARAM wParam, LPARAM lParam)
 {
     if (wParam == VK_ESCAPE)

@@ -20,7 +20,7 @@ public:
     bool Create(short iId);
     // Gives the closed list this height, in pixels.
     void SetClosedHeight(int iHeight) const;
-    // Lets the list itself tell screen readers its name: for systems that keep no names given to windows.
+    // Lets the list itself give screen readers its name, for systems that keep no names given to windows.
     void SetOwnAccessibleName(const CWString& sName, const CWString& sDescription);
     HWND GetWindowHandle() const { return m_hWnd; }
 
@@ -54,5 +54,5 @@ private:
     CWString m_sAccessibleName;
     CWString m_sAccessibleDescription;
     bool m_bHot = false;
-    bool m_bEscapeUsed = false; // Escape has just closed the list: its release means nothing more
+    bool m_bEscapeUsed = false; // Escape has just closed the list: its release has no effect
 };

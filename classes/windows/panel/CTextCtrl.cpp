@@ -7,8 +7,8 @@
 
 namespace
 {
-// Kept between a text and the left or right edge it is aligned to, in pixels: letters that touch a window's edge are
-// hard to read.
+// The distance between a text and the left or right edge it is aligned to, in pixels: letters that touch a window's
+// edge are hard to read.
 constexpr int c_iEdgeGap = 8;
 constexpr int c_iShadowOffset = 1;
 

@@ -4,7 +4,7 @@
 
 #include "classes/core/CWString.h"
 
-// Where a drawn text stands in its rectangle. The values are fixed: callers pass them as numbers.
+// The alignment of a text in its rectangle. The values are fixed: callers pass them as numbers.
 enum class EnumTextHorizontal : int
 {
     Left = 1,
@@ -26,11 +26,11 @@ public:
     void SetText(const CWString& sText) { m_sText = sText; }
     const CWString& GetText() const { return m_sText; }
 
-    // The font is not owned; null means the system's default GUI font. The text has no window that could be drawn
-    // again: bRedraw is for callers that treat it like a control, and changes nothing.
+    // The font is not owned; null means the system's default GUI font. bRedraw has no effect, because the text has no
+    // window to redraw: it is for callers that treat the text like a control.
     void SetFont(HFONT hFont, bool bRedraw);
     void SetTextColour(COLORREF cr) { m_crText = cr; }
-    // Transparent: what lies below shows through (the default). Otherwise the rectangle is filled with the colour.
+    // Transparent (the default): the background shows through. Otherwise the rectangle is filled with the colour.
     void SetBackground(bool bTransparent, COLORREF cr);
     // A shadow one pixel to the right and below the letters, for texts on a texture.
     void SetShadow(bool bShadow, COLORREF cr);
@@ -42,10 +42,10 @@ public:
 
     void SetDrawingRect(const RECT* pRect);
     void GetDrawingRect(RECT* pRect) const;
-    // Where the letters themselves come to stand.
+    // The rectangle of the letters themselves.
     RECT GetTextRect(HDC hDc) const;
 
-    // False when there is nothing to draw: no context, no text, or an empty rectangle.
+    // False if there is nothing to draw: no context, no text, or an empty rectangle.
     bool Draw(HDC hDc) const;
 
 private:

@@ -4,7 +4,7 @@
 
 #include <string>
 
-// What the rows of a panel ask of the panel.
+// The services of the panel for its rows.
 struct IPanelHost
 {
     virtual ~IPanelHost() = default;
@@ -12,10 +12,10 @@ struct IPanelHost
     virtual HINSTANCE Host_GetInstance() const = 0;
     virtual HFONT Host_GetFont(bool bBold) const = 0;
     virtual std::wstring* Host_GetDebugLog() const = 0;
-    // Draws what lies behind a child of the panel, in the child's coordinates.
+    // Draws the background of a child of the panel, in the child's coordinates.
     virtual void Host_DrawBehind(HDC hDc, HWND hChild) = 0;
     // The row's control has got or lost the keyboard focus.
     virtual void Host_RowFocused(short iIndex, bool bFocused) = 0;
-    // The wheel was turned over the panel or one of its children; false when there is nothing to scroll.
+    // The wheel was turned over the panel or one of its children; false if there is nothing to scroll.
     virtual bool Host_ScrollByWheel(short iDelta) = 0;
 };

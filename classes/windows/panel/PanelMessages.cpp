@@ -1,4 +1,4 @@
-// The panel's window procedure and what it draws itself: a part of CDataCtrlGroup with a file of its own.
+// The panel's window procedure and its own drawing: a part of CDataCtrlGroup with a file of its own.
 #include "classes/core/PanelLayout.h"
 #include "classes/windows/drawing/EntryFrame.h"
 #include "classes/windows/drawing/OffScreenDrawing.h"
@@ -85,7 +85,7 @@ void CDataCtrlGroup::Host_DrawBehind(HDC hDc, HWND hChild)
 
 void CDataCtrlGroup::Host_RowFocused(short iIndex, bool bFocused)
 {
-    InvalidateRect(m_hWnd, nullptr, FALSE); // the frame of an entry is the panel's
+    InvalidateRect(m_hWnd, nullptr, FALSE); // the panel draws the frames of the entries
     if (bFocused)
     {
         EnsureVisible(iIndex);
@@ -115,7 +115,7 @@ std::optional<LRESULT> CDataCtrlGroup::On_PrintClient(WPARAM wParam, LPARAM)
     return 0;
 }
 
-// The backdrop, the dividers, and the frames of the entries, which stand inside them.
+// Draws the backdrop, the dividers, and the frames around the entries.
 void CDataCtrlGroup::DrawPanel(HDC hDc)
 {
     Host_DrawBehind(hDc, m_hWnd);
@@ -140,7 +140,7 @@ void CDataCtrlGroup::DrawPanel(HDC hDc)
     }
 }
 
-// A click on an entry's frame, beside the control itself, means the entry.
+// A click on an entry's frame, beside the control itself, counts for the entry.
 std::optional<LRESULT> CDataCtrlGroup::On_LButtonDown(WPARAM, LPARAM lParam)
 {
     const POINT pt{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
@@ -172,8 +172,8 @@ std::optional<LRESULT> CDataCtrlGroup::On_Notify(WPARAM wParam, LPARAM lParam)
     return std::nullopt;
 }
 
-// A list's notifications are the main window's business. The system announces a choice that was confirmed in the open
-// list or made by keys in the closed one by CBN_SELENDOK; where it is left out for keys, it is added here.
+// The main window handles a list's notifications. The system sends CBN_SELENDOK for a choice that was confirmed in the
+// open list or made by keys in the closed one. If a system leaves it out for keys, it is added here.
 std::optional<LRESULT> CDataCtrlGroup::On_Command(WPARAM wParam, LPARAM lParam)
 {
     const HWND hList = reinterpret_cast<HWND>(lParam);
@@ -201,7 +201,7 @@ std::optional<LRESULT> CDataCtrlGroup::On_Command(WPARAM wParam, LPARAM lParam)
     return result;
 }
 
-// Entries ask for their colours while they draw themselves; a disabled one asks as if it were a static text.
+// Entries ask for their colours while they draw themselves; a disabled one asks as a static text does.
 std::optional<LRESULT> CDataCtrlGroup::On_ControlColour(WPARAM wParam, LPARAM lParam)
 {
     const short iIndex = GetCtrlIndex(reinterpret_cast<HWND>(lParam));

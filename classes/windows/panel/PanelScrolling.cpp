@@ -1,4 +1,4 @@
-// Where the rows stand and how they scroll: a part of CDataCtrlGroup with a file of its own.
+// Places and scrolls the rows: a part of CDataCtrlGroup with a file of its own.
 #include "classes/core/CFlagScope.h"
 #include "classes/core/PanelLayout.h"
 #include "classes/windows/panel/CDataCtrl.h"
@@ -53,7 +53,7 @@ int CDataCtrlGroup::GetScrollPosition() const
     return GetScrollPos(m_hWnd, SB_VERT);
 }
 
-// Showing or hiding the bar changes the client area, and so sends WM_SIZE in the middle of this.
+// Showing or hiding the bar changes the client area and so sends WM_SIZE in the middle of this function.
 void CDataCtrlGroup::SetControlPositions(int, int)
 {
     if (!m_bWindowReady || m_bLayingOut)
@@ -108,7 +108,7 @@ void CDataCtrlGroup::ScrollTo(int iPosition)
     UpdateWindow(m_hWnd); // keeps up with a dragged bar
 }
 
-// The first setting below a heading brings its heading along.
+// The first setting below a heading brings the heading into view with it.
 void CDataCtrlGroup::EnsureVisible(short iIndex)
 {
     const CPanelLayout layout = GetLayout();
@@ -129,7 +129,7 @@ bool CDataCtrlGroup::Host_ScrollByWheel(short iDelta)
     {
         return false;
     }
-    // Fine wheels turn by less than a notch at a time: what makes no whole pixel yet is kept.
+    // Fine wheels turn by less than a notch at a time: the part of a pixel is kept for the next turn.
     m_iWheelRest += iDelta * GetWheelLines() * c_iWheelLineHeight;
     const int iPixels = m_iWheelRest / WHEEL_DELTA;
     m_iWheelRest -= iPixels * WHEEL_DELTA;
@@ -162,7 +162,7 @@ std::optional<LRESULT> CDataCtrlGroup::On_Size(WPARAM, LPARAM)
     return 0;
 }
 
-// The system moves the panel's pixels along, but the backdrop behind them stays where it is.
+// The system moves the pixels with the window, but the backdrop behind the panel must stay in place.
 std::optional<LRESULT> CDataCtrlGroup::On_Move(WPARAM, LPARAM)
 {
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_NOERASE);

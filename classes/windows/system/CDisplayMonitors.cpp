@@ -12,7 +12,7 @@ BOOL CALLBACK AddMonitor(HMONITOR hMonitor, HDC, LPRECT, LPARAM lParam) noexcept
     info.cbSize = sizeof(info);
     if (!GetMonitorInfoW(hMonitor, &info))
     {
-        return TRUE; // unplugged in this moment: the others still count
+        return TRUE; // unplugged just now: the others still count
     }
     try
     {

@@ -16,7 +16,7 @@ struct CDisplayMonitor
 class CDisplayMonitors
 {
 public:
-    // Reads the list anew and writes one line per monitor to the log (null: none). False when there is no monitor.
+    // Reads the list anew and writes one line per monitor to the log (null: none). False if there is no monitor.
     bool GetDisplayMonitors(std::wstring* pDebugLog);
 
     int GetCount() const { return static_cast<int>(m_monitors.size()); }

@@ -4,7 +4,7 @@
 
 namespace
 {
-// Clipboard and memory block are given back on every way out, an exception included.
+// Releases clipboard and memory block on every way out, also after an exception.
 class CClipboardScope
 {
 public:
@@ -63,6 +63,6 @@ std::wstring ReadClipboardText(HWND hOwner)
     {
         return {};
     }
-    // Whoever filled the block may have forgotten the final zero.
+    // The program that filled the block may have left out the final zero.
     return std::wstring(memory.GetText(), wcsnlen(memory.GetText(), memory.GetRoom()));
 }

@@ -4,5 +4,5 @@
 
 #include <string>
 
-// The text on the clipboard; empty when there is none or another program holds the clipboard.
+// The text on the clipboard; empty if there is none or another program holds the clipboard.
 std::wstring ReadClipboardText(HWND hOwner);

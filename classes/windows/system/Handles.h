@@ -6,8 +6,8 @@
 
 #include <utility>
 
-// Owning types for what Windows hands out; kernel objects have theirs in classes/core/CKernelHandle.h. Each is a value
-// plus its closer: movable, not copyable, and empty after a move. None of them throws.
+// Owning types for the handles of Windows; the one for kernel objects is in classes/core/CKernelHandle.h. Each is a
+// value plus its closer: movable, not copyable, and empty after a move. None of them throws.
 
 // A GDI object (bitmap, font, brush, region). It must not be selected into a device context when it is closed.
 template<class T>
@@ -98,7 +98,7 @@ private:
     HDC m_hDc = nullptr;
 };
 
-// Selects an object into a device context for the life of this scope and puts the former one back.
+// Selects an object into a device context for the life of this scope, then selects the former one again.
 class CSelectObject
 {
 public:
@@ -118,8 +118,7 @@ private:
     HGDIOBJ m_hOld;
 };
 
-// The thread's use of COM, for the life of this scope. A thread that uses COM in another way already keeps it that
-// way.
+// The thread's use of COM, for the life of this scope. If the thread already uses COM in another way, that way stays.
 class CComScope
 {
 public:
@@ -146,7 +145,7 @@ private:
     bool m_bEntered = false;
 };
 
-// A counted reference to a COM object. Taking a raw pointer takes over its reference.
+// A counted reference to a COM object. Constructed from a raw pointer, it takes over the pointer's reference.
 template<class T>
 class CComPtr
 {
@@ -162,7 +161,7 @@ public:
     }
     ~CComPtr() { Reset(); }
 
-    // Shares an object that stays with its present owner too.
+    // Shares an object with its present owner.
     static CComPtr Share(T* pObject) noexcept
     {
         CComPtr shared(pObject);
@@ -182,7 +181,7 @@ public:
         }
     }
 
-    // Where a factory function may store its result; what was held before is released.
+    // The place where a factory function stores its result; releases the object held before.
     T** Receive() noexcept
     {
         Reset();

@@ -6,7 +6,7 @@
 
 // A window procedure as data: one row per message, one small handler per row.
 
-// A handler answers a message with its result, or with nothing when the system's default is wanted after all.
+// A handler returns the result of a message, or nullopt to leave it to the system's default.
 template<class T>
 struct CMessageEntry
 {
@@ -14,8 +14,8 @@ struct CMessageEntry
     std::optional<LRESULT> (T::*pHandler)(WPARAM, LPARAM);
 };
 
-// The answer of the message's row: nothing without a row, or when its handler passes. The first row of a message
-// counts. Tables have a dozen rows: walking them costs less than hashing.
+// The answer of the message's row: nullopt if there is no row or its handler returns nullopt. The first row of a
+// message counts. Tables have a dozen rows: walking them costs less than hashing.
 template<class T, class TEntries>
 std::optional<LRESULT> HandleMessage_Table(T& object, const TEntries& entries, UINT uMessage, WPARAM wParam,
                                            LPARAM lParam)
@@ -30,7 +30,7 @@ std::optional<LRESULT> HandleMessage_Table(T& object, const TEntries& entries, U
     return std::nullopt;
 }
 
-// The same for a window procedure: what the table does not answer, DefWindowProcW does.
+// The same for a window procedure: DefWindowProcW answers the messages that the table does not.
 template<class T, class TEntries>
 LRESULT DispatchMessage_Table(T& object, const TEntries& entries, HWND hWnd, UINT uMessage, WPARAM wParam,
                               LPARAM lParam)

@@ -4,7 +4,7 @@
 
 #include "classes/core/CRect.h"
 
-// Small arithmetic on the system's rectangles. All of it accepts rectangles in any coordinate system, empty ones too.
+// Small arithmetic on the system's rectangles, in any coordinate system, empty ones included.
 
 constexpr int GetRectWidth(const RECT& rc) noexcept
 {
@@ -19,7 +19,7 @@ constexpr bool IsRectEmpty_Plain(const RECT& rc) noexcept
     return rc.right <= rc.left || rc.bottom <= rc.top;
 }
 
-// Moves a rectangle by dx, dy pixels; a null pointer is left alone.
+// Moves a rectangle by dx, dy pixels; does nothing for a null pointer.
 constexpr void MoveRect(RECT* pRect, int dx, int dy) noexcept
 {
     if (pRect == nullptr)
@@ -32,7 +32,8 @@ constexpr void MoveRect(RECT* pRect, int dx, int dy) noexcept
     pRect->bottom += dy;
 }
 
-// True inside the rectangle, its left and top edges included, its right and bottom edges not: the system's own rule.
+// True if the point is inside the rectangle. As the system has it, the left and top edges are inside, the right and
+// bottom edges are not.
 constexpr bool PointInRect(const RECT& rc, const POINT& pt) noexcept
 {
     return pt.x >= rc.left && pt.x < rc.right && pt.y >= rc.top && pt.y < rc.bottom;

@@ -2,7 +2,7 @@
 
 namespace
 {
-// The rules know the requests by these numbers.
+// The rules use these numbers for the requests.
 static_assert(SB_LINEUP == static_cast<unsigned>(EnumScrollRequest::LineUp));
 static_assert(SB_LINEDOWN == static_cast<unsigned>(EnumScrollRequest::LineDown));
 static_assert(SB_PAGEUP == static_cast<unsigned>(EnumScrollRequest::PageUp));

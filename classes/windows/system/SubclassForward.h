@@ -8,9 +8,9 @@
 
 #include "classes/windows/system/WndProcForward.h"
 
-// Changing how one of the system's own controls behaves: its messages go to an object first.
+// Changes the behaviour of one of the system's own controls: its messages go to an object first.
 //
-// T has `std::optional<LRESULT> HandleMessage(UINT, WPARAM, LPARAM)` (nothing: the control answers),
+// T has `std::optional<LRESULT> HandleMessage(UINT, WPARAM, LPARAM)` (nullopt: the control answers),
 // `std::wstring* GetDebugLog() const` and `void OnWindowGone()`.
 
 constexpr UINT_PTR c_uSubclassId = 1;
@@ -38,7 +38,7 @@ bool SubclassWindow_Object(HWND hWnd, T* pObject)
     return SetWindowSubclass(hWnd, SubclassForward<T>, c_uSubclassId, reinterpret_cast<DWORD_PTR>(pObject)) != FALSE;
 }
 
-// Ends a subclassed window with its object.
+// Destroys a subclassed window together with its object.
 template<class T>
 void DestroySubclassedWindow(HWND hWnd)
 {

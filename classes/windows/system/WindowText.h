@@ -4,5 +4,5 @@
 
 #include "classes/core/CWString.h"
 
-// The window's text, whatever its length; empty for a window that is gone.
+// The window's text, of any length; empty if the window is gone.
 CWString ReadWindowText(HWND hWnd);

@@ -4,12 +4,12 @@
 
 #include <string>
 
-// Reports the exception that is being handled right now, with the place of the caller, to debug output and log.
+// Reports the exception that is being handled, with the place of the caller, to debug output and log.
 void ReportWindowException(std::wstring* pDebugLog, const char* sFile = __builtin_FILE(),
                            unsigned uLine = __builtin_LINE(), const char* sFunction = __builtin_FUNCTION()) noexcept;
 
-// The usual guard of a window procedure: whatever the body throws is reported and the message counts as handled.
-// Nothing may be thrown through a window procedure: the system's frames between sender and receiver cannot unwind.
+// The usual guard of a window procedure: an exception from the body is reported and the message counts as handled. No
+// exception may leave a window procedure: the system's frames between sender and receiver cannot unwind.
 struct CReportingGuard
 {
     template<class TBody>
@@ -27,7 +27,7 @@ struct CReportingGuard
     }
 };
 
-// The object that a window belongs to: stored in the window's user data, null before and after its life.
+// The object of a window: stored in the window's user data, null before and after the object's life.
 template<class T>
 T* WndProc_GetObject(HWND hWnd) noexcept
 {
@@ -41,7 +41,7 @@ inline void WndProc_SetObject(HWND hWnd, void* pObject) noexcept
 
 // A window procedure for classes that pass `this` as the creation parameter and have
 // `LRESULT WndProc(HWND, UINT, WPARAM, LPARAM)` and `std::wstring* GetDebugLog() const`.
-// The object is known from WM_NCCREATE on and forgotten after WM_NCDESTROY.
+// Stores the object at WM_NCCREATE and forgets it after WM_NCDESTROY.
 template<class T, class TGuard = CReportingGuard>
 LRESULT CALLBACK WndProcForward(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) noexcept
 {

@@ -6,7 +6,7 @@
 
 namespace
 {
-// Disables the owner while the message is shown, and gives the focus back afterwards.
+// Disables the owner while the message is shown, and restores the focus afterwards.
 class COwnerScope
 {
 public:
@@ -22,8 +22,8 @@ public:
     COwnerScope& operator=(const COwnerScope&) = delete;
     ~COwnerScope() { GiveBack(); }
 
-    // To be called while the message's window still exists: when it goes, the system activates its owner, which must be
-    // enabled by then; otherwise the next program would come to the front.
+    // Call it while the message's window still exists: when that window goes, the system activates its owner. If the
+    // owner were still disabled, another program would come to the front.
     void EnableOwner()
     {
         if (m_bWasEnabled && IsWindow(m_hOwner))
@@ -51,7 +51,8 @@ private:
 constexpr LPARAM c_iRepeated = LPARAM{1} << 30; // the bit of a key message that says the key was down before
 constexpr DWORD c_uReleasePoll = 10;            // ms between two looks at a key that may be released elsewhere
 
-// Enter on a button may open the message; held a little longer, it must not close it unread.
+// Enter on a button may open the message. If the user holds the key a little longer, it must not close the message
+// unread.
 bool IsRepeatedAnswer(const MSG& msg)
 {
     return msg.message == WM_KEYDOWN && (msg.lParam & c_iRepeated) != 0 &&
@@ -82,14 +83,14 @@ void RunUntilClosed(const CMessageBoxDialog& dialog)
     }
 }
 
-// Escape may mean something to the main window when it goes up. The Escape that closes a message goes up later: the
-// message stays until then, and takes it. While another program is in the foreground, the key's release is not seen
-// here.
+// The main window may react to the release of Escape. The Escape that closes a message is released later: the message
+// stays until then and takes the release. While another program is in the foreground, this loop does not see the
+// release and does not wait.
 void RunUntilEscapeIsUp(const CMessageBoxDialog& dialog)
 {
     const MessageFilter filter = MakeFilter(dialog);
     const HWND hDialog = dialog.GetWindowHandle();
-    // Waiting messages are taken first: the key may have gone up already.
+    // Handles waiting messages first: the key may have been released already.
     while (IsWindow(hDialog) && MessagePump_RunPending(nullptr, filter) && GetKeyState(VK_ESCAPE) < 0 &&
            GetForegroundWindow() == hDialog)
     {

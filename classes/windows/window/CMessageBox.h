@@ -14,9 +14,8 @@ public:
     explicit CMessageBox(const CWndCommon* pOwner) : m_pOwner(pOwner) {}
 
     // Shows the message and returns when it is closed: by the button, Enter, Space, Escape or the close box (1), or
-    // because the thread was asked to quit (0; the outer pumps see the quit too). Meanwhile the owner is disabled;
-    // afterwards it is enabled as it was and the focus is back where it was. iButtons is the number of buttons; a
-    // message has one.
+    // because the thread was asked to quit (0; the outer pumps see the quit too). Meanwhile the owner is disabled.
+    // Afterwards its former state and the focus are restored. iButtons is the number of buttons; a message has one.
     int ShowDialog(const CWString& sText, const CWString& sTitle, int iButtons, const CWString& sLabel);
 
 private:

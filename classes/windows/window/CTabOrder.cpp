@@ -14,7 +14,7 @@ bool IsDown(int iKey)
     return GetKeyState(iKey) < 0;
 }
 
-// An entry that is entered by Tab has its text selected, so that typing replaces it.
+// Tab into an entry selects its text, so that typing replaces it.
 void FocusByKeyboard(HWND hWnd)
 {
     SetFocus(hWnd);
@@ -64,7 +64,7 @@ HWND CTabOrder::FindNext(HWND hFrom, bool bBackwards) const
     const int iCount = GetCount();
     const int iFrom = FindStop(hFrom);
     const int iStep = bBackwards ? -1 : 1;
-    // From outside the walk begins so that its first step reaches the first or the last stop.
+    // From a window that is no stop, the walk begins so that its first step reaches the first or the last stop.
     int iStop = iFrom >= 0 ? iFrom : bBackwards ? iCount : -1;
     for (int i = 0; i < iCount; ++i)
     {

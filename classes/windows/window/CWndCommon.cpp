@@ -24,8 +24,8 @@ bool IsRightToLeft(unsigned char byLanguage)
 
 CWndCommon::CWndCommon() = default;
 
-// Windows are destroyed by the classes that made them. One that is left is cut off from the object first, so that none
-// of its last messages reaches what is no longer there.
+// The classes that made the windows destroy them. A window that is left is detached from the object first, so that none
+// of its last messages reaches a destroyed object.
 CWndCommon::~CWndCommon()
 {
     m_pToolTip.reset();
@@ -100,7 +100,7 @@ bool CWndCommon::Initialize(const wchar_t* sClassName, std::wstring* pDebugLog, 
     m_hFontGui = m_FontOwner ? m_FontOwner.Get() : static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
     m_eDrawMode = eDrawMode;
     LoadBackdrop(m_StringResource.IsRightToLeft() ? iBackdropPictureRtl : iBackdropPicture);
-    // The grip at the end of a status bar is as wide as a scroll bar: texts stay clear of it.
+    // The grip at the end of a status bar is as wide as a scroll bar: texts must not cover it.
     m_byMargin = static_cast<unsigned char>(GetSystemMetrics(SM_CXVSCROLL));
     return true;
 }
@@ -148,7 +148,7 @@ bool CWndCommon::OwnsWindow(HWND hWnd) const
     return m_hWnd != nullptr && hWnd != nullptr && (hWnd == m_hWnd || IsChild(m_hWnd, hWnd));
 }
 
-// While a control holds the mouse captured it gets every movement, wherever the pointer is: that says nothing.
+// While a control has captured the mouse, it gets every movement, wherever the pointer is: these messages are ignored.
 void CWndCommon::NoticePointer(const MSG& msg)
 {
     if (msg.message == WM_MOUSELEAVE && msg.hwnd == m_hHovered)

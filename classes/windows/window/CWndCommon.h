@@ -15,9 +15,9 @@
 class CDataCube;
 
 // The base of every window: the shared looks (icons, cursors, font, texts, backdrop), the message pump with the tab
-// order and the notice of which window lies under the pointer, and the clock in the status bar.
+// order and the notice when another window comes under the pointer, and the clock in the status bar.
 //
-// Everything here belongs to the thread that made the windows.
+// Used only on the thread that made the windows.
 class CWndCommon
 {
 public:
@@ -25,21 +25,21 @@ public:
     CWndCommon(const CWndCommon&) = delete;
     CWndCommon& operator=(const CWndCommon&) = delete;
 
-    // Lays the window's children out for a client area of cx x cy pixels; -1 for either: for its present size.
+    // Lays out the window's children in a client area of cx x cy pixels; if either is -1, in the present client area.
     virtual void SetControlPositions(int cx, int cy);
-    // The pointer has come over another window of this one's: a child, the window itself, or null when it has left.
+    // Called when the pointer comes over another window: a child, the window itself, or null when it has left.
     // The point is in screen coordinates.
     virtual void UpdateStatusBar(HWND hControl, const POINT& pt);
     virtual ~CWndCommon();
     virtual HWND GetWindowHandle() const;
-    // Dispatches the messages that are waiting and returns without blocking: all of the thread's, or only those for
-    // the given window and its children. False once a quit message was seen by this thread, in this or in any other
-    // pump, so that a quit taken by a nested pump ends the outer one as well.
+    // Dispatches the waiting messages and returns without blocking: all of the thread's, or only those for the given
+    // window and its children. False once this thread has seen a quit message, in this or in any other pump: so a quit
+    // that a nested pump takes ends the outer one as well.
     virtual bool OperateMessagePump(HWND hWnd);
 
     HINSTANCE GetInstance() const { return m_hInstance; }
     std::wstring* GetDebugLog() const { return m_pDebugLog; }
-    // Null when there is no backdrop.
+    // Null if there is no backdrop.
     CPicture* GetBackdrop() const { return m_picBackdrop.IsEmpty() ? nullptr : &m_picBackdrop; }
     EnumPicDrawMode GetDrawMode() const { return m_eDrawMode; }
     const CStringResource& GetStringResource() const { return m_StringResource; }
@@ -52,23 +52,23 @@ public:
     // Sends a message to a window, names it on the debug output, and returns the window's answer.
     static LRESULT SendMessage_Show(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
 
-    // Where the main window's backdrop comes to lie in the coordinates of hChild, so that the texture continues
-    // through a child without a seam: the client area of hRoot, relative to the client area of hChild.
+    // The place of the main window's backdrop in the coordinates of hChild: the client area of hRoot, relative to that
+    // of hChild. With it the texture continues through a child without a seam.
     static RECT GetBackdropRect(HWND hChild, HWND hRoot);
 
 protected:
     // For a main window. Loads icon iIconId, the cursors (0: the system's arrow and hourglass), the GUI font, the
     // texts of the language and the backdrop picture of that resource number (the second number is for a language that
     // CLibrarySettings calls right-to-left; a missing resource is replaced by a generated texture). Another language
-    // may take the place of byLanguage: see ChooseLanguage. A thread that makes a new main window starts over: a quit
-    // message seen before no longer counts.
-    // False without a class name or instance, or when called twice.
+    // may replace byLanguage: see ChooseLanguage. When a thread makes a new main window, a quit message that it saw
+    // before no longer counts.
+    // False without a class name or instance, or if called twice.
     bool Initialize(const wchar_t* sClassName, std::wstring* pDebugLog, HKEY hRegistryRoot, const wchar_t* sName,
                     HINSTANCE hInstance, void (*pTranslate)(CDataCube*, unsigned char), unsigned char byLanguage,
                     unsigned short uIconId, int iCursorNormal, int iCursorWait, int iBackdropPicture,
                     int iBackdropPictureRtl, EnumPicDrawMode eDrawMode);
-    // For a child window: takes everything over from its parent. The backdrop shares the parent's pixels, but has a
-    // drawing rectangle of its own. False without a class name, parent or instance, or when called twice.
+    // For a child window: takes over everything from its parent. The backdrop shares the parent's pixels, but has a
+    // drawing rectangle of its own. False without a class name, parent or instance, or if called twice.
     bool Initialize(const wchar_t* sClassName, const CWndCommon* pParent, HINSTANCE hInstance);
 
     // Date and time of day in the user's own format in parts 1 and 2 of the status bar. A text is sent only when it

@@ -6,7 +6,7 @@
 
 namespace
 {
-// Wider tips are broken into lines: a tip should not reach across half the screen.
+// Wider tips are broken into lines: a tip should not cover half the width of the screen.
 constexpr int c_iMaxWidth = 320;
 } // namespace
 
@@ -15,7 +15,7 @@ CWndToolTip::CWndToolTip(unsigned uDelayMs, HFONT hFont, HKEY) : m_uDelayMs(uDel
 CWndToolTip::~CWndToolTip()
 {
     RemoveTool();
-    if (IsWindow(m_hWnd)) // its owner may have taken it along
+    if (IsWindow(m_hWnd)) // its owner may have destroyed it
     {
         DestroyWindow(m_hWnd);
     }
@@ -78,7 +78,7 @@ void CWndToolTip::ShowToolTip(const CWString& sText, HWND hMain, HWND hControl)
     CWString sCopy = sText;
     TTTOOLINFOW tool{};
     tool.cbSize = sizeof(tool);
-    // The tip watches the control's mouse messages by itself.
+    // The tip watches the mouse messages of the control itself.
     tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
     tool.hwnd = m_hMain;
     tool.uId = reinterpret_cast<UINT_PTR>(hControl);

@@ -4,20 +4,20 @@
 
 #include "classes/core/CWString.h"
 
-// One tool tip window that follows the pointer from control to control. It is made when it is first needed.
+// One tool tip window that follows the pointer from control to control. It is made at the first use.
 class CWndToolTip
 {
 public:
     // uDelayMs: how long the pointer must rest, in milliseconds (0: as long as the system's tool tips want).
-    // hFont: null for the system's tool tip font. The registry root is taken for the sake of callers that keep their
-    // settings there; nothing is read from it.
+    // hFont: null for the system's tool tip font. The registry root is for callers that keep their settings there; it
+    // is unused.
     CWndToolTip(unsigned uDelayMs, HFONT hFont, HKEY hRegistryRoot);
     ~CWndToolTip();
     CWndToolTip(const CWndToolTip&) = delete;
     CWndToolTip& operator=(const CWndToolTip&) = delete;
 
-    // From now on the tip of hControl is this text, and no other control has one. An empty text or a null control
-    // takes the tip away. hMain owns the tip window. Line breaks are kept, long lines are wrapped.
+    // Makes this text the tip of hControl, and removes the tip of any other control. An empty text or a null control
+    // only removes the tip. hMain owns the tip window. Line breaks are kept, long lines are wrapped.
     void ShowToolTip(const CWString& sText, HWND hMain, HWND hControl);
 
     HWND GetWindowHandle() const { return m_hWnd; }

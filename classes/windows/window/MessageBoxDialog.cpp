@@ -10,7 +10,7 @@
 
 namespace
 {
-// All in pixels.
+// All lengths are in pixels.
 constexpr int c_iMargin = 20;
 constexpr int c_iIconGap = 16;
 constexpr int c_iMaxTextWidth = 600;
@@ -23,8 +23,8 @@ constexpr int c_iButtonInset = 16; // between the button's label and its edges, 
 constexpr int c_iIconId = 20;      // identifiers that mean nothing to the system
 constexpr int c_iTextId = 21;
 
-// A dialog without controls; they are added when its text has been measured. The three zeros that follow the record
-// stand for no menu, the system's dialog class and no title.
+// A dialog without controls; they are added after its text has been measured. The three zeros after the record mean no
+// menu, the system's dialog class and no title.
 struct CEmptyTemplate
 {
     DLGTEMPLATE record;
@@ -125,7 +125,7 @@ void CMessageBoxDialog::CreateControls(HINSTANCE hInstance)
     const HWND hIcon = CreateControl(hInstance, WC_STATICW, nullptr, SS_ICON,
                                      {c_iMargin, c_iMargin, c_iMargin + iIcon, c_iMargin + iIcon}, c_iIconId);
     SendMessageW(hIcon, STM_SETICON, reinterpret_cast<WPARAM>(LoadIconW(nullptr, IDI_WARNING)), 0);
-    // A text lower than the icon stands in its middle.
+    // A text lower than the icon is centred on it.
     const int iTextTop = Centre(c_iMargin, c_iMargin + iBodyHeight, sizeText.cy);
     CreateControl(hInstance, WC_STATICW, m_sText.c_str(), SS_LEFT | SS_NOPREFIX,
                   {iTextLeft, iTextTop, iTextLeft + iTextWidth, iTextTop + sizeText.cy}, c_iTextId);
@@ -135,12 +135,12 @@ void CMessageBoxDialog::CreateControls(HINSTANCE hInstance)
         hInstance, WC_BUTTONW, m_sLabel.c_str(), BS_DEFPUSHBUTTON | WS_TABSTOP,
         {iWidth - c_iFooterMargin - iButtonWidth, iButtonTop, iWidth - c_iFooterMargin, iButtonTop + c_iButtonHeight},
         IDOK);
-    // The label is text, not a mnemonic: the button stands alone.
+    // The label has no mnemonic, because there is only this button: Enter presses it.
     SendMessageW(m_hWnd, DM_SETDEFID, IDOK, 0);
     PlaceWindow(sizeClient);
 }
 
-// In the middle of the owner, but always wholly on its monitor.
+// Centres the dialog on its owner, but always wholly on the owner's monitor.
 void CMessageBoxDialog::PlaceWindow(const SIZE& sizeClient)
 {
     RECT rc{0, 0, sizeClient.cx, sizeClient.cy};
@@ -170,7 +170,7 @@ INT_PTR CALLBACK CMessageBoxDialog::DialogProc(HWND hWnd, UINT uMessage, WPARAM 
     {
         SetWindowLongPtrW(hWnd, DWLP_USER, lParam);
         reinterpret_cast<CMessageBoxDialog*>(lParam)->m_hWnd = hWnd;
-        return FALSE; // the focus is set when there is a button
+        return FALSE; // the focus is set after the button is made
     }
     auto* const pDialog = reinterpret_cast<CMessageBoxDialog*>(GetWindowLongPtrW(hWnd, DWLP_USER));
     if (pDialog == nullptr)

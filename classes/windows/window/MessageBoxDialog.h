@@ -17,12 +17,12 @@ public:
     CMessageBoxDialog(const CMessageBoxDialog&) = delete;
     CMessageBoxDialog& operator=(const CMessageBoxDialog&) = delete;
 
-    // Shows it in the middle of its owner (null: of the screen). False when the window could not be made.
+    // Shows it in the middle of its owner (null: of the screen). False if the window could not be made.
     bool Create(HINSTANCE hInstance, HWND hOwner);
     void Destroy();
 
     HWND GetWindowHandle() const { return m_hWnd; }
-    // The user has answered, or the window has gone with its owner.
+    // True if the user has answered or the window has gone with its owner.
     bool IsClosed() const { return m_bAnswered || m_hWnd == nullptr; }
     bool WasAnswered() const { return m_bAnswered; }
 

@@ -39,7 +39,7 @@ void CWndCommon::UpdateStatusBarClock(bool bLongDate, bool bSeconds)
     SetStatusBarText(c_iTimePart, GetTimeText(bSeconds), m_sClockTime);
 }
 
-// A text that the bar refuses (it has no such part yet) is tried again the next time.
+// If the bar refuses a text (it has no such part yet), the next call tries again.
 void CWndCommon::SetStatusBarText(int iPart, const CWString& sText, CWString& sShown)
 {
     if (sText == sShown)
