@@ -14,7 +14,7 @@
 #include "classes/windows/panel/CPanelList.h"
 #include "classes/windows/panel/IPanelHost.h"
 
-// The specification of a row.
+// The parts of a row: its type, state, texts and looks.
 struct CDataCtrlSpec
 {
     EnumDataCtrlType eType = EnumDataCtrlType::Divider;
