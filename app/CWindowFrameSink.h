@@ -22,11 +22,14 @@ private:
 };
 
 // Tells that the worker's loop has ended: by a system event to wait for, and by a flag in case the system had no event
-// to give.
-class CWorkerFinishedEvent : public IFinishedEvent
+// to give. The end of the object's life sets both, because the loop may not even have begun.
+class CWorkerFinishedEvent final : public IFinishedEvent
 {
 public:
     CWorkerFinishedEvent(HANDLE hEvent, std::atomic<bool>& finished) : m_hEvent(hEvent), m_bFinished(finished) {}
+    ~CWorkerFinishedEvent() override { Set(); }
+    CWorkerFinishedEvent(const CWorkerFinishedEvent&) = delete;
+    CWorkerFinishedEvent& operator=(const CWorkerFinishedEvent&) = delete;
 
     void Reset() noexcept override;
     void Set() noexcept override;

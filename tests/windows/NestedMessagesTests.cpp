@@ -1,3 +1,5 @@
+#include "app/CKinetarium.h"
+#include "tests/windows/CHeldWorker.h"
 #include "tests/windows/CRunningApplication.h"
 #include "tests/windows/MessageBoxProbe.h"
 
@@ -84,6 +86,23 @@ TEST(NestedMessages, AQuitDuringAStopEndsTheRun)
         PostQuitMessage(0);
         CKinetariumProbe::Stop(inside);
     });
+    EXPECT_TRUE(application.Close());
+}
+
+// The worker waits for an answer to its frame, and the pump that would give it has seen the quit already.
+TEST(NestedMessages, AStopAfterAQuitAnswersTheWorkersLastFrame)
+{
+    const CHeldWorker worker;
+    CRunningApplication application;
+    StartSmallWorld(application);
+    ASSERT_TRUE(worker.Wait());
+    application.Do([&](CKinetarium& inside) {
+        PostQuitMessage(0);
+        EXPECT_FALSE(inside.OperateMessagePump(nullptr));
+        worker.Open();
+        CKinetariumProbe::Stop(inside);
+    });
+    EXPECT_EQ(worker.GetUnanswered(), 0);
     EXPECT_TRUE(application.Close());
 }
 

@@ -1,4 +1,5 @@
 #include "app/CKinetarium.h"
+#include "tests/windows/CMemoryFault.h"
 #include "tests/windows/FaultTesting.h"
 
 #include <atomic>
@@ -88,6 +89,25 @@ TEST_F(RefusedServices, WithoutTheFinishedEventEveryStopStillEndsItsWorker)
     ExpectUsable(application);
     Start(application);
     EXPECT_TRUE(application.Close()) << "with a simulation running";
+}
+
+// The worker then ends before its loop has begun.
+TEST_F(RefusedServices, WithoutTheFinishedEventAWorkerWithoutMemoryStillTellsThatItHasEnded)
+{
+    const CReplacedImport refusing("CreateEventW", RefuseSignalledEvent);
+    CRunningApplication application;
+    EXPECT_EQ(g_iCalls, 1);
+    bool bFinished = false;
+    application.Do([&](CKinetarium& inside) {
+        const CMemoryFault fault(CMemoryFault::EnumWhere::OtherThreads, 0);
+        CKinetariumProbe::Start(inside);
+        bFinished = CRunningApplication::Poll([&] { return CKinetariumProbe::IsWorkerFinished(inside); });
+        EXPECT_GE(fault.GetCount(), 1u);
+    });
+    ASSERT_TRUE(bFinished) << "a stop would wait for ever";
+    Stop(application);
+    ExpectUsable(application);
+    EXPECT_TRUE(application.Close());
 }
 
 TEST_F(RefusedServices, WithoutSocketsTheProgramEndsAtOnceWithoutAWindow)

@@ -23,6 +23,13 @@ void TakeQuit(const MSG& msg)
         PostQuitMessage(static_cast<int>(msg.wParam));
     }
 }
+
+// Another thread may wait for the answer to a message that it has sent, while this one waits for that thread.
+void DispatchSentMessages()
+{
+    MSG msg;
+    PeekMessageW(&msg, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+}
 } // namespace
 
 bool MessagePump_RunPending(HWND hWnd, const MessageFilter& filter)
@@ -43,5 +50,10 @@ bool MessagePump_RunPending(HWND hWnd, const MessageFilter& filter)
         TranslateMessage(&msg);
         DispatchMessageW(&msg);
     }
-    return !ThreadQuit_WasSeen();
+    if (ThreadQuit_WasSeen())
+    {
+        DispatchSentMessages();
+        return false;
+    }
+    return true;
 }

@@ -10,6 +10,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+
 namespace
 {
 void FillTexts(CDataCube* pTexts, unsigned char byLanguage)
@@ -80,6 +83,29 @@ TEST(WndCommon, AQuitInANestedPumpEndsTheOuterPumpToo)
     // The quit is back in the queue, so that an outer loop of the system would see it too.
     MSG msg{};
     EXPECT_TRUE(PeekMessageW(&msg, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE));
+}
+
+// Another thread may wait for the answer; whoever waits for that thread in turn goes on pumping.
+TEST(WndCommon, AfterAQuitThePumpStillAnswersTheMessagesThatOtherThreadsSend)
+{
+    CTestMainWindow window;
+    ASSERT_TRUE(window.Create(300, 200));
+    PostQuitMessage(0);
+    ASSERT_FALSE(window.OperateMessagePump(nullptr));
+    std::atomic<bool> bEnded{false};
+    bool bAnswered = false;
+    std::thread sender([&, hWnd = window.GetWindowHandle()] {
+        constexpr UINT c_uPatience = 10000; // ms
+        DWORD_PTR uResult = 0;
+        bAnswered = SendMessageTimeoutW(hWnd, WM_GETTEXTLENGTH, 0, 0, SMTO_NORMAL, c_uPatience, &uResult) != 0;
+        bEnded = true;
+    });
+    while (!bEnded)
+    {
+        EXPECT_FALSE(window.OperateMessagePump(nullptr));
+    }
+    sender.join();
+    EXPECT_TRUE(bAnswered);
 }
 
 TEST(WndCommon, AThreadThatMakesANewMainWindowStartsOver)
