@@ -1,4 +1,5 @@
 #include "app/CKinetarium.h"
+#include "app/WindowStateRules.h"
 #include "diagnostics/Guard.h"
 
 // Full screen: a frameless window over one monitor that shows nothing but the world. First the handlers that request
@@ -29,14 +30,17 @@ std::optional<LRESULT> CKinetarium::On_SysCommand(WPARAM wParam, LPARAM)
     {
         return std::nullopt;
     }
-    // Without this, a click in the task bar could not restore a minimised window.
-    if (uCommand == SC_RESTORE && IsIconic(m_hWnd))
+    const CWindowState state{IsIconic(m_hWnd) != FALSE, IsZoomed(m_hWnd) != FALSE, m_bFullscreen};
+    switch (uCommand == SC_MAXIMIZE ? GetMeaningOfMaximise(state) : GetMeaningOfRestore(state))
     {
+    case EnumWindowChange::Nothing:
+        break;
+    case EnumWindowChange::SystemDefault:
         return std::nullopt;
-    }
-    if ((uCommand == SC_MAXIMIZE) != m_bFullscreen)
-    {
+    case EnumWindowChange::EnterFullScreen:
+    case EnumWindowChange::LeaveFullScreen:
         ToggleFullscreen();
+        break;
     }
     return 0;
 }
@@ -118,7 +122,8 @@ bool CKinetarium::ToggleFullscreen_Enter()
     ShowWindow(m_pDataCtrlGroup->GetWindowHandle(), SW_HIDE);
     ShowWindow(m_StartButton.GetWindowHandle(), SW_HIDE);
     const LONG lStyle = GetWindowLongW(m_hWnd, GWL_STYLE);
-    SetWindowLongW(m_hWnd, GWL_STYLE, lStyle & ~static_cast<LONG>(WS_OVERLAPPEDWINDOW));
+    // A window that still counts as maximised would not be maximised anew when it leaves full screen.
+    SetWindowLongW(m_hWnd, GWL_STYLE, lStyle & ~static_cast<LONG>(WS_OVERLAPPEDWINDOW | WS_MAXIMIZE));
     const RECT& rc = monitor.rcMonitor;
     SetWindowPos(m_hWnd, HWND_TOP, rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top,
                  SWP_NOOWNERZORDER | SWP_FRAMECHANGED);

@@ -1,0 +1,77 @@
+#include "tests/windows/CRunningApplication.h"
+
+#include <gtest/gtest.h>
+
+// The main window in each of its states (normal, minimised, maximised, full screen) and on the ways between them. A
+// window becomes maximised without a command too: by snapping, by a shortcut, by another program.
+
+namespace
+{
+constexpr LPARAM c_iKeyReleased = static_cast<LPARAM>(0xC0000001);
+
+class WindowState : public testing::Test
+{
+protected:
+    WindowState()
+    {
+        m_Application.SetControlText(L"Tot_atoms", L"5");
+        SetWindowPos(GetMain(), nullptr, 20, 30, 640, 480, SWP_NOZORDER);
+        m_rcNormal = GetRectangle();
+    }
+
+    HWND GetMain() const { return m_Application.GetMain(); }
+    void PressF11() const { SendMessageW(GetMain(), WM_KEYUP, VK_F11, c_iKeyReleased); }
+    void Command(WPARAM uCommand) const { SendMessageW(GetMain(), WM_SYSCOMMAND, uCommand, 0); }
+
+    RECT GetRectangle() const
+    {
+        RECT rc{};
+        GetWindowRect(GetMain(), &rc);
+        return rc;
+    }
+
+    bool IsFullScreen() const
+    {
+        bool bFullScreen = false;
+        m_Application.Do([&](CKinetarium& inside) { bFullScreen = CKinetariumProbe::IsFullScreen(inside); });
+        return bFullScreen;
+    }
+
+    void ExpectNormal() const
+    {
+        EXPECT_FALSE(IsFullScreen());
+        EXPECT_FALSE(IsZoomed(GetMain()));
+        EXPECT_FALSE(IsIconic(GetMain()));
+        const RECT rc = GetRectangle();
+        EXPECT_TRUE(EqualRect(&rc, &m_rcNormal)) << rc.left << ' ' << rc.top << ' ' << rc.right << ' ' << rc.bottom;
+        EXPECT_EQ(GetWindowLongW(GetMain(), GWL_STYLE) & WS_CAPTION, WS_CAPTION);
+    }
+
+    CRunningApplication m_Application;
+    RECT m_rcNormal{};
+};
+} // namespace
+
+TEST_F(WindowState, AWindowThatWasMaximisedWithoutACommandCanBeRestored)
+{
+    ShowWindow(GetMain(), SW_SHOWMAXIMIZED);
+    ASSERT_TRUE(IsZoomed(GetMain()));
+    Command(SC_RESTORE);
+    ExpectNormal();
+}
+
+TEST_F(WindowState, AMaximisedWindowIsMaximisedAgainAfterFullScreenAndCanBeRestored)
+{
+    ShowWindow(GetMain(), SW_SHOWMAXIMIZED);
+    const RECT rcMaximised = GetRectangle();
+    PressF11();
+    ASSERT_TRUE(IsFullScreen());
+    Command(SC_RESTORE);
+    EXPECT_FALSE(IsFullScreen());
+    EXPECT_TRUE(IsZoomed(GetMain()));
+    const RECT rc = GetRectangle();
+    EXPECT_TRUE(EqualRect(&rc, &rcMaximised));
+
+    Command(SC_RESTORE);
+    ExpectNormal();
+}
