@@ -5,6 +5,7 @@
 #include "classes/core/CKernelHandle.h"
 #include "classes/core/CPoint.h"
 #include "classes/core/CRandom.h"
+#include "classes/core/CRect.h"
 #include "classes/core/CSize.h"
 #include "classes/core/CWString.h"
 #include "classes/windows/button/CWndButton.h"
@@ -108,6 +109,7 @@ private:
     CMessageResult On_EndSession(WPARAM, LPARAM);
     CMessageResult On_Destroy(WPARAM, LPARAM);
     void SaveWindowRectangle();
+    CRect SaveWindowRectangle_Measure();
 
     // Timers
     void InitializeWindow_Timers();
@@ -181,7 +183,7 @@ private:
 
     bool m_bStarting = false;
     CStopGate m_StopGate;
-    WINDOWPLACEMENT m_WindowPlacement{};
+    WINDOWPLACEMENT m_WindowPlacement{}; // of the framed window, while in full screen
     RECT m_rcLastClient{};
 };
 

@@ -1,4 +1,6 @@
 #include "app/CKinetarium.h"
+#include "app/WindowStateRules.h"
+#include "classes/windows/system/RectHelpers.h"
 #include "settings/SettingsFile.h"
 
 #include <array>
@@ -13,8 +15,6 @@ std::optional<LRESULT> CKinetarium::On_Close(WPARAM, LPARAM)
         return 0;
     }
     Settings_Save();
-    // The rectangle to save is the one of the restored window, neither minimised nor maximised.
-    ShowWindow(m_hWnd, SW_RESTORE);
     SaveWindowRectangle();
     StopSimulation();
     ShowWindow(m_hWnd, SW_HIDE);
@@ -28,18 +28,40 @@ std::optional<LRESULT> CKinetarium::On_EndSession(WPARAM wParam, LPARAM)
     if (wParam != 0)
     {
         Settings_Save();
-        ShowWindow(m_hWnd, SW_RESTORE); // a minimised window lies outside every screen
         SaveWindowRectangle();
         StopSimulation();
     }
     return std::nullopt;
 }
 
-void CKinetarium::SaveWindowRectangle()
+// That of the framed window when it is neither minimised nor maximised. Outside full screen it restores the window.
+CRect CKinetarium::SaveWindowRectangle_Measure()
 {
+    if (m_bFullscreen)
+    {
+        const RECT& rcPlacement = m_WindowPlacement.rcNormalPosition;
+        MONITORINFO monitor{};
+        monitor.cbSize = sizeof monitor;
+        if (!GetMonitorInfoW(MonitorFromRect(&rcPlacement, MONITOR_DEFAULTTONEAREST), &monitor))
+        {
+            return ToRect(rcPlacement);
+        }
+        return GetPlacementOnScreen(ToRect(rcPlacement), ToRect(monitor.rcMonitor), ToRect(monitor.rcWork));
+    }
+    ShowWindow(m_hWnd, SW_RESTORE);
+    if (IsZoomed(m_hWnd))
+    {
+        ShowWindow(m_hWnd, SW_RESTORE); // it was maximised when it was minimised
+    }
     RECT rcWindow{};
     GetWindowRect(m_hWnd, &rcWindow);
-    const std::array<LONG, 4> edges{rcWindow.left, rcWindow.top, rcWindow.right, rcWindow.bottom};
+    return ToRect(rcWindow);
+}
+
+void CKinetarium::SaveWindowRectangle()
+{
+    const CRect window = SaveWindowRectangle_Measure();
+    const std::array<int, 4> edges{window.left, window.top, window.right, window.bottom};
     for (std::size_t i = 0; i < edges.size(); ++i)
     {
         Settings_Write(SettingsFile::c_sWindowKeys[i], CWString(static_cast<std::int64_t>(edges[i])));

@@ -18,3 +18,10 @@ EnumWindowChange GetMeaningOfRestore(const CWindowState& state)
     }
     return state.bMaximised ? EnumWindowChange::SystemDefault : EnumWindowChange::Nothing;
 }
+
+CRect GetPlacementOnScreen(const CRect& placement, const CRect& monitor, const CRect& workArea)
+{
+    const int dx = workArea.left - monitor.left;
+    const int dy = workArea.top - monitor.top;
+    return {placement.left + dx, placement.top + dy, placement.right + dx, placement.bottom + dy};
+}

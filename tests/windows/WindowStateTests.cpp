@@ -47,6 +47,14 @@ protected:
         EXPECT_EQ(GetWindowLongW(GetMain(), GWL_STYLE) & WS_CAPTION, WS_CAPTION);
     }
 
+    void ExpectStoredNormal() const
+    {
+        EXPECT_EQ(CRunningApplication::ReadSetting(L"WndLeft"), std::to_wstring(m_rcNormal.left));
+        EXPECT_EQ(CRunningApplication::ReadSetting(L"WndTop"), std::to_wstring(m_rcNormal.top));
+        EXPECT_EQ(CRunningApplication::ReadSetting(L"WndRight"), std::to_wstring(m_rcNormal.right));
+        EXPECT_EQ(CRunningApplication::ReadSetting(L"WndBottom"), std::to_wstring(m_rcNormal.bottom));
+    }
+
     CRunningApplication m_Application;
     RECT m_rcNormal{};
 };
@@ -74,4 +82,48 @@ TEST_F(WindowState, AMaximisedWindowIsMaximisedAgainAfterFullScreenAndCanBeResto
 
     Command(SC_RESTORE);
     ExpectNormal();
+}
+
+TEST_F(WindowState, ClosingInFullScreenStoresTheRectangleOfTheWindow)
+{
+    PressF11();
+    ASSERT_TRUE(IsFullScreen());
+    ASSERT_TRUE(m_Application.Close());
+    ExpectStoredNormal();
+}
+
+TEST_F(WindowState, TheEndOfTheSessionInFullScreenStoresTheRectangleOfTheWindow)
+{
+    PressF11();
+    ASSERT_TRUE(IsFullScreen());
+    SendMessageW(GetMain(), WM_ENDSESSION, TRUE, 0);
+    ExpectStoredNormal();
+}
+
+TEST_F(WindowState, ClosingAMinimisedFullScreenStoresTheRectangleOfTheWindow)
+{
+    PressF11();
+    Command(SC_MINIMIZE);
+    ASSERT_TRUE(IsFullScreen());
+    ASSERT_TRUE(IsIconic(GetMain()));
+    ASSERT_TRUE(m_Application.Close());
+    ExpectStoredNormal();
+}
+
+TEST_F(WindowState, ClosingInFullScreenAfterBeingMaximisedStoresTheRestoredRectangle)
+{
+    ShowWindow(GetMain(), SW_SHOWMAXIMIZED);
+    PressF11();
+    ASSERT_TRUE(IsFullScreen());
+    ASSERT_TRUE(m_Application.Close());
+    ExpectStoredNormal();
+}
+
+TEST_F(WindowState, AWindowThatWasMinimisedWhileMaximisedStoresItsRestoredRectangle)
+{
+    ShowWindow(GetMain(), SW_SHOWMAXIMIZED);
+    Command(SC_MINIMIZE);
+    ASSERT_TRUE(IsIconic(GetMain()));
+    ASSERT_TRUE(m_Application.Close());
+    ExpectStoredNormal();
 }
