@@ -151,6 +151,7 @@ private:
     void ToggleFullscreen();
     void ToggleFullscreen_Leave();
     bool ToggleFullscreen_Enter();
+    CSize<int> GetFullScreenSize() const;
 
     // Layout and background
     void LayOut_Windowed(HDWP& hPositions, const CSize<int>& client);

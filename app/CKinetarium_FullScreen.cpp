@@ -1,5 +1,6 @@
 #include "app/CKinetarium.h"
 #include "app/WindowStateRules.h"
+#include "classes/windows/system/RectHelpers.h"
 #include "diagnostics/Guard.h"
 
 // Full screen: a frameless window over one monitor that shows nothing but the world. First the handlers that request
@@ -37,6 +38,9 @@ std::optional<LRESULT> CKinetarium::On_SysCommand(WPARAM wParam, LPARAM)
         break;
     case EnumWindowChange::SystemDefault:
         return std::nullopt;
+    case EnumWindowChange::ShowAgain:
+        ShowWindow(m_hWnd, SW_RESTORE);
+        break;
     case EnumWindowChange::EnterFullScreen:
     case EnumWindowChange::LeaveFullScreen:
         ToggleFullscreen();
@@ -112,6 +116,10 @@ bool CKinetarium::ToggleFullscreen_Enter()
     {
         return false;
     }
+    // Leaving full screen never minimises.
+    const bool bMaximised = placement.showCmd == SW_SHOWMAXIMIZED ||
+                            (placement.showCmd == SW_SHOWMINIMIZED && (placement.flags & WPF_RESTORETOMAXIMIZED) != 0);
+    placement.showCmd = bMaximised ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL;
     m_WindowPlacement = placement;
 
     StopSimulation();
@@ -121,6 +129,12 @@ bool CKinetarium::ToggleFullscreen_Enter()
     ShowWindow(m_hStatusBar, SW_HIDE);
     ShowWindow(m_pDataCtrlGroup->GetWindowHandle(), SW_HIDE);
     ShowWindow(m_StartButton.GetWindowHandle(), SW_HIDE);
+    // A minimised window keeps a client area of 0 x 0 whatever its size. A message that the stop has dispatched may
+    // have minimised it too.
+    if (IsIconic(m_hWnd))
+    {
+        ShowWindow(m_hWnd, SW_RESTORE);
+    }
     const LONG lStyle = GetWindowLongW(m_hWnd, GWL_STYLE);
     // A window that still counts as maximised would not be maximised anew when it leaves full screen.
     SetWindowLongW(m_hWnd, GWL_STYLE, lStyle & ~static_cast<LONG>(WS_OVERLAPPEDWINDOW | WS_MAXIMIZE));
@@ -128,4 +142,19 @@ bool CKinetarium::ToggleFullscreen_Enter()
     SetWindowPos(m_hWnd, HWND_TOP, rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top,
                  SWP_NOOWNERZORDER | SWP_FRAMECHANGED);
     return true;
+}
+
+// The window may have been minimised since it has entered full screen: it then has the size to which it is restored.
+// Without a frame, a window and its client area are of one size.
+CSize<int> CKinetarium::GetFullScreenSize() const
+{
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    if (IsIconic(m_hWnd) && GetWindowPlacement(m_hWnd, &placement))
+    {
+        rc = placement.rcNormalPosition;
+    }
+    return {GetRectWidth(rc), GetRectHeight(rc)};
 }

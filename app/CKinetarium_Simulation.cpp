@@ -90,9 +90,7 @@ void CKinetarium::StartSimulation_SetWorldSize(CSettings& settings)
 {
     if (m_bFullscreen)
     {
-        RECT rcClient{};
-        GetClientRect(m_hWnd, &rcClient);
-        settings.world = {rcClient.right, rcClient.bottom};
+        settings.world = GetFullScreenSize();
         Settings_Keep(settings);
         return;
     }

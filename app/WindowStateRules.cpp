@@ -2,7 +2,11 @@
 
 EnumWindowChange GetMeaningOfMaximise(const CWindowState& state)
 {
-    return state.bFullScreen ? EnumWindowChange::Nothing : EnumWindowChange::EnterFullScreen;
+    if (!state.bFullScreen)
+    {
+        return EnumWindowChange::EnterFullScreen;
+    }
+    return state.bMinimised ? EnumWindowChange::ShowAgain : EnumWindowChange::Nothing;
 }
 
 EnumWindowChange GetMeaningOfRestore(const CWindowState& state)

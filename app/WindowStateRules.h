@@ -16,6 +16,7 @@ enum class EnumWindowChange
 {
     Nothing,
     SystemDefault, // what the system does for the command
+    ShowAgain,     // the minimised window comes back in full screen
     EnterFullScreen,
     LeaveFullScreen,
 };

@@ -37,6 +37,11 @@ TEST(WindowStateRules, MaximisingEntersFullScreenOnce)
     EXPECT_EQ(GetMeaningOfMaximise(c_FullScreen), EnumWindowChange::Nothing);
 }
 
+TEST(WindowStateRules, MaximisingAMinimisedFullScreenShowsItAgain)
+{
+    EXPECT_EQ(GetMeaningOfMaximise(c_MinimisedFullScreen), EnumWindowChange::ShowAgain);
+}
+
 TEST(WindowStateRules, APlacementCountsFromTheCornerOfTheWorkArea)
 {
     constexpr CRect c_Placement{20, 30, 660, 510};

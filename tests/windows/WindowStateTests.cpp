@@ -55,6 +55,34 @@ protected:
         EXPECT_EQ(CRunningApplication::ReadSetting(L"WndBottom"), std::to_wstring(m_rcNormal.bottom));
     }
 
+    RECT GetMonitor() const
+    {
+        MONITORINFO monitor{};
+        monitor.cbSize = sizeof monitor;
+        GetMonitorInfoW(MonitorFromWindow(GetMain(), MONITOR_DEFAULTTOPRIMARY), &monitor);
+        return monitor.rcMonitor;
+    }
+
+    HWND GetPanel() const
+    {
+        HWND hPanel = nullptr;
+        m_Application.Do([&](CKinetarium& inside) { hPanel = CKinetariumProbe::GetPanel(inside); });
+        return hPanel;
+    }
+
+    void ExpectFullScreen() const
+    {
+        EXPECT_TRUE(IsFullScreen());
+        EXPECT_FALSE(IsIconic(GetMain()));
+        const RECT rc = GetRectangle();
+        const RECT rcMonitor = GetMonitor();
+        EXPECT_TRUE(EqualRect(&rc, &rcMonitor)) << rc.left << ' ' << rc.top << ' ' << rc.right << ' ' << rc.bottom;
+        EXPECT_FALSE(IsWindowVisible(GetPanel()));
+        CSize<int> world;
+        m_Application.Do([&](CKinetarium& inside) { world = CKinetariumProbe::GetWorldSize(inside); });
+        EXPECT_EQ(world, (CSize<int>{rcMonitor.right - rcMonitor.left, rcMonitor.bottom - rcMonitor.top}));
+    }
+
     CRunningApplication m_Application;
     RECT m_rcNormal{};
 };
@@ -126,4 +154,80 @@ TEST_F(WindowState, AWindowThatWasMinimisedWhileMaximisedStoresItsRestoredRectan
     ASSERT_TRUE(IsIconic(GetMain()));
     ASSERT_TRUE(m_Application.Close());
     ExpectStoredNormal();
+}
+
+TEST_F(WindowState, MaximisingAMinimisedWindowShowsTheWorldOverTheWholeMonitor)
+{
+    Command(SC_MINIMIZE);
+    ASSERT_TRUE(IsIconic(GetMain()));
+    Command(SC_MAXIMIZE);
+    ExpectFullScreen();
+
+    Command(SC_RESTORE);
+    ExpectNormal();
+    EXPECT_TRUE(IsWindowVisible(GetPanel()));
+}
+
+TEST_F(WindowState, AWindowThatWasMinimisedWhileMaximisedIsMaximisedAgainAfterFullScreen)
+{
+    ShowWindow(GetMain(), SW_SHOWMAXIMIZED);
+    Command(SC_MINIMIZE);
+    Command(SC_MAXIMIZE);
+    ExpectFullScreen();
+
+    PressF11();
+    EXPECT_FALSE(IsFullScreen());
+    EXPECT_TRUE(IsZoomed(GetMain()));
+    Command(SC_RESTORE);
+    ExpectNormal();
+}
+
+TEST_F(WindowState, MaximisingAMinimisedFullScreenBringsItBack)
+{
+    PressF11();
+    Command(SC_MINIMIZE);
+    ASSERT_TRUE(IsIconic(GetMain()));
+    Command(SC_MAXIMIZE);
+    ExpectFullScreen();
+
+    PressF11();
+    ExpectNormal();
+}
+
+TEST_F(WindowState, AFullScreenThatWasEnteredFromAMaximisedWindowComesBackFromBeingMinimised)
+{
+    ShowWindow(GetMain(), SW_SHOWMAXIMIZED);
+    PressF11();
+    Command(SC_MINIMIZE);
+    Command(SC_RESTORE);
+    ExpectFullScreen();
+}
+
+TEST_F(WindowState, F11OnAMinimisedWindowShowsTheWorldOverTheWholeMonitor)
+{
+    Command(SC_MINIMIZE);
+    ASSERT_TRUE(IsIconic(GetMain()));
+    PressF11();
+    ExpectFullScreen();
+
+    PressF11();
+    ExpectNormal();
+}
+
+// Minimised by a message that the change itself dispatches, just before the start of the new world.
+TEST_F(WindowState, AWindowThatIsMinimisedWhileItEntersFullScreenGetsAWorldOfTheScreensSize)
+{
+    m_Application.Do([&](CKinetarium&) {
+        PostMessageW(GetMain(), WM_SYSCOMMAND, SC_MINIMIZE, 0);
+        PressF11();
+    });
+    ASSERT_TRUE(IsFullScreen());
+    ASSERT_TRUE(IsIconic(GetMain()));
+    CSize<int> world;
+    m_Application.Do([&](CKinetarium& inside) { world = CKinetariumProbe::GetWorldSize(inside); });
+    const RECT rcMonitor = GetMonitor();
+    EXPECT_EQ(world, (CSize<int>{rcMonitor.right - rcMonitor.left, rcMonitor.bottom - rcMonitor.top}));
+
+    Command(SC_RESTORE);
+    ExpectFullScreen();
 }
