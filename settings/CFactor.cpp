@@ -8,10 +8,16 @@
 namespace
 {
 
-// Searches only for the first "%": a text with another one before its end is not a number anyway.
-bool EndsWithFirstPercent(const CWString& sText)
+// The form of a text that the parser accepts. The parser allows blanks after the percent sign, but the settings file
+// would lose them, and the same text would be a percentage after the next start: such a text is not a number.
+EnumFactorForm GetFormOfNumber(const CWString& sText)
 {
-    return sText.Find(L"%") == sText.GetLength() - 1;
+    const std::size_t uSign = sText.Get().find(L'%');
+    if (uSign == std::wstring::npos)
+    {
+        return EnumFactorForm::Number;
+    }
+    return uSign + 1 == sText.Get().size() ? EnumFactorForm::Percentage : EnumFactorForm::NotNumber;
 }
 
 // A double rounds the smallest numbers to zero. Only then is the text parsed with more digits.
@@ -33,11 +39,12 @@ CFactor::CFactor(CWString sText) : m_sText(std::move(sText))
     {
         return;
     }
-    if (!StringToNumber(m_sText.Get(), &m_dValue, EnumNumberType::Double, true, nullptr))
+    double dValue = 0.0;
+    const bool bParsed = StringToNumber(m_sText.Get(), &dValue, EnumNumberType::Double, true, nullptr);
+    m_eForm = bParsed ? GetFormOfNumber(m_sText) : EnumFactorForm::NotNumber;
+    if (HasValue())
     {
-        m_eForm = EnumFactorForm::NotNumber;
-        return;
+        m_dValue = dValue;
+        m_bBelowZero = IsBelowZeroAsTyped(m_sText, m_dValue);
     }
-    m_eForm = EndsWithFirstPercent(m_sText) ? EnumFactorForm::Percentage : EnumFactorForm::Number;
-    m_bBelowZero = IsBelowZeroAsTyped(m_sText, m_dValue);
 }

@@ -8,8 +8,8 @@
 enum class EnumFactorForm : std::uint8_t
 {
     Unset,     // empty
-    NotNumber, // "abc", "%", "5%%"
-    Number,    // "12.34"; also "50% ", whose percent sign is not the last character
+    NotNumber, // "abc", "%", "5%%"; also "50% ", whose percent sign is not the last character
+    Number,    // "12.34"
     Percentage // "12.34%"
 };
 

@@ -41,9 +41,21 @@ bool IsPercentText(const CWString& sText)
     return !sText.IsEmpty() && sText.Get().find(L'%') + 1 == sText.Get().size();
 }
 
+// A percent sign ends the text of a factor; behind that of a plain number there may be blanks.
+bool IsFactorNumber(const CWString& sText)
+{
+    const bool bPercent = sText.Get().find(L'%') != std::wstring::npos;
+    return IsPlainNumber(sText) && (!bPercent || IsPercentText(sText));
+}
+
+std::optional<double> ReadFactorNumber(const CWString& sText)
+{
+    return IsFactorNumber(sText) ? ReadPlainNumber(sText) : std::nullopt;
+}
+
 std::optional<EnumFactorError> GetExpectedError(const CWString& sText, EnumAtomColourMode eMode)
 {
-    if (!IsPlainNumber(sText) || IsBelowZero(sText))
+    if (!IsFactorNumber(sText) || IsBelowZero(sText))
     {
         return EnumFactorError::Invalid;
     }
@@ -122,8 +134,8 @@ void CheckSpeed(const CFactors& factors, std::int32_t count)
 {
     CColourSettings settings{};
     const bool bGood = InterpretFactors(EnumAtomColourMode::Speed, factors, count, settings);
-    const std::optional<double> first = ReadPlainNumber(factors[0].GetText());
-    const std::optional<double> third = ReadPlainNumber(factors[2].GetText());
+    const std::optional<double> first = ReadFactorNumber(factors[0].GetText());
+    const std::optional<double> third = ReadFactorNumber(factors[2].GetText());
     const bool bExpected = first && third && *first >= -c_dEpsilonOfFactors && *third >= -c_dEpsilonOfFactors;
     Require(bGood == bExpected, "the two outer factors are accepted or refused wrongly");
     Require(!first || settings[0].dFactor == *first, "factor 1 has the wrong value");

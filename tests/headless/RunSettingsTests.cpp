@@ -165,6 +165,13 @@ TEST(RunSettings, ValuesOutOfRangeAreErrorsWithTheirLine)
               "K.ini, line 2, World_background_colour: 4294967295 is out of range; allowed is 0 to 16777215");
 }
 
+TEST(RunSettings, ABlankBehindThePercentSignIsRefused)
+{
+    EXPECT_NE(GetError({"--colour-mode", "fixed", "--factors", "50% ,,10"}, ""), "");
+    EXPECT_NE(GetError({"--factors", "50% ,,10"}, ""), "");
+    EXPECT_EQ(GetError({"--colour-mode", "fixed", "--factors", "50%,,10"}, ""), "");
+}
+
 TEST(RunSettings, AValueThatAnOptionReplacesIsNotChecked)
 {
     EXPECT_EQ(GetError({"--width", "50"}, "World_width=9\n"), "");

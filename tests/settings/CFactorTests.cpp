@@ -34,11 +34,23 @@ TEST(Factor, APercentSignAtTheEndMakesAPercentageOfTheSameNumber)
     EXPECT_EQ(CFactor(L"12.34%").GetValue(), 12.34);
 }
 
-// The parser accepts blanks after the percent sign, but only a text that ends with the sign is a percentage.
-TEST(Factor, APercentSignBeforeABlankIsPartOfANumber)
+// As a number it would mean 50 atoms, and 50 % after the next start: the settings file keeps no blanks at the end.
+TEST(Factor, AnyCharacterAfterThePercentSignMakesTheTextNoNumber)
 {
-    EXPECT_EQ(CFactor(L"50% ").GetForm(), EnumFactorForm::Number);
-    EXPECT_EQ(CFactor(L"50% ").GetValue(), 50.0);
+    for (const wchar_t* const sText : {L"50% ", L"50%\t", L" 50%  ", L"-50% ", L"50% %", L"50%5"})
+    {
+        EXPECT_EQ(CFactor(sText).GetForm(), EnumFactorForm::NotNumber);
+        EXPECT_EQ(CFactor(sText).GetValue(), 0.0);
+        EXPECT_FALSE(CFactor(sText).IsBelowZero());
+    }
+}
+
+TEST(Factor, BlanksAroundANumberAndBeforeAPercentageChangeNothing)
+{
+    EXPECT_EQ(CFactor(L" 50 ").GetForm(), EnumFactorForm::Number);
+    EXPECT_EQ(CFactor(L" 50 ").GetValue(), 50.0);
+    EXPECT_EQ(CFactor(L" 50%").GetForm(), EnumFactorForm::Percentage);
+    EXPECT_EQ(CFactor(L" 50%").GetValue(), 50.0);
 }
 
 TEST(Factor, ATextThatIsNotANumberHasNoValue)

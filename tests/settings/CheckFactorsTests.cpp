@@ -98,11 +98,10 @@ TEST(CheckFactors, EveryPercentageIsAnErrorInSpeedMode)
     EXPECT_EQ(CheckSpeed(L"1%", L"2%", L"3%"), (Errors{InvalidForSpeed(1), InvalidForSpeed(2), InvalidForSpeed(3)}));
 }
 
-// Only a text whose first "%" is its last character is a percentage. Any other text that the parser accepts is a
-// number.
-TEST(CheckFactors, APercentSignThatIsNotTheLastCharacterIsLeftToTheParser)
+TEST(CheckFactors, APercentSignThatIsNotTheLastCharacterIsAnErrorInEachMode)
 {
-    EXPECT_EQ(CheckSpeed(L"50% ", L"", L"1.25"), Errors{});
+    EXPECT_EQ(CheckSpeed(L"50% ", L"", L"1.25"), Errors{Invalid(1)});
+    EXPECT_EQ(CheckFixed(L"50% ", L"", L"10"), Errors{Invalid(1)});
     EXPECT_EQ(CheckSpeed(L"5%0", L"", L"1.25"), Errors{Invalid(1)});
     EXPECT_EQ(CheckSpeed(L"50%%", L"", L"1.25"), Errors{Invalid(1)});
 }

@@ -167,6 +167,18 @@ TEST(Validation, SpeedModeRefusesPercentages)
     ExpectIdle(application);
 }
 
+TEST(Validation, ABlankBehindThePercentSignIsRefusedInEachMode)
+{
+    const CRunningApplication application;
+    application.SetControlText(L"Colour_1_factor", L"50% ");
+    application.PressButton();
+    ExpectMessage(application, TextFor(c_sInvalid, 1), L"Colour 1 factor");
+    ChooseMode(application, c_iFixed);
+    application.PressButton();
+    ExpectMessage(application, TextFor(c_sInvalid, 1), L"Colour 1 factor");
+    ExpectIdle(application);
+}
+
 TEST(Validation, AFailedStartLeavesThePanelAndTheFileUnchanged)
 {
     const CRunningApplication application;
