@@ -90,8 +90,8 @@ bool InterpretEach(EnumAtomColourMode eMode, const CFactors& factors, std::optio
     return false;
 }
 
-// The remainder is the number of atoms that the two given classes leave. It is 0 if they ask for more atoms than there
-// are. A number below zero counts as not given.
+// The remainder is the number of atoms that the two given classes leave. It is below zero if they ask for more atoms
+// than there are, so that the classes add up to the atoms even then. A given number below zero counts as not given.
 bool Complete(std::int32_t countAtoms, CFactorValues& values)
 {
     const auto isGiven = [](double dValue) { return Dbl_IsBiggerEqual(dValue, 0.0, c_dEpsilon); };
@@ -105,7 +105,7 @@ bool Complete(std::int32_t countAtoms, CFactorValues& values)
     {
         iRemainder -= value == leftOut ? 0 : TruncateToInt32(*value);
     }
-    *leftOut = static_cast<double>(std::max<std::int64_t>(iRemainder, 0));
+    *leftOut = static_cast<double>(iRemainder);
     return true;
 }
 

@@ -32,8 +32,9 @@ std::vector<CFactorError> CheckFactors(const CFactors& factors, EnumAtomColourMo
 // The numbers of the three factors. Fixed mode: atoms of each colour. Speed mode: multiples of the average speed.
 using CFactorValues = std::array<double, c_uColourClassCount>;
 
-// Turns the factors into numbers and computes the one that was left out. In fixed mode this makes the three of them add
-// up to countAtoms.
+// Turns the factors into numbers and computes the one that was left out. In fixed mode this makes the three of them,
+// each truncated to an integer, add up to countAtoms. The computed one is below zero if the others ask for more atoms
+// than there are.
 // countAtoms: number of atoms; empty = there is no atom set, and in fixed mode a percentage is an error.
 // Returns false if a factor is not a number, if the mode is unknown or if not exactly two factors were given. The valid
 // factors are stored even then; -1 = not given.

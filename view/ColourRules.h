@@ -74,13 +74,14 @@ struct CFixedRuns
     bool operator==(const CFixedRuns&) const = default;
 };
 
-// The runs that the factors of settings give for count atoms. Any factors are allowed.
+// The runs that the factors of settings give for count atoms. Any factors are allowed. A class below zero takes its
+// atoms from the class beside it: 256, -128 and 128 of 256 atoms are shown as 128, 0 and 128.
 inline CFixedRuns GetFixedRuns(const CColourSettings& settings, std::int32_t count)
 {
     const std::int64_t iCount = std::max(count, 0);
-    const std::int64_t iFirst = std::clamp<std::int64_t>(TruncateToInt32(settings[0].dFactor), 0, iCount);
-    const std::int64_t iSecond = std::max(TruncateToInt32(settings[1].dFactor), 0);
-    const std::int64_t iBoth = std::min(iFirst + iSecond, iCount);
-    return CFixedRuns{static_cast<std::int32_t>(iFirst), static_cast<std::int32_t>(iBoth),
+    const std::int64_t iFirst = std::min<std::int64_t>(TruncateToInt32(settings[0].dFactor), iCount);
+    const std::int64_t iBoth = std::clamp<std::int64_t>(iFirst + TruncateToInt32(settings[1].dFactor), 0, iCount);
+    const std::int64_t iLimited = std::clamp<std::int64_t>(iFirst, 0, iBoth);
+    return CFixedRuns{static_cast<std::int32_t>(iLimited), static_cast<std::int32_t>(iBoth),
                       static_cast<std::int32_t>(iCount)};
 }

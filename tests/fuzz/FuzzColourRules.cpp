@@ -30,14 +30,15 @@ int GetPlainClass(float fSpeed, float fAverage, const CColourSettings& settings)
 double Truncate(double dFactor)
 {
     constexpr double c_dMost = 2147483647.0;
-    return std::isnan(dFactor) ? 0.0 : std::clamp(std::trunc(dFactor), 0.0, c_dMost);
+    return std::isnan(dFactor) ? 0.0 : std::clamp(std::trunc(dFactor), -c_dMost - 1.0, c_dMost);
 }
 
+// The last class counts where it reaches into the first.
 int GetPlainRun(std::int32_t index, std::int32_t count, const CColourSettings& settings)
 {
     const double dFirst = std::min<double>(Truncate(settings[0].dFactor), count);
     const double dBoth = std::min<double>(Truncate(settings[1].dFactor) + dFirst, count);
-    return index < dFirst ? 0 : (index < dBoth ? 1 : 2);
+    return index >= dBoth ? 2 : (index < dFirst ? 0 : 1);
 }
 
 std::vector<CAtom> TakeAtoms(CFuzzInput& input)

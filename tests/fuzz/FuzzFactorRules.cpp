@@ -109,8 +109,7 @@ void CheckFixed(const CFactors& factors, std::int32_t count)
     for (std::size_t u = 0; u < factors.size(); ++u)
     {
         const double dFactor = settings[u].dFactor;
-        Require(std::isfinite(dFactor) && dFactor >= 0.0 && dFactor == std::trunc(dFactor),
-                "a factor is not a count of atoms");
+        Require(std::isfinite(dFactor) && dFactor == std::trunc(dFactor), "a factor is not a whole number");
         if (factors[u].GetText().IsEmpty())
         {
             dLeftOver = dFactor;
@@ -121,13 +120,16 @@ void CheckFixed(const CFactors& factors, std::int32_t count)
             dGiven += std::min(dFactor, static_cast<double>(std::numeric_limits<std::int32_t>::max()));
         }
     }
-    Require(dLeftOver == std::max(count - dGiven, 0.0), "the classes do not add up to the atoms");
+    Require(dLeftOver == count - dGiven, "the classes do not add up to the atoms");
     const CFixedRuns runs = GetFixedRuns(settings, count);
     Require(0 <= runs.a && runs.a <= runs.b && runs.b <= runs.count && runs.count == count,
             "the runs are out of order");
-    Require(runs.a == std::min<double>(settings[0].dFactor, count), "the first run has the wrong length");
-    Require(runs.b - runs.a == std::min<double>(settings[1].dFactor, count - runs.a),
-            "the second run has the wrong length");
+    if (dLeftOver >= 0.0)
+    {
+        Require(runs.a == settings[0].dFactor, "the first run has the wrong length");
+        Require(runs.b - runs.a == settings[1].dFactor, "the second run has the wrong length");
+        Require(runs.count - runs.b == settings[2].dFactor, "the third run has the wrong length");
+    }
 }
 
 void CheckSpeed(const CFactors& factors, std::int32_t count)
@@ -140,8 +142,7 @@ void CheckSpeed(const CFactors& factors, std::int32_t count)
     Require(bGood == bExpected, "the two outer factors are accepted or refused wrongly");
     Require(!first || settings[0].dFactor == *first, "factor 1 has the wrong value");
     Require(!third || settings[2].dFactor == *third, "factor 3 has the wrong value");
-    Require(!bGood || (settings[1].dFactor >= 0.0 && settings[1].dFactor <= count),
-            "the middle factor is not a count of atoms");
+    Require(!bGood || settings[1].dFactor <= count, "the middle factor is above the number of atoms");
 }
 
 // For all texts: without an atom set a percentage is refused, and an unknown mode is refused.

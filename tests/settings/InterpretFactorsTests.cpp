@@ -87,9 +87,9 @@ TEST(ColourFactorsFixed, APercentageWithNoAtomSetFails)
     EXPECT_TRUE(Fixed(L"25%", L"", L"10", 0).bOk);
 }
 
-TEST(ColourFactorsFixed, CountsWithoutAnAtomSetLeaveNoRemainder)
+TEST(ColourFactorsFixed, WithoutAnAtomSetTheClassesAddUpToZero)
 {
-    ExpectFactors(Fixed(L"25", L"", L"10", std::nullopt), 25.0, 0.0, 10.0);
+    ExpectFactors(Fixed(L"25", L"", L"10", std::nullopt), 25.0, -35.0, 10.0);
 }
 
 TEST(ColourFactorsFixed, APercentSignAloneIsRefused)
@@ -128,10 +128,18 @@ TEST(ColourFactorsFixed, ANegativeCountIsTreatedAsEmpty)
     EXPECT_TRUE(Fixed(L"10", L"-0.4", L"").bOk); // rounds to zero atoms, which is a count
 }
 
-TEST(ColourFactorsFixed, CountsAboveTheNumberOfAtomsLeaveNoRemainder)
+TEST(ColourFactorsFixed, TheClassesAddUpToTheAtomsAlsoWhenMoreAreAskedForThanThereAre)
 {
-    ExpectFactors(Fixed(L"150", L"", L"100"), 150.0, 0.0, 100.0);
-    ExpectFactors(Fixed(L"1000000000000%", L"", L"0"), 2.0e12, 0.0, 0.0);
+    ExpectFactors(Fixed(L"100%", L"", L"50%", 256), 256.0, -128.0, 128.0);
+    ExpectFactors(Fixed(L"", L"100%", L"50%", 256), -128.0, 256.0, 128.0);
+    ExpectFactors(Fixed(L"100%", L"50%", L"", 256), 256.0, 128.0, -128.0);
+    ExpectFactors(Fixed(L"150", L"", L"100"), 150.0, -50.0, 100.0);
+}
+
+// A count beyond the integers is truncated to the largest of them.
+TEST(ColourFactorsFixed, TheRemainderOfAHugeCountFollowsFromTheLargestInteger)
+{
+    ExpectFactors(Fixed(L"1000000000000%", L"", L"0"), 2.0e12, c_iAtoms - 2147483647.0, 0.0);
 }
 
 TEST(ColourFactorsFixed, NumbersOutsideTheIntegerRangeSaturate)
@@ -141,7 +149,7 @@ TEST(ColourFactorsFixed, NumbersOutsideTheIntegerRangeSaturate)
         const CInterpreted result = Fixed(sHuge, L"", L"10");
         ASSERT_TRUE(result.bOk);
         EXPECT_TRUE(std::isfinite(result.values[0]));
-        EXPECT_EQ(result.values[1], 0.0);
+        EXPECT_EQ(result.values[1], c_iAtoms - 2147483647.0 - 10.0);
     }
     EXPECT_FALSE(Fixed(L"-1e300", L"", L"10").bOk);
 }

@@ -70,7 +70,30 @@ TEST(FixedRuns, FollowFromTheTextsOfTheFactors)
         return GetFixedRuns(settings, c_iAtoms);
     };
     EXPECT_EQ(getRuns(L"10", L"25%"), (CFixedRuns{10, 150, c_iAtoms}));
-    EXPECT_EQ(getRuns(L"1e300%", L"10"), (CFixedRuns{c_iAtoms, c_iAtoms, c_iAtoms}));
+    EXPECT_EQ(getRuns(L"1e300%", L"10"), (CFixedRuns{0, 0, c_iAtoms}));
+}
+
+// The stored classes are 256, -128 and 128 atoms, or -128, 256 and 128.
+TEST(FixedRuns, WhereMoreAtomsAreAskedForThanThereAreTheClassesBehindTheNegativeOneKeepTheirAtoms)
+{
+    static constexpr std::int32_t c_iAtoms = 256;
+    const auto getRuns = [](const wchar_t* sFirst, const wchar_t* sSecond, const wchar_t* sThird) {
+        CColourSettings settings{};
+        const CFactors factors{CFactor(sFirst), CFactor(sSecond), CFactor(sThird)};
+        EXPECT_TRUE(InterpretFactors(EnumAtomColourMode::Fixed, factors, c_iAtoms, settings));
+        return GetFixedRuns(settings, c_iAtoms);
+    };
+    EXPECT_EQ(getRuns(L"100%", L"", L"50%"), (CFixedRuns{128, 128, c_iAtoms}));
+    EXPECT_EQ(getRuns(L"", L"100%", L"50%"), (CFixedRuns{0, 128, c_iAtoms}));
+    EXPECT_EQ(getRuns(L"100%", L"50%", L""), (CFixedRuns{c_iAtoms, c_iAtoms, c_iAtoms}));
+    EXPECT_EQ(getRuns(L"50%", L"100%", L""), (CFixedRuns{128, c_iAtoms, c_iAtoms}));
+}
+
+TEST(FixedRuns, AreCountedFromALimitedFirstClassAndAnUnlimitedSecondOne)
+{
+    EXPECT_EQ(GetFixedRuns(MakeSettings(300.0, -172.0, 128.0), 256), (CFixedRuns{84, 84, 256}));
+    EXPECT_EQ(GetFixedRuns(MakeSettings(-172.0, 300.0, 128.0), 256), (CFixedRuns{0, 128, 256}));
+    EXPECT_EQ(GetFixedRuns(MakeSettings(10.0, -20.0, 15.0), 5), (CFixedRuns{0, 0, 5}));
 }
 
 TEST(ColourSettings, KeepTheirColoursAndTheFactorsThatAreNotUnderstood)
