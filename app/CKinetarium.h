@@ -102,6 +102,7 @@ private:
     CMessageResult On_LeftButtonUp(WPARAM, LPARAM);
     bool On_ButtonClick(HWND hButton);
     void On_ColourModeChosen();
+    void On_ColourModeCancelled();
     void PostDeferredRequests();
 
     // Closing
@@ -182,6 +183,7 @@ private:
     unsigned char m_MinRadius = 3;
     unsigned char m_MaxRadius = 5;
 
+    std::optional<LRESULT> m_OpenedMode; // what stood in the list of colour modes when it was opened
     bool m_bStarting = false;
     CStopGate m_StopGate;
     WINDOWPLACEMENT m_WindowPlacement{}; // of the framed window, while in full screen

@@ -127,11 +127,38 @@ std::optional<LRESULT> CKinetarium::On_Command(WPARAM wParam, LPARAM lParam)
 {
     const wchar_t* const sListKey = GetSettingRow(EnumSetting::ColourMode).sPanelKey;
     const HWND hList = m_pDataCtrlGroup != nullptr ? m_pDataCtrlGroup->GetCtrlHandle(GetText(sListKey), 0) : nullptr;
-    if (HIWORD(wParam) == CBN_SELENDOK && hList != nullptr && reinterpret_cast<HWND>(lParam) == hList)
+    if (hList == nullptr || reinterpret_cast<HWND>(lParam) != hList)
     {
+        return 0;
+    }
+    switch (HIWORD(wParam))
+    {
+    case CBN_DROPDOWN:
+        m_OpenedMode = Panel_GetSelection(GetSettingRow(EnumSetting::ColourMode));
+        break;
+    case CBN_SELENDOK:
+        m_OpenedMode.reset();
         On_ColourModeChosen();
+        break;
+    case CBN_SELENDCANCEL:
+        On_ColourModeCancelled();
+        break;
+    default:
+        break;
     }
     return 0;
+}
+
+// The system leaves the item in the list that the keys have reached.
+void CKinetarium::On_ColourModeCancelled()
+{
+    const short iList = Panel_GetIndex(GetSettingRow(EnumSetting::ColourMode));
+    if (m_OpenedMode && iList >= 0)
+    {
+        SendMessage_Show(m_pDataCtrlGroup->GetCtrlTabHandle(iList), CB_SETCURSEL, static_cast<WPARAM>(*m_OpenedMode),
+                         0);
+    }
+    m_OpenedMode.reset();
 }
 
 void CKinetarium::On_ColourModeChosen()
