@@ -19,6 +19,18 @@ namespace
 constexpr const char* c_sNoSimulation = "no simulation";
 constexpr DWORD c_dwStopPoll = 10; // ms between two looks at the message queue while the worker ends
 
+// Shows a cursor for the life of this scope, in which no message is dispatched.
+class CCursorScope
+{
+public:
+    explicit CCursorScope(HCURSOR hCursor) : m_hBefore(SetCursor(hCursor)) {}
+    ~CCursorScope() { SetCursor(m_hBefore); }
+    CCursorScope(const CCursorScope&) = delete;
+    CCursorScope& operator=(const CCursorScope&) = delete;
+
+private:
+    HCURSOR m_hBefore;
+};
 } // namespace
 
 void CKinetarium::StartSimulation(const CPoint<int>* pStart)
@@ -42,7 +54,11 @@ void CKinetarium::StartSimulation(const CPoint<int>* pStart)
         Settings_Save();
         StartSimulation_ReadColours(*settings);
 
-        Populate(m_Atoms, m_CollisionGrid, m_WorldSize, settings->atoms, m_MinRadius, m_MaxRadius, pStart, m_Random);
+        {
+            const CCursorScope wait(m_hCursorWait); // a million atoms take a while
+            Populate(m_Atoms, m_CollisionGrid, m_WorldSize, settings->atoms, m_MinRadius, m_MaxRadius, pStart,
+                     m_Random);
+        }
         StartSimulation_Begin(*settings);
     });
 }
