@@ -1,5 +1,6 @@
 #include "app/CKinetarium.h"
 #include "app/WindowStateRules.h"
+#include "classes/windows/system/CPathTurn.h"
 #include "classes/windows/system/RectHelpers.h"
 #include "settings/SettingsFile.h"
 
@@ -61,6 +62,11 @@ CRect CKinetarium::SaveWindowRectangle_Measure()
 void CKinetarium::SaveWindowRectangle()
 {
     const CRect window = SaveWindowRectangle_Measure();
+    const CPathTurn turn(m_sIniPath, SettingsFile::c_uPatience);
+    if (!turn.MayWrite())
+    {
+        return;
+    }
     const std::array<int, 4> edges{window.left, window.top, window.right, window.bottom};
     for (std::size_t i = 0; i < edges.size(); ++i)
     {

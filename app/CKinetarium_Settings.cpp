@@ -1,4 +1,5 @@
 #include "app/CKinetarium.h"
+#include "classes/windows/system/CPathTurn.h"
 #include "diagnostics/Guard.h"
 #include "settings/ISettingsStore.h"
 #include "settings/SettingsFile.h"
@@ -66,6 +67,11 @@ void CKinetarium::Settings_Load()
 void CKinetarium::Settings_Save()
 {
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
+        const CPathTurn turn(m_sIniPath, SettingsFile::c_uPatience);
+        if (!turn.MayWrite())
+        {
+            return;
+        }
         for (const CSettingRow& row : c_SettingRows)
         {
             Settings_Write(row.sFileKey, Panel_GetText(row));
