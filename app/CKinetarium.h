@@ -100,6 +100,8 @@ private:
     CMessageResult On_Notify(WPARAM, LPARAM);
     CMessageResult On_Command(WPARAM, LPARAM);
     CMessageResult On_LeftButtonUp(WPARAM, LPARAM);
+    CMessageResult On_Activate(WPARAM, LPARAM);
+    CMessageResult On_SetFocus(WPARAM, LPARAM);
     bool On_ButtonClick(HWND hButton);
     void On_ColourModeChosen();
     void On_ColourModeCancelled();
@@ -184,6 +186,7 @@ private:
     unsigned char m_MaxRadius = 5;
 
     std::optional<LRESULT> m_OpenedMode; // what stood in the list of colour modes when it was opened
+    HWND m_hKeptFocus = nullptr;         // the child with the focus when the window stopped being the active one
     bool m_bStarting = false;
     CStopGate m_StopGate;
     WINDOWPLACEMENT m_WindowPlacement{}; // of the framed window, while in full screen

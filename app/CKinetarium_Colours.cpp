@@ -40,12 +40,14 @@ bool CKinetarium::SetColour(short iControl)
         choice.rgbResult = pButton->GetBackground();
         choice.lpCustColors = customColours.data();
         choice.Flags = CC_RGBINIT | CC_FULLOPEN | CC_ANYCOLOR;
-        if (!ChooseColorW(&choice))
+        const bool bChosen = ChooseColorW(&choice) != FALSE;
+        // The dialog's message loop also dispatches a close, so the window can be gone by now.
+        if (!m_bInitialised)
         {
             return false;
         }
-        // The dialog's message loop also dispatches a close, so the window can be gone by now.
-        if (!m_bInitialised)
+        SetFocus(pButton->GetWindowHandle());
+        if (!bChosen)
         {
             return false;
         }

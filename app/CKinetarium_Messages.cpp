@@ -3,6 +3,7 @@
 #include "classes/windows/system/RectHelpers.h"
 #include "diagnostics/Guard.h"
 
+#include <utility>
 #include <windowsx.h>
 
 // The table of messages, and the handlers that have no file of their own. Handlers change the simulation only through
@@ -22,6 +23,8 @@ LRESULT CKinetarium::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lPa
     static constexpr Row c_Messages[] = {
         {WM_DESTROY, &CKinetarium::On_Destroy},
         {WM_SIZE, &CKinetarium::On_Size},
+        {WM_ACTIVATE, &CKinetarium::On_Activate},
+        {WM_SETFOCUS, &CKinetarium::On_SetFocus},
         {WM_CLOSE, &CKinetarium::On_Close},
         {WM_ENDSESSION, &CKinetarium::On_EndSession},
         {WM_ERASEBKGND, &CKinetarium::On_EraseBackground},
@@ -45,6 +48,27 @@ std::optional<LRESULT> CKinetarium::On_Size(WPARAM, LPARAM)
 {
     SetControlPositions(-1, -1);
     OnEraseBackground();
+    return 0;
+}
+
+std::optional<LRESULT> CKinetarium::On_Activate(WPARAM wParam, LPARAM)
+{
+    if (LOWORD(wParam) == WA_INACTIVE)
+    {
+        const HWND hFocus = GetFocus();
+        m_hKeptFocus = IsChild(m_hWnd, hFocus) ? hFocus : nullptr;
+    }
+    return std::nullopt;
+}
+
+// The system gives the focus of a window that becomes active to the window itself.
+std::optional<LRESULT> CKinetarium::On_SetFocus(WPARAM, LPARAM)
+{
+    const HWND hKept = std::exchange(m_hKeptFocus, nullptr);
+    if (IsChild(m_hWnd, hKept) && IsWindowVisible(hKept) && IsWindowEnabled(hKept))
+    {
+        SetFocus(hKept);
+    }
     return 0;
 }
 

@@ -61,6 +61,8 @@ bool CKinetarium::InitializeWindow()
         InitializeWindow_TabOrder();
 
         m_bInitialised = true;
+        SetControlPositions(-1, -1); // the status bar takes a text only for a part that it has
+        UpdateStatusBarClock(false, false);
         ShowWindow(m_hWnd, SW_SHOWNORMAL);
         SetForegroundWindow(m_hWnd);
         InitializeWindow_Timers();
