@@ -7,6 +7,7 @@
 #include "classes/windows/crash/CCrashReport.h"
 #include "classes/windows/window/CMessageBox.h"
 #include "diagnostics/Guard.h"
+#include "simulation/CRunClock.h"
 #include "simulation/Population.h"
 #include "simulation/RunLoop.h"
 
@@ -182,7 +183,9 @@ void CKinetarium::RunSimulation()
     CWorkerFinishedEvent finished(m_hSimulationDone.Get(), m_bWorkerFinished);
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
         CWindowFrameSink sink(m_pWorldView->GetWindowHandle(), m_hStatusBar);
-        RunLoop(m_Atoms, m_CollisionGrid, m_WorldSize, m_Random, m_bSimulationRunning, finished, sink, m_pDebugLog);
+        CRunClock clock;
+        RunLoop(m_Atoms, m_CollisionGrid, m_WorldSize, m_Random, m_bSimulationRunning, finished, sink, clock,
+                m_pDebugLog);
     });
 }
 

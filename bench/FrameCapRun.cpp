@@ -4,6 +4,7 @@
 #include "classes/core/CRandom.h"
 #include "simulation/CAtoms.h"
 #include "simulation/CCollisionGrid.h"
+#include "simulation/CRunClock.h"
 #include "simulation/IFinishedEvent.h"
 #include "simulation/IFrameSink.h"
 #include "simulation/Population.h"
@@ -67,7 +68,8 @@ int PrintFrameCap(double seconds)
     Populate(atoms, grid, scene.world, scene.atoms, scene.minRadius, scene.maxRadius, nullptr, random);
 
     CCountingView view(seconds);
-    RunLoop(atoms, grid, scene.world, random, view.GetRunning(), view, view, nullptr);
+    CRunClock clock;
+    RunLoop(atoms, grid, scene.world, random, view.GetRunning(), view, view, clock, nullptr);
     std::printf("%s, nothing drawn: %.2f iterations per second over %.1f s\n", scene.name, view.GetFramesPerSecond(),
                 seconds);
     return EXIT_SUCCESS;

@@ -1,13 +1,12 @@
 #include "simulation/RunLoop.h"
 
-#include "classes/core/CDateTime.h"
-#include "classes/core/CWaitTimer.h"
 #include "classes/core/OutputDebugMessage.h"
 #include "diagnostics/Guard.h"
 #include "simulation/CAtoms.h"
 #include "simulation/FrameCap.h"
 #include "simulation/IFinishedEvent.h"
 #include "simulation/IFrameSink.h"
+#include "simulation/IRunClock.h"
 #include "simulation/Iteration.h"
 #include "simulation/SimulationConstants.h"
 
@@ -34,8 +33,8 @@ private:
 class CReporter
 {
 public:
-    CReporter(const CAtoms& atoms, IFrameSink& sink, std::wstring* pDebugLog)
-        : m_Atoms(atoms), m_Sink(sink), m_pDebugLog(pDebugLog)
+    CReporter(const CAtoms& atoms, IFrameSink& sink, IRunClock& clock, std::wstring* pDebugLog)
+        : m_Atoms(atoms), m_Sink(sink), m_Clock(clock), m_pDebugLog(pDebugLog), m_ReportTime(clock.GetNow())
     {
     }
 
@@ -45,7 +44,7 @@ public:
         ++m_Statistics.iterationsSinceReport;
         m_Statistics.collisionsSinceReport += uCollisions;
         m_Statistics.timeSumMs += passMs;
-        if (CDateTime().DiffInMilliSeconds(m_ReportTime) > c_iReportPeriodMs)
+        if (m_Clock.GetNow().DiffInMilliSeconds(m_ReportTime) > c_iReportPeriodMs)
         {
             Report();
         }
@@ -59,7 +58,7 @@ private:
         m_sLine = FormatStatisticsLine(m_Statistics);
         OutputDebugMessage(m_pDebugLog, L"%s\n", m_sLine);
         m_Sink.ShowStatistics(m_sLine);
-        m_ReportTime.SetNow();
+        m_ReportTime = m_Clock.GetNow();
         m_Statistics.iterationsSinceReport = 0;
         m_Statistics.collisionsSinceReport = 0;
         m_Statistics.timeSumMs = 0;
@@ -67,6 +66,7 @@ private:
 
     const CAtoms& m_Atoms;
     IFrameSink& m_Sink;
+    IRunClock& m_Clock;
     std::wstring* m_pDebugLog;
     CDateTime m_ReportTime;
     CWString m_sLine;
@@ -76,7 +76,8 @@ private:
 } // namespace
 
 void RunLoop(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRandom& random,
-             const std::atomic<bool>& running, IFinishedEvent& finished, IFrameSink& sink, std::wstring* pDebugLog)
+             const std::atomic<bool>& running, IFinishedEvent& finished, IFrameSink& sink, IRunClock& clock,
+             std::wstring* pDebugLog)
 {
     const auto runPasses = [&] {
         const CFinishedScope finishedScope(finished);
@@ -84,19 +85,18 @@ void RunLoop(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRand
         {
             return;
         }
-        CReporter reporter(atoms, sink, pDebugLog);
-        CWaitTimer waitTimer;
+        CReporter reporter(atoms, sink, clock, pDebugLog);
         while (running)
         {
-            const CDateTime start;
+            const CDateTime start = clock.GetNow();
             const std::uint32_t uCollisions = AdvanceOneIteration(atoms, grid, world, random);
             sink.DrawFrame();
             if (!running)
             {
                 break;
             }
-            const float ms = static_cast<float>(CDateTime().DiffInMicroSeconds(start)) / c_fMicroSecondsPerMs;
-            waitTimer.WaitMicroSeconds(GetFrameCapWait(ms));
+            const float ms = static_cast<float>(clock.GetNow().DiffInMicroSeconds(start)) / c_fMicroSecondsPerMs;
+            clock.WaitMicroSeconds(GetFrameCapWait(ms));
             reporter.Add(uCollisions, ms);
         }
     };

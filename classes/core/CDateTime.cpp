@@ -1,10 +1,5 @@
 #include "classes/core/CDateTime.h"
 
-void CDateTime::SetNow()
-{
-    m_Time = std::chrono::steady_clock::now();
-}
-
 std::int64_t CDateTime::DiffInMicroSeconds(const CDateTime& earlier) const
 {
     return std::chrono::duration_cast<std::chrono::microseconds>(m_Time - earlier.m_Time).count();

@@ -8,9 +8,10 @@ class CDateTime
 {
 public:
     // Now.
-    CDateTime() { SetNow(); }
+    CDateTime() : m_Time(std::chrono::steady_clock::now()) {}
 
-    void SetNow();
+    // A moment that is already known.
+    explicit CDateTime(std::chrono::steady_clock::time_point time) : m_Time(time) {}
 
     // The time from the other moment to this one, negative if this one is earlier. Truncated to whole units.
     std::int64_t DiffInMicroSeconds(const CDateTime& earlier) const;

@@ -1,6 +1,7 @@
 #include "classes/core/CWString.h"
 #include "classes/core/OutputDebugMessage.h"
 #include "diagnostics/PruneDebugLog.h"
+#include "simulation/CRunClock.h"
 #include "simulation/IFinishedEvent.h"
 #include "simulation/IFrameSink.h"
 #include "simulation/RunLoop.h"
@@ -120,7 +121,8 @@ public:
     {
         m_bRunning = true;
         m_Thread = std::thread([this] {
-            RunLoop(m_World.atoms, m_World.grid, m_World.size, m_World.random, m_bRunning, m_Finished, m_Window,
+            CRunClock clock;
+            RunLoop(m_World.atoms, m_World.grid, m_World.size, m_World.random, m_bRunning, m_Finished, m_Window, clock,
                     &m_sDebugLog);
         });
     }

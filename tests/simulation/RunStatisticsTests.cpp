@@ -35,10 +35,31 @@ TEST(StatisticsLine, MoreCollisionsThanAtomsExceed100Percent)
               L"tot = 0.000   avg = 0.000   collided = 800.00%");
 }
 
+// In double, the average of these times would give another rate in the last digit.
+TEST(StatisticsLine, TheAverageTimeHasSinglePrecision)
+{
+    CRunStatistics statistics;
+    statistics.totalIterations = 7;
+    statistics.iterationsSinceReport = 7;
+    statistics.timeSumMs = 0.003F;
+    statistics.atomCount = 1;
+    EXPECT_EQ(
+        FormatStatisticsLine(statistics).Get(),
+        L"Iter = 7   0.00 ms = 2333333.36 FPS     velocity: min = 0.000   max = 0.000   tot = 0.000   avg = 0.000   "
+        L"collided = 0.00%");
+}
+
 TEST(FrameCap, AShortPassWaitsForTheRestOfThePeriod)
 {
     EXPECT_EQ(GetFrameCapWait(1.0F), 15'666);
     EXPECT_EQ(GetFrameCapWait(16.5F), 166);
+}
+
+// The times lie so that a period that differs by 0.00003 ms gives another number.
+TEST(FrameCap, ThePeriodIsKnownToAHundredThousandth)
+{
+    EXPECT_EQ(GetFrameCapWait(0.00066F), 16'666);
+    EXPECT_EQ(GetFrameCapWait(0.00068F), 16'665);
 }
 
 TEST(FrameCap, APassOfThePeriodOrLongerDoesNotWait)

@@ -32,13 +32,14 @@ TEST(DateTime, MilliSecondsAreMicroSecondsDividedByAThousandAndTruncated)
     EXPECT_EQ(later.DiffInMilliSeconds(earlier), later.DiffInMicroSeconds(earlier) / 1000);
 }
 
-TEST(DateTime, SetNowMovesTheMomentForward)
+TEST(DateTime, AMomentThatIsKnownIsKept)
 {
-    CDateTime moment;
-    const CDateTime before = moment;
-    std::this_thread::sleep_for(std::chrono::milliseconds(2));
-    moment.SetNow();
-    EXPECT_GE(moment.DiffInMicroSeconds(before), 2000);
+    using std::chrono::microseconds;
+    const CDateTime earlier(std::chrono::steady_clock::time_point(microseconds(500)));
+    const CDateTime later(std::chrono::steady_clock::time_point(microseconds(3499)));
+    EXPECT_EQ(later.DiffInMicroSeconds(earlier), 2999);
+    EXPECT_EQ(later.DiffInMilliSeconds(earlier), 2);
+    EXPECT_EQ(earlier.DiffInMilliSeconds(later), -2);
 }
 
 TEST(DateTime, TheClockNeverRunsBackwards)
