@@ -74,6 +74,7 @@ bool CWndWorldView::InitializeWindow()
         SetWindowLongPtrW(m_hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
         CreateWorldPicture();
         ClearScrollBar(m_hWnd, SB_VERT);
+        ClearScrollBar(m_hWnd, SB_HORZ);
         m_bWindowReady = true;
         ShowWindow(m_hWnd, SW_SHOWNORMAL);
         OnEraseBackground();

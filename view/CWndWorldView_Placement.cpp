@@ -65,11 +65,13 @@ void CWndWorldView::ShowScrollBars(const CScrollBarsShown& shown)
     SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_FRAMECHANGED);
 }
 
-// Returns the position that was stored.
+// Returns how many pixels of the world the bar hides at the left or at the top.
 int CWndWorldView::FitBar(int iBar, int iWorldLength, int iClientLength)
 {
-    const CScrollBarState bar = FitScrollBar(ReadScrollBar(m_hWnd, iBar), iWorldLength, iClientLength);
-    WriteScrollBar(m_hWnd, iBar, bar);
+    const bool bFromRight = iBar == SB_HORZ && m_StringResource.IsRightToLeft();
+    const CScrollBarState old = ReadScrollBar(m_hWnd, iBar);
+    const CScrollBarState bar = FitScrollBar(bFromRight ? MirrorScrollBar(old) : old, iWorldLength, iClientLength);
+    WriteScrollBar(m_hWnd, iBar, bFromRight ? MirrorScrollBar(bar) : bar);
     return bar.iPosition;
 }
 

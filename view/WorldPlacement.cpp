@@ -33,6 +33,16 @@ CScrollBarsShown GetScrollBarsShown(const CSize<int>& sizeWorld, const CSize<int
     return shown;
 }
 
+CScrollBarState MirrorScrollBar(const CScrollBarState& bar)
+{
+    const std::int64_t lastPosition = std::int64_t{bar.iMax} - std::max(bar.iPage, 1) + 1;
+    const std::int64_t ends = bar.iMin + std::max(lastPosition, std::int64_t{bar.iMin});
+    CScrollBarState mirrored = bar;
+    mirrored.iPosition = SaturateToInt(ends - bar.iPosition);
+    mirrored.iTrackPosition = SaturateToInt(ends - bar.iTrackPosition);
+    return mirrored;
+}
+
 CScrollBarState FitScrollBar(const CScrollBarState& old, int iWorldLength, int iClientLength)
 {
     CScrollBarState bar = old;

@@ -24,6 +24,11 @@ CScrollBarsShown GetScrollBarsShown(const CSize<int>& sizeWorld, const CSize<int
 // position stays unless it is beyond the new end.
 CScrollBarState FitScrollBar(const CScrollBarState& old, int iWorldLength, int iClientLength);
 
+// The bar with its positions counted from its other end. A window that is laid out from right to left has its
+// horizontal bar counted from the right, but the world always counts from its left edge. Mirroring twice gives the bar
+// itself.
+CScrollBarState MirrorScrollBar(const CScrollBarState& bar);
+
 // An arrow scrolls by 10 pixels. Only dragging moves the world with the thumb: its release adds nothing.
 inline constexpr CScrollRule c_WorldScrollRule{.iLineStep = 10, .bThumbPositionScrolls = false};
 
@@ -38,8 +43,8 @@ struct CScrolledView
 {
     CScrollBarsShown shown;
     CSize<int> sizeClient;     // without the bars that are shown
-    int iHorizontalPosition{}; // used if the horizontal bar is shown
-    int iVerticalPosition{};   // used if the vertical bar is shown
+    int iHorizontalPosition{}; // pixels hidden at the left; used if the horizontal bar is shown
+    int iVerticalPosition{};   // pixels hidden at the top; used if the vertical bar is shown
 };
 
 // Scrolls the world in the directions that have a bar and centres it in the others.

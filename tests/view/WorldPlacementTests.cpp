@@ -126,6 +126,29 @@ TEST(FitScrollBar, TheDraggedPositionIsNotChanged)
     EXPECT_EQ(FitScrollBar(MakeBar(10, 1, 7, 77), 1000, 600).iTrackPosition, 77);
 }
 
+TEST(MirrorScrollBar, ThePositionCountsFromTheLastOne)
+{
+    // The positions are 0 to 400: the last one is a page before the end of the range.
+    EXPECT_EQ(MirrorScrollBar(MakeBar(999, 600, 0, 10)), MakeBar(999, 600, 400, 390));
+    EXPECT_EQ(MirrorScrollBar(MakeBar(999, 600, 400, 0)), MakeBar(999, 600, 0, 400));
+    EXPECT_EQ(MirrorScrollBar(MakeBar(999, 600, 150, 399)), MakeBar(999, 600, 250, 1));
+    EXPECT_EQ(MirrorScrollBar({10, 109, 30, 10, 80}), (CScrollBarState{10, 109, 30, 80, 10}));
+}
+
+TEST(MirrorScrollBar, ABarWithoutRoomToScrollStaysAsItIs)
+{
+    EXPECT_EQ(MirrorScrollBar(MakeBar(0, 0, 0)), MakeBar(0, 0, 0));
+    EXPECT_EQ(MirrorScrollBar(MakeBar(99, 500, 0)), MakeBar(99, 500, 0));
+}
+
+TEST(MirrorScrollBar, NumbersAtTheEndOfTheIntegerRangeDoNotOverflow)
+{
+    EXPECT_EQ(MirrorScrollBar({0, c_iMaxInt, 0, 0, c_iMinInt}),
+              (CScrollBarState{0, c_iMaxInt, 0, c_iMaxInt, c_iMaxInt}));
+    EXPECT_EQ(MirrorScrollBar({c_iMinInt, c_iMinInt, c_iMaxInt, 0, 0}),
+              (CScrollBarState{c_iMinInt, c_iMinInt, c_iMaxInt, c_iMinInt, c_iMinInt}));
+}
+
 TEST(WorldScrollRule, ALineIsTenPixels)
 {
     EXPECT_EQ(Request(MakeBar(999, 600, 100), EnumScrollRequest::LineDown), 110);

@@ -6,6 +6,12 @@ void CScrollingTest::OpenLarge()
     m_pView->SetControlPositions(-1, -1); // the bars have changed the client area
 }
 
+void CScrollingTest::OpenLarge_Mirrored()
+{
+    Open({9999, 9999}, 320, 240, EnumPicDrawMode::Tiled, CTestParent::c_byRightToLeft);
+    m_pView->SetControlPositions(-1, -1);
+}
+
 void CScrollingTest::Scroll(UINT uMessage, unsigned uRequest)
 {
     EXPECT_EQ(Send(uMessage, MAKEWPARAM(uRequest, 0)), 0);

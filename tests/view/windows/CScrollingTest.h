@@ -8,6 +8,8 @@ class CScrollingTest : public CViewTest
 protected:
     // Opens a view of 320 x 240 on a world of 9,999 x 9,999.
     void OpenLarge();
+    // The same in a language that is read from right to left.
+    void OpenLarge_Mirrored();
 
     // Sends a request of a scroll bar.
     void Scroll(UINT uMessage, unsigned uRequest);

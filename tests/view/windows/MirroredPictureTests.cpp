@@ -43,9 +43,9 @@ TEST_F(MirroredViewPicture, GdiDrawsAScrolledWorldAtThePositionOfTheBars)
     GetDirect2DSpy().hrFactory = E_FAIL;
     OpenMirrored({700, 500}, 4 * c_iAtoms);
     EXPECT_FALSE(Start_Speed());
-    Send(WM_HSCROLL, MAKEWPARAM(SB_PAGEDOWN, 0));
+    Send(WM_HSCROLL, MAKEWPARAM(SB_PAGELEFT, 0)); // the bar counts from the right
     Send(WM_VSCROLL, MAKEWPARAM(SB_PAGEDOWN, 0));
     EXPECT_LT(m_pView->GetWorldRect().left, -100);
-    EXPECT_EQ(m_pView->GetWorldRect().left, -GetBar(SB_HORZ).nPos);
+    EXPECT_EQ(m_pView->GetWorldRect().left, GetBar(SB_HORZ).nPos - (700 - GetClient().cx));
     ExpectScreen(MakeScene(c_fEdgeGdi));
 }
