@@ -46,7 +46,6 @@ void CPainterDirect2D::Release()
     }
     m_pRenderTarget.Reset();
     m_pFactory.Reset();
-    m_bTargetLost = false;
 }
 
 bool CPainterDirect2D::Prepare(HWND hWnd, const CColourSettings& settings, std::wstring* pDebugLog)
@@ -72,11 +71,6 @@ bool CPainterDirect2D::EnsureFactory(std::wstring* pDebugLog)
 
 bool CPainterDirect2D::EnsureRenderTarget(HWND hWnd, std::wstring* pDebugLog)
 {
-    if (m_bTargetLost)
-    {
-        m_pRenderTarget.Reset();
-        m_bTargetLost = false;
-    }
     if (m_pRenderTarget)
     {
         return true;
@@ -136,10 +130,10 @@ void CPainterDirect2D::PaintFrame(const CFrame& frame)
     {
         DrawAtoms(frame.scene);
     }
-    // The result is used only to tell the next Prepare that the device is gone.
+    // The result is used only to learn that the device is gone: nothing more would appear on such a target.
     if (m_pRenderTarget->EndDraw() == static_cast<HRESULT>(D2DERR_RECREATE_TARGET))
     {
-        m_bTargetLost = true;
+        DropRenderTarget(frame);
     }
 }
 
@@ -152,7 +146,6 @@ void CPainterDirect2D::DropRenderTarget(const CFrame& frame)
     }
     frame.pWorld->ReleaseDirect2D();
     m_pRenderTarget.Reset();
-    m_bTargetLost = false;
 }
 
 void CPainterDirect2D::DrawAtoms(const CAtomScene& scene)

@@ -13,7 +13,7 @@
 #include <string>
 
 // Draws straight to a render target on the window. The first successful Prepare makes factory and target, which are
-// kept; each Prepare makes new brushes.
+// kept until a frame drops the target; each Prepare makes new brushes.
 class CPainterDirect2D final : public IPainter
 {
 public:
@@ -29,14 +29,11 @@ public:
 
     bool HasRenderTarget() const { return static_cast<bool>(m_pRenderTarget); }
 
-    // True after the target has lost its device (a driver update, a remote session): nothing more appears on it, and
-    // only the next Prepare makes a new one.
-    bool IsRenderTargetLost() const { return m_bTargetLost; }
-
     // The size of the target in pixels, if there is one.
     void Resize(const SIZE& size);
 
-    // Drops the target if the backdrop cannot be drawn.
+    // Drops the target if the backdrop cannot be drawn, and if the system has taken the device away (a driver update, a
+    // remote session). Only the next Prepare makes a new one.
     void PaintFrame(const CFrame& frame) override;
 
     // Releases the brushes, then the target, then the factory.
@@ -50,7 +47,6 @@ private:
     void DropRenderTarget(const CFrame& frame);
 
     CreateDirect2DFactoryFunction m_pCreateFactory;
-    bool m_bTargetLost = false;
     CComPtr<ID2D1Factory> m_pFactory;
     CComPtr<ID2D1HwndRenderTarget> m_pRenderTarget;
     std::array<CComPtr<ID2D1SolidColorBrush>, c_uColourClassCount> m_pBrushes;

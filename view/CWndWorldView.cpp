@@ -130,22 +130,10 @@ bool CWndWorldView::InitializeSettings(CSize<int>& sizeWorld, bool bNoScrolling,
         {
             return false;
         }
-        const bool bSuccess = PrepareDirect2D();
+        const bool bSuccess = m_painterDirect2D.Prepare(m_hWnd, m_pAtomColourSettings, m_pDebugLog);
         RedrawWorld();
         return bSuccess;
     });
-}
-
-// A lost target is freed only after the pictures have released their brushes too, and a window should not have two
-// targets.
-bool CWndWorldView::PrepareDirect2D()
-{
-    if (m_painterDirect2D.IsRenderTargetLost())
-    {
-        m_picBackdrop.ReleaseDirect2D();
-        m_picWorld.ReleaseDirect2D();
-    }
-    return m_painterDirect2D.Prepare(m_hWnd, m_pAtomColourSettings, m_pDebugLog);
 }
 
 void CWndWorldView::SetWorldBackgroundColour(unsigned long cr)

@@ -101,7 +101,6 @@ private:
     void CheckLayout();
     bool HasPixels() const;
     void CreateWorldPicture();
-    bool PrepareDirect2D();
     CFrame MakeFrame() const;
     IPainter& ChoosePainter();
 

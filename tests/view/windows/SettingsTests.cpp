@@ -219,19 +219,22 @@ TEST_F(WorldViewSettings, IfTheWorldCannotBeFilledTheFrameEndsWithoutAtoms)
     EXPECT_EQ(GetDirect2DSpy().ellipses.size(), 4U);
 }
 
-// A driver update or a remote session removes the device. Frames are still drawn.
-TEST_F(WorldViewSettings, TheNextStartRecreatesATargetThatTheSystemHasRemoved)
+// A driver update or a remote session removes the device. Nothing more appears on its target, so it is released with
+// its last frame, and GDI draws until the next start.
+TEST_F(WorldViewSettings, ATargetThatTheSystemHasRemovedIsDroppedAtOnceAndTheNextStartMakesAnother)
 {
     ASSERT_TRUE(Start_Speed());
     GetDirect2DSpy().hrEndDraw = static_cast<HRESULT>(D2DERR_RECREATE_TARGET);
+    GetDirect2DSpy().closed.clear();
     EXPECT_TRUE(NextFrameUsesDirect2D());
-    EXPECT_TRUE(NextFrameUsesDirect2D());
+    EXPECT_EQ(std::count(GetDirect2DSpy().closed.begin(), GetDirect2DSpy().closed.end(), "target"), 1);
+    EXPECT_FALSE(NextFrameUsesDirect2D());
     EXPECT_EQ(GetDirect2DSpy().iRenderTargets, 1);
     GetDirect2DSpy().hrEndDraw = S_OK;
-    GetDirect2DSpy().closed.clear();
+    EXPECT_FALSE(NextFrameUsesDirect2D());
     EXPECT_TRUE(Start_Speed());
     EXPECT_EQ(GetDirect2DSpy().iRenderTargets, 2);
-    EXPECT_EQ(std::count(GetDirect2DSpy().closed.begin(), GetDirect2DSpy().closed.end(), "target"), 1);
+    EXPECT_EQ(GetDirect2DSpy().iFactories, 1);
     EXPECT_TRUE(NextFrameUsesDirect2D());
 }
 
