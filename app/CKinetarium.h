@@ -150,8 +150,9 @@ private:
     CMessageResult On_KeyUp(WPARAM, LPARAM);
     CMessageResult On_SysCommand(WPARAM, LPARAM);
     CMessageResult On_RightButtonUp(WPARAM, LPARAM);
-    CMessageResult On_DeferredToggle(WPARAM, LPARAM);
+    CMessageResult On_DeferredFullScreen(WPARAM, LPARAM);
     void ToggleFullscreen();
+    void LeaveFullscreen();
     void ToggleFullscreen_Leave();
     bool ToggleFullscreen_Enter();
     CSize<int> GetFullScreenSize() const;

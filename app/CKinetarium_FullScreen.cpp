@@ -17,9 +17,13 @@ std::optional<LRESULT> CKinetarium::On_KeyUp(WPARAM wParam, LPARAM)
     {
         return std::nullopt;
     }
-    if (wParam == VK_F11 || m_bFullscreen)
+    if (wParam == VK_F11)
     {
         ToggleFullscreen();
+    }
+    else
+    {
+        LeaveFullscreen();
     }
     return 0;
 }
@@ -31,8 +35,16 @@ std::optional<LRESULT> CKinetarium::On_SysCommand(WPARAM wParam, LPARAM)
     {
         return std::nullopt;
     }
+    const bool bMaximise = uCommand == SC_MAXIMIZE;
     const CWindowState state{IsIconic(m_hWnd) != FALSE, IsZoomed(m_hWnd) != FALSE, m_bFullscreen};
-    switch (uCommand == SC_MAXIMIZE ? GetMeaningOfMaximise(state) : GetMeaningOfRestore(state))
+    // Only what changes full screen has to wait: a minimised window comes back from the task bar at once.
+    const bool bMayWait = bMaximise || !state.bMinimised;
+    if (bMayWait && m_StopGate.Defer_FullScreen(bMaximise ? EnumFullScreenRequest::Maximise
+                                                          : EnumFullScreenRequest::Restore))
+    {
+        return 0;
+    }
+    switch (bMaximise ? GetMeaningOfMaximise(state) : GetMeaningOfRestore(state))
     {
     case EnumWindowChange::Nothing:
         break;
@@ -55,16 +67,42 @@ std::optional<LRESULT> CKinetarium::On_RightButtonUp(WPARAM, LPARAM)
     return 0;
 }
 
-std::optional<LRESULT> CKinetarium::On_DeferredToggle(WPARAM, LPARAM)
+// A request that had to wait. The window may have changed since, so the request is made anew.
+std::optional<LRESULT> CKinetarium::On_DeferredFullScreen(WPARAM wParam, LPARAM)
 {
-    ToggleFullscreen();
+    switch (static_cast<EnumFullScreenRequest>(wParam))
+    {
+    case EnumFullScreenRequest::None:
+        break;
+    case EnumFullScreenRequest::Toggle:
+        ToggleFullscreen();
+        break;
+    case EnumFullScreenRequest::Leave:
+        LeaveFullscreen();
+        break;
+    case EnumFullScreenRequest::Maximise:
+        SendMessageW(m_hWnd, WM_SYSCOMMAND, SC_MAXIMIZE, 0);
+        break;
+    case EnumFullScreenRequest::Restore:
+        SendMessageW(m_hWnd, WM_SYSCOMMAND, SC_RESTORE, 0);
+        break;
+    }
     return 0;
+}
+
+// Does nothing in a framed window.
+void CKinetarium::LeaveFullscreen()
+{
+    if (!m_StopGate.Defer_FullScreen(EnumFullScreenRequest::Leave) && m_bFullscreen)
+    {
+        ToggleFullscreen();
+    }
 }
 
 void CKinetarium::ToggleFullscreen()
 {
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
-        if (m_StopGate.Defer_ToggleFullScreen())
+        if (m_StopGate.Defer_FullScreen(EnumFullScreenRequest::Toggle))
         {
             return;
         }

@@ -14,7 +14,7 @@ namespace
 // The second press of a double click counts as a click too.
 constexpr UINT c_uButtonDoubleClicked = WM_LBUTTONDBLCLK;
 
-constexpr UINT c_uDeferredToggle = WM_APP + 1;
+constexpr UINT c_uDeferredFullScreen = WM_APP + 1; // wParam: EnumFullScreenRequest
 } // namespace
 
 LRESULT CKinetarium::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
@@ -37,7 +37,7 @@ LRESULT CKinetarium::WndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lPa
         {WM_TIMER, &CKinetarium::On_Timer},
         {WM_LBUTTONUP, &CKinetarium::On_LeftButtonUp},
         {WM_RBUTTONUP, &CKinetarium::On_RightButtonUp},
-        {c_uDeferredToggle, &CKinetarium::On_DeferredToggle},
+        {c_uDeferredFullScreen, &CKinetarium::On_DeferredFullScreen},
     };
     return Guarded({m_pDebugLog, __TIMESTAMP__}, LRESULT{0}, [&] {
         return DispatchMessage_Table<CKinetarium>(*this, c_Messages, hWnd, uMessage, wParam, lParam);
@@ -227,14 +227,14 @@ std::optional<LRESULT> CKinetarium::On_LeftButtonUp(WPARAM, LPARAM lParam)
 
 void CKinetarium::PostDeferredRequests()
 {
-    const CStopGate::CRequests requests = m_StopGate.TakeRequests();
+    const CStopGate::CRequests requests = m_StopGate.TakeRequests(m_bFullscreen);
     if (requests.close)
     {
         PostMessageW(m_hWnd, WM_CLOSE, 0, 0);
     }
-    if (requests.toggleFullScreen)
+    if (requests.fullScreen != EnumFullScreenRequest::None)
     {
-        PostMessageW(m_hWnd, c_uDeferredToggle, 0, 0);
+        PostMessageW(m_hWnd, c_uDeferredFullScreen, static_cast<WPARAM>(requests.fullScreen), 0);
     }
     if (requests.click)
     {

@@ -11,11 +11,11 @@ bool CStopGate::Defer_Close()
     return MustWait();
 }
 
-bool CStopGate::Defer_ToggleFullScreen()
+bool CStopGate::Defer_FullScreen(EnumFullScreenRequest eRequest)
 {
     if (MustWait())
     {
-        m_Requests.toggleFullScreen = !m_Requests.toggleFullScreen;
+        m_Requests.fullScreen = Combine(m_Requests.fullScreen, eRequest);
     }
     return MustWait();
 }
@@ -29,18 +29,18 @@ bool CStopGate::Defer_Click(const CPoint<int>& point)
     return MustWait();
 }
 
-CStopGate::CRequests CStopGate::TakeRequests()
+CStopGate::CRequests CStopGate::TakeRequests(bool bFullScreen)
 {
     if (MustWait())
     {
         return {};
     }
     CRequests requests = std::exchange(m_Requests, CRequests{});
-    if (requests.close)
+    if (requests.close || !HasEffect(requests.fullScreen, bFullScreen))
     {
-        requests.toggleFullScreen = false;
+        requests.fullScreen = EnumFullScreenRequest::None;
     }
-    if (requests.close || requests.toggleFullScreen)
+    if (requests.close || requests.fullScreen != EnumFullScreenRequest::None)
     {
         requests.click.reset();
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/FullScreenRequest.h"
 #include "classes/core/CFlagScope.h"
 #include "classes/core/CPoint.h"
 
@@ -9,7 +10,8 @@
 //
 // This wait dispatches messages, because the worker may be blocked in a synchronous send to this thread. So a click, a
 // key or a close can arrive in the middle of a stop. None of them may stop again (the thread would be joined twice) or
-// start a second worker. They are remembered here and take effect when the stop is over.
+// start a second worker. They are remembered here and take effect when the stop is over. Each keeps its meaning: an
+// Escape that waits still means to leave full screen, whatever the window has become meanwhile.
 //
 // Used on the user-interface thread only.
 class CStopGate
@@ -20,7 +22,7 @@ public:
     struct CRequests
     {
         bool close = false;
-        bool toggleFullScreen = false;
+        EnumFullScreenRequest fullScreen = EnumFullScreenRequest::None;
         std::optional<CPoint<int>> click; // client pixels of the main window
     };
 
@@ -42,19 +44,21 @@ public:
 
     bool IsStopping() const { return m_bStopping; }
 
-    // During a stop or a change, remembers the request and returns true: the caller then does nothing. Otherwise
-    // returns false.
-    bool Defer_Close();
-    bool Defer_ToggleFullScreen();
-    bool Defer_Click(const CPoint<int>& point);
-
-    // Returns the remembered requests and forgets them. During a stop or a change it returns none and forgets none. A
-    // second toggle cancels the first; the last of several clicks counts.
-    CRequests TakeRequests();
-
-private:
+    // Whether a request that arrives now has to wait.
     bool MustWait() const { return m_bStopping || m_bChanging; }
 
+    // During a stop or a change, each of these remembers the request and returns true: the caller then does nothing.
+    // Otherwise it returns false.
+    bool Defer_Close();
+    bool Defer_FullScreen(EnumFullScreenRequest eRequest);
+    bool Defer_Click(const CPoint<int>& point);
+
+    // Returns the remembered requests and forgets them. During a stop or a change it returns none and forgets none.
+    // Several requests about full screen become one, and none if the window, whose state is given, is already as it
+    // asks; the last of several clicks counts.
+    CRequests TakeRequests(bool bFullScreen);
+
+private:
     bool m_bStopping = false;
     bool m_bChanging = false;
     CRequests m_Requests;

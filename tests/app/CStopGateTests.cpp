@@ -7,12 +7,12 @@ TEST(StopGate, DefersNothingWithoutAStopInProgress)
     CStopGate gate;
 
     EXPECT_FALSE(gate.Defer_Close());
-    EXPECT_FALSE(gate.Defer_ToggleFullScreen());
+    EXPECT_FALSE(gate.Defer_FullScreen(EnumFullScreenRequest::Toggle));
     EXPECT_FALSE(gate.Defer_Click({1, 2}));
 
-    const CStopGate::CRequests requests = gate.TakeRequests();
+    const CStopGate::CRequests requests = gate.TakeRequests(false);
     EXPECT_FALSE(requests.close);
-    EXPECT_FALSE(requests.toggleFullScreen);
+    EXPECT_EQ(requests.fullScreen, EnumFullScreenRequest::None);
     EXPECT_FALSE(requests.click.has_value());
 }
 
@@ -24,13 +24,13 @@ TEST(StopGate, ACloseDuringAStopIsNeverLost)
         EXPECT_TRUE(gate.IsStopping());
         EXPECT_TRUE(gate.Defer_Close());
         EXPECT_TRUE(gate.Defer_Click({5, 6}));
-        EXPECT_TRUE(gate.Defer_ToggleFullScreen());
+        EXPECT_TRUE(gate.Defer_FullScreen(EnumFullScreenRequest::Toggle));
     }
     EXPECT_FALSE(gate.IsStopping());
 
-    const CStopGate::CRequests requests = gate.TakeRequests();
+    const CStopGate::CRequests requests = gate.TakeRequests(false);
     EXPECT_TRUE(requests.close);
-    EXPECT_FALSE(requests.toggleFullScreen);
+    EXPECT_EQ(requests.fullScreen, EnumFullScreenRequest::None);
     EXPECT_FALSE(requests.click.has_value());
 }
 
@@ -42,7 +42,7 @@ TEST(StopGate, TheLastOfSeveralClicksCounts)
         gate.Defer_Click({1, 1});
         gate.Defer_Click({-3, 40});
     }
-    const CStopGate::CRequests requests = gate.TakeRequests();
+    const CStopGate::CRequests requests = gate.TakeRequests(false);
     ASSERT_TRUE(requests.click.has_value());
     EXPECT_EQ(requests.click->x, -3);
     EXPECT_EQ(requests.click->y, 40);
@@ -53,12 +53,12 @@ TEST(StopGate, ASecondToggleUndoesTheFirst)
     CStopGate gate;
     {
         const CStopGate::CStopping stopping(gate);
-        gate.Defer_ToggleFullScreen();
-        gate.Defer_ToggleFullScreen();
+        gate.Defer_FullScreen(EnumFullScreenRequest::Toggle);
+        gate.Defer_FullScreen(EnumFullScreenRequest::Toggle);
         gate.Defer_Click({7, 8});
     }
-    const CStopGate::CRequests requests = gate.TakeRequests();
-    EXPECT_FALSE(requests.toggleFullScreen);
+    const CStopGate::CRequests requests = gate.TakeRequests(false);
+    EXPECT_EQ(requests.fullScreen, EnumFullScreenRequest::None);
     EXPECT_TRUE(requests.click.has_value());
 }
 
@@ -67,10 +67,10 @@ TEST(StopGate, ATakenRequestIsForgotten)
     CStopGate gate;
     {
         const CStopGate::CStopping stopping(gate);
-        gate.Defer_ToggleFullScreen();
+        gate.Defer_FullScreen(EnumFullScreenRequest::Toggle);
     }
-    EXPECT_TRUE(gate.TakeRequests().toggleFullScreen);
-    EXPECT_FALSE(gate.TakeRequests().toggleFullScreen);
+    EXPECT_EQ(gate.TakeRequests(false).fullScreen, EnumFullScreenRequest::Toggle);
+    EXPECT_EQ(gate.TakeRequests(false).fullScreen, EnumFullScreenRequest::None);
 }
 
 TEST(StopGate, RequestsDuringAChangeWaitForItsEnd)
@@ -80,13 +80,31 @@ TEST(StopGate, RequestsDuringAChangeWaitForItsEnd)
         const CStopGate::CChanging changing(gate);
         {
             const CStopGate::CStopping stopping(gate);
-            EXPECT_TRUE(gate.Defer_ToggleFullScreen());
+            EXPECT_TRUE(gate.Defer_FullScreen(EnumFullScreenRequest::Toggle));
         }
         EXPECT_FALSE(gate.IsStopping());
-        EXPECT_FALSE(gate.TakeRequests().toggleFullScreen) << "the stop is over, but not the change";
+        EXPECT_EQ(gate.TakeRequests(false).fullScreen, EnumFullScreenRequest::None)
+            << "the stop is over, but not the change";
         EXPECT_TRUE(gate.Defer_Click({1, 2}));
         EXPECT_TRUE(gate.Defer_Close());
     }
     EXPECT_FALSE(gate.Defer_Click({3, 4}));
-    EXPECT_TRUE(gate.TakeRequests().close);
+    EXPECT_TRUE(gate.TakeRequests(false).close);
+}
+
+TEST(StopGate, ARequestIsJudgedByTheStateThatTheChangeHasLeft)
+{
+    for (const bool bFullScreen : {false, true})
+    {
+        CStopGate gate;
+        {
+            const CStopGate::CChanging changing(gate);
+            gate.Defer_FullScreen(EnumFullScreenRequest::Leave);
+            gate.Defer_FullScreen(EnumFullScreenRequest::Leave);
+            gate.Defer_Click({1, 2});
+        }
+        const CStopGate::CRequests requests = gate.TakeRequests(bFullScreen);
+        EXPECT_EQ(requests.fullScreen, bFullScreen ? EnumFullScreenRequest::Leave : EnumFullScreenRequest::None);
+        EXPECT_EQ(requests.click.has_value(), !bFullScreen) << "an Escape without effect drops no click";
+    }
 }

@@ -8,7 +8,7 @@ namespace
 {
 constexpr UINT c_uPatience = 10000; // ms; the program itself waits without a limit
 
-std::atomic<bool> g_bOpen{true};
+const HANDLE g_hOpen = CreateEventW(nullptr, TRUE, TRUE, nullptr); // manual reset: set while the gate is open
 std::atomic<bool> g_bHeld{false};
 std::atomic<int> g_iUnanswered{0};
 LRESULT(WINAPI* g_pSend)(HWND, UINT, WPARAM, LPARAM) = SendMessageW;
@@ -21,9 +21,12 @@ LRESULT WINAPI HoldWorker(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam
     {
         return g_pSend(hWnd, uMessage, wParam, lParam);
     }
-    g_bHeld = !g_bOpen;
-    g_bOpen.wait(false);
-    g_bHeld = false;
+    if (WaitForSingleObject(g_hOpen, 0) != WAIT_OBJECT_0)
+    {
+        g_bHeld = true;
+        WaitForSingleObject(g_hOpen, INFINITE);
+        g_bHeld = false;
+    }
     DWORD_PTR uResult = 0;
     if (SendMessageTimeoutW(hWnd, uMessage, wParam, lParam, SMTO_NORMAL, c_uPatience, &uResult) == 0)
     {
@@ -52,13 +55,12 @@ bool CHeldWorker::Wait() const
 
 void CHeldWorker::Open() const
 {
-    g_bOpen = true;
-    g_bOpen.notify_all();
+    SetEvent(g_hOpen);
 }
 
 void CHeldWorker::Close() const
 {
-    g_bOpen = false;
+    ResetEvent(g_hOpen);
 }
 
 int CHeldWorker::GetUnanswered() const

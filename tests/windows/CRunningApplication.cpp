@@ -6,10 +6,15 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <memory>
+#include <utility>
+
 namespace
 {
 constexpr const wchar_t* c_sInvokerClass = L"KinetariumTestInvoker";
 constexpr UINT c_uInvoke = WM_APP;
+constexpr UINT c_uInvokeLater = WM_APP + 1;
 constexpr std::chrono::milliseconds c_Pause{5};
 constexpr DWORD c_dwPatience = 20000; // ms
 
@@ -18,6 +23,22 @@ struct CInvocation
     const std::function<void(CKinetarium&)>* body;
     HWND hMain;
 };
+
+struct CLaterInvocation
+{
+    std::function<void(CKinetarium&)> body;
+    HWND hMain;
+};
+
+// Does nothing after the window is gone.
+void Invoke(const std::function<void(CKinetarium&)>& body, HWND hMain)
+{
+    auto* pApplication = reinterpret_cast<CKinetarium*>(GetWindowLongPtrW(hMain, GWLP_USERDATA));
+    if (pApplication != nullptr)
+    {
+        body(*pApplication);
+    }
+}
 
 BOOL CALLBACK FindMainWindow(HWND hWnd, LPARAM lParam)
 {
@@ -39,6 +60,10 @@ bool CKinetariumProbe::HasWorker(const CKinetarium& application)
 bool CKinetariumProbe::IsStopping(const CKinetarium& application)
 {
     return application.m_StopGate.IsStopping();
+}
+bool CKinetariumProbe::MustRequestsWait(const CKinetarium& application)
+{
+    return application.m_StopGate.MustWait();
 }
 bool CKinetariumProbe::IsRunFlagSet(const CKinetarium& application)
 {
@@ -174,23 +199,57 @@ void CRunningApplication::ThreadBody(std::wstring* pDebugLog, HANDLE hReady)
 
 LRESULT CALLBACK CRunningApplication::InvokerProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
-    if (uMessage != c_uInvoke)
+    if (uMessage == c_uInvoke)
     {
-        return DefWindowProcW(hWnd, uMessage, wParam, lParam);
+        const auto* pInvocation = reinterpret_cast<const CInvocation*>(lParam);
+        Invoke(*pInvocation->body, pInvocation->hMain);
+        return 0;
     }
-    const auto* pInvocation = reinterpret_cast<const CInvocation*>(lParam);
-    auto* pApplication = reinterpret_cast<CKinetarium*>(GetWindowLongPtrW(pInvocation->hMain, GWLP_USERDATA));
-    if (pApplication != nullptr)
+    if (uMessage == c_uInvokeLater)
     {
-        (*pInvocation->body)(*pApplication);
+        const std::unique_ptr<CLaterInvocation> pInvocation(reinterpret_cast<CLaterInvocation*>(lParam));
+        Invoke(pInvocation->body, pInvocation->hMain);
+        return 0;
     }
-    return 0;
+    return DefWindowProcW(hWnd, uMessage, wParam, lParam);
 }
 
 void CRunningApplication::Do(const std::function<void(CKinetarium&)>& body) const
 {
     const CInvocation invocation{&body, m_hMain};
     SendMessageW(m_hInvoker, c_uInvoke, 0, reinterpret_cast<LPARAM>(&invocation));
+}
+
+void CRunningApplication::DoLater(std::function<void(CKinetarium&)> body) const
+{
+    auto pInvocation = std::make_unique<CLaterInvocation>(CLaterInvocation{std::move(body), m_hMain});
+    if (PostMessageW(m_hInvoker, c_uInvokeLater, 0, reinterpret_cast<LPARAM>(pInvocation.get())))
+    {
+        static_cast<void>(pInvocation.release()); // the handler of the message deletes it
+    }
+}
+
+bool CRunningApplication::WaitForRest() const
+{
+    enum class EnumAnswer
+    {
+        None,
+        Busy,
+        AtRest,
+    };
+    // What a change posts to itself at its end stands in the queue before a question that comes after it.
+    bool bRestedBefore = false;
+    return Poll([&] {
+        const auto pAnswer = std::make_shared<std::atomic<EnumAnswer>>(EnumAnswer::None);
+        DoLater([pAnswer](CKinetarium& application) {
+            *pAnswer = CKinetariumProbe::MustRequestsWait(application) ? EnumAnswer::Busy : EnumAnswer::AtRest;
+        });
+        if (!Poll([&] { return *pAnswer != EnumAnswer::None; }))
+        {
+            return false;
+        }
+        return std::exchange(bRestedBefore, *pAnswer == EnumAnswer::AtRest) && bRestedBefore;
+    });
 }
 
 bool CRunningApplication::Poll(const std::function<bool()>& condition)

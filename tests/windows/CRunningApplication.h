@@ -18,6 +18,7 @@ class CKinetariumProbe
 public:
     static bool HasWorker(const CKinetarium& application);
     static bool IsStopping(const CKinetarium& application);
+    static bool MustRequestsWait(const CKinetarium& application);
     static bool IsRunFlagSet(const CKinetarium& application);
     static bool IsWorkerFinished(const CKinetarium& application);
     static bool IsFullScreen(const CKinetarium& application);
@@ -60,6 +61,13 @@ public:
 
     // Runs the body on the application's thread and returns when it is done. Does nothing after the window is gone.
     void Do(const std::function<void(CKinetarium&)>& body) const;
+
+    // Queues the body behind the messages that wait for the application now, and returns at once.
+    void DoLater(std::function<void(CKinetarium&)> body) const;
+
+    // Waits until the messages that the application has now, and those that it posts to itself, are handled and no
+    // change of the world goes on; false if that does not come in time.
+    bool WaitForRest() const;
 
     // Polls the condition on the application's thread until it holds; false if it does not hold in time.
     bool WaitUntil(const std::function<bool(CKinetarium&)>& condition) const;
