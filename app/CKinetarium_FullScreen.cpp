@@ -122,6 +122,8 @@ void CKinetarium::ToggleFullscreen()
         }
         // The size of the world depends on full screen, so both directions start a new one.
         StartSimulation(nullptr);
+        // A start that finds a wrong factor leaves the old world in the view.
+        m_pWorldView->SetScrolling(!m_bFullscreen);
     });
 }
 
@@ -167,6 +169,7 @@ bool CKinetarium::ToggleFullscreen_Enter()
     ShowWindow(m_hStatusBar, SW_HIDE);
     ShowWindow(m_pDataCtrlGroup->GetWindowHandle(), SW_HIDE);
     ShowWindow(m_StartButton.GetWindowHandle(), SW_HIDE);
+    m_pWorldView->SetScrolling(false);
     // A minimised window keeps a client area of 0 x 0 whatever its size. A message that the stop has dispatched may
     // have minimised it too.
     if (IsIconic(m_hWnd))

@@ -118,7 +118,7 @@ bool CWndWorldView::InitializeSettings(CSize<int>& sizeWorld, bool bNoScrolling,
 {
     return Traced({m_pDebugLog, __TIMESTAMP__}, false, [&] {
         m_sizeWorld = sizeWorld;
-        m_bNoScrolling = bNoScrolling;
+        UseScrolling(!bNoScrolling);
         m_eColourMode = eMode;
         m_pAtomColourSettings[0].cr = static_cast<ColourRef>(cr1);
         m_pAtomColourSettings[1].cr = static_cast<ColourRef>(cr2);

@@ -49,6 +49,10 @@ public:
                             CWString& sFactor1, unsigned long cr2, CWString& sFactor2, unsigned long cr3,
                             CWString& sFactor3);
 
+    // Without scrolling, the world is centred, there is no scroll bar, and requests to scroll do nothing. Places the
+    // world anew if that is a change; the next repaint shows it.
+    void SetScrolling(bool bScrolling);
+
     // Colours the world and draws a frame.
     void SetWorldBackgroundColour(unsigned long cr);
 
@@ -89,6 +93,7 @@ private:
 
     void OnScroll(int iBar, unsigned uRequest);
     void OnMouseWheel(short iDelta);
+    void UseScrolling(bool bScrolling);
     void ShowScrollBars(const CScrollBarsShown& shown);
     int FitBar(int iBar, int iWorldLength, int iClientLength);
     CRect PlaceWorld_NoScrolling(const CSize<int>& sizeClient);

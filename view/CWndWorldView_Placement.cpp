@@ -27,6 +27,28 @@ void CWndWorldView::SetControlPositions(int cx, int cy)
     });
 }
 
+void CWndWorldView::SetScrolling(bool bScrolling)
+{
+    Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
+        if (bScrolling == m_bNoScrolling)
+        {
+            UseScrolling(bScrolling);
+            SetControlPositions(c_iUseClientArea, c_iUseClientArea);
+            InvalidateRect(m_hWnd, nullptr, TRUE);
+        }
+    });
+}
+
+// The bars go before the world is placed without them; they come back when the world is placed with scrolling.
+void CWndWorldView::UseScrolling(bool bScrolling)
+{
+    m_bNoScrolling = !bScrolling;
+    if (m_bNoScrolling && m_bWindowReady)
+    {
+        ShowScrollBars({});
+    }
+}
+
 CRect CWndWorldView::PlaceWorld_NoScrolling(const CSize<int>& sizeClient)
 {
     m_painterDirect2D.Resize(SIZE{sizeClient.cx, sizeClient.cy});
@@ -113,6 +135,11 @@ void CWndWorldView::RedrawWorld()
 
 void CWndWorldView::OnScroll(int iBar, unsigned uRequest)
 {
+    // A thumb that is held when full screen begins goes on asking, and a stored position would show the bar again.
+    if (m_bNoScrolling)
+    {
+        return;
+    }
     CScrollBarState bar = ReadScrollBar(m_hWnd, iBar);
     const std::optional<int> iPosition = GetScrolledPosition(bar, uRequest, c_WorldScrollRule);
     if (!iPosition)

@@ -1,5 +1,6 @@
 #include "app/LayoutRules.h"
 #include "tests/windows/CRunningApplication.h"
+#include "tests/windows/MessageBoxProbe.h"
 
 #include <commctrl.h>
 #include <gtest/gtest.h>
@@ -32,6 +33,20 @@ CParts GetParts(const CRunningApplication& application)
                  CKinetariumProbe::GetStartButton(inside), CKinetariumProbe::GetStatusBar(inside)};
     });
     return parts;
+}
+
+LONG GetBars(HWND hView)
+{
+    return GetWindowLongW(hView, GWL_STYLE) & (WS_VSCROLL | WS_HSCROLL);
+}
+
+// Starts a world that is larger than the screen.
+void StartLargeWorld(const CRunningApplication& application)
+{
+    application.SetControlText(L"Tot_atoms", L"5");
+    application.SetControlText(L"Width", L"3000");
+    application.SetControlText(L"Height", L"3000");
+    application.Do([](CKinetarium& inside) { CKinetariumProbe::Start(inside); });
 }
 
 void PressF11(const CRunningApplication& application)
@@ -152,4 +167,32 @@ TEST(FullScreen, LeavingItRestoresTheLayoutAndRestartsTheSimulation)
     EXPECT_NE(GetWindowLongW(application.GetMain(), GWL_STYLE) & WS_CAPTION, 0);
     EXPECT_TRUE(application.WaitForWorker(true));
     EXPECT_EQ(application.GetControlText(L"Width"), L"512");
+}
+
+TEST(FullScreen, AWorldLargerThanTheScreenLosesItsBarsAndGetsThemBack)
+{
+    const CRunningApplication application;
+    StartLargeWorld(application);
+    const HWND hView = GetParts(application).hView;
+    ASSERT_EQ(GetBars(hView), WS_VSCROLL | WS_HSCROLL);
+    PressF11(application);
+    EXPECT_EQ(GetBars(hView), 0);
+    PressF11(application);
+    EXPECT_EQ(GetBars(hView), WS_VSCROLL | WS_HSCROLL);
+}
+
+// Without a valid factor no new world starts, and the old one stays in the view.
+TEST(FullScreen, AWorldThatStaysForLackOfAFactorHasBarsOutsideFullScreenOnly)
+{
+    const CRunningApplication application;
+    StartLargeWorld(application);
+    const HWND hView = GetParts(application).hView;
+    application.SetControlText(L"Colour_1_factor", L"x");
+    for (const LONG lExpected : {0L, static_cast<LONG>(WS_VSCROLL | WS_HSCROLL)})
+    {
+        PostMessageW(application.GetMain(), WM_KEYUP, VK_F11, c_iKeyReleased);
+        EXPECT_TRUE(CloseMessageBox(WaitForMessageBox(application.GetMain())));
+        ASSERT_TRUE(application.WaitForWorker(false));
+        EXPECT_EQ(GetBars(hView), lExpected);
+    }
 }

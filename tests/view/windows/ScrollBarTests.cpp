@@ -108,19 +108,6 @@ TEST_F(WorldViewScrollBars, ShrinkingTheViewUntilABarIsShownKeepsThePositionInTh
     EXPECT_EQ(m_pView->GetWorldRect().top, -GetBar(SB_VERT).nPos);
 }
 
-TEST_F(WorldViewScrollBars, WithoutScrollingALargerWorldIsCentredAndTheBarsStay)
-{
-    OpenLarge();
-    Scatter(3, 5);
-    ASSERT_TRUE(Start_Speed(true));
-    EXPECT_TRUE(HasBar(WS_HSCROLL));
-    EXPECT_TRUE(HasBar(WS_VSCROLL));
-    const CSize<int> size = GetClient();
-    EXPECT_EQ(m_pView->GetWorldRect().left, (size.cx - 9999) / 2);
-    EXPECT_EQ(m_pView->GetWorldRect().top, (size.cy - 9999) / 2);
-    EXPECT_EQ(m_pView->GetWorldRect().GetWidth(), 9999);
-}
-
 TEST_F(WorldViewScrollBars, TheRenderTargetFollowsTheClientArea)
 {
     OpenLarge();
@@ -133,5 +120,33 @@ TEST_F(WorldViewScrollBars, TheRenderTargetFollowsTheClientArea)
     EXPECT_EQ(GetDirect2DSpy().resizes.back().cx, 500 - m_iBarWidth);
     EXPECT_EQ(GetDirect2DSpy().resizes.back().cy, 400 - m_iBarHeight);
     ASSERT_TRUE(Start_Speed(true));
-    EXPECT_EQ(GetDirect2DSpy().resizes.back().cx, 500 - m_iBarWidth);
+    EXPECT_EQ(GetDirect2DSpy().resizes.back().cx, 500);
+    EXPECT_EQ(GetDirect2DSpy().resizes.back().cy, 400);
+}
+
+TEST_F(WorldViewScrollBars, WithoutScrollingALargerWorldIsCentredAndHasNoBarsUntilItScrollsAgain)
+{
+    Open({800, 700}, 400, 300);
+    ASSERT_TRUE(Start_Speed());
+    ASSERT_TRUE(HasBar(WS_VSCROLL) && HasBar(WS_HSCROLL));
+    ASSERT_TRUE(Start_Speed(true));
+    EXPECT_FALSE(HasBar(WS_VSCROLL));
+    EXPECT_FALSE(HasBar(WS_HSCROLL));
+    EXPECT_EQ(m_pView->GetWorldRect(), (CRect{-200, -200, 600, 500}));
+    ASSERT_TRUE(Start_Speed());
+    EXPECT_TRUE(HasBar(WS_VSCROLL) && HasBar(WS_HSCROLL));
+}
+
+// A thumb may still be held when full screen begins.
+TEST_F(WorldViewScrollBars, AScrollRequestDoesNothingInAViewWithoutScrolling)
+{
+    Open({800, 700}, 400, 300);
+    ASSERT_TRUE(Start_Speed());
+    ASSERT_TRUE(Start_Speed(true));
+    Send(WM_VSCROLL, SB_LINEDOWN);
+    Send(WM_HSCROLL, SB_LINEDOWN);
+    EXPECT_FALSE(HasBar(WS_VSCROLL));
+    EXPECT_FALSE(HasBar(WS_HSCROLL));
+    EXPECT_EQ(GetBar(SB_VERT).nPos, 0);
+    EXPECT_EQ(GetBar(SB_HORZ).nPos, 0);
 }
