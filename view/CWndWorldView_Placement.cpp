@@ -30,7 +30,7 @@ void CWndWorldView::SetControlPositions(int cx, int cy)
 void CWndWorldView::SetScrolling(bool bScrolling)
 {
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
-        if (bScrolling == m_bNoScrolling)
+        if (m_bWindowReady && bScrolling == m_bNoScrolling)
         {
             UseScrolling(bScrolling);
             SetControlPositions(c_iUseClientArea, c_iUseClientArea);
