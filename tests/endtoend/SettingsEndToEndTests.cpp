@@ -153,3 +153,21 @@ TEST_F(SettingsByHand, AColourChosenInTheDialogShowsOnTheButtonAndIsSaved)
     ExpectCleanClose();
     EXPECT_EQ(ReadFile(L"Atom_colour_2"), std::to_wstring(crChosen));
 }
+
+TEST_F(SettingsByHand, TwoWindowsOfOneFolderThatAreClosedTogetherLeaveAWholeFile)
+{
+    const CDrivenProgram second(m_copy.GetPath());
+    const CKinetariumUser secondUser(second);
+    m_user.Close();
+    secondUser.Close();
+    EXPECT_EQ(m_program.WaitForExit(c_patience), 0U);
+    EXPECT_EQ(second.WaitForExit(c_patience), 0U);
+    for (const wchar_t* const sKey :
+         {L"World_width", L"World_height", L"World_background_colour", L"Tot_atoms", L"Atoms_min_radius",
+          L"Atoms_max_radius", L"Atoms_colour_mode", L"Atom_colour_1", L"Atom_colour_1_factor", L"Atom_colour_2",
+          L"Atom_colour_2_factor", L"Atom_colour_3", L"Atom_colour_3_factor", L"WndLeft", L"WndTop", L"WndRight",
+          L"WndBottom"})
+    {
+        EXPECT_NE(ReadFile(sKey), L"missing") << std::string(sKey, sKey + std::char_traits<wchar_t>::length(sKey));
+    }
+}
