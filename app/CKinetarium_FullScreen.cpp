@@ -39,8 +39,8 @@ std::optional<LRESULT> CKinetarium::On_SysCommand(WPARAM wParam, LPARAM)
     const CWindowState state{IsIconic(m_hWnd) != FALSE, IsZoomed(m_hWnd) != FALSE, m_bFullscreen};
     // Only what changes full screen has to wait: a minimised window comes back from the task bar at once.
     const bool bMayWait = bMaximise || !state.bMinimised;
-    if (bMayWait && m_StopGate.Defer_FullScreen(bMaximise ? EnumFullScreenRequest::Maximise
-                                                          : EnumFullScreenRequest::Restore))
+    if (bMayWait &&
+        m_StopGate.Defer_FullScreen(bMaximise ? EnumFullScreenRequest::Maximise : EnumFullScreenRequest::Restore))
     {
         return 0;
     }

@@ -29,7 +29,7 @@ struct CLayoutMeasures
 // The framed window's layout.
 struct CWindowedLayout
 {
-    std::array<int, Layout::c_iStatusPartCount> statusPartRightEdges{}; // -1 means: to the edge
+    std::array<int, Layout::c_iStatusPartCount> statusPartRightEdges{}; // -1: to the edge
     CRect statusBar; // only the top left corner counts: the bar sizes itself
     CRect startButton;
     CRect settingsPanel;

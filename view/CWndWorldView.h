@@ -19,7 +19,7 @@
 #include <cstddef>
 #include <optional>
 
-// The child window that shows the world: centred in a direction in which it fits, scrolled in one in which it is
+// The child window that shows the world. In each direction the world is centred if it fits, and scrolled if it is
 // larger.
 //
 // Used only on the thread that owns the window. The simulation asks for a frame by sending WM_ERASEBKGND

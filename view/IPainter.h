@@ -5,7 +5,7 @@
 
 #include <windows.h>
 
-// What one frame of the view shows, from back to front: backdrop, world, atoms.
+// The contents of one frame of the view, from back to front: backdrop, world, atoms.
 struct CFrame
 {
     HWND hWnd{};

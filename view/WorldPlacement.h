@@ -14,7 +14,7 @@ struct CScrollBarsShown
     bool operator==(const CScrollBarsShown&) const = default;
 };
 
-// A bar is shown if the world is larger than the view in its direction, also if only the other bar leaves too little
+// A bar is shown if the world is larger than the view in the bar's direction, even if only because the other bar takes
 // room. sizeView is the size of the view without any bar: measured with its bars, a view would keep a bar for ever.
 // sizeBars is the width of the vertical and the height of the horizontal bar.
 CScrollBarsShown GetScrollBarsShown(const CSize<int>& sizeWorld, const CSize<int>& sizeView,

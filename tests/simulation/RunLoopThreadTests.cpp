@@ -70,7 +70,7 @@ private:
     std::atomic<bool> m_bSet{true};
 };
 
-// Reads what the view and the status bar read while the worker waits for them.
+// Reads the same data as the view and the status bar while the worker waits for them.
 class CWindow final : public IFrameSink
 {
 public:

@@ -10,7 +10,7 @@
 
 namespace
 {
-constexpr int c_iDividerLeft = 10; // where the labels begin
+constexpr int c_iDividerLeft = 10; // the left edge of the labels
 
 RECT ToClient(const CRect& rc, int iScroll)
 {
