@@ -215,7 +215,9 @@ std::optional<LRESULT> CKinetarium::On_LeftButtonUp(WPARAM, LPARAM lParam)
         return 0;
     }
 
-    const CPoint<int> start{point.x - rcView.left, point.y - rcView.top};
+    // In full screen the new world has the size of the screen, and nothing of it is scrolled away.
+    const CPoint<int> scrolledAway = m_bFullscreen ? CPoint<int>{} : GetScrolledAway(m_pWorldView->GetWorldRect());
+    const CPoint<int> start{point.x - rcView.left + scrolledAway.x, point.y - rcView.top + scrolledAway.y};
     {
         const CChangeOfWorld change(*this);
         StopSimulation();

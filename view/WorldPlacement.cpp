@@ -72,3 +72,9 @@ CRect PlaceWorld_Scrolled(const CSize<int>& sizeWorld, const CScrolledView& view
                                           : Centre(view.sizeClient.cy, sizeWorld.cy);
     return MakeWorldRect(iLeft, iTop, sizeWorld);
 }
+
+CPoint<int> GetScrolledAway(const CRect& world)
+{
+    return CPoint<int>{std::max(0, SaturateToInt(-std::int64_t{world.left})),
+                       std::max(0, SaturateToInt(-std::int64_t{world.top}))};
+}

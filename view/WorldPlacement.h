@@ -1,5 +1,6 @@
 #pragma once
 
+#include "classes/core/CPoint.h"
 #include "classes/core/CRect.h"
 #include "classes/core/CSize.h"
 #include "classes/core/ScrollRequest.h"
@@ -49,3 +50,7 @@ struct CScrolledView
 
 // Scrolls the world in the directions that have a bar and centres it in the others.
 CRect PlaceWorld_Scrolled(const CSize<int>& sizeWorld, const CScrolledView& view);
+
+// The distance in pixels from the world's top left corner to that of the view, as far as the world begins outside the
+// view: the part that the scroll bars have moved away. 0 in a direction in which the world is not scrolled.
+CPoint<int> GetScrolledAway(const CRect& world);

@@ -180,3 +180,13 @@ TEST(Wheel, TheLargestTurnDoesNotOverflow)
     EXPECT_EQ(GetWheelPosition(100, 32767), -16283);
     EXPECT_EQ(GetWheelPosition(100, -32768), 16484);
 }
+
+TEST(WorldPlacement, OnlyAScrolledWorldHasSomethingScrolledAway)
+{
+    const CPoint<int> scrolled = GetScrolledAway({-700, -30, 1300, 1970});
+    EXPECT_EQ(scrolled.x, 700);
+    EXPECT_EQ(scrolled.y, 30);
+    const CPoint<int> centred = GetScrolledAway({40, 0, 240, 200});
+    EXPECT_EQ(centred.x, 0);
+    EXPECT_EQ(centred.y, 0);
+}

@@ -1,3 +1,4 @@
+#include "tests/windows/CHeldWorker.h"
 #include "tests/windows/CRunningApplication.h"
 
 #include <gtest/gtest.h>
@@ -106,6 +107,40 @@ TEST(StartStop, AClickInTheWorldRestartsARunningSimulation)
     EXPECT_TRUE(application.WaitUntil([](CKinetarium& inside) {
         return CKinetariumProbe::HasWorker(inside) && CKinetariumProbe::GetAtomCount(inside) == 9;
     }));
+}
+
+TEST(StartStop, AClickInAScrolledWorldStartsAtTheClickedPoint)
+{
+    constexpr float c_fStep = 20; // longer than the first step of an atom
+    const CHeldWorker worker;
+    const CRunningApplication application;
+    application.SetControlText(L"Tot_atoms", L"1");
+    application.SetControlText(L"Width", L"2000");
+    application.SetControlText(L"Height", L"2000");
+    CPoint<float> expected;
+    application.Do([&](CKinetarium& inside) {
+        worker.Open();
+        CKinetariumProbe::Start(inside);
+        CKinetariumProbe::Stop(inside);
+        worker.Close();
+        const HWND hView = CKinetariumProbe::GetView(inside);
+        SendMessageW(hView, WM_HSCROLL, SB_BOTTOM, 0);
+        SendMessageW(hView, WM_VSCROLL, SB_PAGEDOWN, 0);
+        POINT pt{c_iClickX, c_iClickY};
+        MapWindowPoints(application.GetMain(), hView, &pt, 1);
+        EXPECT_GT(GetScrollPos(hView, SB_HORZ), 0);
+        EXPECT_GT(GetScrollPos(hView, SB_VERT), 0);
+        expected = {static_cast<float>(pt.x + GetScrollPos(hView, SB_HORZ)),
+                    static_cast<float>(pt.y + GetScrollPos(hView, SB_VERT))};
+    });
+    application.ClickWorld(c_iClickX, c_iClickY);
+    ASSERT_TRUE(worker.Wait());
+    application.Do([&](CKinetarium& inside) {
+        const CPoint<float> atom = CKinetariumProbe::GetFirstAtom(inside);
+        EXPECT_NEAR(atom.x, expected.x, c_fStep);
+        EXPECT_NEAR(atom.y, expected.y, c_fStep);
+    });
+    worker.Open();
 }
 
 TEST(StartStop, AClickOutsideTheWorldDoesNothing)
