@@ -3,7 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <regex>
+#include <string>
+#include <vector>
 
 namespace
 {
@@ -16,19 +17,23 @@ const std::vector<CRoom> c_Rooms{{3, "check", EnumRoomKind::Tests, "tests"},
                                  {1, "core", EnumRoomKind::Portable, "numbers"},
                                  {1, "plain", EnumRoomKind::Tests, "plain form"}};
 
-std::ptrdiff_t Count(const std::string& sText, const std::string& sPattern)
+int Count(const std::string& sText, const std::string& sPart)
 {
-    const std::regex pattern(sPattern);
-    return std::distance(std::sregex_iterator(sText.begin(), sText.end(), pattern), std::sregex_iterator());
+    int count = 0;
+    for (std::size_t u = sText.find(sPart); u != std::string::npos; u = sText.find(sPart, u + sPart.size()))
+    {
+        ++count;
+    }
+    return count;
 }
 
-// The vertical coordinate of a room's name.
+// The vertical coordinate of a room's name, -1 if the room has no row.
 int GetRow(const std::string& sPicture, const std::string& sFolder)
 {
-    std::smatch match;
-    return std::regex_search(sPicture, match, std::regex("y=\"(\\d+)\" class=\"room\">" + sFolder))
-               ? std::stoi(match[1])
-               : -1;
+    const std::string sBefore = "y=\"";
+    const std::size_t uName = sPicture.find("\" class=\"room\">" + sFolder);
+    const std::size_t uNumber = uName != std::string::npos ? sPicture.rfind(sBefore, uName) : std::string::npos;
+    return uNumber != std::string::npos ? std::stoi(sPicture.substr(uNumber + sBefore.size())) : -1;
 }
 
 constexpr const char* c_sRed = "#d1242f";
