@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <iostream>
 
 namespace
@@ -14,6 +15,8 @@ constexpr int c_iHandleSlack = 10;
 // scroll bar's shaft.
 constexpr int c_iGdiSlack = 8;
 constexpr std::uint64_t c_uHeapSlack = std::uint64_t{16} * 1024; // bytes
+// In the leg with the least growth: what the system loses when random keys and clicks open a few dialogs.
+constexpr std::int64_t c_iHeapSlackOfLeg = 1024; // bytes
 } // namespace
 
 CLeakWatch::CLeakWatch(const CDrivenProgram& program)
@@ -52,4 +55,37 @@ void CLeakWatch::ExpectNothingLeft(const std::string& sAfterWhat, std::uint64_t 
     EXPECT_LE(after.process.gdiObjects.total, m_before.process.gdiObjects.total + c_iGdiSlack) << sAfterWhat;
     EXPECT_LE(after.process.userObjects, m_before.process.userObjects) << sAfterWhat;
     EXPECT_LE(after.heap.bytes, m_before.heap.bytes + c_uHeapSlack + uHeapOfSystem) << sAfterWhat;
+}
+
+void CLeakWatch::EndLeg(const std::string& sAfterWhat, std::uint64_t uHeapOfSystem)
+{
+    const CCounts after = Count();
+    std::cout << sAfterWhat << "\n  before: " << Describe(m_before) << "\n  after:  " << Describe(after) << std::endl;
+    const auto subtract = [](std::uint64_t uAfter, std::uint64_t uBefore) {
+        return static_cast<std::int64_t>(uAfter) - static_cast<std::int64_t>(uBefore);
+    };
+    m_legs.push_back({after.process.threads - m_before.process.threads,
+                      after.process.handles - m_before.process.handles,
+                      after.process.gdiObjects.total - m_before.process.gdiObjects.total,
+                      after.process.userObjects - m_before.process.userObjects,
+                      subtract(after.heap.bytes, m_before.heap.bytes + uHeapOfSystem)});
+    m_before = after;
+}
+
+std::int64_t CLeakWatch::GetLeastGrowth(std::int64_t CGrowth::*pResource) const
+{
+    const auto least = std::min_element(m_legs.begin(), m_legs.end(), [&](const CGrowth& one, const CGrowth& other) {
+        return one.*pResource < other.*pResource;
+    });
+    return *least.*pResource;
+}
+
+void CLeakWatch::ExpectALegWithoutGrowth() const
+{
+    ASSERT_GT(m_legs.size(), 1U);
+    EXPECT_LE(GetLeastGrowth(&CGrowth::threads), 0);
+    EXPECT_LE(GetLeastGrowth(&CGrowth::handles), 0);
+    EXPECT_LE(GetLeastGrowth(&CGrowth::gdiObjects), 0);
+    EXPECT_LE(GetLeastGrowth(&CGrowth::userObjects), 0);
+    EXPECT_LE(GetLeastGrowth(&CGrowth::heapBytes), c_iHeapSlackOfLeg);
 }

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 // Compares a program's resources at two moments in the same idle state.
 class CLeakWatch
@@ -19,6 +20,13 @@ public:
     // temporary objects and uHeapOfSystem bytes that the system is known to lose.
     void ExpectNothingLeft(const std::string& sAfterWhat, std::uint64_t uHeapOfSystem = 0) const;
 
+    // For random actions, which no warm-up can prepare: the system fills a cache at the first use of each mouse pointer
+    // or pattern, whenever that comes, but only a leak grows in every leg. Ends a leg of such actions, prints its
+    // counts, and begins the next.
+    void EndLeg(const std::string& sAfterWhat, std::uint64_t uHeapOfSystem = 0);
+    // Expects of each resource that it did not grow in every leg.
+    void ExpectALegWithoutGrowth() const;
+
 private:
     struct CCounts
     {
@@ -26,10 +34,21 @@ private:
         CHeapCount heap;
     };
 
+    struct CGrowth
+    {
+        std::int64_t threads = 0;
+        std::int64_t handles = 0;
+        std::int64_t gdiObjects = 0;
+        std::int64_t userObjects = 0;
+        std::int64_t heapBytes = 0;
+    };
+
+    std::int64_t GetLeastGrowth(std::int64_t CGrowth::*pResource) const;
     CCounts Count() const;
     static std::string Describe(const CCounts& counts);
 
     const CDrivenProgram& m_program;
     CForeignHeap m_heap;
     CCounts m_before;
+    std::vector<CGrowth> m_legs;
 };

@@ -158,24 +158,31 @@ TEST_F(Soak, AStormOfRandomInputLeavesTheProgramAliveAndLeaksNothing)
     storm.Settle();
     m_leaks.Begin();
 
-    m_user.ClickWorldMiddle();
-    const auto end = std::chrono::steady_clock::now() + m_plan.storm;
-    while (std::chrono::steady_clock::now() < end)
+    // Under Wine, each themed control leaks a small block when a system dialog closes, even in a program that only
+    // opens the dialog: 15 blocks of 24 bytes for the colour dialog.
+    constexpr std::uint64_t c_uLostPerDialog = std::uint64_t{15} * 24;
+    constexpr int c_iLegs = 4;
+    for (int iLeg = 1; iLeg <= c_iLegs; ++iLeg)
     {
-        storm.Act();
+        const int iDialogsBefore = storm.GetTally().at("colour dialog");
+        m_user.ClickWorldMiddle();
+        const auto end = std::chrono::steady_clock::now() + m_plan.storm / c_iLegs;
+        while (std::chrono::steady_clock::now() < end)
+        {
+            storm.Act();
+        }
+        storm.Settle();
+        const int iDialogs = storm.GetTally().at("colour dialog") - iDialogsBefore;
+        m_leaks.EndLeg("leg " + std::to_string(iLeg) + " of random input",
+                       c_uLostPerDialog * static_cast<std::uint64_t>(iDialogs));
     }
-    storm.Settle();
 
     for (const auto& [sAction, iTimes] : storm.GetTally())
     {
         std::cout << "  " << iTimes << " x " << sAction << "\n";
     }
     std::cout << "  " << storm.GetCountWhileRunning() << " of them during a simulation\n";
-    // Under Wine, each themed control leaks a small block when a system dialog closes, even in a program that only
-    // opens the dialog: 15 blocks of 24 bytes for the colour dialog.
-    constexpr std::uint64_t c_uLostPerDialog = std::uint64_t{15} * 24;
-    m_leaks.ExpectNothingLeft("after " + std::to_string(m_plan.storm.count()) + " s of random input",
-                              c_uLostPerDialog * static_cast<std::uint64_t>(storm.GetTally().at("colour dialog")));
+    m_leaks.ExpectALegWithoutGrowth();
     EXPECT_GT(storm.GetCountWhileRunning(), 0);
     ASSERT_TRUE(m_program.IsRunning());
     ExpectCleanClose();
