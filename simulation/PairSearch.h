@@ -27,6 +27,10 @@ constexpr std::int32_t c_iNowhere = 16'383;
 // of rounding to points. If both atoms of a pair are within it, a pair that was not found cannot touch.
 constexpr float c_fFarthestPush = c_fSearchMargin / 2 - 0.1F;
 
+// Rounding moves a point by at most half the diagonal between two points: the square root of 2, which is below 1.5, of
+// half a point.
+static_assert(c_fFarthestPush > 0 && c_fFarthestPush <= c_fSearchMargin / 2 - 1.5F * 0.5F / c_fPointsPerUnit);
+
 // A pair is one number: the byte offset of atom i from the first of the cell in the upper 16 bits, that of atom j in
 // the lower 16. So pairs sort as their numbers do, and finding an atom takes no multiplication.
 constexpr int c_iPairShift = 16;

@@ -131,6 +131,25 @@ TEST(AtomCollision, ASpeedOfExactlyTheRestSpeedIsNotRescaled)
     EXPECT_GT(b.vx, 1.4F);
 }
 
+// The band ends there: the plain form has the speed as a number of its own.
+TEST(AtomCollision, ASpeedJustAboveTheRestSpeedIsRescaled)
+{
+    for (const float speed : {1.0001e-5F, 1.1e-5F, 1.5e-5F, 2e-5F})
+    {
+        CRandom random(1);
+        CAtom a = MakeAtom(10, 10, 1, 0, 3);
+        CAtom b = MakeAtom(16, 10, speed, 0, 3);
+        b.speed = 1; // not the speed of b, so that the sum has to be corrected
+        CAtom referenceA = a;
+        CAtom referenceB = b;
+        HandleAtomCollision(a, b, random);
+        EXPECT_GT(a.vx, 0.4F) << speed;
+        ReferenceCollision(referenceA, referenceB, random);
+        EXPECT_TRUE(IsSameAtom(a, referenceA)) << speed;
+        EXPECT_TRUE(IsSameAtom(b, referenceB)) << speed;
+    }
+}
+
 TEST(AtomCollision, TheSpeedSumIsConserved)
 {
     CRandom random(1);

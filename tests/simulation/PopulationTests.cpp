@@ -169,6 +169,21 @@ TEST(Population, OutOfMemoryLeavesAnEmptyUsableWorld)
     EXPECT_EQ(world.atoms.GetCount(), 100'000);
 }
 
+// The atoms get their memory, but when some are entered the grid gets no more: it must not keep the freed ones.
+TEST(Population, OutOfMemoryBetweenTwoAtomsLeavesAnEmptyGrid)
+{
+    CWorld world(MakeScene({500, 500}, 100, 3, 5));
+    {
+        const CAllocationLimit limit(2000, 1);
+        EXPECT_THROW(Populate(world.atoms, world.grid, {500, 500}, 5000, 3, 5, nullptr, world.random), std::bad_alloc);
+    }
+    EXPECT_EQ(world.atoms.GetCount(), 0);
+    for (int cell = 0; cell < world.grid.GetCellCount(); ++cell)
+    {
+        EXPECT_TRUE(world.grid.GetCellAtoms(cell).empty()) << "cell " << cell;
+    }
+}
+
 TEST(Population, ANegativeCountThrowsLengthErrorAndLeavesAnEmptyWorld)
 {
     CWorld world(MakeScene({500, 500}, 100, 3, 5));
