@@ -1,5 +1,6 @@
 #include "diagnostics/Guard.h"
 
+#include "classes/core/SystemMessage.h"
 #include "tests/diagnostics/CMemoryShortage.h"
 
 #include <algorithm>
@@ -120,6 +121,19 @@ TEST_F(Guard, AnyOtherExceptionIsReportedAndSwallowedToo)
     m_sLog.clear();
     m_Object.GuardNothing([] { throw L'x'; });
     EXPECT_THAT(m_sLog, StartsWith(L"Exception: wchar_t in "));
+}
+
+// A message for each exception would stop the program in the middle of a paint or of the worker's loop.
+TEST_F(Guard, TheUserIsNotInterruptedByAReport)
+{
+    static int s_iShown = 0;
+    s_iShown = 0;
+    const SystemMessageFunction pBefore = SetSystemMessageFunction([](const std::wstring&) { ++s_iShown; });
+    m_Object.Guard([] { throw 5; });
+    m_Object.TraceNothing([] { throw std::runtime_error("unseen"); });
+    SetSystemMessageFunction(pBefore);
+    EXPECT_EQ(s_iShown, 0);
+    EXPECT_EQ(std::count(m_sLog.begin(), m_sLog.end(), L'\n'), 2);
 }
 
 TEST_F(Guard, OneExceptionMakesOneReport)
