@@ -120,11 +120,15 @@ TEST(OutputFile, TheProgramChecksItsFilesBeforeItComputes)
     const CTemporaryFolder folder;
     const std::string sPath = folder.GetPath("none/a.csv");
 
-    // This run would take years.
-    const CProgramResult result = RunProgram({"--iterations", "1000000000000", "--save-state", sPath});
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.err, "error: " + sPath + ": cannot be written: its folder does not exist\n");
-    EXPECT_EQ(result.out, "");
+    // A run that has begun ends at once with another error.
+    const std::atomic<bool> bInterrupted{true};
+    for (const char* const sOption : {"--save-state", "--stats", "--picture"})
+    {
+        const CProgramResult result = RunProgram({"--iterations", "1", sOption, sPath}, false, &bInterrupted);
+        EXPECT_EQ(result.exitCode, 1) << sOption;
+        EXPECT_EQ(result.err, "error: " + sPath + ": cannot be written: its folder does not exist\n") << sOption;
+        EXPECT_EQ(result.out, "") << sOption;
+    }
 }
 
 #ifndef _WIN32
