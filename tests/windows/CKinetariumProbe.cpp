@@ -38,6 +38,14 @@ CSize<int> CKinetariumProbe::GetWorldSize(const CKinetarium& application)
 {
     return application.m_WorldSize;
 }
+int CKinetariumProbe::GetMinRadius(const CKinetarium& application)
+{
+    return application.m_MinRadius;
+}
+int CKinetariumProbe::GetMaxRadius(const CKinetarium& application)
+{
+    return application.m_MaxRadius;
+}
 CWString CKinetariumProbe::GetIniPath(const CKinetarium& application)
 {
     return application.m_sIniPath;

@@ -23,6 +23,8 @@ public:
     static CPoint<float> GetFirstAtom(CKinetarium& application);
     static int GetAtomCount(const CKinetarium& application);
     static CSize<int> GetWorldSize(const CKinetarium& application);
+    static int GetMinRadius(const CKinetarium& application);
+    static int GetMaxRadius(const CKinetarium& application);
     static CWString GetIniPath(const CKinetarium& application);
     static CWString GetText(const CKinetarium& application, const wchar_t* sKey);
     static HWND GetView(const CKinetarium& application);

@@ -74,15 +74,49 @@ void StartAndStop(const CRunningApplication& application)
         CKinetariumProbe::Stop(inside);
     });
 }
+
+// The world has so many atoms, and panel and file show their number.
+void ExpectAtoms(const CRunningApplication& application, int iAtoms, const std::wstring& sShown)
+{
+    application.Do([=](CKinetarium& inside) { EXPECT_EQ(CKinetariumProbe::GetAtomCount(inside), iAtoms); });
+    EXPECT_EQ(application.GetControlText(L"Tot_atoms"), sShown);
+    EXPECT_EQ(CRunningApplication::ReadSetting(L"Tot_atoms"), sShown);
+}
+
+void TypeText(const CRunningApplication& application, const wchar_t* sKey, const std::wstring& sText)
+{
+    for (const wchar_t c : sText)
+    {
+        SendMessageW(application.FindControl(sKey), WM_CHAR, c, 1);
+    }
+}
 } // namespace
 
-TEST(Validation, ZeroAtomsBecomeOneAndTooManyBecomeAMillion)
+TEST(Validation, ZeroAtomsBecomeOne)
 {
     const CRunningApplication application;
     application.SetControlText(L"Tot_atoms", L"0");
     StartAndStop(application);
-    EXPECT_EQ(application.GetControlText(L"Tot_atoms"), L"1");
-    EXPECT_EQ(CRunningApplication::ReadSetting(L"Tot_atoms"), L"1");
+    ExpectAtoms(application, 1, L"1");
+}
+
+TEST(Validation, TooManyTypedAtomsBecomeAMillion)
+{
+    const CRunningApplication application;
+    application.SetControlText(L"Tot_atoms", L"");
+    TypeText(application, L"Tot_atoms", L"9999999"); // the entry has room for seven digits
+    ASSERT_EQ(application.GetControlText(L"Tot_atoms"), L"9999999");
+    StartAndStop(application);
+    ExpectAtoms(application, 1'000'000, L"1000000");
+}
+
+TEST(Validation, TooManyAtomsInTheFileBecomeAMillion)
+{
+    CRunningApplication::WriteSetting(L"Tot_atoms", L"1000001");
+    const CRunningApplication application(true);
+    ASSERT_EQ(application.GetControlText(L"Tot_atoms"), L"1000001");
+    StartAndStop(application);
+    ExpectAtoms(application, 1'000'000, L"1000000");
 }
 
 TEST(Validation, TheRadiiAreClampedThenSwappedIntoOrder)
@@ -191,6 +225,24 @@ TEST(Validation, AFailedStartLeavesThePanelAndTheFileUnchanged)
     EXPECT_EQ(application.GetControlText(L"Width"), L"5");
     EXPECT_EQ(application.GetControlText(L"Tot_atoms"), L"0");
     EXPECT_EQ(CRunningApplication::ReadSetting(L"World_width"), L"<missing>");
+}
+
+// The radii are kept before the factors are checked: limited, but not yet in order.
+TEST(Validation, AFailedStartKeepsTheRadiiLimitedAndUnswapped)
+{
+    const CRunningApplication application;
+    application.SetControlText(L"Min_radius", L"40");
+    application.SetControlText(L"Max_radius", L"0");
+    SetFactors(application, L"50%", L"", L"1.25");
+    application.PressButton();
+    ExpectMessage(application, TextFor(c_sInvalidForSpeed, 1), L"Colour 1 factor");
+    ExpectIdle(application);
+    application.Do([](CKinetarium& inside) {
+        EXPECT_EQ(CKinetariumProbe::GetMinRadius(inside), 32);
+        EXPECT_EQ(CKinetariumProbe::GetMaxRadius(inside), 1);
+    });
+    EXPECT_EQ(application.GetControlText(L"Min_radius"), L"40");
+    EXPECT_EQ(application.GetControlText(L"Max_radius"), L"0");
 }
 
 TEST(Validation, ExtremeNumbersNeitherStopNorBreakARun)

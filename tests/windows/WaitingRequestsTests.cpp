@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 // A request that arrives while the world changes waits for the end of the change. It then means what it meant when it
 // was made, and it applies to the state that the change has left. The worker is held, so that the change cannot end
 // before the request has arrived.
@@ -72,10 +74,24 @@ protected:
 
     void ExpectRunning() const { EXPECT_TRUE(m_Application.WaitForWorker(true)); }
 
+    const CRunningApplication& GetApplication() const { return m_Application; }
+
 private:
     CHeldWorker m_Worker; // before the application, which it must outlive
     CRunningApplication m_Application;
 };
+
+std::vector<LPARAM> g_Clicks; // the places of the clicks that the application has taken from its queue
+
+LRESULT CALLBACK NoteClick(int iCode, WPARAM wParam, LPARAM lParam)
+{
+    const auto& msg = *reinterpret_cast<const MSG*>(lParam);
+    if (iCode == HC_ACTION && wParam == PM_REMOVE && msg.message == WM_LBUTTONUP)
+    {
+        g_Clicks.push_back(msg.lParam);
+    }
+    return CallNextHookEx(nullptr, iCode, wParam, lParam);
+}
 } // namespace
 
 TEST_F(WaitingRequests, EscapeRightAfterTheFullScreenKeyLeaves)
@@ -139,6 +155,20 @@ TEST_F(WaitingRequests, EscapeInTheMiddleOfAClickLeavesFullScreen)
     EnterFullScreen();
     SendTogether(c_Click, {c_Escape});
     EXPECT_FALSE(IsFullScreen());
+    ExpectRunning();
+}
+
+TEST_F(WaitingRequests, AClickKeepsItsPlace)
+{
+    g_Clicks.clear();
+    HHOOK hHook = nullptr;
+    GetApplication().Do(
+        [&hHook](CKinetarium&) { hHook = SetWindowsHookExW(WH_GETMESSAGE, NoteClick, nullptr, GetCurrentThreadId()); });
+    ASSERT_NE(hHook, nullptr);
+    constexpr LPARAM c_iPlace = MAKELPARAM(420, 250);
+    SendTogether(c_Click, {{WM_LBUTTONUP, 0, c_iPlace}});
+    UnhookWindowsHookEx(hHook);
+    EXPECT_EQ(g_Clicks, (std::vector<LPARAM>{c_iPlace, c_iPlace})) << "once in the middle of the change, once after it";
     ExpectRunning();
 }
 
