@@ -43,13 +43,25 @@ void PressKey(CTestMainWindow& window, WPARAM wKey)
 
 void PressTab(CTestMainWindow& window, bool bShift)
 {
+    if (bShift)
+    {
+        PressTabWith(window, VK_SHIFT);
+    }
+    else
+    {
+        PressKey(window, VK_TAB);
+    }
+}
+
+void PressTabWith(CTestMainWindow& window, int iModifier)
+{
     constexpr int c_iKeys = 256;
     constexpr BYTE c_byDown = 0x80;
     BYTE keys[c_iKeys]{};
-    keys[VK_SHIFT] = bShift ? c_byDown : BYTE{0};
+    keys[iModifier] = c_byDown;
     SetKeyboardState(keys);
     PressKey(window, VK_TAB);
-    keys[VK_SHIFT] = 0;
+    keys[iModifier] = 0;
     SetKeyboardState(keys);
 }
 

@@ -22,6 +22,9 @@ void PressKey(CTestMainWindow& window, WPARAM wKey);
 // Presses Tab, with or without Shift.
 void PressTab(CTestMainWindow& window, bool bShift);
 
+// Presses Tab while another key, such as VK_MENU, is down.
+void PressTabWith(CTestMainWindow& window, int iModifier);
+
 // Types the text into the window as characters.
 void TypeText(CTestMainWindow& window, HWND hWnd, const std::wstring& sText);
 

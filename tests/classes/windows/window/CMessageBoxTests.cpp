@@ -171,6 +171,19 @@ TEST_F(MessageBoxTest, ItAppearsInTheMiddleOfItsOwner)
     EXPECT_NEAR(m_Seen.rc.top + m_Seen.rc.bottom, rcOwner.top + rcOwner.bottom, 2);
 }
 
+// A minimised window has no place on the screen.
+TEST_F(MessageBoxTest, OverAMinimisedOwnerItAppearsInTheMiddleOfTheScreen)
+{
+    ShowWindow(m_Main.GetWindowHandle(), SW_MINIMIZE);
+    m_Main.Pump();
+    ASSERT_TRUE(IsIconic(m_Main.GetWindowHandle()));
+    Show([](HWND hBox) { PressKeyIn(hBox, VK_RETURN); });
+    RECT rcWork{};
+    ASSERT_TRUE(SystemParametersInfoW(SPI_GETWORKAREA, 0, &rcWork, 0));
+    EXPECT_NEAR(m_Seen.rc.left + m_Seen.rc.right, rcWork.left + rcWork.right, 2);
+    EXPECT_NEAR(m_Seen.rc.top + m_Seen.rc.bottom, rcWork.top + rcWork.bottom, 2);
+}
+
 // The end of the session, or a task manager, may close the program while a message is shown.
 TEST_F(MessageBoxTest, AQuitEndsItAndReachesTheOuterPump)
 {

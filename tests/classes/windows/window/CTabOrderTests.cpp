@@ -88,6 +88,18 @@ TEST_F(TabOrder, WithTheWholePanelHiddenOnlyTheButtonRemains)
     EXPECT_EQ(GetFocus(), Stops().front());
 }
 
+// Alt+Tab and Ctrl+Tab belong to the system and to lists of pages.
+TEST_F(TabOrder, TabWithAltOrControlMovesNothing)
+{
+    const std::vector<HWND> stops = Stops();
+    for (const int iModifier : {VK_MENU, VK_CONTROL})
+    {
+        SetFocus(stops[1]);
+        PressTabWith(m_Main, iModifier);
+        EXPECT_EQ(GetFocus(), stops[1]) << iModifier;
+    }
+}
+
 TEST_F(TabOrder, AnEntryReachedByTabHasItsTextSelected)
 {
     m_Main.GetPanel().SetValue(L"Width", std::int32_t{512});
