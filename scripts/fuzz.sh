@@ -10,6 +10,7 @@ declare -A fuzzers=(
     [layout]=FuzzLayout
     [monitors]=FuzzMonitorFitting
     [numbers]=FuzzNumbers
+    [pairs]=FuzzCellPairs
     [placement]=FuzzWorldPlacement
     [settings]=FuzzSettings
     [state]=FuzzState

@@ -1,60 +1,27 @@
 #include "simulation/SimulationKernels.h"
 
 #include "classes/core/CCpuCapabilities.h"
-#include "simulation/CellScratch.h"
+#include "tests/simulation/CellForms.h"
 #include "tests/simulation/CWorld.h"
 
 #include <limits>
-#include <memory>
 #include <random>
 #include <string_view>
 
 namespace
 {
 
-// The plain form of the pair tests of one cell.
-std::uint32_t CollidePlainly(std::span<CAtom> atoms, CRandom& random)
-{
-    std::uint32_t collisions = 0;
-    for (std::size_t i = 0; i < atoms.size(); ++i)
-    {
-        for (std::size_t j = i + 1; j < atoms.size(); ++j)
-        {
-            CAtom& a = atoms[i];
-            CAtom& b = atoms[j];
-            const auto s = static_cast<float>(a.radius + b.radius);
-            if ((a.y - b.y) * (a.y - b.y) + (a.x - b.x) * (a.x - b.x) <= s * s)
-            {
-                ReferenceCollision(a, b, random);
-                ++collisions;
-            }
-        }
-    }
-    return collisions;
-}
-
-std::uint32_t CollideByKernel(std::span<CAtom> atoms, const CSimulationKernels& kernels, CRandom& random)
-{
-    std::vector<CAtom*> list;
-    for (CAtom& atom : atoms)
-    {
-        list.push_back(&atom);
-    }
-    const auto pScratch = std::make_unique<CCellScratch>();
-    return kernels.pCollideCell({list.data(), static_cast<int>(list.size())}, {nullptr, 0}, *pScratch, random);
-}
-
 void CompareCell(const std::vector<CAtom>& atoms)
 {
     std::vector<CAtom> expected = atoms;
     CRandom expectedRandom(77);
-    const std::uint32_t expectedCollisions = CollidePlainly(expected, expectedRandom);
+    const std::uint32_t expectedCollisions = CollideCell_Plainly(expected, expectedRandom);
     const float expectedDraw = expectedRandom.GetRandomNumber_Float(0, 1);
     for (const CSimulationKernels& kernels : GetAllKernels())
     {
         std::vector<CAtom> actual = atoms;
         CRandom random(77);
-        ASSERT_EQ(CollideByKernel(actual, kernels, random), expectedCollisions) << kernels.name;
+        ASSERT_EQ(CollideCell_ByKernel(actual, kernels, random), expectedCollisions) << kernels.name;
         ASSERT_EQ(HashAtoms(actual), HashAtoms(expected)) << kernels.name;
         ASSERT_EQ(random.GetRandomNumber_Float(0, 1), expectedDraw) << kernels.name;
     }
