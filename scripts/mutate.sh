@@ -21,18 +21,18 @@ The last line counts. The exit code is 0 only if the list has no error and at le
 equivalent are killed.
 
   --only ID       only this fault
-  --room FOLDER   only faults in this folder, such as classes/core
+  --room FOLDER   only faults in this folder and below, such as classes/windows
   --world WORLD   only faults that native, or Windows, suites must notice
   --list          prints the faults with their files and suites
   --check         only looks whether each text occurs exactly once (a test does so)
 TEXT
 }
 
-list=scripts/mutations.txt
 least=95
 patience=120 # seconds for the tests of one fault
 root=$PWD/build/mutants
 arguments=("$@")
+. scripts/mutation-list.sh
 only=()
 rooms=()
 worlds=()
@@ -52,87 +52,6 @@ while [ $# -gt 0 ]; do
     esac
     shift
 done
-
-# --- The list -------------------------------------------------------------------------------------------------------
-
-ids=()
-declare -A file old new world suite filter reason compiler
-list_errors=0
-
-list_error() {
-    echo "error       $1: $2"
-    list_errors=$((list_errors + 1))
-}
-
-# A line "id:" begins a fault. Several lines "old:" or "new:" are lines of one text.
-read_list() {
-    local line key value id=
-    while IFS= read -r line || [ -n "$line" ]; do
-        case "$line" in '' | '#'*) continue ;; esac
-        key=${line%%:*}
-        value=${line#*:}
-        value=${value# }
-        case "$key" in
-        id)
-            id=$value
-            [ -z "${file[$id]+known}" ] || list_error "$id" "there are two faults of this name"
-            ids+=("$id")
-            file[$id]=
-            ;;
-        file) file[$id]=$value ;;
-        old) old[$id]=${old[$id]+${old[$id]}$'\n'}$value ;;
-        new) new[$id]=${new[$id]+${new[$id]}$'\n'}$value ;;
-        tests) read -r 'world[$id]' 'suite[$id]' 'filter[$id]' <<<"$value" ;;
-        refused) read -r 'world[$id]' 'suite[$id]' <<<"$value" && compiler[$id]=yes ;;
-        equivalent) reason[$id]=$value ;;
-        *) list_error "${id:-$list}" "unknown line: $line" ;;
-        esac
-    done <"$list"
-}
-
-# Reads a file with all its line ends.
-read_file() {
-    contents=
-    IFS= read -r -d '' contents <"$1" || true # the end of the file ends the text
-}
-
-check_fault() {
-    local id=$1 contents rest
-    if [ ! -f "${file[$id]}" ] || [ -z "${old[$id]-}" ] || [ -z "${new[$id]+there}" ]; then
-        list_error "$id" "file, old or new is missing" && return
-    fi
-    if [ -z "${reason[$id]-}" ] && { [ -z "${suite[$id]-}" ] || [ -z "${filter[$id]-}${compiler[$id]-}" ]; }; then
-        list_error "$id" "it names neither tests nor a reason" && return
-    fi
-    read_file "${file[$id]}"
-    rest=${contents#*"${old[$id]}"}
-    if [ "$rest" = "$contents" ]; then
-        list_error "$id" "${file[$id]} does not hold the old text"
-    elif [ "${rest#*"${old[$id]}"}" != "$rest" ]; then
-        list_error "$id" "${file[$id]} holds the old text more than once"
-    fi
-}
-
-# True if the value is among the other arguments, or if there are none.
-is_wanted() {
-    local value=$1 wanted
-    shift
-    [ $# -gt 0 ] || return 0
-    for wanted in "$@"; do
-        [ "$value" != "$wanted" ] || return 0
-    done
-    return 1
-}
-
-choose() {
-    local id all=("${ids[@]}")
-    ids=()
-    for id in "${all[@]}"; do
-        is_wanted "$id" "${only[@]}" && is_wanted "$(dirname "${file[$id]}")" "${rooms[@]}" &&
-            is_wanted "${world[$id]:-none}" "${worlds[@]}" && ids+=("$id")
-    done
-    [ ${#ids[@]} -gt 0 ] || { echo "Mutations: no such fault" >&2 && exit 2; }
-}
 
 # --- One lane: the faults of one world, in a copy of the tree ---------------------------------------------------------
 
@@ -229,7 +148,7 @@ start_lane() {
     local session=()
     copy_tree "$root/$1"
     [ "$1" != windows ] || session=("$root/$1/scripts/wine-session.sh" --)
-    "${session[@]}" "$root/$1/scripts/mutate.sh" "${arguments[@]}" --lane "$1" "$root/$1.results"
+    exec "${session[@]}" "$root/$1/scripts/mutate.sh" "${arguments[@]}" --lane "$1" "$root/$1.results"
 }
 
 # --- All --------------------------------------------------------------------------------------------------------------
@@ -238,8 +157,10 @@ count() {
     cat "$root"/*.results 2>/dev/null | grep -cx "$1" || true
 }
 
+lane_pids=()
+
 run_all() {
-    local id lane_pids=() wanted failed=no killed slow survived equivalent errors
+    local id wanted failed=no killed slow survived equivalent errors
     scripts/fetch-dependencies.sh
     mkdir -p "$root"
     rm -f "$root"/*.results
@@ -251,6 +172,7 @@ run_all() {
             break
         done
     done
+    trap 'kill "${lane_pids[@]}" 2>/dev/null || true' EXIT
     results=$root/equivalent.results
     for id in "${ids[@]}"; do
         [ -z "${reason[$id]-}" ] || tell equivalent "$id" "${reason[$id]}"
@@ -258,6 +180,7 @@ run_all() {
     for wanted in "${lane_pids[@]}"; do
         wait "$wanted" || failed=yes
     done
+    trap - EXIT
     killed=$(count killed) slow=$(count 'timed out') survived=$(count survived)
     equivalent=$(count equivalent) errors=$(count error)
     local tried=$((killed + slow + survived))
