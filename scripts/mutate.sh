@@ -69,7 +69,8 @@ copy_tree() {
 }
 
 build() {
-    cmake --build "$build" --target "$@" >"$build/build.log" 2>&1
+    # The two lanes share the processors.
+    cmake --build "$build" --parallel $((($(nproc) + 1) / 2)) --target "$@" >"$build/build.log" 2>&1
 }
 
 # Runs tests of a suite; their output is in $build/tests.log.

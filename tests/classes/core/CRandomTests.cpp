@@ -83,6 +83,15 @@ TEST(Random, SetSeedStartsTheSequenceAgain)
     EXPECT_EQ(random.GetRandomNumber_Float(0.0F, 1.0F), fFirst);
 }
 
+TEST(Random, SetSeedReplacesTheSeed)
+{
+    CRandom expected(c_uSeed);
+    CRandom random(c_uSeed + 1);
+    random.SetSeed(c_uSeed);
+    EXPECT_EQ(random.GetSeed(), c_uSeed);
+    EXPECT_EQ(random.GetRandomNumber_Float(0.0F, 1.0F), expected.GetRandomNumber_Float(0.0F, 1.0F));
+}
+
 TEST(Random, ASystemSeedDiffersEachTimeAndItsNumbersCanBeRepeated)
 {
     CRandom first;
