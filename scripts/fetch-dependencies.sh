@@ -33,21 +33,12 @@ has_fmt_11() {
     [ -f "$include/fmt/base.h" ] && grep -qE '^#define FMT_VERSION 11[0-9]{4}$' "$include/fmt/base.h"
 }
 
-# The mirror from this machine's apt sources.
-mirror() {
-    local found
-    found=$(cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list /etc/apt/sources.list.d/*.sources 2>/dev/null |
-        grep -vE '^[[:space:]]*#' | grep -oE '(https?|mirror[^:]*)://[^][:space:]]+/debian/?([[:space:]]|$)' | head -n 1 | tr -d '[:space:]')
-    [ -n "$found" ] || fail "no Debian mirror found in /etc/apt/sources.list and /etc/apt/sources.list.d"
-    echo "$found"
-}
-
 fetch_fmt_from() {
     local suite=$1 root="$deps/apt-$1"
     rm -rf "$root"
     mkdir -p "$root/lists/partial" "$root/cache/archives/partial" "$root/parts" "$root/download"
     : >"$root/status"
-    echo "deb [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] $(mirror) $suite main" >"$root/sources.list"
+    echo "deb [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] $mirror $suite main" >"$root/sources.list"
     # Accept an old release file with a valid signature: the mirror may be a snapshot.
     local options=(
         -o Acquire::Check-Valid-Until=false
@@ -72,6 +63,7 @@ fetch_fmt_from() {
 }
 
 if ! has_fmt_11 || ! has_fmt_licence; then
+    mirror=$(scripts/debian-mirror.sh)
     for suite in $fmt_suites; do
         echo "Fetching the headers of {fmt} 11 from Debian $suite"
         if fetch_fmt_from "$suite"; then
