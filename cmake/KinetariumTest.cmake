@@ -38,14 +38,14 @@ else()
   set(KINETARIUM_WORLD native)
 endif()
 
-# kinetarium_test(NAME [DESKTOP name] [WITHOUT_DIRECT2D] [TIMEOUT seconds] SOURCES source... LIBRARIES library...)
+# kinetarium_test(NAME [DESKTOP name] [SHOWN_WORLD] [TIMEOUT seconds] SOURCES source... LIBRARIES library...)
 # A test program of one folder. Programs with a DESKTOP open real windows: they carry the manifest and the pictures of
 # Kinetarium itself. Tests of one desktop share its keyboard focus, so they run one at a time. There are two desktops,
 # "first" and "second", and the two take about as long as each other: test.sh runs them side by side. In a session with
 # only one desktop scripts/wine-emulator.sh runs the tests of both one at a time.
-# WITHOUT_DIRECT2D: the tests run without Direct2D, so the program draws with GDI, which Wine can show.
+# SHOWN_WORLD: the tests look at the world on the screen, so they run without Direct2D where Wine does not show it.
 function(kinetarium_test NAME)
-  cmake_parse_arguments(PARSE_ARGV 1 TEST "WITHOUT_DIRECT2D" "DESKTOP;TIMEOUT" "SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 TEST "SHOWN_WORLD" "DESKTOP;TIMEOUT" "SOURCES;LIBRARIES")
   if(NOT TEST_TIMEOUT)
     set(TEST_TIMEOUT 60)
   endif()
@@ -67,8 +67,8 @@ function(kinetarium_test NAME)
       RESOURCE_LOCK "desktop ${TEST_DESKTOP}" ENVIRONMENT_MODIFICATION "KINETARIUM_DESKTOP=set:${TEST_DESKTOP}")
     kinetarium_resources(${NAME})
   endif()
-  if(TEST_WITHOUT_DIRECT2D)
-    list(APPEND properties ENVIRONMENT KINETARIUM_WITHOUT_DIRECT2D=1)
+  if(TEST_SHOWN_WORLD)
+    list(APPEND properties ENVIRONMENT KINETARIUM_SHOWN_WORLD=1)
   endif()
   gtest_discover_tests(${NAME} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
     TEST_PREFIX "${KINETARIUM_WORLD}.${NAME}." PROPERTIES ${properties})

@@ -26,7 +26,7 @@ if [ -z "$tree" ]; then
 fi
 
 mkdir -p "$folder"
-export KINETARIUM_WITHOUT_DIRECT2D=1
+export KINETARIUM_SHOWN_WORLD=1
 scripts/wine-session.sh "${session[@]}" timeout --foreground --kill-after=10 300 \
     scripts/wine-emulator.sh "$tree/bin/kinetarium-pictures.exe" "$tree/bin/Kinetarium.exe" "$folder"
 

@@ -46,9 +46,10 @@ export WINEPREFIX
 export WINEDEBUG="${WINEDEBUG:--all,err+all}"
 # Do not offer to install a .NET or HTML engine; make no entries in the desktop's menus.
 export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml=;winemenubuilder.exe=d}"
-# Wine 8 does not show what Direct2D draws into a child window, and draws it a hundred times slower. So tests of the whole
-# program run without Direct2D; GDI draws instead.
-[ -z "${KINETARIUM_WITHOUT_DIRECT2D:-}" ] || WINEDLLOVERRIDES="$WINEDLLOVERRIDES;d2d1="
+# Tests of the whole program run without Direct2D where Wine does not show it; GDI draws instead.
+if [ -n "${KINETARIUM_SHOWN_WORLD:-}" ] && ! "$here/wine-shows-direct2d.sh"; then
+    WINEDLLOVERRIDES="$WINEDLLOVERRIDES;d2d1="
+fi
 # The drawing thread also presents Direct2D's frames: with a second thread for that, Wine and the software renderer can
 # deadlock. One thread is also a third faster.
 export WINE_D3D_CONFIG="${WINE_D3D_CONFIG:-csmt=0x0}"

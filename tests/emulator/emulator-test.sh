@@ -12,6 +12,10 @@ failed=0
 cat >"$folder/wine" <<'WINE'
 #!/usr/bin/env bash
 folder=$(dirname "$0")
+if [ "$1" = --version ]; then
+    cat "$folder/version"
+    exit 0
+fi
 failures=$(cat "$folder/failures")
 echo x >>"$folder/starts"
 if [ "$(wc -l <"$folder/starts")" -le "$failures" ]; then
@@ -45,6 +49,17 @@ check "a failed program without output" 0 "exit 4" 4 1 "*exit code 4 and no outp
 check "a start in vain" 2 "echo text" 0 3 "*starting again*starting again*text"
 check "only starts in vain" 99 "echo text" 1 5 "*failed to map the shared user data*no output of program.exe*"
 check "the exit code after a start in vain" 1 "echo text; exit 5" 5 2 "*starting again*text"
+
+# shellcheck disable=SC2016
+overrides='echo "$WINEDLLOVERRIDES"'
+echo "wine-8.0 (Debian 8.0~repack-4)" >"$folder/version"
+export KINETARIUM_SHOWN_WORLD=1
+check "no Direct2D where Wine does not show it" 0 "$overrides" 0 1 "*;d2d1="
+echo "wine-10.0 (Debian 10.0~repack-6)" >"$folder/version"
+check "Direct2D where Wine shows it" 0 "$overrides" 0 1 "*winemenubuilder.exe=d"
+echo "wine-8.0" >"$folder/version"
+unset KINETARIUM_SHOWN_WORLD
+check "Direct2D where nobody looks at the world" 0 "$overrides" 0 1 "*winemenubuilder.exe=d"
 
 echo "emulator-test: $failed failed"
 [ "$failed" -eq 0 ]
