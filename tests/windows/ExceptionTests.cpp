@@ -100,7 +100,7 @@ TEST(UnexpectedExceptions, AnExceptionWhileDrawingEndsOnlyItsFrame)
             EXPECT_EQ(SendMessageW(application.GetMain(), WM_ERASEBKGND, 0, 0), 1);
             EXPECT_TRUE(HasWorker(application));
         }
-        EXPECT_TRUE(WaitForFrames());
+        EXPECT_TRUE(WaitForFrames(application));
         Stop(application);
         ExpectUsable(application);
         EXPECT_TRUE(application.Close());

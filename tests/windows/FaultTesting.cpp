@@ -1,34 +1,24 @@
 #include "tests/windows/FaultTesting.h"
 
 #include "app/CKinetarium.h"
+#include "tests/view/windows/ScreenCapture.h"
 
-#include <atomic>
 #include <gtest/gtest.h>
-#include <memory>
+#include <utility>
 
-namespace
-{
-using BitBltFunction = BOOL WINAPI(HDC, int, int, int, int, HDC, int, int, DWORD);
-
-std::atomic<int> g_iFrames{0};
-BitBltFunction* g_pBitBlt = nullptr;
-
-BOOL WINAPI CountFrame(HDC hTo, int x, int y, int cx, int cy, HDC hFrom, int xFrom, int yFrom, DWORD dwOperation)
-{
-    ++g_iFrames;
-    // cppcheck-suppress CastAddressToIntegerAtReturn ; it does not see the type of the called function
-    return g_pBitBlt(hTo, x, y, cx, cy, hFrom, xFrom, yFrom, dwOperation);
-}
-} // namespace
-
-bool WaitForFrames()
+bool WaitForFrames(const CRunningApplication& application)
 {
     constexpr int c_iEnough = 3;
-    g_pBitBlt = BitBlt;
-    const CReplacedImport counting("BitBlt", CountFrame);
-    g_pBitBlt = counting.GetOriginal<BitBltFunction>();
-    const int iBefore = g_iFrames;
-    return CRunningApplication::Poll([&] { return g_iFrames - iBefore >= c_iEnough; });
+    HWND hView = nullptr;
+    application.Do([&](CKinetarium& inside) { hView = CKinetariumProbe::GetView(inside); });
+    int iChanges = 0;
+    CPixels before = CaptureClientArea(hView);
+    return CRunningApplication::Poll([&] {
+        CPixels now = CaptureClientArea(hView);
+        iChanges += now == before ? 0 : 1;
+        before = std::move(now);
+        return iChanges >= c_iEnough;
+    });
 }
 
 void Start(const CRunningApplication& application)
@@ -55,7 +45,7 @@ void ExpectUsable(const CRunningApplication& application)
     ASSERT_TRUE(application.WaitForWorker(true)) << "the worker does not start";
     EXPECT_EQ(application.GetButtonText(), L"Stop");
     application.Do([](CKinetarium& inside) { EXPECT_EQ(CKinetariumProbe::GetAtomCount(inside), 8); });
-    EXPECT_TRUE(WaitForFrames()) << "no frames are drawn";
+    EXPECT_TRUE(WaitForFrames(application)) << "no frames are drawn";
     application.PressButton();
     ASSERT_TRUE(application.WaitForWorker(false)) << "the worker does not stop";
     EXPECT_EQ(application.GetButtonText(), L"Start");

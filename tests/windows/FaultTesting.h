@@ -8,8 +8,9 @@
 
 // Helpers that the tests of faults share.
 
-// Waits until GDI has drawn three more frames; false if it does not in time.
-bool WaitForFrames();
+// Waits until the view has changed three times on the screen, whoever paints it; false if it does not in time. A
+// simulation must be running.
+bool WaitForFrames(const CRunningApplication& application);
 
 // Starts a simulation of eight atoms with the button, waits for frames, and stops it with the button.
 void ExpectUsable(const CRunningApplication& application);
