@@ -30,6 +30,10 @@ CPoint<float> CKinetariumProbe::GetFirstAtom(CKinetarium& application)
 {
     return {application.m_Atoms[0].x, application.m_Atoms[0].y};
 }
+const CAtoms& CKinetariumProbe::GetAtoms(const CKinetarium& application)
+{
+    return application.m_Atoms;
+}
 int CKinetariumProbe::GetAtomCount(const CKinetarium& application)
 {
     return application.m_Atoms.GetCount();
@@ -45,6 +49,10 @@ int CKinetariumProbe::GetMinRadius(const CKinetarium& application)
 int CKinetariumProbe::GetMaxRadius(const CKinetarium& application)
 {
     return application.m_MaxRadius;
+}
+CRect CKinetariumProbe::GetWorldRect(const CKinetarium& application)
+{
+    return application.m_pWorldView->GetWorldRect();
 }
 CWString CKinetariumProbe::GetIniPath(const CKinetarium& application)
 {

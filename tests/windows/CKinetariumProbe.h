@@ -1,11 +1,13 @@
 #pragma once
 
 #include "classes/core/CPoint.h"
+#include "classes/core/CRect.h"
 #include "classes/core/CSize.h"
 #include "classes/core/CWString.h"
 
 #include <windows.h>
 
+class CAtoms;
 class CKinetarium;
 
 // Gives tests access to the private parts of a running application. Call it on the application's own thread
@@ -21,10 +23,14 @@ public:
     static bool IsFullScreen(const CKinetarium& application);
     // The worker must be held, or not exist.
     static CPoint<float> GetFirstAtom(CKinetarium& application);
+    // The worker must be held, or not exist.
+    static const CAtoms& GetAtoms(const CKinetarium& application);
     static int GetAtomCount(const CKinetarium& application);
     static CSize<int> GetWorldSize(const CKinetarium& application);
     static int GetMinRadius(const CKinetarium& application);
     static int GetMaxRadius(const CKinetarium& application);
+    // Rectangle of the world in client coordinates of the view.
+    static CRect GetWorldRect(const CKinetarium& application);
     static CWString GetIniPath(const CKinetarium& application);
     static CWString GetText(const CKinetarium& application, const wchar_t* sKey);
     static HWND GetView(const CKinetarium& application);
