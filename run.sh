@@ -56,6 +56,10 @@ scripts/fetch-dependencies.sh
 step "Windows build"
 scripts/build.sh windows-release -- Kinetarium kinetarium-driver
 bin=build/windows-release/bin
+if ! scripts/wine-shows-direct2d.sh; then
+    printf '\nNote: %s does not show Direct2D.\n' "$(wine --version 2>/dev/null)"
+    echo "GDI paints instead, and the world of fixed mode stays black."
+fi
 
 if [ "$demonstration" = no ]; then
     step "Kinetarium, until its window is closed"

@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
-# Builds Kinetarium and takes new pictures for docs/user-guide.md, from the running program on a virtual display:
+# Builds Kinetarium and takes new pictures for docs/user-guide.md, from the running program on a virtual display. The world
+# in fixed mode is drawn by kinetarium-headless, because Wine 8 cannot show it; it comes out the same every time.
 #
-#   make-pictures.sh [--tree FOLDER] [--prefix FOLDER]
+#   make-pictures.sh [--headless] [--tree FOLDER] [--prefix FOLDER]
 #
+#   --headless       only the picture that kinetarium-headless draws
 #   --tree FOLDER    use this build tree instead of building the preset windows-release
 #   --prefix FOLDER  the Wine prefix (that of wine-session.sh)
 #
@@ -12,20 +14,30 @@ cd "$(dirname "$0")/.."
 
 folder=docs/images
 tree=
+only_headless=no
 session=()
 while [ $# -gt 0 ]; do
     case "$1" in
+    --headless) only_headless=yes && shift ;;
     --tree) tree=${2:?--tree needs a folder} && shift 2 ;;
     --prefix) session=(--prefix "${2:?--prefix needs a folder}") && shift 2 ;;
     *) echo "make-pictures: unknown argument $1" >&2 && exit 2 ;;
     esac
 done
+mkdir -p "$folder"
+scripts/build.sh native-release -- kinetarium-headless
+build/native-release/bin/kinetarium-headless --quiet --seed 42 --width 640 --height 240 --atoms 600 --iterations 300 \
+    --colour-mode fixed --factors '25%,50%,' --colours ff0000,808080,00ff00 --picture "$folder/fixed.png" >/dev/null
+if [ "$only_headless" = yes ]; then
+    ls -l "$folder/fixed.png"
+    exit 0
+fi
+
 if [ -z "$tree" ]; then
     scripts/build.sh windows-release -- Kinetarium kinetarium-pictures
     tree=build/windows-release
 fi
 
-mkdir -p "$folder"
 export KINETARIUM_SHOWN_WORLD=1
 scripts/wine-session.sh "${session[@]}" timeout --foreground --kill-after=10 300 \
     scripts/wine-emulator.sh "$tree/bin/kinetarium-pictures.exe" "$tree/bin/Kinetarium.exe" "$folder"
