@@ -1,4 +1,5 @@
-// Takes the pictures of the user guide: starts the program, uses it as the guide describes, and saves the screen.
+// Takes the pictures of the user guide: starts the program, uses it as the guide describes, and saves the screen. With
+// --worlds it takes pictures of the world in both modes, scrolled and in full screen instead.
 
 #include "tests/endtoend/CDrivenProgram.h"
 #include "tests/endtoend/CKinetariumUser.h"
@@ -34,10 +35,8 @@ public:
         m_user.RestMouse();
     }
 
-    void Take_Panel();
-    void Take_Messages();
-    void Take_Lowered();
-    void Take_Run();
+    void Take_GuidePictures();
+    void Take_Worlds();
     void End() const
     {
         m_user.Close();
@@ -48,6 +47,12 @@ public:
     }
 
 private:
+    void Take_Panel();
+    void Take_Messages();
+    void Take_Lowered();
+    void Take_Run();
+    void ChooseFixedMode() const;
+    void Take_RunNamed(const char* sName) const;
     void Save(const RECT& rc, const char* sName) const
     {
         Sleep(c_uPaintMilliseconds);
@@ -76,17 +81,30 @@ private:
     std::filesystem::path m_folder;
 };
 
+void CPhotographer::Take_GuidePictures()
+{
+    Take_Panel();
+    Take_Messages();
+    Take_Run();
+    Take_Lowered();
+}
+
 void CPhotographer::Take_Panel()
 {
     m_panel.Enter(Row::TotalAtoms, L"1000");
     m_user.RestMouse();
     Save(GetPanelRectangle(), "panel-speed");
+    ChooseFixedMode();
+    m_user.RestMouse();
+    Save(GetPanelRectangle(), "panel-fixed");
+}
+
+void CPhotographer::ChooseFixedMode() const
+{
     m_panel.ChooseMode(L"Fixed");
     m_panel.Enter(Row::Factor1, L"25%");
     m_panel.Enter(Row::Factor2, L"50%");
     m_panel.Clear(Row::Factor3);
-    m_user.RestMouse();
-    Save(GetPanelRectangle(), "panel-fixed");
 }
 
 void CPhotographer::Take_Messages()
@@ -108,11 +126,34 @@ void CPhotographer::Take_Messages()
 void CPhotographer::Take_Run()
 {
     m_panel.Enter(Row::TotalAtoms, L"1000");
+    Take_RunNamed("run");
+}
+
+void CPhotographer::Take_RunNamed(const char* sName) const
+{
     m_user.PressStart();
     m_user.RestMouse();
     m_user.WaitForStatistics(0);
-    Save(m_user.GetWindowRectangle(), "run");
+    Save(m_user.GetWindowRectangle(), sName);
     m_user.PressStop();
+}
+
+void CPhotographer::Take_Worlds()
+{
+    m_panel.Enter(Row::TotalAtoms, L"1000");
+    Take_RunNamed("speed");
+    ChooseFixedMode();
+    Take_RunNamed("fixed");
+    m_panel.Enter(Row::TotalAtoms, L"5000");
+    m_panel.Enter(Row::Width, L"1500");
+    m_panel.Enter(Row::Height, L"1500");
+    Take_RunNamed("scrolled");
+    m_user.PressStart();
+    m_user.PressKeyInWindow(VK_F11);
+    WaitUntil("full screen", c_endPatience, [&] { return IsWindowVisible(m_user.GetStatusBar()) == FALSE; });
+    Save(m_user.GetWindowRectangle(), "full-screen");
+    m_user.PressKeyInWindow(VK_ESCAPE);
+    WaitUntil("the window", c_endPatience, [&] { return IsWindowVisible(m_user.GetStatusBar()) != FALSE; });
 }
 
 void CPhotographer::Take_Lowered()
@@ -140,14 +181,20 @@ int main(int iArguments, char** ppArguments)
     CLI::App app("Takes the pictures of Kinetarium's user guide.");
     app.add_option("program", sProgram, "Kinetarium.exe")->required()->check(CLI::ExistingFile);
     app.add_option("folder", sFolder, "where the PNG files go")->required()->check(CLI::ExistingDirectory);
+    bool bWorlds = false;
+    app.add_flag("--worlds", bWorlds, "instead: the world in both modes, scrolled and in full screen");
     CLI11_PARSE(app, iArguments, ppArguments);
     try
     {
         CPhotographer photographer(std::filesystem::absolute(sProgram), std::filesystem::absolute(sFolder));
-        photographer.Take_Panel();
-        photographer.Take_Messages();
-        photographer.Take_Run();
-        photographer.Take_Lowered();
+        if (bWorlds)
+        {
+            photographer.Take_Worlds();
+        }
+        else
+        {
+            photographer.Take_GuidePictures();
+        }
         photographer.End();
     }
     catch (const std::exception& error)
