@@ -59,6 +59,7 @@ finish() {
     trap - EXIT
     if [ -n "$namespaces" ]; then
         kill -KILL "$namespaces" 2>/dev/null || true
+        wait "$namespaces" 2>/dev/null || true # without the shell's own message
         exec 8>&-
         exec 7>"$cache/lock"
         flock --timeout 20 7 || echo "later-wine: some process of the later Wine does not end" >&2
