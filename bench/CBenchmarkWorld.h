@@ -4,6 +4,7 @@
 #include "classes/core/CSize.h"
 #include "simulation/CAtoms.h"
 #include "simulation/CCollisionGrid.h"
+#include "simulation/CIterationRunner.h"
 #include "simulation/Iteration.h"
 #include "simulation/Population.h"
 #include "tests/reference/Scenes.h"
@@ -13,7 +14,8 @@ struct CBenchmarkWorld
 {
     static constexpr int c_iSettlingIterations = 20;
 
-    explicit CBenchmarkWorld(const CScene& scene) : size(scene.world), random(scene.seed)
+    explicit CBenchmarkWorld(const CScene& scene, int threads = 1)
+        : size(scene.world), random(scene.seed), runner(threads)
     {
         Populate(atoms, grid, size, scene.atoms, scene.minRadius, scene.maxRadius, nullptr, random);
     }
@@ -28,10 +30,11 @@ struct CBenchmarkWorld
         }
     }
 
-    void Advance() { AdvanceOneIteration(atoms, grid, size, random); }
+    std::uint32_t Advance() { return runner.Advance(atoms, grid, size, random); }
 
     CSize<int> size;
     CRandom random;
     CAtoms atoms;
     CCollisionGrid grid;
+    CIterationRunner runner;
 };

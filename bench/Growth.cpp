@@ -62,7 +62,7 @@ double MeasureCollisionPercent(CBenchmarkWorld& world)
     double collisions = 0;
     for (int iteration = 0; iteration < c_iIterations; ++iteration)
     {
-        collisions += AdvanceOneIteration(world.atoms, world.grid, world.size, world.random);
+        collisions += world.Advance();
     }
     return c_dPercent * collisions / c_iIterations / world.atoms.GetCount();
 }

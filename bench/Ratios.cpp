@@ -3,14 +3,15 @@
 #include "bench/CBenchmarkWorld.h"
 #include "bench/Measurement.h"
 #include "simulation/SimulationKernels.h"
+#include "simulation/ThreadSetting.h"
 #include "tests/reference/CReferenceWorld.h"
 #include "tests/reference/Scenes.h"
 #include "tests/reference/WorldHash.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
-#include <span>
 #include <vector>
 
 namespace
@@ -19,32 +20,43 @@ namespace
 constexpr int c_iTurns = 9;
 constexpr double c_dMillisecondsPerTurn = 40; // long enough to measure, short enough to alternate
 
+std::uint64_t HashWorld(const CBenchmarkWorld& world)
+{
+    return HashAtoms({world.atoms.GetAtoms(), static_cast<std::size_t>(world.atoms.GetCount())});
+}
+
 bool PrintRatio(const CScene& scene)
 {
     CReferenceWorld plain(scene.world, scene.seed);
     plain.Populate(scene.atoms, scene.minRadius, scene.maxRadius, scene.start);
-    CBenchmarkWorld fast(scene);
+    CBenchmarkWorld one(scene, 1);
+    CBenchmarkWorld all(scene, GetThreadCount());
     const auto advancePlain = [&] { plain.Advance(); };
-    const auto advanceFast = [&] { fast.Advance(); };
+    const auto advanceOne = [&] { one.Advance(); };
+    const auto advanceAll = [&] { all.Advance(); };
 
     // The first iteration also warms up the caches; its time decides the iterations per turn.
     const double first = MeasureMilliseconds(1, advancePlain);
-    advanceFast();
+    advanceOne();
+    advanceAll();
     const int iterations = std::max(1, static_cast<int>(c_dMillisecondsPerTurn / first));
     std::vector<double> plainTimes;
-    std::vector<double> fastTimes;
+    std::vector<double> oneTimes;
+    std::vector<double> allTimes;
     for (int turn = 0; turn < c_iTurns; ++turn)
     {
         plainTimes.push_back(MeasureMilliseconds(iterations, advancePlain));
-        fastTimes.push_back(MeasureMilliseconds(iterations, advanceFast));
+        oneTimes.push_back(MeasureMilliseconds(iterations, advanceOne));
+        allTimes.push_back(MeasureMilliseconds(iterations, advanceAll));
     }
 
-    const std::span<const CAtom> fastAtoms(fast.atoms.GetAtoms(), static_cast<std::size_t>(fast.atoms.GetCount()));
-    const bool bEqual = HashAtoms(plain.GetAtoms()) == HashAtoms(fastAtoms);
+    const std::uint64_t uHash = HashAtoms(plain.GetAtoms());
+    const bool bEqual = HashWorld(one) == uHash && HashWorld(all) == uHash;
     const double plainMs = GetMedian(plainTimes);
-    const double fastMs = GetMedian(fastTimes);
-    std::printf("%-28s %10.4f ms %10.4f ms %7.2f   %s\n", scene.name, plainMs, fastMs, plainMs / fastMs,
-                bEqual ? "equal" : "DIFFERENT");
+    const double oneMs = GetMedian(oneTimes);
+    const double allMs = GetMedian(allTimes);
+    std::printf("%-28s %10.4f ms %10.4f ms %10.4f ms %7.2f %7.2f   %s\n", scene.name, plainMs, oneMs, allMs,
+                plainMs / oneMs, oneMs / allMs, bEqual ? "equal" : "DIFFERENT");
     static_cast<void>(std::fflush(stdout));
     return bEqual;
 }
@@ -53,8 +65,9 @@ bool PrintRatio(const CScene& scene)
 
 bool PrintRatios()
 {
-    std::printf("instruction set: %s\n", GetSimulationKernels().name);
-    std::printf("%-28s %13s %13s %7s   %s\n", "scene", "plain", "program", "ratio", "hashes");
+    std::printf("instruction set: %s, threads: %d\n", GetSimulationKernels().name, GetThreadCount());
+    std::printf("%-28s %13s %13s %13s %7s %7s   %s\n", "scene", "plain", "one thread", "all threads", "gain", "gain",
+                "hashes");
     bool bEqual = true;
     for (const CScene& scene : c_BenchmarkScenes)
     {

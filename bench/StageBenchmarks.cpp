@@ -1,6 +1,7 @@
 #include "bench/BenchmarkScene.h"
 #include "bench/CBenchmarkWorld.h"
 #include "simulation/HandleAtomCollision.h"
+#include "simulation/SpeedStatistics.h"
 #include "tests/reference/CReferenceWorld.h"
 
 #include <cstdint>

@@ -10,8 +10,8 @@
 #include "headless/StateFile.h"
 #include "headless/StateHash.h"
 #include "headless/StatsFile.h"
-#include "simulation/Iteration.h"
 #include "simulation/Population.h"
+#include "simulation/ThreadSetting.h"
 
 #include <algorithm>
 #include <chrono>
@@ -36,7 +36,11 @@ std::string DescribeStart(const COptions& options)
 } // namespace
 
 CExperiment::CExperiment(const COptions& options, const CConsole& console)
-    : m_Options(options), m_Console(console), m_Settings(ResolveSettings(options)), m_Random(MakeRandom(options))
+    : m_Options(options),
+      m_Console(console),
+      m_Settings(ResolveSettings(options)),
+      m_Random(MakeRandom(options)),
+      m_Runner(options.threads.value_or(GetThreadCount()))
 {
     // Fail before hours of computing, not after them.
     for (const std::optional<std::string>& sPath : {options.saveState, options.stats, options.picture})
@@ -110,7 +114,7 @@ void CExperiment::AdvanceOnce(std::uint64_t uIteration, IByteSink* pStats)
                              std::to_string(m_Options.iterations) + " iterations");
     }
     const auto start = std::chrono::steady_clock::now();
-    const std::uint32_t uCollisions = AdvanceOneIteration(m_Atoms, m_Grid, m_Settings.world, m_Random);
+    const std::uint32_t uCollisions = m_Runner.Advance(m_Atoms, m_Grid, m_Settings.world, m_Random);
     const std::chrono::nanoseconds duration = std::chrono::steady_clock::now() - start;
     m_Results.durations.Add(static_cast<std::uint64_t>(duration.count()));
     m_Results.collisions += uCollisions;

@@ -8,6 +8,7 @@
 #include "headless/Summary.h"
 #include "simulation/CAtoms.h"
 #include "simulation/CCollisionGrid.h"
+#include "simulation/CIterationRunner.h"
 
 #include <cstdint>
 #include <memory>
@@ -40,5 +41,6 @@ private:
     CRandom m_Random;
     CAtoms m_Atoms;
     CCollisionGrid m_Grid;
+    CIterationRunner m_Runner;
     CRunResults m_Results;
 };

@@ -4,6 +4,7 @@
 #include "headless/OptionValues.h"
 #include "headless/SystemFile.h"
 #include "settings/SettingRows.h"
+#include "simulation/ThreadSetting.h"
 
 #include <CLI/CLI.hpp>
 
@@ -74,6 +75,8 @@ void AddWorldOptions(CLI::App& app, COptions& options)
     AddNumber(app, "--seed", options.seed, 0, c_uLargestSeed, "Seed of the random numbers (drawn from the system)");
     AddOption(app, "--start-at", options.startAt, ParsePointOption, "X,Y", "Point where every atom starts");
     AddNumber(app, "--iterations", options.iterations, 0, c_uMostIterations, "Number of iterations (1000)");
+    AddNumber(app, "--threads", options.threads, 1, c_iMaxThreads,
+              "Most threads for an iteration (KINETARIUM_THREADS, or one for each processor); the result is the same");
     AddFile(app, "--load-state", options.loadState,
             "Take the atoms from a CSV file; not with --atoms, the radii or --start-at");
     AddFile(app, "--settings", options.settings,

@@ -21,6 +21,7 @@ struct COptions
     std::optional<std::uint64_t> seed;
     std::optional<CPoint<int>> startAt;
     std::uint64_t iterations = c_uDefaultIterations;
+    std::optional<int> threads;
     std::optional<std::string> loadState;
     std::optional<std::string> saveState; // "-" is standard output
     std::optional<std::string> stats;     // "-" is standard output

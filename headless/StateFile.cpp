@@ -6,8 +6,8 @@
 #include "headless/InputFile.h"
 #include "headless/NumberText.h"
 #include "simulation/CAtoms.h"
-#include "simulation/Iteration.h"
 #include "simulation/SimulationConstants.h"
+#include "simulation/SpeedStatistics.h"
 
 #include <algorithm>
 #include <array>

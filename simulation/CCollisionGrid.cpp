@@ -1,36 +1,12 @@
 #include "simulation/CCollisionGrid.h"
 
 #include <algorithm>
-#include <bit>
-#include <utility>
-
-namespace
-{
-
-// The list that an atom goes to is prefetched this many atoms before the atom is entered.
-constexpr std::size_t c_uFillAhead = 24;
-
-// Calls action(cell) for the cell of a place and for each neighbour that it names. (A form without a branch for the
-// first neighbour, which entered the atom into a spare cell if there is none, was slower: nine of ten atoms have none.)
-template<class Action>
-void ForEachCell(std::uint32_t uPlace, const CGridGeometry& geometry, Action action)
-{
-    const std::size_t uCell = GetPlaceCell(uPlace);
-    action(uCell);
-    for (std::uint32_t uLeft = GetPlaceNeighbours(uPlace); uLeft != 0; uLeft &= uLeft - 1)
-    {
-        const int step = geometry.neighbourSteps[static_cast<std::size_t>(std::countr_zero(uLeft))];
-        action(uCell + static_cast<std::size_t>(step)); // a negative step wraps around to the right index
-    }
-}
-
-} // namespace
 
 void CCollisionGrid::Resize(const CSize<int>& world)
 {
     Clear();
     const CGridGeometry geometry = CGridGeometry::ForWorld(world);
-    m_Ends.assign(geometry.GetCellCount() + 1, 0);
+    m_Lists.Resize(geometry.GetCellCount());
     m_Geometry = geometry;
 }
 
@@ -66,58 +42,16 @@ std::uint32_t* CCollisionGrid::InsertMany(CAtom* pAtoms, std::size_t uCount)
     return m_Places.data() + uBefore;
 }
 
-std::span<CAtom* const> CCollisionGrid::GetCellAtoms(int cell)
-{
-    if (!m_bFilled)
-    {
-        FillCells();
-    }
-    const std::uint32_t uFirst = m_Ends[static_cast<std::size_t>(cell)];
-    const std::uint32_t uEnd = m_Ends[static_cast<std::size_t>(cell) + 1];
-    return {m_Entries.data() + uFirst, uEnd - uFirst};
-}
-
-// Counts the entries of each cell, sets m_Ends[c + 1] to the index of the first entry of cell c, and returns the total.
-std::uint32_t CCollisionGrid::CountEntries()
-{
-    std::fill(m_Ends.begin(), m_Ends.end(), 0U);
-    std::uint32_t* const pEnds = m_Ends.data() + 1;
-    for (std::size_t uAtom = 0; uAtom < m_uInserted; ++uAtom)
-    {
-        ForEachCell(m_Places[uAtom], m_Geometry, [=](std::size_t uCell) { ++pEnds[uCell]; });
-    }
-    std::uint32_t uTotal = 0;
-    for (std::size_t uCell = 1; uCell < m_Ends.size(); ++uCell)
-    {
-        uTotal += std::exchange(m_Ends[uCell], uTotal);
-    }
-    return uTotal;
-}
-
-// The second half of the counting sort: the end of each cell starts at its first entry and advances with every entry,
-// until it is where the next cell begins.
 void CCollisionGrid::FillCells()
 {
-    const std::uint32_t uEntries = CountEntries();
-    if (m_Entries.size() < uEntries)
+    m_Lists.Start(1);
+    m_Lists.Count(0, std::span(m_Places).first(m_uInserted), m_Geometry);
+    m_Lists.MakeRoom();
+    std::size_t uFirst = 0;
+    for (const CAtomRun& run : m_Runs)
     {
-        // Half as many again, because the number of entries varies a little from one iteration to the next.
-        m_Entries.resize(uEntries + uEntries / 2);
-    }
-    std::uint32_t* const pEnds = m_Ends.data() + 1;
-    CAtom** const ppEntries = m_Entries.data();
-    const std::uint32_t* pPlace = m_Places.data();
-    const std::uint32_t* const pLastAhead = pPlace + m_uInserted - std::min(m_uInserted, c_uFillAhead);
-    for (const CRun& run : m_Runs)
-    {
-        for (CAtom* pAtom = run.pFirst; pAtom != run.pFirst + run.uCount; ++pAtom)
-        {
-            if (pPlace < pLastAhead)
-            {
-                __builtin_prefetch(&ppEntries[pEnds[GetPlaceCell(pPlace[c_uFillAhead])]], 1);
-            }
-            ForEachCell(*pPlace++, m_Geometry, [=](std::size_t uCell) { ppEntries[pEnds[uCell]++] = pAtom; });
-        }
+        m_Lists.Fill(0, std::span(m_Places).subspan(uFirst, run.uCount), run.pFirst, m_Geometry);
+        uFirst += run.uCount;
     }
     m_bFilled = true;
 }

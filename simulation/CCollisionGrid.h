@@ -2,6 +2,7 @@
 
 #include "classes/core/CSize.h"
 #include "simulation/CAtom.h"
+#include "simulation/CCellLists.h"
 #include "simulation/GridGeometry.h"
 
 #include <cstddef>
@@ -43,25 +44,38 @@ public:
 
     const CGridGeometry& GetGeometry() const { return m_Geometry; }
 
-    // The atoms of a cell in the order of their insertion; cell is row * columns + column.
-    std::span<CAtom* const> GetCellAtoms(int cell);
+    // The atoms of a cell in the order of their insertion; cell is row * columns + column. Fills the lists if an atom
+    // was inserted since the last time; then it throws std::bad_alloc if they cannot grow.
+    std::span<CAtom* const> GetCellAtoms(int cell)
+    {
+        Fill();
+        return GetFilledCell(cell);
+    }
+
+    // Fills the lists unless they are. Throws std::bad_alloc.
+    void Fill()
+    {
+        if (!m_bFilled)
+        {
+            FillCells();
+        }
+    }
+
+    // The same for lists that are filled already; several threads may read at the same time.
+    std::span<CAtom* const> GetFilledCell(int cell) const { return m_Lists.Get(static_cast<std::size_t>(cell)); }
+
+    // The counting sort by itself, for several threads: see CCellLists. The places of all inserted atoms must be
+    // counted and filled; MarkFilled then ends it.
+    CCellLists& GetLists() { return m_Lists; }
+    void MarkFilled() { m_bFilled = true; }
 
 private:
-    // Atoms that are contiguous in memory and were inserted in that order.
-    struct CRun
-    {
-        CAtom* pFirst;
-        std::size_t uCount;
-    };
-
     void FillCells();
-    std::uint32_t CountEntries();
 
     CGridGeometry m_Geometry;
-    std::vector<CRun> m_Runs;            // the inserted atoms, in order: nearly always a single run
+    std::vector<CAtomRun> m_Runs;        // the inserted atoms, in order: nearly always a single run
     std::vector<std::uint32_t> m_Places; // where each atom goes, in order; only grows
     std::size_t m_uInserted = 0;         // the number of places in use
-    std::vector<std::uint32_t> m_Ends;   // the list of cell c is m_Ends[c]..m_Ends[c + 1] - 1 of m_Entries
-    std::vector<CAtom*> m_Entries;       // the lists of all cells; only grows
+    CCellLists m_Lists;
     bool m_bFilled = true;
 };

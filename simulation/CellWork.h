@@ -3,7 +3,7 @@
 #include "simulation/CAtom.h"
 #include "simulation/CellScratch.h"
 
-class CRandom;
+struct IDrawTurn;
 
 // Opens and closes a cell for the pair tests, and prefetches the atoms of the next one. The functions are static, see
 // SimulationKernelSets.h.
@@ -14,7 +14,7 @@ struct CCell
     int count;
     CCellList next;
     CCellScratch& scratch;
-    CRandom& random;
+    IDrawTurn& turn;
     float minRadius; // of its atoms, world units
     float maxRadius;
 };
@@ -43,7 +43,7 @@ __attribute__((always_inline)) static inline void PrefetchFrom(const CCellList& 
 }
 
 // Copies the atoms into scratch and notes their positions and radii. The list must not be empty.
-static inline CCell OpenCell(const CCellList& list, const CCellList& next, CCellScratch& scratch, CRandom& random)
+static inline CCell OpenCell(const CCellList& list, const CCellList& next, CCellScratch& scratch, IDrawTurn& turn)
 {
     CAtom* const* const ppAtoms = list.ppAtoms;
     const int count = list.count;
@@ -59,7 +59,7 @@ static inline CCell OpenCell(const CCellList& list, const CCellList& next, CCell
         minRadius = atom.radius < minRadius ? atom.radius : minRadius;
         maxRadius = atom.radius > maxRadius ? atom.radius : maxRadius;
     }
-    return {count, next, scratch, random, static_cast<float>(minRadius), static_cast<float>(maxRadius)};
+    return {count, next, scratch, turn, static_cast<float>(minRadius), static_cast<float>(maxRadius)};
 }
 
 // Writes the copies back to the atoms of the list.

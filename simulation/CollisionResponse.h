@@ -6,7 +6,7 @@
 
 #include <emmintrin.h>
 
-class CRandom;
+struct IDrawTurn;
 
 // The response to one touching pair, with both atoms in one vector register: lanes ax, ay, bx, by. Each lane computes
 // the scalar formula, operation by operation in its order; tests/reference/ReferenceCollision.cpp has that formula. No
@@ -20,7 +20,7 @@ class CRandom;
 
 // Moves coincident centres by random steps of at most c_fMaxJitter per axis until their distance is above
 // c_fCoincidenceLimit. False if that is impossible: millions of units from the origin every step rounds to nothing.
-bool JitterCentresApart(CCellAtom& a, CCellAtom& b, CRandom& random);
+bool JitterCentresApart(CCellAtom& a, CCellAtom& b, IDrawTurn& turn);
 
 // {first[0], first[1], second[0], second[1]}. Positions and velocities are loaded and stored separately, because the
 // next response of an atom needs its position long before its velocity is ready.
@@ -80,7 +80,7 @@ static inline __m128 GetStepsApart(const CLineLanes& line, __m128 overlap)
 // spacing of floats is larger than the rest of the overlap. False if the centres coincide and cannot be jittered apart;
 // then there is no line of centres.
 static inline bool Separate(CCellAtom& a, CCellAtom& b, __m128& centres, CLineLanes& line, __m128 radiusSum,
-                            CRandom& random)
+                            IDrawTurn& turn)
 {
     __m128 overlap = _mm_sub_ps(radiusSum, line.distance);
     bool bMoved = true;
@@ -89,7 +89,7 @@ static inline bool Separate(CCellAtom& a, CCellAtom& b, __m128& centres, CLineLa
         if (_mm_cvtss_f32(line.distance) <= c_fCoincidenceLimit) [[unlikely]]
         {
             StorePairs(&a.x, &b.x, centres);
-            if (!JitterCentresApart(a, b, random))
+            if (!JitterCentresApart(a, b, turn))
             {
                 return false;
             }
@@ -135,11 +135,11 @@ static inline __m128 GetCorrectionFactors(__m128 speeds, float oldSpeedSum)
 }
 
 // The response to a pair that touches. radiusSum is the sum of both radii.
-static inline void RespondToTouch(CCellAtom& a, CCellAtom& b, float radiusSum, CRandom& random)
+static inline void RespondToTouch(CCellAtom& a, CCellAtom& b, float radiusSum, IDrawTurn& turn)
 {
     __m128 centres = LoadPairs(&a.x, &b.x);
     CLineLanes line = GetLine(centres);
-    if (!Separate(a, b, centres, line, _mm_set1_ps(radiusSum), random)) [[unlikely]]
+    if (!Separate(a, b, centres, line, _mm_set1_ps(radiusSum), turn)) [[unlikely]]
     {
         return;
     }
@@ -154,11 +154,11 @@ static inline void RespondToTouch(CCellAtom& a, CCellAtom& b, float radiusSum, C
 }
 
 // The same for two atoms outside of a cell at work.
-static inline void RespondToTouch(CAtom& a, CAtom& b, CRandom& random)
+static inline void RespondToTouch(CAtom& a, CAtom& b, IDrawTurn& turn)
 {
     CCellAtom cellA = MakeCellAtom(a);
     CCellAtom cellB = MakeCellAtom(b);
-    RespondToTouch(cellA, cellB, cellA.radius + cellB.radius, random);
+    RespondToTouch(cellA, cellB, cellA.radius + cellB.radius, turn);
     WriteBack(cellA, a);
     WriteBack(cellB, b);
 }

@@ -2,6 +2,7 @@
 
 #include "classes/core/CRandom.h"
 #include "diagnostics/Guard.h"
+#include "simulation/CDrawAtOnce.h"
 #include "simulation/CollisionResponse.h"
 
 #include <cmath>
@@ -30,7 +31,7 @@ bool CanJitter(const CCellAtom& a, const CCellAtom& b)
 
 } // namespace
 
-bool JitterCentresApart(CCellAtom& a, CCellAtom& b, CRandom& random)
+bool JitterCentresApart(CCellAtom& a, CCellAtom& b, IDrawTurn& turn)
 {
     while (GetDistance(a, b) <= c_fCoincidenceLimit)
     {
@@ -38,6 +39,7 @@ bool JitterCentresApart(CCellAtom& a, CCellAtom& b, CRandom& random)
         {
             return false;
         }
+        CRandom& random = turn.Await();
         const float jx = random.GetRandomNumber_Float(-c_fMaxJitter, c_fMaxJitter);
         const float jy = random.GetRandomNumber_Float(-c_fMaxJitter, c_fMaxJitter);
         a.x += jx;
@@ -53,7 +55,8 @@ void HandleAtomCollision(CAtom& a, CAtom& b, CRandom& random)
     const auto collide = [&] {
         if (static_cast<float>(a.radius + b.radius) >= GetDistance(a, b))
         {
-            RespondToTouch(a, b, random);
+            CDrawAtOnce turn(random);
+            RespondToTouch(a, b, turn);
         }
     };
     Guarded({nullptr, __TIMESTAMP__}, collide);

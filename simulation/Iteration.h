@@ -1,19 +1,19 @@
 #pragma once
 
 #include "classes/core/CSize.h"
+#include "simulation/CellScratch.h"
 
 #include <cstdint>
 
 class CAtoms;
 class CCollisionGrid;
 class CRandom;
-struct CCellList;
 struct CSimulationKernels;
 
 // Moves every atom by its velocity, reflects it at the walls, enters all atoms into the grid (which must have been
 // resized to this world), lets touching atoms collide cell by cell, and updates the velocity statistics. Returns the
 // number of collisions; a pair that shares several cells counts once in each. Throws std::bad_alloc if the grid cannot
-// grow.
+// grow. Uses one thread; CIterationRunner uses several, with the same bits.
 std::uint32_t AdvanceOneIteration(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRandom& random);
 
 // The same with the given kernels; all kernels give the same bits.
@@ -26,9 +26,5 @@ std::uint32_t CollideCells(CCollisionGrid& grid, std::int32_t atomCount, CRandom
                            const CSimulationKernels& kernels);
 
 // The atoms of a cell that take part in its pair tests: the first c_iMaxTestedAtomsPerCell. None for cell ==
-// GetCellCount(), the one after the last.
-CCellList GetTestedAtoms(CCollisionGrid& grid, int cell);
-
-// Minimum, maximum, total and average of sqrt(vx * vx + vy * vy) over all atoms, in world units per iteration. The
-// total is added up in array order in single precision; another order would change its bits. All zero for an empty set.
-void ComputeVelocityStatistics(CAtoms& atoms);
+// GetCellCount(), the one after the last. The lists must be filled.
+CCellList GetTestedAtoms(const CCollisionGrid& grid, int cell);

@@ -51,6 +51,8 @@ concept IsLanes = requires(const typename T::CCircle& circle, const typename T::
     // The radii of c_iCount consecutive atoms as Ints.
     T::LoadRadii(pAtoms);
 
+    T::SquareRoot(floats);
+
     // True if any bit of any lane is set.
     T::HasAny(ints);
 };

@@ -29,14 +29,14 @@ class CPairKernel
 public:
     // See CSimulationKernels::pCollideCell.
     static std::uint32_t CollideCell(const CCellList& atoms, const CCellList& next, CCellScratch& scratch,
-                                     CRandom& random)
+                                     IDrawTurn& turn)
     {
         if (atoms.count <= c_iFewAtoms)
         {
             PrefetchFrom(next, 0);
-            return CollideFewAtoms(atoms.ppAtoms, atoms.count, scratch, random);
+            return CollideFewAtoms(atoms.ppAtoms, atoms.count, scratch, turn);
         }
-        const CCell cell = OpenCell(atoms, next, scratch, random);
+        const CCell cell = OpenCell(atoms, next, scratch, turn);
         Search::MakePoints(cell);
         const bool bFound = Search::FindPairs(cell);
         PrefetchFrom(next, atoms.count - 1);
@@ -81,7 +81,7 @@ private:
                 const int lane = __builtin_ctz(uTouching);
                 const int j = block + lane;
                 CCellAtom& b = scratch.atoms[j];
-                RespondToTouch(a, b, a.radius + b.radius, cell.random);
+                RespondToTouch(a, b, a.radius + b.radius, cell.turn);
                 ++uCollisions;
                 circle = Lanes::MakeCircle(a.x, a.y, a.radius);
                 scratch.x[j] = b.x;
@@ -115,9 +115,9 @@ private:
     }
 
     // The response, kept out of the loop below: inlined, it would take the registers that the loop needs.
-    __attribute__((noinline)) static void Respond(CCellAtom& a, CCellAtom& b, CRandom& random)
+    __attribute__((noinline)) static void Respond(CCellAtom& a, CCellAtom& b, IDrawTurn& turn)
     {
-        RespondToTouch(a, b, a.radius + b.radius, random);
+        RespondToTouch(a, b, a.radius + b.radius, turn);
     }
 
     // Tests the found pairs and the late ones, merged in ascending order. Five of six do not touch, and a processor can
@@ -147,7 +147,7 @@ private:
             {
                 continue;
             }
-            Respond(a, b, cell.random);
+            Respond(a, b, cell.turn);
             ++uCollisions;
             if (Search::IsPushedFar(a) || Search::IsPushedFar(b)) [[unlikely]]
             {
@@ -186,7 +186,7 @@ private:
     }
 
     // The rule, pair by pair, for a cell of so few atoms that a search does not pay.
-    static std::uint32_t CollideFewAtoms(CAtom* const* ppAtoms, int count, CCellScratch& scratch, CRandom& random)
+    static std::uint32_t CollideFewAtoms(CAtom* const* ppAtoms, int count, CCellScratch& scratch, IDrawTurn& turn)
     {
         std::uint32_t uCollisions = 0;
         if (!HasTouchingPair(ppAtoms, count, scratch))
@@ -201,7 +201,7 @@ private:
                 CAtom& b = *ppAtoms[j];
                 if (AreTouching(a.x - b.x, a.y - b.y, static_cast<float>(a.radius + b.radius))) [[unlikely]]
                 {
-                    RespondToTouch(a, b, random);
+                    RespondToTouch(a, b, turn);
                     ++uCollisions;
                 }
             }

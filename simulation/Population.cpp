@@ -3,8 +3,8 @@
 #include "classes/core/CRandom.h"
 #include "simulation/CAtoms.h"
 #include "simulation/CCollisionGrid.h"
-#include "simulation/Iteration.h"
 #include "simulation/SimulationConstants.h"
+#include "simulation/SpeedStatistics.h"
 
 #include <algorithm>
 #include <cmath>

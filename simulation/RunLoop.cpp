@@ -3,12 +3,13 @@
 #include "classes/core/OutputDebugMessage.h"
 #include "diagnostics/Guard.h"
 #include "simulation/CAtoms.h"
+#include "simulation/CIterationRunner.h"
 #include "simulation/FrameCap.h"
 #include "simulation/IFinishedEvent.h"
 #include "simulation/IFrameSink.h"
 #include "simulation/IRunClock.h"
-#include "simulation/Iteration.h"
 #include "simulation/SimulationConstants.h"
+#include "simulation/ThreadSetting.h"
 
 static_assert(std::atomic<bool>::is_always_lock_free && sizeof(std::atomic<bool>) == 1,
               "the run flag is read in every pass and must never block");
@@ -85,11 +86,12 @@ void RunLoop(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRand
         {
             return;
         }
+        CIterationRunner runner(GetThreadCount());
         CReporter reporter(atoms, sink, clock, pDebugLog);
         while (running)
         {
             const CDateTime start = clock.GetNow();
-            const std::uint32_t uCollisions = AdvanceOneIteration(atoms, grid, world, random);
+            const std::uint32_t uCollisions = runner.Advance(atoms, grid, world, random);
             sink.DrawFrame();
             if (!running)
             {

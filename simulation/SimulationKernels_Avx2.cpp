@@ -1,6 +1,7 @@
 #include "simulation/MoveKernel.h"
 #include "simulation/PairKernel.h"
 #include "simulation/SimulationKernelSets.h"
+#include "simulation/SpeedKernel.h"
 
 #include <immintrin.h>
 
@@ -136,10 +137,13 @@ struct CLanesAvx2
                     pAtoms[4].radius, pAtoms[5].radius, pAtoms[6].radius, pAtoms[7].radius};
     }
 
+    static __m256 SquareRoot(__m256 values) { return _mm256_sqrt_ps(values); }
+
     static bool HasAny(Ints lanes) { return _mm256_movemask_epi8(reinterpret_cast<__m256i>(lanes)) != 0; }
 };
 
 } // namespace
 
 constinit const CSimulationKernels c_Avx2Kernels = {"AVX2", CPairKernel<CLanesAvx2>::CollideCell,
-                                                    CMoveKernel<CLanesAvx2>::MoveAtomGroups};
+                                                    CMoveKernel<CLanesAvx2>::MoveAtomGroups,
+                                                    CSpeedKernel<CLanesAvx2>::ComputeSpeeds};

@@ -1,6 +1,7 @@
 #include "simulation/MoveKernel.h"
 #include "simulation/PairKernel.h"
 #include "simulation/SimulationKernelSets.h"
+#include "simulation/SpeedKernel.h"
 
 #include <immintrin.h>
 
@@ -115,6 +116,8 @@ struct CLanesAvx512
         return reinterpret_cast<Ints>(_mm512_and_si512(words, _mm512_set1_epi32(0xFF)));
     }
 
+    static __m512 SquareRoot(__m512 values) { return _mm512_sqrt_ps(values); }
+
     static bool HasAny(Ints lanes)
     {
         const __m512i all = reinterpret_cast<__m512i>(lanes);
@@ -125,4 +128,5 @@ struct CLanesAvx512
 } // namespace
 
 constinit const CSimulationKernels c_Avx512Kernels = {"AVX-512", CPairKernel<CLanesAvx512>::CollideCell,
-                                                      CMoveKernel<CLanesAvx512>::MoveAtomGroups};
+                                                      CMoveKernel<CLanesAvx512>::MoveAtomGroups,
+                                                      CSpeedKernel<CLanesAvx512>::ComputeSpeeds};

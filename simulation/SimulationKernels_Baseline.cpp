@@ -1,6 +1,7 @@
 #include "simulation/MoveKernel.h"
 #include "simulation/PairKernel.h"
 #include "simulation/SimulationKernelSets.h"
+#include "simulation/SpeedKernel.h"
 
 #include <emmintrin.h>
 
@@ -106,10 +107,13 @@ struct CLanesBaseline
         return Ints{pAtoms[0].radius, pAtoms[1].radius, pAtoms[2].radius, pAtoms[3].radius};
     }
 
+    static __m128 SquareRoot(__m128 values) { return _mm_sqrt_ps(values); }
+
     static bool HasAny(Ints lanes) { return _mm_movemask_epi8(reinterpret_cast<__m128i>(lanes)) != 0; }
 };
 
 } // namespace
 
 constinit const CSimulationKernels c_BaselineKernels = {"baseline", CPairKernel<CLanesBaseline>::CollideCell,
-                                                        CMoveKernel<CLanesBaseline>::MoveAtomGroups};
+                                                        CMoveKernel<CLanesBaseline>::MoveAtomGroups,
+                                                        CSpeedKernel<CLanesBaseline>::ComputeSpeeds};

@@ -38,6 +38,9 @@ TEST(Experiment, ASeedGivesTheSameWorldEverywhere)
     EXPECT_EQ(GetHash({"--seed", "7", "--width", "9999", "--height", "9999", "--atoms", "20000", "--min-radius", "1",
                        "--max-radius", "32", "--iterations", "50"}),
               "906f2c60f31a66ab");
+    EXPECT_EQ(GetHash({"--seed", "7", "--width", "9999", "--height", "9999", "--atoms", "20000", "--min-radius", "1",
+                       "--max-radius", "32", "--iterations", "50", "--threads", "3"}),
+              "906f2c60f31a66ab");
     EXPECT_EQ(GetHash({"--seed", "3", "--start-at", "250,250", "--iterations", "300"}), "cc86624dff9f1fc4");
 }
 

@@ -5,6 +5,23 @@
 
 #include <cmath>
 
+void CWorld::UseThreads(int threads)
+{
+    pParallel = threads == 1 ? nullptr
+                             : std::make_unique<CParallelIteration>(
+                                   threads - 1, CWavefrontRule::Get(grid.GetGeometry(), GetLargestRadius(GetAtoms())));
+}
+
+int GetLargestRadius(std::span<const CAtom> atoms)
+{
+    int largest = 0;
+    for (const CAtom& atom : atoms)
+    {
+        largest = std::max<int>(largest, atom.radius);
+    }
+    return largest;
+}
+
 std::span<const CSimulationKernels> GetAllKernels()
 {
     return GetKernels(CCpuCapabilities(false));

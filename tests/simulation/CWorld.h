@@ -3,6 +3,7 @@
 #include "classes/core/CRandom.h"
 #include "simulation/CAtoms.h"
 #include "simulation/CCollisionGrid.h"
+#include "simulation/CParallelIteration.h"
 #include "simulation/Iteration.h"
 #include "simulation/Population.h"
 #include "simulation/SimulationKernels.h"
@@ -13,6 +14,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -37,7 +40,14 @@ struct CWorld
         std::copy(newAtoms.begin(), newAtoms.end(), atoms.GetAtoms());
     }
 
-    std::uint32_t Advance() { return AdvanceOneIteration(atoms, grid, size, random, *pKernels); }
+    // From now on, iterations use that many threads, however small the world is.
+    void UseThreads(int threads);
+
+    std::uint32_t Advance()
+    {
+        return pParallel ? pParallel->Advance(atoms, grid, size, random, *pKernels)
+                         : AdvanceOneIteration(atoms, grid, size, random, *pKernels);
+    }
 
     std::span<const CAtom> GetAtoms() const { return {atoms.GetAtoms(), static_cast<std::size_t>(atoms.GetCount())}; }
 
@@ -46,7 +56,14 @@ struct CWorld
     CAtoms atoms;
     CCollisionGrid grid;
     const CSimulationKernels* pKernels = &GetSimulationKernels();
+    std::unique_ptr<CParallelIteration> pParallel;
 };
+
+// Numbers of threads to test with: fewer and more than the machine has processors.
+inline constexpr std::array c_ThreadCounts = {1, 2, 3, 8};
+
+// The largest radius of the atoms, 0 if there are none.
+int GetLargestRadius(std::span<const CAtom> atoms);
 
 // The kernels of all instruction sets that this processor has, slowest first.
 std::span<const CSimulationKernels> GetAllKernels();

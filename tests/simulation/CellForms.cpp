@@ -1,5 +1,7 @@
 #include "tests/simulation/CellForms.h"
 
+#include "simulation/CDrawAtOnce.h"
+#include "simulation/CellScratch.h"
 #include "tests/reference/CReferenceWorld.h"
 
 #include <memory>
@@ -33,5 +35,6 @@ std::uint32_t CollideCell_ByKernel(std::span<CAtom> atoms, const CSimulationKern
         list.push_back(&atom);
     }
     const auto pScratch = std::make_unique<CCellScratch>();
-    return kernels.pCollideCell({list.data(), static_cast<int>(list.size())}, {nullptr, 0}, *pScratch, random);
+    CDrawAtOnce turn(random);
+    return kernels.pCollideCell({list.data(), static_cast<int>(list.size())}, {nullptr, 0}, *pScratch, turn);
 }

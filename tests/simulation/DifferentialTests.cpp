@@ -49,14 +49,16 @@ int GetIterations(const CScene& scene)
     return std::clamp(static_cast<int>(c_dPairTestsPerScene / (pairTests + c_dPairTestsPerMove * scene.atoms)), 1, 40);
 }
 
-void CompareScene(const CScene& scene, int iterations, const CSimulationKernels& kernels)
+void CompareScene(const CScene& scene, int iterations, const CSimulationKernels& kernels, int threads)
 {
     SCOPED_TRACE(std::to_string(scene.atoms) + " atoms of " + std::to_string(scene.minRadius) + " to " +
                  std::to_string(scene.maxRadius) + " in " + std::to_string(scene.world.cx) + " x " +
                  std::to_string(scene.world.cy) + ", seed " + std::to_string(scene.seed) +
-                 (scene.start ? ", from one point, " : ", ") + kernels.name);
+                 (scene.start ? ", from one point, " : ", ") + kernels.name + ", " + std::to_string(threads) +
+                 " threads");
     CWorld world(scene);
     world.pKernels = &kernels;
+    world.UseThreads(threads);
     CReferenceWorld reference = MakeReference(scene);
     for (int iteration = 0; iteration < iterations; ++iteration)
     {
@@ -73,7 +75,9 @@ TEST(Differential, RandomWorldsEqualThePlainFormBitForBit)
     {
         const CScene scene = DrawScene(draw);
         const auto kernels = GetAllKernels();
-        CompareScene(scene, GetIterations(scene), kernels[static_cast<std::size_t>(i) % kernels.size()]);
+        const auto uScene = static_cast<std::size_t>(i);
+        const int threads = c_ThreadCounts.at(uScene / kernels.size() % c_ThreadCounts.size());
+        CompareScene(scene, GetIterations(scene), kernels[uScene % kernels.size()], threads);
         if (HasFatalFailure())
         {
             return;
@@ -81,12 +85,14 @@ TEST(Differential, RandomWorldsEqualThePlainFormBitForBit)
     }
 }
 
+// Each set of kernels on one thread, and the fastest on several.
 void CompareWithAllKernels(const CScene& scene, int iterations)
 {
     for (const CSimulationKernels& kernels : GetAllKernels())
     {
-        CompareScene(scene, iterations, kernels);
+        CompareScene(scene, iterations, kernels, 1);
     }
+    CompareScene(scene, iterations, GetSimulationKernels(), 3);
 }
 
 TEST(Differential, TheDefaultSceneEqualsThePlainForm)
@@ -116,7 +122,8 @@ TEST(Differential, ABurstFromOnePointEqualsThePlainForm)
 
 TEST(Differential, TheLargestSceneEqualsThePlainForm)
 {
-    CompareScene(c_SceneLargest, 2, GetSimulationKernels());
+    CompareScene(c_SceneLargest, 2, GetSimulationKernels(), 1);
+    CompareScene(c_SceneLargest, 2, GetSimulationKernels(), 2);
 }
 
 } // namespace

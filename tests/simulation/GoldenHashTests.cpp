@@ -17,6 +17,18 @@ void PrintTo(const CGolden& golden, std::ostream* pStream)
     *pStream << golden.scene.name;
 }
 
+std::uint64_t ComputeHash(const CGolden& golden, const CSimulationKernels& kernels, int threads)
+{
+    CWorld world(golden.scene);
+    world.pKernels = &kernels;
+    world.UseThreads(threads);
+    for (int iteration = 0; iteration < golden.iterations; ++iteration)
+    {
+        world.Advance();
+    }
+    return HashAtoms(world.GetAtoms());
+}
+
 class GoldenHash : public testing::TestWithParam<CGolden>
 {
 };
@@ -26,13 +38,15 @@ TEST_P(GoldenHash, AFixedSceneHasTheSameHashOnEveryMachineAndInstructionSet)
     const CGolden& golden = GetParam();
     for (const CSimulationKernels& kernels : GetAllKernels())
     {
-        CWorld world(golden.scene);
-        world.pKernels = &kernels;
-        for (int iteration = 0; iteration < golden.iterations; ++iteration)
-        {
-            world.Advance();
-        }
-        EXPECT_EQ(HashAtoms(world.GetAtoms()), golden.hash) << kernels.name;
+        EXPECT_EQ(ComputeHash(golden, kernels, 1), golden.hash) << kernels.name;
+    }
+}
+
+TEST_P(GoldenHash, AFixedSceneHasTheSameHashWithEveryNumberOfThreads)
+{
+    for (const int threads : c_ThreadCounts)
+    {
+        EXPECT_EQ(ComputeHash(GetParam(), GetSimulationKernels(), threads), GetParam().hash) << threads << " threads";
     }
 }
 

@@ -1,6 +1,7 @@
 #include "simulation/Iteration.h"
 
 #include "simulation/SimulationConstants.h"
+#include "simulation/SpeedStatistics.h"
 #include "tests/simulation/CAllocationWatch.h"
 #include "tests/simulation/CWorld.h"
 

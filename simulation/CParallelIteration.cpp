@@ -1,0 +1,76 @@
+#include "simulation/CParallelIteration.h"
+
+#include "simulation/CAtoms.h"
+#include "simulation/CCollisionGrid.h"
+#include "simulation/CellRows.h"
+#include "simulation/SpeedStatistics.h"
+#include "simulation/SpeedSum.h"
+
+#include <atomic>
+#include <mutex>
+#include <span>
+
+namespace
+{
+
+// Calls action(chunk) for all chunks of the atoms; each thread takes the next one when it has done its own.
+template<class Action>
+void ForEachChunk(CHelperPool& helpers, std::size_t uChunks, std::size_t uAtoms, Action action)
+{
+    std::atomic<std::size_t> uNext = 0;
+    const auto takeChunks = [&] {
+        for (std::size_t uChunk = uNext++; uChunk < uChunks; uChunk = uNext++)
+        {
+            action(CChunk::Get(uChunk, uChunks, uAtoms));
+        }
+    };
+    helpers.Run(takeChunks);
+}
+
+} // namespace
+
+std::uint32_t CParallelIteration::Advance(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRandom& random,
+                                          const CSimulationKernels& kernels)
+{
+    const std::size_t uChunks = static_cast<std::size_t>(GetThreadCount());
+    const CIterationWork work = StartIteration(atoms, grid, world, kernels, uChunks);
+    EnterAtoms(work, uChunks);
+    const std::uint32_t uCollisions = Collide(work, random);
+    ComputeStatistics(work, uChunks);
+    return uCollisions;
+}
+
+void CParallelIteration::EnterAtoms(const CIterationWork& work, std::size_t uChunks)
+{
+    const auto uAtoms = static_cast<std::size_t>(work.atoms.GetCount());
+    ForEachChunk(m_Helpers, uChunks, uAtoms, [&](const CChunk& chunk) { MoveChunk(work, chunk); });
+    work.grid.GetLists().MakeRoom();
+    ForEachChunk(m_Helpers, uChunks, uAtoms, [&](const CChunk& chunk) { FillChunk(work, chunk); });
+    work.grid.MarkFilled();
+}
+
+std::uint32_t CParallelIteration::Collide(const CIterationWork& work, CRandom& random)
+{
+    m_Wavefront.Restart(m_Rule);
+    std::atomic<std::uint32_t> uCollisions = 0;
+    const auto collideRows = [&] { uCollisions += CollideRows(work.grid, m_Wavefront, random, work.kernels); };
+    m_Helpers.Run(collideRows);
+    return uCollisions;
+}
+
+void CParallelIteration::ComputeStatistics(const CIterationWork& work, std::size_t uChunks)
+{
+    const auto uAtoms = static_cast<std::size_t>(work.atoms.GetCount());
+    m_Speeds.resize(uAtoms);
+    CSpeedRange range = CSpeedRange::Start(work.atoms);
+    std::mutex rangeMutex;
+    ForEachChunk(m_Helpers, uChunks, uAtoms, [&, start = range](const CChunk& chunk) {
+        const std::span<float> speeds = std::span(m_Speeds).subspan(chunk.uFirst, chunk.uCount);
+        ComputeSpeeds(work.atoms, chunk.uFirst, speeds, work.kernels);
+        CSpeedRange found = start;
+        found.Include(speeds);
+        const std::lock_guard lock(rangeMutex);
+        range.Include(found);
+    });
+    StoreStatistics(work.atoms, range, AddInOrder(0, m_Speeds));
+}
