@@ -130,9 +130,15 @@ void CKinetarium::ToggleFullscreen()
 void CKinetarium::ToggleFullscreen_Leave()
 {
     StopSimulation();
+    // The system remembers of a minimised window whether it was maximised, and would maximise the framed one.
+    if (IsIconic(m_hWnd))
+    {
+        ShowWindow(m_hWnd, SW_RESTORE);
+    }
     // Cleared before the size changes, so that the parts are laid out before they are shown.
     m_bFullscreen = false;
-    const LONG lStyle = GetWindowLongW(m_hWnd, GWL_STYLE);
+    // Another program may have maximised the window in full screen: it would keep that size without a frame.
+    const LONG lStyle = GetWindowLongW(m_hWnd, GWL_STYLE) & ~static_cast<LONG>(WS_MAXIMIZE);
     SetWindowLongW(m_hWnd, GWL_STYLE, lStyle | static_cast<LONG>(WS_OVERLAPPEDWINDOW));
     SetWindowPlacement(m_hWnd, &m_WindowPlacement);
     SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0,

@@ -112,6 +112,43 @@ TEST_F(WindowState, AMaximisedWindowIsMaximisedAgainAfterFullScreenAndCanBeResto
     ExpectNormal();
 }
 
+TEST_F(WindowState, AFullScreenWindowThatAnotherProgramMaximisesIsFramedAgainAfterwards)
+{
+    ShowWindow(GetMain(), SW_SHOWMAXIMIZED);
+    const RECT rcMaximised = GetRectangle();
+    PressF11();
+    ShowWindow(GetMain(), SW_SHOWMAXIMIZED);
+    ExpectFullScreen();
+    PressF11();
+    EXPECT_FALSE(IsFullScreen());
+    const RECT rc = GetRectangle();
+    EXPECT_TRUE(EqualRect(&rc, &rcMaximised)) << rc.left << ' ' << rc.top << ' ' << rc.right << ' ' << rc.bottom;
+
+    Command(SC_RESTORE);
+    ExpectNormal();
+}
+
+TEST_F(WindowState, AFullScreenWindowThatAnotherProgramMaximisesReturnsToItsOwnRectangleAlsoWhenItIsMinimised)
+{
+    PressF11();
+    ShowWindow(GetMain(), SW_SHOWMAXIMIZED);
+    Command(SC_MINIMIZE);
+    PressF11();
+    ExpectNormal();
+}
+
+TEST_F(WindowState, AWindowThatWasMaximisedByItsPlacementCanBeRestored)
+{
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    ASSERT_TRUE(GetWindowPlacement(GetMain(), &placement));
+    placement.showCmd = SW_SHOWMAXIMIZED;
+    ASSERT_TRUE(SetWindowPlacement(GetMain(), &placement));
+    ASSERT_TRUE(IsZoomed(GetMain()));
+    Command(SC_RESTORE);
+    ExpectNormal();
+}
+
 TEST_F(WindowState, ClosingInFullScreenStoresTheRectangleOfTheWindow)
 {
     PressF11();
