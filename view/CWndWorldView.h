@@ -98,6 +98,7 @@ private:
     int FitBar(int iBar, int iWorldLength, int iClientLength);
     CRect PlaceWorld_NoScrolling(const CSize<int>& sizeClient);
     CRect PlaceWorld_Scrolling(const CSize<int>& sizeView);
+    bool HasBar(int iBar) const;
     CSize<int> GetClientSize() const;
     CSize<int> GetSizeWithoutBars() const;
     static CSize<int> GetBarSizes();

@@ -109,6 +109,12 @@ CSize<int> CWndWorldView::GetBarSizes()
     return CSize<int>{GetSystemMetrics(SM_CXVSCROLL), GetSystemMetrics(SM_CYHSCROLL)};
 }
 
+bool CWndWorldView::HasBar(int iBar) const
+{
+    const LONG_PTR iBarStyle = iBar == SB_VERT ? WS_VSCROLL : WS_HSCROLL;
+    return (GetWindowLongPtrW(m_hWnd, GWL_STYLE) & iBarStyle) != 0;
+}
+
 // The client area as it would be without the bars that are shown now.
 CSize<int> CWndWorldView::GetSizeWithoutBars() const
 {
@@ -135,8 +141,8 @@ void CWndWorldView::RedrawWorld()
 
 void CWndWorldView::OnScroll(int iBar, unsigned uRequest)
 {
-    // A thumb that is held when full screen begins goes on asking, and a stored position would show the bar again.
-    if (m_bNoScrolling)
+    // A thumb that is held when its bar goes still asks. The system would keep the position and perhaps show the bar.
+    if (!HasBar(iBar))
     {
         return;
     }
@@ -154,7 +160,7 @@ void CWndWorldView::OnScroll(int iBar, unsigned uRequest)
 void CWndWorldView::OnMouseWheel(short iDelta)
 {
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
-        if (m_bNoScrolling)
+        if (!HasBar(SB_VERT))
         {
             return;
         }

@@ -150,3 +150,17 @@ TEST_F(WorldViewScrollBars, AScrollRequestDoesNothingInAViewWithoutScrolling)
     EXPECT_EQ(GetBar(SB_VERT).nPos, 0);
     EXPECT_EQ(GetBar(SB_HORZ).nPos, 0);
 }
+
+// The system keeps a position of a bar that is not shown, and would use it for the next world.
+TEST_F(WorldViewScrollBars, WithoutABarAScrollRequestLeavesTheNextWorldAtItsTopLeftCorner)
+{
+    Open({300, 200}, 400, 300);
+    TurnWheel(-WHEEL_DELTA);
+    Scroll(WM_VSCROLL, SB_BOTTOM);
+    Scroll(WM_HSCROLL, SB_BOTTOM);
+    EXPECT_FALSE(HasBar(WS_VSCROLL) || HasBar(WS_HSCROLL));
+    m_sizeWorld = {1000, 1000};
+    ASSERT_TRUE(Start_Speed());
+    EXPECT_TRUE(HasBar(WS_VSCROLL) && HasBar(WS_HSCROLL));
+    EXPECT_EQ(m_pView->GetWorldRect(), (CRect{0, 0, 1000, 1000}));
+}
