@@ -1,4 +1,7 @@
 #include "bench/FrameCapRun.h"
+#ifdef _WIN32
+#include "bench/GdiFrames.h"
+#endif
 #include "bench/Growth.h"
 #include "bench/Ratios.h"
 #include "classes/core/CLibrarySettings.h"
@@ -24,6 +27,11 @@ int PrintUsage()
               "                                        fails if one bit of the results differs\n"
               "kinetarium-bench --growth               time and memory per atom, from 1,000 atoms to 1,000,000\n"
               "kinetarium-bench --frame-cap [SECONDS]  iterations per second of the run loop without drawing");
+#ifdef _WIN32
+    std::puts(
+        "kinetarium-bench --gdi-frames           the GDI painter compared with an ellipse of the system for each\n"
+        "                                        atom, seven scenes; fails if one pixel differs");
+#endif
 #ifdef KINETARIUM_HAS_BENCHMARK
     std::puts("kinetarium-bench [--benchmark_...]      every stage by itself (see --help of Google Benchmark)");
 #endif
@@ -64,6 +72,12 @@ int main(int argc, char** argv)
         PrintGrowth();
         return EXIT_SUCCESS;
     }
+#ifdef _WIN32
+    if (sOption == "--gdi-frames" && argc == 2)
+    {
+        return PrintGdiFrames() ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+#endif
     if (sOption == "--frame-cap")
     {
         const double seconds = argc > 2 ? std::strtod(argv[2], nullptr) : c_dDefaultFrameCapSeconds;

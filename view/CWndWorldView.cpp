@@ -130,6 +130,7 @@ bool CWndWorldView::InitializeSettings(CSize<int>& sizeWorld, bool bNoScrolling,
         {
             return false;
         }
+        m_painterGdi.BeginRun();
         const bool bSuccess = m_painterDirect2D.Prepare(m_hWnd, m_pAtomColourSettings, m_pDebugLog);
         RedrawWorld();
         return bSuccess;

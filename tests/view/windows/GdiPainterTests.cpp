@@ -1,5 +1,6 @@
 #include "classes/windows/system/Handles.h"
 #include "tests/view/windows/CViewTest.h"
+#include "tests/view/windows/PlainGdiDrawing.h"
 #include "tests/view/windows/ScreenCapture.h"
 #include "view/AtomScene.h"
 #include "view/CPainterGdi.h"
@@ -153,16 +154,7 @@ TEST_F(GdiPainter, CulledAtomsChangeNoPixel)
         }
         else
         {
-            const CSelectObject pen(memory.Get(), GetStockObject(DC_PEN));
-            const CSelectObject brush(memory.Get(), GetStockObject(DC_BRUSH));
-            for (std::int32_t i = 0; i < m_atoms.GetCount(); ++i)
-            {
-                const int iClass = ClassOfAtom(m_atoms[i].speed, scene.fAverageSpeed, scene.settings);
-                SetDCPenColor(memory.Get(), scene.settings[static_cast<std::size_t>(iClass)].cr);
-                SetDCBrushColor(memory.Get(), scene.settings[static_cast<std::size_t>(iClass)].cr);
-                const CRect rc = GetEllipseRect(m_atoms[i], scene.ptWorld);
-                Ellipse(memory.Get(), rc.left, rc.top, rc.right, rc.bottom);
-            }
+            DrawAtoms_Plain(memory.Get(), scene);
         }
         pictures[u] = CaptureContext(memory.Get(), 0, 0, c_rcPicture.right, c_rcPicture.bottom);
     }
