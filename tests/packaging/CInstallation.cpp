@@ -1,6 +1,7 @@
 #include "tests/packaging/CInstallation.h"
 
 #include "tests/endtoend/WaitUntil.h"
+#include "tests/packaging/FolderContents.h"
 
 #include <shlobj.h>
 
@@ -35,28 +36,79 @@ std::filesystem::path UserFolder(REFKNOWNFOLDERID folder)
 }
 } // namespace
 
-DWORD RunToEnd(const std::filesystem::path& program, const std::wstring& sArguments)
+CStartedProgram::CStartedProgram(const std::filesystem::path& program, const std::wstring& sArguments, HANDLE hOutput)
 {
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
+    if (hOutput != nullptr)
+    {
+        startup.dwFlags = STARTF_USESTDHANDLES;
+        startup.hStdOutput = hOutput;
+        startup.hStdError = hOutput;
+    }
     PROCESS_INFORMATION process{};
     std::wstring sCommandLine = L"\"" + program.wstring() + L"\" " + sArguments;
-    Require(CreateProcessW(program.c_str(), sCommandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                           &process) != FALSE,
+    Require(CreateProcessW(program.c_str(), sCommandLine.data(), nullptr, nullptr, hOutput != nullptr ? TRUE : FALSE, 0,
+                           nullptr, nullptr, &startup, &process) != FALSE,
             "cannot start " + program.string());
     CloseHandle(process.hThread);
-    const DWORD uWaited = WaitForSingleObject(process.hProcess, c_uRunPatience);
-    if (uWaited != WAIT_OBJECT_0)
-    {
-        TerminateProcess(process.hProcess, 1);
-    }
+    m_hProcess = process.hProcess;
+    m_uProcessId = process.dwProcessId;
+}
+
+CStartedProgram::~CStartedProgram()
+{
+    Kill();
+    CloseHandle(m_hProcess);
+}
+
+bool CStartedProgram::HasEnded(DWORD uPatience) const
+{
+    return WaitForSingleObject(m_hProcess, uPatience) == WAIT_OBJECT_0;
+}
+
+DWORD CStartedProgram::GetExitCode() const
+{
     DWORD uExitCode = 0;
-    GetExitCodeProcess(process.hProcess, &uExitCode);
-    CloseHandle(process.hProcess);
-    if (uWaited != WAIT_OBJECT_0)
+    GetExitCodeProcess(m_hProcess, &uExitCode);
+    return uExitCode;
+}
+
+void CStartedProgram::Kill() const
+{
+    TerminateProcess(m_hProcess, 1);
+    WaitForSingleObject(m_hProcess, c_uRunPatience);
+}
+
+namespace
+{
+DWORD WaitForEnd(const CStartedProgram& program, const std::filesystem::path& file)
+{
+    if (!program.HasEnded(c_uRunPatience))
     {
-        throw std::runtime_error(program.string() + " does not end");
+        throw std::runtime_error(file.string() + " does not end");
     }
+    return program.GetExitCode();
+}
+} // namespace
+
+DWORD RunToEnd(const std::filesystem::path& program, const std::wstring& sArguments)
+{
+    return WaitForEnd(CStartedProgram(program, sArguments), program);
+}
+
+DWORD RunToEnd(const std::filesystem::path& program, const std::wstring& sArguments, std::string& sOutput)
+{
+    const std::filesystem::path file =
+        std::filesystem::temp_directory_path() / ("kinetarium output " + std::to_string(GetCurrentProcessId()));
+    SECURITY_ATTRIBUTES inheritable{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
+    const HANDLE hFile = CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inheritable, CREATE_ALWAYS,
+                                     FILE_ATTRIBUTE_NORMAL, nullptr);
+    Require(hFile != INVALID_HANDLE_VALUE, "cannot write " + file.string());
+    const DWORD uExitCode = WaitForEnd(CStartedProgram(program, sArguments, hFile), program);
+    CloseHandle(hFile);
+    sOutput = ReadFile(file);
+    std::filesystem::remove(file);
     return uExitCode;
 }
 
@@ -137,6 +189,28 @@ std::filesystem::path TargetOf(const std::filesystem::path& shortcut)
     CoUninitialize();
     Require(bRead, "cannot read the shortcut " + shortcut.string());
     return target.data();
+}
+
+void MakeShortcut(const std::filesystem::path& shortcut, const std::filesystem::path& target)
+{
+    IShellLinkW* pLink = nullptr;
+    IPersistFile* pFile = nullptr;
+    CoInitialize(nullptr);
+    const bool bMade = SUCCEEDED(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW,
+                                                  reinterpret_cast<void**>(&pLink))) &&
+                       SUCCEEDED(pLink->SetPath(target.c_str())) &&
+                       SUCCEEDED(pLink->QueryInterface(IID_IPersistFile, reinterpret_cast<void**>(&pFile))) &&
+                       SUCCEEDED(pFile->Save(shortcut.c_str(), TRUE));
+    if (pFile != nullptr)
+    {
+        pFile->Release();
+    }
+    if (pLink != nullptr)
+    {
+        pLink->Release();
+    }
+    CoUninitialize();
+    Require(bMade, "cannot make the shortcut " + shortcut.string());
 }
 
 void UninstallAsListed()
