@@ -8,7 +8,6 @@
 #include "classes/windows/crash/CCrashReport.h"
 #include "classes/windows/system/ModuleFolder.h"
 #include "classes/windows/system/ProfileFile.h"
-#include "classes/windows/system/SafeLibrarySearch.h"
 #include "diagnostics/Guard.h"
 
 #include <windows.h>
@@ -30,8 +29,6 @@ void WriteProfileIfAsked()
 
 int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int)
 {
-    // Before anything can load a library. If the system refuses, the program runs all the same.
-    SearchLibrariesInSystemFolderOnly();
     SetLibrarySettings(GetLibrarySettings_Kinetarium());
     Guarded({nullptr, __TIMESTAMP__}, [&] {
         const CExceptionHandler exceptionHandler(nullptr, false);
