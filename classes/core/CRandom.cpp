@@ -1,6 +1,8 @@
 #include "classes/core/CRandom.h"
 
 #include <algorithm>
+#include <locale>
+#include <sstream>
 
 namespace
 {
@@ -31,6 +33,39 @@ void CRandom::SetSeed(std::uint64_t uSeed)
 {
     m_uSeed = uSeed;
     m_Engine.seed(uSeed);
+}
+
+// The standard gives the state of an engine only as text. The library writes the words, then the number of used ones.
+CRandom::CState CRandom::GetState() const
+{
+    std::stringstream text;
+    text.imbue(std::locale::classic());
+    text << m_Engine;
+    CState state{};
+    for (std::uint64_t& uWord : state)
+    {
+        text >> uWord;
+    }
+    return state;
+}
+
+bool CRandom::SetState(std::uint64_t uSeed, const CState& state)
+{
+    const bool bAnyBit = std::any_of(state.begin(), state.end() - 1, [](std::uint64_t uWord) { return uWord != 0; });
+    // The library trusts the number of used words. An engine without a bit would draw the same number for ever.
+    if (!bAnyBit || state.back() > std::mt19937_64::state_size)
+    {
+        return false;
+    }
+    std::stringstream text;
+    text.imbue(std::locale::classic());
+    for (const std::uint64_t uWord : state)
+    {
+        text << uWord << ' ';
+    }
+    text >> m_Engine;
+    m_uSeed = uSeed;
+    return true;
 }
 
 float CRandom::GetRandomNumber_Float(float fLow, float fHigh)

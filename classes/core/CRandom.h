@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <random>
 
@@ -16,6 +18,16 @@ public:
 
     void SetSeed(std::uint64_t uSeed);
     std::uint64_t GetSeed() const { return m_uSeed; }
+
+    // What the next numbers depend on: the words of the engine and, at the end, how many of them are used up.
+    static constexpr std::size_t c_uStateWords = std::mt19937_64::state_size + 1;
+    using CState = std::array<std::uint64_t, c_uStateWords>;
+
+    CState GetState() const;
+
+    // Continues with the numbers that followed when GetState returned this state; uSeed is the seed of that object.
+    // False, and nothing changed, for words that are the state of no engine.
+    bool SetState(std::uint64_t uSeed, const CState& state);
 
     // Uniform between the two finite bounds, in either order: fLow + u (fHigh - fLow) with u one of the 2^24 multiples
     // of 2^-24 in [0, 1), computed in double and rounded once. fLow can be drawn; fHigh only by rounding. If the bounds

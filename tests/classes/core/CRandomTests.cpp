@@ -201,4 +201,41 @@ TEST(Random, BytesCoverTheWholeRangeAndAcceptBoundsInEitherOrder)
     }
 }
 
+TEST(Random, AStateContinuesWithTheSameNumbers)
+{
+    // One engine has used all its words, one only some of them.
+    for (const int iDrawn : {0, 312, 1000})
+    {
+        CRandom original(c_uSeed);
+        for (int i = 0; i < iDrawn; ++i)
+        {
+            original.GetRandomNumber_Uint8(0, 255);
+        }
+        CRandom continued(c_uSeed + 1);
+        EXPECT_TRUE(continued.SetState(original.GetSeed(), original.GetState()));
+        EXPECT_EQ(continued.GetSeed(), c_uSeed);
+        EXPECT_EQ(continued.GetState(), original.GetState());
+        for (int i = 0; i < 1000; ++i)
+        {
+            ASSERT_EQ(continued.GetRandomNumber_Float(-1.0F, 1.0F), original.GetRandomNumber_Float(-1.0F, 1.0F));
+        }
+    }
+}
+
+TEST(Random, WordsThatAreNoStateAreRefused)
+{
+    CRandom random(c_uSeed);
+    const CRandom::CState state = random.GetState();
+    CRandom::CState beyondTheEnd = state;
+    ++beyondTheEnd.back();
+    CRandom::CState withoutABit{};
+    withoutABit.back() = state.back();
+
+    EXPECT_EQ(state.back(), 312U);
+    EXPECT_FALSE(random.SetState(1, beyondTheEnd));
+    EXPECT_FALSE(random.SetState(1, withoutABit));
+    EXPECT_EQ(random.GetSeed(), c_uSeed);
+    EXPECT_EQ(random.GetState(), state);
+}
+
 } // namespace
