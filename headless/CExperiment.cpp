@@ -1,5 +1,6 @@
 #include "headless/CExperiment.h"
 
+#include "headless/CInterruptibleSink.h"
 #include "headless/COutputFile.h"
 #include "headless/CProgressBar.h"
 #include "headless/CStreamSink.h"
@@ -58,6 +59,7 @@ void CExperiment::Run()
     Iterate();
     SaveResults();
     CompleteResults();
+    CheckInterruption();
     std::ostream& summary = IsStandardOutputTaken() ? m_Console.err : m_Console.out;
     summary << FormatSummary(m_Settings, m_Results) << std::flush;
     if (!summary)
@@ -100,6 +102,7 @@ void CExperiment::Iterate()
             progress.Update(uIteration);
         }
     }
+    CheckInterruption();
     if (stats)
     {
         stats->Commit();
@@ -108,11 +111,7 @@ void CExperiment::Iterate()
 
 void CExperiment::AdvanceOnce(std::uint64_t uIteration, IByteSink* pStats)
 {
-    if (m_Console.pInterrupted != nullptr && *m_Console.pInterrupted)
-    {
-        throw CHeadlessError("interrupted after " + std::to_string(m_Results.iterations) + " of " +
-                             std::to_string(m_Options.iterations) + " iterations");
-    }
+    CheckInterruption();
     const auto start = std::chrono::steady_clock::now();
     const std::uint32_t uCollisions = m_Runner.Advance(m_Atoms, m_Grid, m_Settings.world, m_Random);
     const std::chrono::nanoseconds duration = std::chrono::steady_clock::now() - start;
@@ -133,9 +132,9 @@ void CExperiment::SaveResults()
 {
     if (m_Options.saveState)
     {
-        const std::unique_ptr<IByteSink> file = OpenOutput(*m_Options.saveState);
-        SaveState(m_Atoms, *file);
-        file->Commit();
+        CInterruptibleSink file(OpenOutput(*m_Options.saveState), [this] { CheckInterruption(); });
+        SaveState(m_Atoms, file);
+        file.Commit();
     }
     if (m_Options.picture)
     {
@@ -145,7 +144,7 @@ void CExperiment::SaveResults()
 
 void CExperiment::DrawPicture(const std::string& sPath) const
 {
-    COutputFile file(sPath);
+    CInterruptibleSink file(OpenOutput(sPath), [this] { CheckInterruption(); });
     WritePng(DrawWorld(m_Atoms, m_Settings), file);
     file.Commit();
 }
@@ -163,6 +162,17 @@ void CExperiment::CompleteResults()
     m_Results.overlaps = ComputeOverlapStatistics(m_Atoms, m_Settings.world);
     m_Results.atomsOutside = CountAtomsOutside(m_Atoms, m_Settings.world);
     m_Results.hash = ComputeStateHash(m_Atoms);
+}
+
+void CExperiment::CheckInterruption() const
+{
+    const int exitCode = m_Console.pInterrupted != nullptr ? m_Console.pInterrupted->load() : 0;
+    if (exitCode != 0)
+    {
+        throw CInterruptedError("interrupted after " + std::to_string(m_Results.iterations) + " of " +
+                                    std::to_string(m_Options.iterations) + " iterations",
+                                exitCode);
+    }
 }
 
 std::unique_ptr<IByteSink> CExperiment::OpenOutput(const std::string& sPath) const

@@ -32,6 +32,7 @@ private:
     void SaveResults();
     void DrawPicture(const std::string& sPath) const;
     void CompleteResults();
+    void CheckInterruption() const;
     std::unique_ptr<IByteSink> OpenOutput(const std::string& sPath) const;
     bool IsStandardOutputTaken() const;
 

@@ -2,6 +2,7 @@
 
 #include "headless/HeadlessError.h"
 #include "headless/SystemFile.h"
+#include "headless/TemporaryFiles.h"
 
 #include <cerrno>
 #include <random>
@@ -104,7 +105,7 @@ void COutputFile::CreateTemporary()
         m_Temporary += '.';
         m_Temporary += std::to_string(random());
         m_Temporary += ".tmp";
-        m_iFile = SystemFile_Create(m_Temporary, error);
+        m_iFile = CreateTemporaryFile(m_Temporary, error);
     }
     if (m_iFile == c_iNoFile)
     {
@@ -167,6 +168,7 @@ void COutputFile::ReplaceOldFile()
     {
         Fail(error.message());
     }
+    ForgetTemporaryFile(m_Temporary);
     m_Temporary.clear();
 }
 
@@ -181,6 +183,7 @@ void COutputFile::Discard() noexcept
     {
         std::error_code ignored;
         fs::remove(m_Temporary, ignored);
+        ForgetTemporaryFile(m_Temporary);
         m_Temporary.clear();
     }
 }

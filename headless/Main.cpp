@@ -2,10 +2,10 @@
 #include "classes/core/Utf8.h"
 #include "diagnostics/DebugOutputVariable.h"
 #include "headless/HeadlessMain.h"
+#include "headless/Interruption.h"
 #include "headless/SystemFile.h"
 
 #include <atomic>
-#include <csignal>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -13,26 +13,16 @@
 namespace
 {
 
-std::atomic<bool> g_bInterrupted = false;
-static_assert(std::atomic<bool>::is_always_lock_free, "set by a signal handler");
-
-void Interrupt(int)
-{
-    g_bInterrupted = true;
-}
-
 int RunMain(const std::vector<std::string>& arguments)
 {
     CLibrarySettings settings;
     settings.sProgramName = "kinetarium-headless";
     settings.sDebugOutputVariable = c_sDebugOutputVariable;
     SetLibrarySettings(settings);
-    // An interrupted run removes its temporary files before it ends. If the system refuses the handler, it just ends.
-    static_cast<void>(std::signal(SIGINT, &Interrupt));
-    static_cast<void>(std::signal(SIGTERM, &Interrupt));
+    const std::atomic<int>& exitCode = WatchForInterruption();
     SetStandardOutputBinary();
     std::ios::sync_with_stdio(false);
-    return HeadlessMain(arguments, CConsole{std::cout, std::cerr, IsStandardErrorTerminal(), &g_bInterrupted});
+    return HeadlessMain(arguments, CConsole{std::cout, std::cerr, IsStandardErrorTerminal(), &exitCode});
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 
 #ifdef _WIN32
 #include <io.h>
+#include <windows.h>
 #else
 #include <unistd.h>
 #endif
@@ -24,6 +25,21 @@ constexpr std::size_t c_uMaxPieceBytes = 1U << 30U;
 int OpenFile(const std::filesystem::path& path, int flags)
 {
     return _wopen(path.c_str(), flags | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
+}
+
+// _wopen would keep the file from being renamed and removed.
+int CreateNewFile(const std::filesystem::path& path, int& error)
+{
+    void* const file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
+                                   CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+    {
+        const std::error_code code(static_cast<int>(GetLastError()), std::system_category());
+        error = code.default_error_condition().value();
+        return c_iNoFile;
+    }
+    error = 0;
+    return _open_osfhandle(reinterpret_cast<std::intptr_t>(file), _O_WRONLY | _O_BINARY);
 }
 
 int WritePiece(int file, const char* pBytes, std::size_t uCount)
@@ -64,7 +80,11 @@ std::filesystem::path PathFromUtf8(const std::string& sPath)
 
 int SystemFile_Create(const std::filesystem::path& path, int& error)
 {
+#ifdef _WIN32
+    return CreateNewFile(path, error);
+#else
     return Open(path, O_WRONLY | O_CREAT | O_EXCL, error);
+#endif
 }
 
 int SystemFile_Open(const std::filesystem::path& path, int& error)
@@ -112,6 +132,15 @@ int SystemFile_Close(int file)
     return _close(file) == 0 ? 0 : errno;
 #else
     return close(file) == 0 ? 0 : errno;
+#endif
+}
+
+void SystemFile_Remove(const std::filesystem::path& path) noexcept
+{
+#ifdef _WIN32
+    _wunlink(path.c_str());
+#else
+    unlink(path.c_str());
 #endif
 }
 

@@ -11,7 +11,8 @@ constexpr int c_iNoFile = -1;
 // The path of a UTF-8 text; on systems whose file names are plain bytes, the same bytes.
 std::filesystem::path PathFromUtf8(const std::string& sPath);
 
-// Creates a file for writing; it must not exist yet. c_iNoFile on failure, with the reason in error.
+// Creates a file for writing; it must not exist yet. It may be renamed and removed while it is open. c_iNoFile on
+// failure, with the reason in error.
 int SystemFile_Create(const std::filesystem::path& path, int& error);
 
 // Opens an existing device or pipe for writing. c_iNoFile on failure, with the reason in error.
@@ -23,6 +24,9 @@ int SystemFile_Write(int file, const char* pBytes, std::size_t uCount);
 int SystemFile_Flush(int file);
 
 int SystemFile_Close(int file);
+
+// Removes a file; a signal handler may call this.
+void SystemFile_Remove(const std::filesystem::path& path) noexcept;
 
 // Whether the standard error stream is a terminal.
 bool IsStandardErrorTerminal();

@@ -203,12 +203,12 @@ TEST(Experiment, AnInterruptedRunSaysSoAndLeavesNoNewFile)
 {
     const CTemporaryFolder folder;
     const std::string sStats = folder.WriteFile("stats.csv", "old");
-    const std::atomic<bool> bInterrupted = true;
+    const std::atomic<int> interrupted = 130;
 
     const CProgramResult result =
         RunProgram({"--iterations", "1000000000000", "--stats", sStats, "--save-state", folder.GetPath("a.csv")}, false,
-                   &bInterrupted);
-    EXPECT_EQ(result.exitCode, 1);
+                   &interrupted);
+    EXPECT_EQ(result.exitCode, 130);
     EXPECT_EQ(result.err, "error: interrupted after 0 of 1000000000000 iterations\n");
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(ReadFile(sStats), "old");

@@ -68,7 +68,7 @@ std::string ReadFile(const std::string& sPath)
 }
 
 CProgramResult RunProgram(const std::vector<std::string>& arguments, bool bErrIsTerminal,
-                          const std::atomic<bool>* pInterrupted)
+                          const std::atomic<int>* pInterrupted)
 {
     std::ostringstream out;
     std::ostringstream err;

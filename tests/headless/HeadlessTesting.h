@@ -58,7 +58,7 @@ struct CProgramResult
 };
 
 CProgramResult RunProgram(const std::vector<std::string>& arguments, bool bErrIsTerminal = false,
-                          const std::atomic<bool>* pInterrupted = nullptr);
+                          const std::atomic<int>* pInterrupted = nullptr);
 
 // The value of the line "name: value" of the summary; empty without such a line.
 std::string GetSummaryValue(const std::string& sSummary, const std::string& sName);
