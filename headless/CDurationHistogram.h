@@ -12,6 +12,8 @@ public:
 
     void Add(std::uint64_t uNanoSeconds);
 
+    bool IsEmpty() const { return m_uCount == 0; }
+
     // The smallest duration, in nanoseconds, that at least the given percentage (above 0, up to 100) of all durations
     // do not exceed; 0 when there are none.
     double GetPercentile(double percent) const;

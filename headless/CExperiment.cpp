@@ -6,16 +6,19 @@
 #include "headless/CStreamSink.h"
 #include "headless/CWorldImage.h"
 #include "headless/HeadlessError.h"
+#include "headless/Interruption.h"
+#include "headless/OptionValues.h"
 #include "headless/OverlapStatistics.h"
 #include "headless/PngFile.h"
+#include "headless/Resume.h"
 #include "headless/StateFile.h"
 #include "headless/StateHash.h"
-#include "headless/StatsFile.h"
 #include "simulation/Population.h"
 #include "simulation/ThreadSetting.h"
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace
 {
@@ -25,13 +28,18 @@ CRandom MakeRandom(const COptions& options)
     return options.seed ? CRandom(*options.seed) : CRandom();
 }
 
+std::string DescribeContinuation(const COptions& options)
+{
+    return options.checkpoint ? "; --resume " + *options.checkpoint + " continues the run" : "";
+}
+
 std::string DescribeStart(const COptions& options)
 {
     if (options.loadState)
     {
         return *options.loadState;
     }
-    return options.startAt ? std::to_string(options.startAt->x) + "," + std::to_string(options.startAt->y) : "random";
+    return options.startAt ? TextOfPoint(*options.startAt) : "random";
 }
 
 } // namespace
@@ -39,12 +47,13 @@ std::string DescribeStart(const COptions& options)
 CExperiment::CExperiment(const COptions& options, const CConsole& console)
     : m_Options(options),
       m_Console(console),
-      m_Settings(ResolveSettings(options)),
+      m_Settings(options.resume ? CSettings() : ResolveSettings(options)),
       m_Random(MakeRandom(options)),
       m_Runner(options.threads.value_or(GetThreadCount()))
 {
     // Fail before hours of computing, not after them.
-    for (const std::optional<std::string>& sPath : {options.saveState, options.stats, options.picture})
+    for (const std::optional<std::string>& sPath :
+         {options.saveState, options.stats, options.picture, options.checkpoint})
     {
         if (sPath && *sPath != c_sStandardOutput)
         {
@@ -70,6 +79,12 @@ void CExperiment::Run()
 
 void CExperiment::Start()
 {
+    m_uLastIteration = m_Options.iterations;
+    if (m_Options.resume)
+    {
+        Continue();
+        return;
+    }
     if (m_Options.loadState)
     {
         LoadStateFile(*m_Options.loadState, m_Atoms);
@@ -86,30 +101,87 @@ void CExperiment::Start()
     m_Results.startSpeedSum = SumSpeeds(m_Atoms);
 }
 
+void CExperiment::Continue()
+{
+    CCheckpoint checkpoint = ReadCheckpointFile(*m_Options.resume, m_Atoms);
+    CheckAgainstCheckpoint(m_Options, checkpoint);
+    m_Settings = std::move(checkpoint.settings);
+    m_Random.SetState(checkpoint.seed, checkpoint.random);
+    m_Grid.Resize(m_Settings.world);
+    m_Results.seed = checkpoint.seed;
+    m_Results.start = std::move(checkpoint.start);
+    m_Results.startSpeedSum = checkpoint.startSpeedSum;
+    m_Results.iterations = checkpoint.iterations;
+    m_Results.collisions = checkpoint.collisions;
+    m_Stats = checkpoint.stats;
+    m_uLastIteration += checkpoint.iterations;
+}
+
 void CExperiment::Iterate()
 {
-    const std::unique_ptr<IByteSink> stats = m_Options.stats ? OpenOutput(*m_Options.stats) : nullptr;
-    if (stats)
+    CStreamSink standardOutput(m_Console.out);
+    std::optional<CStatsWriter> stats;
+    if (m_Options.stats)
     {
-        WriteStatsHeader(*stats);
+        stats.emplace(*m_Options.stats, *m_Options.stats == c_sStandardOutput ? &standardOutput : nullptr, m_Stats);
     }
+    CStatsWriter* const pStats = stats ? &*stats : nullptr;
+    // A checkpoint is worth waiting for, but a pipe that nobody reads is not.
+    const CExtendedTime time(m_Options.checkpoint && (!stats || !stats->IsDirect()));
+    try
     {
-        const bool bShown = m_Console.bErrIsTerminal && !m_Options.quiet;
-        CProgressBar progress(bShown ? &m_Console.err : nullptr, m_Options.iterations);
-        for (std::uint64_t uIteration = 1; uIteration <= m_Options.iterations; ++uIteration)
+        AdvanceAll(pStats);
+    }
+    catch (const CInterruptedError& interruption)
+    {
+        if (stats)
         {
-            AdvanceOnce(uIteration, stats.get());
-            progress.Update(uIteration);
+            stats->Keep();
         }
+        SaveCheckpoint(pStats);
+        throw CInterruptedError(interruption.what() + DescribeContinuation(m_Options), interruption.GetExitCode());
     }
-    CheckInterruption();
     if (stats)
     {
         stats->Commit();
     }
+    SaveCheckpoint(pStats);
 }
 
-void CExperiment::AdvanceOnce(std::uint64_t uIteration, IByteSink* pStats)
+void CExperiment::AdvanceAll(CStatsWriter* pStats)
+{
+    const bool bShown = m_Console.bErrIsTerminal && !m_Options.quiet;
+    const std::uint64_t uBefore = m_Results.iterations;
+    CProgressBar progress(bShown ? &m_Console.err : nullptr, m_Options.iterations);
+    if (m_Options.resume)
+    {
+        // The signal that ended the run may have come while this picture was drawn.
+        DrawPictureOfIteration();
+    }
+    while (m_Results.iterations < m_uLastIteration)
+    {
+        AdvanceOnce(m_Results.iterations + 1, pStats);
+        progress.Update(m_Results.iterations - uBefore);
+    }
+    CheckInterruption();
+}
+
+void CExperiment::SaveCheckpoint(CStatsWriter* pStats)
+{
+    if (!m_Options.checkpoint)
+    {
+        return;
+    }
+    const CExtendedTime time(true);
+    m_Stats = pStats != nullptr ? pStats->GetPosition() : m_Stats;
+    COutputFile file(*m_Options.checkpoint);
+    WriteCheckpoint({m_Settings, m_Results.start, m_Results.seed, m_Random.GetState(), m_Results.iterations,
+                     m_Results.collisions, m_Results.startSpeedSum, m_Stats},
+                    m_Atoms, file);
+    file.Commit();
+}
+
+void CExperiment::AdvanceOnce(std::uint64_t uIteration, CStatsWriter* pStats)
 {
     CheckInterruption();
     const auto start = std::chrono::steady_clock::now();
@@ -120,11 +192,18 @@ void CExperiment::AdvanceOnce(std::uint64_t uIteration, IByteSink* pStats)
     m_Results.iterations = uIteration;
     if (pStats != nullptr)
     {
-        WriteStatsRow(*pStats, uIteration, uCollisions, m_Atoms.GetVelocities());
+        pStats->AddRow(uIteration, uCollisions, m_Atoms.GetVelocities());
     }
-    if (m_Options.pictureEvery && uIteration % *m_Options.pictureEvery == 0)
+    DrawPictureOfIteration();
+    const bool bDue = m_Options.checkpointEvery && uIteration % *m_Options.checkpointEvery == 0;
+    if (bDue && uIteration < m_uLastIteration)
     {
-        DrawPicture(GetNumberedName(*m_Options.picture, uIteration, m_Options.iterations));
+        if (pStats != nullptr)
+        {
+            // First the rows: a checkpoint may have too many of them, which are left out, but not too few.
+            pStats->Keep();
+        }
+        SaveCheckpoint(pStats);
     }
 }
 
@@ -139,6 +218,14 @@ void CExperiment::SaveResults()
     if (m_Options.picture)
     {
         DrawPicture(*m_Options.picture);
+    }
+}
+
+void CExperiment::DrawPictureOfIteration() const
+{
+    if (m_Options.pictureEvery && m_Results.iterations > 0 && m_Results.iterations % *m_Options.pictureEvery == 0)
+    {
+        DrawPicture(GetNumberedName(*m_Options.picture, m_Results.iterations, m_uLastIteration));
     }
 }
 
@@ -170,7 +257,7 @@ void CExperiment::CheckInterruption() const
     if (exitCode != 0)
     {
         throw CInterruptedError("interrupted after " + std::to_string(m_Results.iterations) + " of " +
-                                    std::to_string(m_Options.iterations) + " iterations",
+                                    std::to_string(m_uLastIteration) + " iterations",
                                 exitCode);
     }
 }

@@ -2,7 +2,9 @@
 
 #include "classes/core/CRandom.h"
 #include "headless/CConsole.h"
+#include "headless/Checkpoint.h"
 #include "headless/COptions.h"
+#include "headless/CStatsWriter.h"
 #include "headless/IByteSink.h"
 #include "headless/RunSettings.h"
 #include "headless/Summary.h"
@@ -14,7 +16,8 @@
 #include <memory>
 #include <string>
 
-// One run: populates the world or loads it, iterates, writes the requested files and the summary.
+// One run: populates the world, loads it or continues a checkpoint, iterates, writes the requested files and the
+// summary.
 class CExperiment
 {
 public:
@@ -27,9 +30,13 @@ public:
 
 private:
     void Start();
+    void Continue();
     void Iterate();
-    void AdvanceOnce(std::uint64_t uIteration, IByteSink* pStats);
+    void AdvanceAll(CStatsWriter* pStats);
+    void AdvanceOnce(std::uint64_t uIteration, CStatsWriter* pStats);
+    void SaveCheckpoint(CStatsWriter* pStats);
     void SaveResults();
+    void DrawPictureOfIteration() const;
     void DrawPicture(const std::string& sPath) const;
     void CompleteResults();
     void CheckInterruption() const;
@@ -44,4 +51,6 @@ private:
     CCollisionGrid m_Grid;
     CIterationRunner m_Runner;
     CRunResults m_Results;
+    std::uint64_t m_uLastIteration = 0; // of the whole run, with those before the checkpoint
+    CStatsPosition m_Stats;             // at the last checkpoint
 };

@@ -79,6 +79,8 @@ void AddWorldOptions(CLI::App& app, COptions& options)
               "Most threads for an iteration (KINETARIUM_THREADS, or one for each processor); the result is the same");
     AddFile(app, "--load-state", options.loadState,
             "Take the atoms from a CSV file; not with --atoms, the radii or --start-at");
+    AddFile(app, "--resume", options.resume,
+            "Continue the run of a checkpoint for N iterations more; brings the world, the atoms and the seed");
     AddFile(app, "--settings", options.settings,
             "Take world, atoms, radii and colours from a Kinetarium.ini; options given beside it win");
 }
@@ -98,6 +100,10 @@ void AddOutputOptions(CLI::App& app, COptions& options)
     AddOption(app, "--factors", options.factors, ParseFactorsOption, "A,B,C",
               "Speed: multiples of the average speed (0.75,,1.25). Fixed: atoms or percentages (25%,50%,)");
     AddOption(app, "--background", options.background, ParseColourOption, "RRGGBB", "The colour of the world");
+    AddFile(app, "--checkpoint", options.checkpoint,
+            "Write everything that --resume needs, after the last iteration and when the run is interrupted");
+    AddNumber(app, "--checkpoint-every", options.checkpointEvery, 1, c_uMostIterations,
+              "With --checkpoint: also after every N iterations");
     app.add_flag("--quiet", options.quiet, "No progress bar");
 }
 
@@ -121,6 +127,40 @@ void CheckCombinations(const COptions& options)
     }
 }
 
+bool IsSamePlace(const std::string& sFirst, const std::string& sSecond)
+{
+    return PathFromUtf8(sFirst).lexically_normal() == PathFromUtf8(sSecond).lexically_normal();
+}
+
+void CheckCheckpointOptions(const COptions& options)
+{
+    if (options.checkpointEvery && !options.checkpoint)
+    {
+        throw CUsageError("--checkpoint-every: needs --checkpoint, which names the file");
+    }
+    if (options.checkpoint == c_sStandardOutput)
+    {
+        throw CUsageError("--checkpoint: standard output is not allowed; allowed is the name of a file");
+    }
+    for (const std::optional<std::string>& output : {options.saveState, options.stats, options.picture})
+    {
+        if (options.checkpoint && output && IsSamePlace(*options.checkpoint, *output))
+        {
+            throw CUsageError("--checkpoint: must not be written to the same place as another output (" + *output +
+                              ")");
+        }
+    }
+    const std::pair<bool, const char*> sources[] = {{options.loadState.has_value(), "--load-state"},
+                                                    {options.settings.has_value(), "--settings"}};
+    for (const auto& [bGiven, sName] : sources)
+    {
+        if (options.resume && bGiven)
+        {
+            throw CUsageError(std::string(sName) + ": is not allowed with --resume, whose checkpoint brings the world");
+        }
+    }
+}
+
 // Two outputs to one file would overwrite each other.
 void CheckOutputs(const COptions& options)
 {
@@ -132,7 +172,7 @@ void CheckOutputs(const COptions& options)
     for (const std::optional<std::string>& output : outputs)
     {
         const auto isSame = [&output](const std::optional<std::string>& other) {
-            return other && PathFromUtf8(*other).lexically_normal() == PathFromUtf8(*output).lexically_normal();
+            return other && IsSamePlace(*other, *output);
         };
         if (output && std::count_if(outputs.begin(), outputs.end(), isSame) > 1)
         {
@@ -171,6 +211,7 @@ CParsedOptions ParseOptions(const std::vector<std::string>& arguments)
         throw CUsageError(error.what());
     }
     CheckCombinations(parsed.options);
+    CheckCheckpointOptions(parsed.options);
     CheckOutputs(parsed.options);
     return parsed;
 }

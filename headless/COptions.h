@@ -32,6 +32,9 @@ struct COptions
     std::optional<CFactors> factors;
     std::optional<ColourRef> background;
     std::optional<std::string> settings;
+    std::optional<std::string> checkpoint;
+    std::optional<std::uint64_t> checkpointEvery;
+    std::optional<std::string> resume;
     bool quiet = false;
 };
 

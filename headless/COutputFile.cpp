@@ -41,6 +41,11 @@ bool IsDevice(const fs::path& path)
     return fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
 }
 
+fs::path AppendPartial(fs::path path)
+{
+    return path += ".partial";
+}
+
 fs::path GetFolder(const fs::path& path)
 {
     return path.has_parent_path() ? path.parent_path() : fs::path(".");
@@ -49,11 +54,11 @@ fs::path GetFolder(const fs::path& path)
 } // namespace
 
 COutputFile::COutputFile(const std::string& sPath)
-    : m_sPath(sPath), m_Target(FollowLink(PathFromUtf8(sPath))), m_iFile(c_iNoFile)
+    : m_sPath(sPath), m_Target(FollowLink(PathFromUtf8(sPath))), m_iFile(c_iNoFile), m_bDirect(IsDevice(m_Target))
 {
     Check(sPath);
     m_sBuffer.reserve(c_uBufferBytes);
-    if (!IsDevice(m_Target))
+    if (!m_bDirect)
     {
         CreateTemporary();
         return;
@@ -138,6 +143,36 @@ void COutputFile::WriteThrough(std::string_view sBytes)
     }
 }
 
+void COutputFile::Keep(bool bOnDisk)
+{
+    WriteThrough(m_sBuffer);
+    m_sBuffer.clear();
+    const int flushError = bOnDisk ? SystemFile_Flush(m_iFile) : 0;
+    if (flushError != 0)
+    {
+        Fail(GetErrorText(flushError));
+    }
+    if (m_bDirect || m_bKept)
+    {
+        return;
+    }
+    std::error_code error;
+    const fs::path partial = AppendPartial(m_Target);
+    fs::rename(m_Temporary, partial, error);
+    if (error)
+    {
+        Fail(error.message());
+    }
+    ForgetTemporaryFile(m_Temporary);
+    m_Temporary = partial;
+    m_bKept = true;
+}
+
+fs::path COutputFile::GetPartialPath(const std::string& sPath)
+{
+    return AppendPartial(FollowLink(PathFromUtf8(sPath)));
+}
+
 void COutputFile::Commit()
 {
     WriteThrough(m_sBuffer);
@@ -179,7 +214,7 @@ void COutputFile::Discard() noexcept
         SystemFile_Close(m_iFile);
         m_iFile = c_iNoFile;
     }
-    if (!m_Temporary.empty())
+    if (!m_Temporary.empty() && !m_bKept)
     {
         std::error_code ignored;
         fs::remove(m_Temporary, ignored);

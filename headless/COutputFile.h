@@ -22,6 +22,16 @@ public:
     void Write(std::string_view sBytes) override;
     void Commit() override;
 
+    // Writes the bytes so far to the file GetPartialPath; bOnDisk: and waits until they are on the disk. From now on
+    // they stay there until Commit, also when the program ends without it.
+    void Keep(bool bOnDisk);
+
+    // The name of a kept file that is not complete: that of the file with ".partial" behind it.
+    static std::filesystem::path GetPartialPath(const std::string& sPath);
+
+    // True for a device or a pipe.
+    bool IsDirect() const { return m_bDirect; }
+
     // Throws the errors of the constructor that can be found without writing.
     static void Check(const std::string& sPath);
 
@@ -37,4 +47,6 @@ private:
     std::filesystem::path m_Temporary; // empty when writing directly, and when there is nothing to remove
     std::string m_sBuffer;
     int m_iFile;
+    bool m_bDirect;
+    bool m_bKept = false; // the temporary file has its partial name and stays
 };

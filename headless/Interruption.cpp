@@ -55,14 +55,14 @@ bool TakeSignal(int exitCode)
 
 } // namespace
 
-CExtendedTime::CExtendedTime()
+CExtendedTime::CExtendedTime(bool bGranted) : m_iGranted(bGranted ? 1 : 0)
 {
-    ++g_iExtensions;
+    g_iExtensions += m_iGranted;
 }
 
 CExtendedTime::~CExtendedTime()
 {
-    --g_iExtensions;
+    g_iExtensions -= m_iGranted;
 }
 
 #ifdef _WIN32

@@ -10,16 +10,19 @@
 // signal comes and then the exit code: 128 and the signal's number, on Windows STATUS_CONTROL_C_EXIT. A signal that is
 // ignored because the caller of the program wants it so (nohup) stays ignored.
 //
-// Further, a write to a closed pipe or beyond the largest allowed file becomes an error like any other and no longer ends
-// the program by a signal.
+// Further, a write to a closed pipe or beyond the largest allowed file becomes an error like any other and no longer
+// ends the program by a signal.
 const std::atomic<int>& WatchForInterruption();
 
-// While one exists, only a second signal ends the program from outside. For work that has to be finished.
+// While a granted one exists, only a second signal ends the program from outside. For work that has to be finished.
 class CExtendedTime
 {
 public:
-    CExtendedTime();
+    explicit CExtendedTime(bool bGranted);
     CExtendedTime(const CExtendedTime&) = delete;
     CExtendedTime& operator=(const CExtendedTime&) = delete;
     ~CExtendedTime();
+
+private:
+    int m_iGranted;
 };

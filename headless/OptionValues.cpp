@@ -76,6 +76,11 @@ CPoint<int> ParsePointOption(const std::string& sOption, const std::string& sTex
     return {static_cast<int>(*uX), static_cast<int>(*uY)};
 }
 
+std::string TextOfPoint(const CPoint<int>& point)
+{
+    return std::to_string(point.x) + "," + std::to_string(point.y);
+}
+
 ColourRef ParseColourOption(const std::string& sOption, std::string_view sText)
 {
     ColourRef colour = 0;

@@ -19,6 +19,9 @@ std::uint64_t ParseNumberOption(const std::string& sOption, const std::string& s
 // "X,Y", two whole numbers.
 CPoint<int> ParsePointOption(const std::string& sOption, const std::string& sText);
 
+// The option's value that names this point.
+std::string TextOfPoint(const CPoint<int>& point);
+
 // "RRGGBB", six hexadecimal digits.
 ColourRef ParseColourOption(const std::string& sOption, std::string_view sText);
 

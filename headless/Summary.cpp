@@ -66,9 +66,10 @@ void AddSettings(std::string& sText, const CSettings& settings, const CRunResult
 void AddIterations(std::string& sText, const CRunResults& results)
 {
     const bool bAny = results.iterations > 0;
-    const auto milliSeconds = [&results, bAny](double percent) {
-        return bAny ? TextOfFixed(results.durations.GetPercentile(percent) / c_dNanoSecondsPerMs, c_iTimeDecimals)
-                    : c_sNone;
+    const auto milliSeconds = [&results](double percent) {
+        return results.durations.IsEmpty()
+                   ? c_sNone
+                   : TextOfFixed(results.durations.GetPercentile(percent) / c_dNanoSecondsPerMs, c_iTimeDecimals);
     };
     const double collided = static_cast<double>(results.collisions) * c_dPercent /
                             static_cast<double>(results.iterations) / static_cast<double>(results.atoms);

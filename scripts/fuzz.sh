@@ -5,6 +5,7 @@ cd "$(dirname "$0")/.."
 
 # Each fuzzer with the folder of its corpus.
 declare -A fuzzers=(
+    [checkpoint]=FuzzCheckpoint
     [colours]=FuzzColourRules
     [factors]=FuzzFactorRules
     [layout]=FuzzLayout

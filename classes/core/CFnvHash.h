@@ -7,6 +7,11 @@
 class CFnvHash
 {
 public:
+    constexpr CFnvHash() = default;
+
+    // Continues after the bytes that gave this hash.
+    constexpr explicit CFnvHash(std::uint64_t uHash) : m_uHash(uHash) {}
+
     constexpr void AddByte(std::uint8_t uByte) { m_uHash = (m_uHash ^ uByte) * c_uPrime; }
 
     // The four bytes of a word, lowest first on every machine.

@@ -79,8 +79,8 @@ bool Limit(const CLaunch& launch)
         }
     }
     // Another user than root is one already.
-    return !launch.bOtherUser || geteuid() != 0 || (setresgid(c_Nobody, c_Nobody, c_Nobody) == 0 &&
-                                                    setresuid(c_Nobody, c_Nobody, c_Nobody) == 0);
+    return !launch.bOtherUser || geteuid() != 0 ||
+           (setresgid(c_Nobody, c_Nobody, c_Nobody) == 0 && setresuid(c_Nobody, c_Nobody, c_Nobody) == 0);
 }
 
 } // namespace

@@ -14,7 +14,7 @@ struct CLaunch
     std::string faults{};                  // the rules of FaultLibrary.cpp; empty: the program runs as it is
     std::optional<unsigned> maxFileSize{}; // the largest file it may write, in bytes
     std::optional<int> out{};              // its standard output, otherwise kept for CProgramResult
-    bool bOtherUser = false;             // without the rights of root
+    bool bOtherUser = false;               // without the rights of root
 };
 
 // kinetarium-headless itself, in a process of its own. An object that is destroyed ends it.

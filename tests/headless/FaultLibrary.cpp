@@ -135,53 +135,53 @@ F* GetNext(F*, const char* sName)
 extern "C"
 {
 
-int open(const char* sPath, int flags, ...)
-{
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
-    va_end(arguments);
-    return MeetFault("open", sPath) ? -1 : GetNext(&open, "open")(sPath, flags, mode);
-}
+    int open(const char* sPath, int flags, ...)
+    {
+        va_list arguments;
+        va_start(arguments, flags);
+        const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
+        va_end(arguments);
+        return MeetFault("open", sPath) ? -1 : GetNext(&open, "open")(sPath, flags, mode);
+    }
 
-ssize_t read(int file, void* pBytes, size_t uCount)
-{
-    return MeetFault("read", file) ? -1 : GetNext(&read, "read")(file, pBytes, uCount);
-}
+    ssize_t read(int file, void* pBytes, size_t uCount)
+    {
+        return MeetFault("read", file) ? -1 : GetNext(&read, "read")(file, pBytes, uCount);
+    }
 
-ssize_t write(int file, const void* pBytes, size_t uCount)
-{
-    return MeetFault("write", file) ? -1 : GetNext(&write, "write")(file, pBytes, uCount);
-}
+    ssize_t write(int file, const void* pBytes, size_t uCount)
+    {
+        return MeetFault("write", file) ? -1 : GetNext(&write, "write")(file, pBytes, uCount);
+    }
 
-ssize_t writev(int file, const iovec* pPieces, int count)
-{
-    return MeetFault("write", file) ? -1 : GetNext(&writev, "writev")(file, pPieces, count);
-}
+    ssize_t writev(int file, const iovec* pPieces, int count)
+    {
+        return MeetFault("write", file) ? -1 : GetNext(&writev, "writev")(file, pPieces, count);
+    }
 
-int fsync(int file)
-{
-    return MeetFault("fsync", file) ? -1 : GetNext(&fsync, "fsync")(file);
-}
+    int fsync(int file)
+    {
+        return MeetFault("fsync", file) ? -1 : GetNext(&fsync, "fsync")(file);
+    }
 
-// A failing close has closed the file all the same.
-int close(int file)
-{
-    const bool bFails = MeetFault("close", file);
-    const int error = errno;
-    const int result = GetNext(&close, "close")(file);
-    errno = bFails ? error : errno;
-    return bFails ? -1 : result;
-}
+    // A failing close has closed the file all the same.
+    int close(int file)
+    {
+        const bool bFails = MeetFault("close", file);
+        const int error = errno;
+        const int result = GetNext(&close, "close")(file);
+        errno = bFails ? error : errno;
+        return bFails ? -1 : result;
+    }
 
-int rename(const char* sFrom, const char* sTo) noexcept
-{
-    return MeetFault("rename", sTo) ? -1 : GetNext(&rename, "rename")(sFrom, sTo);
-}
+    int rename(const char* sFrom, const char* sTo) noexcept
+    {
+        return MeetFault("rename", sTo) ? -1 : GetNext(&rename, "rename")(sFrom, sTo);
+    }
 
-int fchmodat(int folder, const char* sPath, mode_t mode, int flags) noexcept
-{
-    return MeetFault("chmod", sPath) ? -1 : GetNext(&fchmodat, "fchmodat")(folder, sPath, mode, flags);
-}
+    int fchmodat(int folder, const char* sPath, mode_t mode, int flags) noexcept
+    {
+        return MeetFault("chmod", sPath) ? -1 : GetNext(&fchmodat, "fchmodat")(folder, sPath, mode, flags);
+    }
 
 } // extern "C"

@@ -15,8 +15,8 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-// A fault stops the program right before a call, so that the signal arrives in a known phase on any machine. Whatever it
-// is doing then, the program ends by itself; a program that does not keeps its test waiting until the test's time is
+// A fault stops the program right before a call, so that the signal arrives in a known phase on any machine. Whatever
+// it is doing then, the program ends by itself; a program that does not keeps its test waiting until the test's time is
 // over.
 namespace
 {
@@ -163,9 +163,9 @@ TEST_P(Signal, EndsTheLastPicture)
 TEST_P(Signal, EndsTheCountOfOverlaps)
 {
     const std::string sState = folder.GetPath("end.csv");
-    CHeadlessProcess process({{"--seed", "1", "--atoms", "200000", "--start-at", "250,250", "--iterations", "0",
-                               "--save-state", sState},
-                              "rename:end.csv:1:later=" + std::to_string(GetParam())});
+    CHeadlessProcess process(
+        {{"--seed", "1", "--atoms", "200000", "--start-at", "250,250", "--iterations", "0", "--save-state", sState},
+         "rename:end.csv:1:later=" + std::to_string(GetParam())});
     ExpectEnd(process, {"end.csv"});
 }
 
