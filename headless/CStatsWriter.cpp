@@ -43,8 +43,8 @@ CStatsWriter::CStatsWriter(const std::string& sPath, IByteSink* pStandardOutput,
     else if (!CopyRows(TextOfPath(COutputFile::GetPartialPath(sPath)), position) && !CopyRows(sPath, position))
     {
         throw CHeadlessError(sPath + ": cannot be continued: neither it nor " +
-                             TextOfPath(COutputFile::GetPartialPath(sPath)) + " begins with the rows of the run up to iteration " +
-                             std::to_string(position.iteration));
+                             TextOfPath(COutputFile::GetPartialPath(sPath)) +
+                             " begins with the rows of the run up to iteration " + std::to_string(position.iteration));
     }
 }
 

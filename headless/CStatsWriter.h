@@ -18,9 +18,9 @@ class COutputFile;
 class CStatsWriter : public IByteSink
 {
 public:
-    // Begins with the rows up to the position, which are those of FILE or FILE.partial; later rows of an earlier attempt
-    // are left out. Standard output (sink) and devices only get the new rows. Throws CHeadlessError if neither file has
-    // exactly these rows. sPath is UTF-8.
+    // Begins with the rows up to the position, which are those of FILE or FILE.partial; later rows of an earlier
+    // attempt are left out. Standard output (sink) and devices only get the new rows. Throws CHeadlessError if neither
+    // file has exactly these rows. sPath is UTF-8.
     CStatsWriter(const std::string& sPath, IByteSink* pStandardOutput, const CStatsPosition& position);
     CStatsWriter(const CStatsWriter&) = delete;
     CStatsWriter& operator=(const CStatsWriter&) = delete;

@@ -76,10 +76,9 @@ void WriteSettings(CByteWriter& writer, const CSettings& settings)
 void WriteRun(CByteWriter& writer, const CCheckpoint& checkpoint)
 {
     writer.WriteText(checkpoint.start);
-    for (const std::uint64_t uWord :
-         {checkpoint.seed, checkpoint.iterations, checkpoint.collisions,
-          std::bit_cast<std::uint64_t>(checkpoint.startSpeedSum), checkpoint.stats.iteration, checkpoint.stats.bytes,
-          checkpoint.stats.hash})
+    for (const std::uint64_t uWord : {checkpoint.seed, checkpoint.iterations, checkpoint.collisions,
+                                      std::bit_cast<std::uint64_t>(checkpoint.startSpeedSum),
+                                      checkpoint.stats.iteration, checkpoint.stats.bytes, checkpoint.stats.hash})
     {
         writer.Write64(uWord);
     }
@@ -205,8 +204,8 @@ bool ReadRun(CByteReader& reader, CCheckpoint& checkpoint)
         uWord = reader.Read64();
     }
     CRandom random(0);
-    return checkpoint.iterations <= c_uMostIterations && std::isfinite(checkpoint.startSpeedSum) && checkpoint.stats.iteration <= checkpoint.iterations &&
-           random.SetState(checkpoint.seed, checkpoint.random);
+    return checkpoint.iterations <= c_uMostIterations && std::isfinite(checkpoint.startSpeedSum) &&
+           checkpoint.stats.iteration <= checkpoint.iterations && random.SetState(checkpoint.seed, checkpoint.random);
 }
 
 bool ReadAtoms(CByteReader& reader, std::vector<CAtom>& atoms)

@@ -53,8 +53,8 @@ struct CCheckpoint
 void WriteCheckpoint(const CCheckpoint& checkpoint, const CAtoms& atoms, IByteSink& sink);
 
 // Reads a binary stream, replaces the atoms and computes their velocity statistics; sName is the file's name in
-// messages. Throws CHeadlessError for a file that is no checkpoint, is cut off, damaged, or holds a value that no run has;
-// the atoms are then unchanged.
+// messages. Throws CHeadlessError for a file that is no checkpoint, is cut off, damaged, or holds a value that no run
+// has; the atoms are then unchanged.
 CCheckpoint ReadCheckpoint(std::istream& stream, const std::string& sName, CAtoms& atoms);
 
 // The same for a file; sPath is UTF-8.

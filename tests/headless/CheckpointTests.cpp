@@ -168,7 +168,8 @@ TEST(Checkpoint, EveryFlippedBitIsRefused)
 
 TEST(Checkpoint, AnotherFileIsNamedAsSuch)
 {
-    for (const std::string& sBytes : {std::string(), std::string("x,y,vx,vy,radius\n1,1,1,1,1\n"), std::string(5000, '\0')})
+    for (const std::string& sBytes :
+         {std::string(), std::string("x,y,vx,vy,radius\n1,1,1,1,1\n"), std::string(5000, '\0')})
     {
         EXPECT_EQ(GetError(sBytes), "a.ckpt: this is no checkpoint of kinetarium-headless");
     }

@@ -24,13 +24,13 @@
 //
 //   error=N    the call fails with this error number
 //   signal=N   the process gets this signal before the call: 19 stops it, 9 ends it
-//   later=N    the process gets this signal after another 100 ms of processor time
+//   later=N    the process gets this signal after another 20 ms of processor time
 namespace
 {
 
 constexpr std::size_t c_uMaxRules = 8;
 constexpr std::size_t c_uMaxText = 64;
-constexpr long c_iLaterNanoSeconds = 100'000'000;
+constexpr long c_iLaterNanoSeconds = 20'000'000;
 
 struct CRule
 {

@@ -47,8 +47,9 @@ void ExpectSameInPieces(const CArguments& world)
 {
     const CTemporaryFolder folder;
     const auto outputs = [&folder](const std::string& sName) {
-        return CArguments{"--stats",      folder.GetPath(sName + "-stats.csv"), "--save-state",
-                          folder.GetPath(sName + ".csv"), "--checkpoint",       folder.GetPath(sName + ".ckpt")};
+        return CArguments{"--stats",      folder.GetPath(sName + "-stats.csv"),
+                          "--save-state", folder.GetPath(sName + ".csv"),
+                          "--checkpoint", folder.GetPath(sName + ".ckpt")};
     };
     const std::string sWhole = GetSummary(Join(Join(world, outputs("whole")), {"--iterations", "100"}));
     const CArguments resume = Join({"--resume", folder.GetPath("part.ckpt")}, outputs("part"));
@@ -67,10 +68,7 @@ void ExpectSameInPieces(const CArguments& world)
 class Resume : public testing::Test
 {
 protected:
-    Resume()
-    {
-        GetSummary({"--seed", "42", "--iterations", "10", "--checkpoint", sCheckpoint, "--stats", sStats});
-    }
+    Resume() { GetSummary({"--seed", "42", "--iterations", "10", "--checkpoint", sCheckpoint, "--stats", sStats}); }
 
     CArguments Continue(const CArguments& arguments) const
     {
@@ -111,9 +109,11 @@ TEST(Experiment, ARunInPiecesGivesTheWholeRunWhereRandomNumbersAreDrawn)
 
 TEST_F(Resume, BringsTheWorldAndAllowsOptionsThatRepeatIt)
 {
-    EXPECT_EQ(GetSummary(Continue({"--width", "512", "--height", "512", "--atoms", "256", "--min-radius", "3",
-                                   "--max-radius", "5", "--seed", "42", "--colour-mode", "speed", "--colours",
-                                   "FF0000,808080,00FF00", "--factors", "0.75,,1.25", "--background", "000000"})),
+    EXPECT_EQ(GetSummary(Continue({"--width",       "512",        "--height",     "512",
+                                   "--atoms",       "256",        "--min-radius", "3",
+                                   "--max-radius",  "5",          "--seed",       "42",
+                                   "--colour-mode", "speed",      "--colours",    "FF0000,808080,00FF00",
+                                   "--factors",     "0.75,,1.25", "--background", "000000"})),
               GetSummary({"--seed", "42", "--iterations", "15"}));
 }
 
@@ -128,7 +128,8 @@ TEST_F(Resume, RefusesOptionsThatContradictTheCheckpoint)
     EXPECT_EQ(GetContradiction({"--seed", "41"}), "error: --seed" + sContradicts + "42");
     EXPECT_EQ(GetContradiction({"--start-at", "50,50"}), "error: --start-at" + sContradicts + "the start random");
     EXPECT_EQ(GetContradiction({"--colour-mode", "fixed"}), "error: --colour-mode" + sContradicts + "the other mode");
-    EXPECT_EQ(GetContradiction({"--colours", "FF0000,808080,00FF01"}), "error: --colours" + sContradicts + "other colours");
+    EXPECT_EQ(GetContradiction({"--colours", "FF0000,808080,00FF01"}),
+              "error: --colours" + sContradicts + "other colours");
     EXPECT_EQ(GetContradiction({"--factors", "1,,2"}), "error: --factors" + sContradicts + "other factors");
     EXPECT_EQ(GetContradiction({"--background", "000001"}), "error: --background" + sContradicts + "another colour");
     EXPECT_THAT(GetContradiction({"--load-state", "a.csv"}), HasSubstr("--load-state: is not allowed with --resume"));
@@ -180,8 +181,9 @@ TEST_F(Resume, RefusesStatisticsThatWouldHaveAGap)
 {
     GetSummary(Continue({"--checkpoint", sCheckpoint}));
 
-    EXPECT_THAT(GetContradiction({"--stats", sStats}), HasSubstr("--stats: contradicts the checkpoint of --resume, whose "
-                                                                 "statistics end at iteration 10 "));
+    EXPECT_THAT(GetContradiction({"--stats", sStats}),
+                HasSubstr("--stats: contradicts the checkpoint of --resume, whose "
+                          "statistics end at iteration 10 "));
 }
 
 TEST_F(Resume, WritesOnlyTheNewRowsToStandardOutput)
@@ -212,15 +214,18 @@ TEST_F(Resume, NumbersThePicturesThroughTheWholeRun)
 
 TEST_F(Resume, WithoutIterationsShowsTheCheckpoint)
 {
-    EXPECT_EQ(GetSummary({"--resume", sCheckpoint, "--iterations", "0"}), GetSummary({"--seed", "42", "--iterations", "10"}));
+    EXPECT_EQ(GetSummary({"--resume", sCheckpoint, "--iterations", "0"}),
+              GetSummary({"--seed", "42", "--iterations", "10"}));
 }
 
 TEST(CheckpointOptions, AreCheckedTogether)
 {
-    EXPECT_EQ(GetUsageError({"--checkpoint-every", "5"}), "error: --checkpoint-every: needs --checkpoint, which names the file");
+    EXPECT_EQ(GetUsageError({"--checkpoint-every", "5"}),
+              "error: --checkpoint-every: needs --checkpoint, which names the file");
     EXPECT_EQ(GetUsageError({"--checkpoint", "-"}),
               "error: --checkpoint: standard output is not allowed; allowed is the name of a file");
-    EXPECT_THAT(GetUsageError({"--checkpoint", "a.csv", "--stats", "./a.csv"}), HasSubstr("--checkpoint: must not be written to the same place"));
+    EXPECT_THAT(GetUsageError({"--checkpoint", "a.csv", "--stats", "./a.csv"}),
+                HasSubstr("--checkpoint: must not be written to the same place"));
 }
 
 TEST(Experiment, AnInterruptedRunWithACheckpointIsContinuedWithoutALoss)
@@ -228,7 +233,8 @@ TEST(Experiment, AnInterruptedRunWithACheckpointIsContinuedWithoutALoss)
     const CTemporaryFolder folder;
     const std::atomic<int> interrupted = 143;
     const CArguments outputs = {"--checkpoint", folder.GetPath("run.ckpt"), "--stats", folder.GetPath("stats.csv")};
-    const CProgramResult result = RunProgram(Join({"--seed", "42", "--iterations", "10"}, outputs), false, &interrupted);
+    const CProgramResult result =
+        RunProgram(Join({"--seed", "42", "--iterations", "10"}, outputs), false, &interrupted);
 
     EXPECT_EQ(result.exitCode, 143);
     EXPECT_EQ(result.err, "error: interrupted after 0 of 10 iterations; --resume " + folder.GetPath("run.ckpt") +

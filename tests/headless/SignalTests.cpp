@@ -12,7 +12,6 @@
 #include <unistd.h>
 
 using testing::HasSubstr;
-using testing::Not;
 using testing::StartsWith;
 
 // A fault stops the program right before a call, so that the signal arrives in a known phase on any machine. Whatever
@@ -159,7 +158,7 @@ TEST_P(Signal, EndsTheLastPicture)
     ExpectEnd({{"--iterations", "1", "--picture", folder.GetPath("gas.png")}, "open:gas.png:1:signal=19"}, {});
 }
 
-// Counting the overlaps of that many atoms on one spot takes seconds; the signal comes in their first tenth.
+// Counting the overlaps of that many atoms on one spot takes seconds; the signal comes soon after they have begun.
 TEST_P(Signal, EndsTheCountOfOverlaps)
 {
     const std::string sState = folder.GetPath("end.csv");
@@ -176,6 +175,60 @@ TEST_P(Signal, EndsTheSummaryForAPipeThatNobodyReads)
     CLaunch launch{{"--iterations", "1", "--save-state", folder.GetPath("end.csv")}, "write:pipe:1:signal=19"};
     launch.out = pipe.ends[1];
     ExpectEnd(launch, {"end.csv"});
+}
+
+// The signal comes while a checkpoint is written, which is finished first.
+TEST_P(Signal, LosesNothingOfARunWithACheckpoint)
+{
+    const CArguments outputs = {"--checkpoint", folder.GetPath("run.ckpt"), "--stats", folder.GetPath("stats.csv")};
+    const CArguments world = {"--seed", "42", "--iterations", "9", "--checkpoint-every", "2"};
+    CArguments arguments = world;
+    arguments.insert(arguments.end(), outputs.begin(), outputs.end());
+    ExpectEnd({arguments, "write:run.ckpt:2:signal=19"}, {"run.ckpt", "stats.csv.partial"});
+
+    arguments = {"--resume", folder.GetPath("run.ckpt"), "--iterations", "5"};
+    arguments.insert(arguments.end(), outputs.begin(), outputs.end());
+    const CProgramResult resumed = RunHeadless({arguments});
+    EXPECT_EQ(resumed.exitCode, 0) << resumed.err;
+    const std::string sWhole = folder.GetPath("whole.csv");
+    const CProgramResult whole = RunHeadless({{"--seed", "42", "--iterations", "9", "--stats", sWhole}});
+    EXPECT_EQ(GetSummaryValue(resumed.out, "state hash"), GetSummaryValue(whole.out, "state hash"));
+    EXPECT_EQ(ReadFile(folder.GetPath("stats.csv")), ReadFile(sWhole));
+    EXPECT_EQ(folder.GetNames(), (CNames{"run.ckpt", "stats.csv", "whole.csv"}));
+}
+
+// Both signals are waiting when the program goes on. Some callers send two for one demand.
+TEST_P(Signal, WithAnotherOneRightBehindItIsOneDemand)
+{
+    CHeadlessProcess process(
+        {{"--iterations", c_sForEver, "--checkpoint", folder.GetPath("run.ckpt"), "--checkpoint-every", "2"},
+         "fsync:run.ckpt:1:signal=19"});
+    ASSERT_TRUE(process.WaitForStop());
+    process.Send(GetParam());
+    process.Send(GetParam() == SIGTERM ? SIGINT : SIGTERM);
+    process.Continue();
+    const CProgramResult result = process.WaitForEnd();
+    EXPECT_GT(result.exitCode, c_iSignalExitCode);
+    EXPECT_THAT(result.err, HasSubstr("--resume"));
+    EXPECT_EQ(folder.GetNames(), CNames{"run.ckpt"});
+}
+
+// The program has not ended at the first signal, because it writes a checkpoint.
+TEST_P(Signal, EndsAtOnceTheSecondTime)
+{
+    folder.WriteFile("run.ckpt", "old");
+    CHeadlessProcess process({{"--iterations", "1", "--checkpoint", folder.GetPath("run.ckpt")},
+                              "write:run.ckpt:1:signal=19;rename:run.ckpt:1:signal=19"});
+    ASSERT_TRUE(process.WaitForStop());
+    process.Send(GetParam());
+    process.Continue();
+    ASSERT_TRUE(process.WaitForStop()) << process.WaitForEnd().err;
+    // A signal right behind the first one would count as the same.
+    usleep(200'000);
+    process.Send(GetParam());
+    process.Continue();
+    ExpectEnd(process, {"run.ckpt"});
+    EXPECT_EQ(ReadFile(folder.GetPath("run.ckpt")), "old");
 }
 
 INSTANTIATE_TEST_SUITE_P(EverySignal, Signal, testing::Values(SIGINT, SIGTERM, SIGHUP),
