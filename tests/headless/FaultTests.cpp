@@ -143,10 +143,12 @@ TEST(StandardOutput, ThatIsFullIsAnError)
     ExpectOutputError(open(), {"--iterations", "1"}, "the summary cannot be written");
 }
 
-// The reader has gone away. By default, the system would end the program without a word and with its files half written.
+// The reader has gone away. By default, the system would end the program without a word and with its files half
+// written.
 TEST(StandardOutput, ThatIsAClosedPipeIsAnError)
 {
     ExpectOutputError(OpenClosedPipe(), {"--iterations", "1", "--stats", "-"}, "standard output: cannot be written");
-    ExpectOutputError(OpenClosedPipe(), {"--iterations", "1", "--save-state", "-"}, "standard output: cannot be written");
+    ExpectOutputError(OpenClosedPipe(), {"--iterations", "1", "--save-state", "-"},
+                      "standard output: cannot be written");
     ExpectOutputError(OpenClosedPipe(), {"--iterations", "1"}, "the summary cannot be written");
 }

@@ -21,15 +21,25 @@ class CRunFolder
 public:
     CArguments GetOutputs() const
     {
-        return {"--stats",   m_Folder.GetPath("stats.csv"), "--save-state",        m_Folder.GetPath("state.csv"),
-                "--picture", m_Folder.GetPath("gas.png"),   "--checkpoint",        m_Folder.GetPath("run.ckpt"),
-                "--quiet",   "--picture-every",             "2", "--checkpoint-every", "2"};
+        return {"--stats",
+                m_Folder.GetPath("stats.csv"),
+                "--save-state",
+                m_Folder.GetPath("state.csv"),
+                "--picture",
+                m_Folder.GetPath("gas.png"),
+                "--checkpoint",
+                m_Folder.GetPath("run.ckpt"),
+                "--quiet",
+                "--picture-every",
+                "2",
+                "--checkpoint-every",
+                "2"};
     }
 
     CLaunch GetRun() const
     {
-        CArguments arguments = {"--seed", "3", "--atoms", "40", "--start-at", "50,50", "--width", "100",
-                                "--height", "100", "--iterations", std::to_string(c_iIterations)};
+        CArguments arguments = {"--seed",  "3",   "--atoms",  "40",  "--start-at",   "50,50",
+                                "--width", "100", "--height", "100", "--iterations", std::to_string(c_iIterations)};
         const CArguments outputs = GetOutputs();
         arguments.insert(arguments.end(), outputs.begin(), outputs.end());
         return {arguments};
