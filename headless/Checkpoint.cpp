@@ -8,7 +8,7 @@
 #include "settings/FactorRules.h"
 #include "settings/SettingRows.h"
 #include "simulation/CAtoms.h"
-#include "simulation/Iteration.h"
+#include "simulation/SpeedStatistics.h"
 
 #include <algorithm>
 #include <array>
