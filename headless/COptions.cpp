@@ -78,7 +78,7 @@ void AddWorldOptions(CLI::App& app, COptions& options)
     AddNumber(app, "--threads", options.threads, 1, c_iMaxThreads,
               "Most threads for an iteration (KINETARIUM_THREADS, or one for each processor); the result is the same");
     AddFile(app, "--load-state", options.loadState,
-            "Take the atoms from a CSV file; not with --atoms, the radii or --start-at");
+            "Take the atoms from a CSV file; needs the size of their world; not with --atoms, the radii or --start-at");
     AddFile(app, "--resume", options.resume,
             "Continue the run of a checkpoint for N iterations more; brings the world, the atoms and the seed");
     AddFile(app, "--settings", options.settings,
