@@ -43,10 +43,11 @@ bool CWindowModel::CanTakeMeanwhile(const CStep& step) const
     {
         return false;
     }
-    // To restore a minimised window changes no world: it comes back at once, before the change and not after it.
-    if (m_bFirstFoundMinimised && step.eAction == EnumAction::Restore)
+    if (step.eAction == EnumAction::Restore)
     {
-        return false;
+        // A minimised window comes back at once, before the change and not after it. Beside other requests that wait,
+        // the program keeps one that does what they do to full screen, and a maximised window may stay maximised.
+        return !m_bFirstFoundMinimised && m_iMeanwhile == 0;
     }
     // A click is not kept beside a request for full screen: both begin a world.
     const bool bClick = step.eAction == EnumAction::Click && m_iMeanwhile == 0 && m_bFirstFoundView;
@@ -107,7 +108,8 @@ std::optional<CTakenStep> CWindowModel::Take(const CStep& step)
     Scroll(&CPoint<int>::x, 0); // what was scrolled away comes back if the world ends there now
     Scroll(&CPoint<int>::y, 0);
     m_iMeanwhile += step.bMeanwhile ? 1 : 0;
-    m_bGroupEnded = m_bGroupEnded || (step.bMeanwhile && !IsFullScreenRequest(step.eAction));
+    const bool bEndsGroup = step.eAction == EnumAction::Restore || !IsFullScreenRequest(step.eAction);
+    m_bGroupEnded = m_bGroupEnded || (step.bMeanwhile && bEndsGroup);
     return taken;
 }
 

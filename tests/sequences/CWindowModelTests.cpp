@@ -176,6 +176,16 @@ TEST(WindowModel, AClickIsNotKeptBesideARequestForFullScreen)
     EXPECT_FALSE(CanTakeLast({{EnumAction::FullScreenKey}, click}, {EnumAction::Escape, {}, true}));
 }
 
+TEST(WindowModel, RestoringInTheMiddleStandsAlone)
+{
+    const CStep restore{EnumAction::Restore, {}, true};
+    const CStep escape{EnumAction::Escape, {}, true};
+    EXPECT_TRUE(CanTakeLast({{EnumAction::FullScreenKey}}, restore));
+    EXPECT_FALSE(CanTakeLast({{EnumAction::FullScreenKey}, escape}, restore));
+    EXPECT_FALSE(CanTakeLast({{EnumAction::FullScreenKey}, restore}, escape));
+    EXPECT_FALSE(CanTakeLast({{EnumAction::Minimise}, {EnumAction::FullScreenKey}}, restore));
+}
+
 TEST(WindowModel, ABarThatIsNotThereKeepsNothing)
 {
     const CWindowFacts facts = TakeAll({{EnumAction::Wheel, {-240}},

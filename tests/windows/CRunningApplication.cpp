@@ -6,9 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
+#include <future>
 #include <memory>
-#include <utility>
 
 namespace
 {
@@ -138,25 +137,28 @@ void CRunningApplication::DoLater(std::function<void(CKinetarium&)> body) const
 
 bool CRunningApplication::WaitForRest() const
 {
-    enum class EnumAnswer
-    {
-        None,
-        Busy,
-        AtRest,
-    };
     // What a change posts to itself at its end stands in the queue before a question that comes after it.
     bool bRestedBefore = false;
-    return Poll([&] {
-        const auto pAnswer = std::make_shared<std::atomic<EnumAnswer>>(EnumAnswer::None);
+    const auto deadline = std::chrono::steady_clock::now() + c_Patience;
+    while (std::chrono::steady_clock::now() < deadline)
+    {
+        const auto pAnswer = std::make_shared<std::promise<bool>>();
+        std::future<bool> atRest = pAnswer->get_future();
         DoLater([pAnswer](CKinetarium& application) {
-            *pAnswer = CKinetariumProbe::MustRequestsWait(application) ? EnumAnswer::Busy : EnumAnswer::AtRest;
+            pAnswer->set_value(!CKinetariumProbe::MustRequestsWait(application));
         });
-        if (!Poll([&] { return *pAnswer != EnumAnswer::None; }))
+        if (atRest.wait_until(deadline) != std::future_status::ready)
         {
             return false;
         }
-        return std::exchange(bRestedBefore, *pAnswer == EnumAnswer::AtRest) && bRestedBefore;
-    });
+        const bool bAtRest = atRest.get();
+        if (bAtRest && bRestedBefore)
+        {
+            return true;
+        }
+        bRestedBefore = bAtRest;
+    }
+    return false;
 }
 
 bool CRunningApplication::Poll(const std::function<bool()>& condition)
@@ -233,6 +235,11 @@ bool CRunningApplication::Close()
         return true;
     }
     PostMessageW(m_hMain, WM_CLOSE, 0, 0);
+    return WaitForEnd();
+}
+
+bool CRunningApplication::WaitForEnd()
+{
     if (WaitForSingleObject(m_hEnded, c_dwPatience) != WAIT_OBJECT_0)
     {
         m_Thread.detach();

@@ -56,6 +56,9 @@ public:
     // Closes the window like the title bar's button and waits for the end of the run; false if it did not end.
     bool Close();
 
+    // Waits for the end of the run that something else has begun to end; false if it does not come in time.
+    bool WaitForEnd();
+
     static std::wstring GetSettingsPath();
     static std::wstring ReadSetting(const wchar_t* sKey);
     static void WriteSetting(const wchar_t* sKey, const wchar_t* sValue);
