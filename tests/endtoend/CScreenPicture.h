@@ -13,6 +13,8 @@ public:
     // Copies a rectangle in screen coordinates, clipped to the screen. Throws std::runtime_error if it lies outside.
     explicit CScreenPicture(RECT rcPart);
 
+    bool operator==(const CScreenPicture&) const = default;
+
     int GetWidth() const { return m_iWidth; }
     int GetHeight() const { return m_iHeight; }
     // The colour of a pixel, relative to the upper left corner.

@@ -17,6 +17,7 @@
 #include <iostream>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace
 {
@@ -53,6 +54,20 @@ private:
     void Take_Run();
     void ChooseFixedMode() const;
     void Take_RunNamed(const char* sName) const;
+    // Waits until a part of the screen has changed several times: a slow painter needs a while for its first frames.
+    static void WaitForFrames(const RECT& rc)
+    {
+        constexpr int c_iEnough = 3;
+        int iChanges = 0;
+        CScreenPicture before(rc);
+        WaitUntil("frames", c_endPatience, [&] {
+            CScreenPicture now(rc);
+            iChanges += now == before ? 0 : 1;
+            before = std::move(now);
+            return iChanges >= c_iEnough;
+        });
+    }
+
     void Save(const RECT& rc, const char* sName) const
     {
         Sleep(c_uPaintMilliseconds);
@@ -150,8 +165,13 @@ void CPhotographer::Take_Worlds()
     Take_RunNamed("scrolled");
     m_user.PressStart();
     m_user.PressKeyInWindow(VK_F11);
-    WaitUntil("full screen", c_endPatience, [&] { return IsWindowVisible(m_user.GetStatusBar()) == FALSE; });
-    Save(m_user.GetWindowRectangle(), "full-screen");
+    const RECT rcScreen = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    WaitUntil("full screen", c_endPatience, [&] {
+        const RECT rc = m_user.GetWorldRectangle();
+        return EqualRect(&rc, &rcScreen) != FALSE && IsWindowVisible(m_user.GetStatusBar()) == FALSE;
+    });
+    WaitForFrames(rcScreen);
+    Save(rcScreen, "full-screen");
     m_user.PressKeyInWindow(VK_ESCAPE);
     WaitUntil("the window", c_endPatience, [&] { return IsWindowVisible(m_user.GetStatusBar()) != FALSE; });
 }
