@@ -115,8 +115,11 @@ try_fault() {
     read_file "${file[$id]}"
     printf '%s' "${contents/"${old[$id]}"/"${new[$id]}"}" >"${file[$id]}"
     if ! build "${suite[$id]}"; then
-        [ -n "${compiler[$id]-}" ] && tell killed "$id" "the compiler" ||
-            { tell error "$id" "it does not compile:" && grep -m 3 'error:' "$build/build.log" || true; }
+        if [ -n "${compiler[$id]-}" ] && grep -q 'static assertion failed' "$build/build.log"; then
+            tell killed "$id" "the compiler"
+        else
+            tell error "$id" "it does not compile:" && grep -m 3 'error:' "$build/build.log" || true
+        fi
     elif [ -n "${compiler[$id]-}" ]; then
         tell survived "$id" "the compiler"
     else
