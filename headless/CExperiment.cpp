@@ -141,6 +141,11 @@ void CExperiment::Iterate()
         SaveCheckpoint(pStats);
         throw CInterruptedError(interruption.what() + DescribeContinuation(m_Options), interruption.GetExitCode());
     }
+    catch (const CHeadlessError& error)
+    {
+        // Something cannot be written. The atoms are those of a whole iteration.
+        throw CHeadlessError(error.what() + (TrySaveCheckpoint() ? DescribeContinuation(m_Options) : ""));
+    }
     if (stats)
     {
         stats->Commit();
@@ -179,6 +184,20 @@ void CExperiment::SaveCheckpoint(CStatsWriter* pStats)
                      m_Results.collisions, m_Results.startSpeedSum, m_Stats},
                     m_Atoms, file);
     file.Commit();
+}
+
+// With the statistics of the checkpoint before: newer rows may be missing.
+bool CExperiment::TrySaveCheckpoint()
+{
+    try
+    {
+        SaveCheckpoint(nullptr);
+        return true;
+    }
+    catch (const CHeadlessError&)
+    {
+        return false;
+    }
 }
 
 void CExperiment::AdvanceOnce(std::uint64_t uIteration, CStatsWriter* pStats)

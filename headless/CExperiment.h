@@ -35,6 +35,7 @@ private:
     void AdvanceAll(CStatsWriter* pStats);
     void AdvanceOnce(std::uint64_t uIteration, CStatsWriter* pStats);
     void SaveCheckpoint(CStatsWriter* pStats);
+    bool TrySaveCheckpoint();
     void SaveResults();
     void DrawPictureOfIteration() const;
     void DrawPicture(const std::string& sPath) const;

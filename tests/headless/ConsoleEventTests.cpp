@@ -34,7 +34,8 @@ public:
         }
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;
-        m_bStarted = CreateProcessW(nullptr, sCommand.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &m_Process) != FALSE;
+        m_bStarted = CreateProcessW(nullptr, sCommand.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                                    &m_Process) != FALSE;
     }
 
     CConsoleProcess(const CConsoleProcess&) = delete;

@@ -83,6 +83,25 @@ TEST(Fault, OfEachCallIsAnErrorAndLeavesTheOldFile)
     }
 }
 
+TEST(Fault, BetweenTheIterationsLosesNothingOfARunWithACheckpoint)
+{
+    const CTemporaryFolder folder;
+    const std::string sCheckpoint = folder.GetPath("run.ckpt");
+    CLaunch launch{{"--seed", "1", "--iterations", "9", "--checkpoint", sCheckpoint, "--picture",
+                    folder.GetPath("gas.png"), "--picture-every", "4"}};
+    launch.faults = "open:gas-4:1:error=28";
+    const CProgramResult result = RunHeadless(launch);
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err, "error: " + folder.GetPath("gas-4.png") +
+                              ": cannot be written: No space left on device; --resume " + sCheckpoint +
+                              " continues the run\n");
+
+    const CProgramResult resumed = RunHeadless({{"--resume", sCheckpoint, "--iterations", "5"}});
+    EXPECT_EQ(GetSummaryValue(resumed.out, "iterations"), "9");
+    EXPECT_EQ(GetSummaryValue(resumed.out, "state hash"),
+              GetSummaryValue(RunHeadless({{"--seed", "1", "--iterations", "9"}}).out, "state hash"));
+}
+
 TEST(Fault, AFullDiskIsAnErrorWhereverItStrikes)
 {
     const CTemporaryFolder folder;
