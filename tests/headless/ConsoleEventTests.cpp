@@ -22,7 +22,8 @@ BOOL WINAPI IgnoreEvent(DWORD)
 class CConsoleProcess
 {
 public:
-    explicit CConsoleProcess(const CArguments& arguments)
+    // out is its standard output; null: that of the console.
+    CConsoleProcess(const CArguments& arguments, HANDLE out)
     {
         FreeConsole();
         AllocConsole();
@@ -34,7 +35,9 @@ public:
         }
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;
-        m_bStarted = CreateProcessW(nullptr, sCommand.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+        startup.dwFlags = out != nullptr ? STARTF_USESTDHANDLES : 0;
+        startup.hStdOutput = out;
+        m_bStarted = CreateProcessW(nullptr, sCommand.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
                                     &m_Process) != FALSE;
     }
 
@@ -81,7 +84,8 @@ TEST(ConsoleEvent, EndsARunThatLeavesACheckpointAndItsStatistics)
     const CTemporaryFolder folder;
     const std::string sCheckpoint = folder.GetPath("run.ckpt");
     const CConsoleProcess process({"--seed", "42", "--iterations", "1000000000000", "--stats",
-                                   folder.GetPath("stats.csv"), "--checkpoint", sCheckpoint});
+                                   folder.GetPath("stats.csv"), "--checkpoint", sCheckpoint},
+                                  nullptr);
     ASSERT_TRUE(process.IsStarted());
     // From now on the program iterates.
     WaitForFile(folder.GetPath("stats.csv.partial"));
@@ -92,4 +96,30 @@ TEST(ConsoleEvent, EndsARunThatLeavesACheckpointAndItsStatistics)
     const CProgramResult shown = RunProgram({"--resume", sCheckpoint, "--iterations", "0"});
     EXPECT_EQ(shown.exitCode, 0) << shown.err;
     EXPECT_EQ(GetSummaryValue(shown.out, "seed"), "42");
+}
+
+// The program waits in a call that no event ends.
+TEST(ConsoleEvent, EndsARunThatWritesToAPipeThatNobodyReads)
+{
+    const CTemporaryFolder folder;
+    SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
+    HANDLE readEnd = nullptr;
+    HANDLE writeEnd = nullptr;
+    ASSERT_TRUE(CreatePipe(&readEnd, &writeEnd, &inherited, 1) != FALSE);
+    const CConsoleProcess process(
+        {"--atoms", "5", "--iterations", "1000000000000", "--stats", "-", "--picture", folder.GetPath("gas.png")},
+        writeEnd);
+    ASSERT_TRUE(process.IsStarted());
+    DWORD uBytes = 0;
+    while (uBytes == 0)
+    {
+        ASSERT_TRUE(PeekNamedPipe(readEnd, nullptr, 0, nullptr, &uBytes, nullptr) != FALSE);
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    ASSERT_TRUE(CConsoleProcess::PressControlC());
+
+    EXPECT_EQ(process.WaitForEnd(), STATUS_CONTROL_C_EXIT);
+    EXPECT_EQ(folder.GetNames(), CNames{});
+    CloseHandle(readEnd);
+    CloseHandle(writeEnd);
 }
