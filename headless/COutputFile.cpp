@@ -147,15 +147,19 @@ void COutputFile::Keep(bool bOnDisk)
 {
     WriteThrough(m_sBuffer);
     m_sBuffer.clear();
-    const int flushError = bOnDisk ? SystemFile_Flush(m_iFile) : 0;
-    if (flushError != 0)
+    if (!m_bDirect && !m_bKept)
     {
-        Fail(GetErrorText(flushError));
+        TakePartialName();
     }
-    if (m_bDirect || m_bKept)
+    const int error = bOnDisk ? SystemFile_Flush(m_iFile) : 0;
+    if (error != 0)
     {
-        return;
+        Fail(GetErrorText(error));
     }
+}
+
+void COutputFile::TakePartialName()
+{
     std::error_code error;
     const fs::path partial = AppendPartial(m_Target);
     fs::rename(m_Temporary, partial, error);

@@ -38,6 +38,7 @@ public:
 private:
     void CreateTemporary();
     void WriteThrough(std::string_view sBytes);
+    void TakePartialName();
     void ReplaceOldFile();
     void Discard() noexcept;
     [[noreturn]] void Fail(const std::string& sReason) const;

@@ -1,6 +1,7 @@
 #include "headless/COutputFile.h"
 #include "headless/HeadlessError.h"
 #include "headless/SystemFile.h"
+#include "headless/TemporaryFiles.h"
 #include "tests/headless/HeadlessTesting.h"
 
 #include <gtest/gtest.h>
@@ -72,6 +73,44 @@ TEST(OutputFile, WithoutACommitTheOldFileIsUnchanged)
 
     EXPECT_EQ(ReadFile(sPath), "old");
     EXPECT_EQ(folder.GetNames(), CNames{"a.csv"});
+}
+
+TEST(OutputFile, AKeptFileStaysUnderItsPartialNameUntilTheCommit)
+{
+    const CTemporaryFolder folder;
+    const std::string sPath = folder.WriteFile("a.csv", "old");
+    {
+        COutputFile file(sPath);
+        file.Write("first");
+        file.Keep(false);
+        EXPECT_EQ(ReadFile(folder.GetPath("a.csv.partial")), "first");
+        file.Write(" second");
+        file.Keep(true);
+    }
+    EXPECT_EQ(ReadFile(folder.GetPath("a.csv.partial")), "first second");
+    EXPECT_EQ(ReadFile(sPath), "old");
+
+    COutputFile file(sPath);
+    file.Write("third");
+    file.Keep(true);
+    file.Commit();
+    EXPECT_EQ(ReadFile(sPath), "third");
+    EXPECT_EQ(folder.GetNames(), CNames{"a.csv"});
+}
+
+TEST(OutputFile, ASignalRemovesAFileThatIsStillOpenAndNoOther)
+{
+    const CTemporaryFolder folder;
+    COutputFile done(folder.GetPath("done.csv"));
+    done.Commit();
+    COutputFile kept(folder.GetPath("kept.csv"));
+    kept.Keep(false);
+    COutputFile open(folder.GetPath("open.csv"));
+    open.Write(std::string(1'000'000, 'x'));
+    EXPECT_EQ(folder.GetNames().size(), 3U);
+
+    RemoveTemporaryFiles();
+    EXPECT_EQ(folder.GetNames(), (CNames{"done.csv", "kept.csv.partial"}));
 }
 
 TEST(OutputFile, NamesMayHoldLettersOutsideAscii)
