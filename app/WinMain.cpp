@@ -1,5 +1,6 @@
 #include "app/CKinetarium.h"
 #include "app/LibrarySettings_Kinetarium.h"
+#include "app/VersionLine.h"
 #include "classes/core/CCpuCapabilities.h"
 #include "classes/core/CExceptionHandler.h"
 #include "classes/core/CrashNote.h"
@@ -11,6 +12,8 @@
 #include "diagnostics/Guard.h"
 
 #include <windows.h>
+
+#include <string_view>
 
 namespace
 {
@@ -27,8 +30,13 @@ void WriteProfileIfAsked()
 }
 } // namespace
 
-int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR, int)
+int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR sArguments, int)
 {
+    if (std::wstring_view(sArguments) == L"--version")
+    {
+        WriteVersionLine();
+        return 0;
+    }
     SetLibrarySettings(GetLibrarySettings_Kinetarium());
     Guarded({nullptr, __TIMESTAMP__}, [&] {
         const CExceptionHandler exceptionHandler(nullptr, false);

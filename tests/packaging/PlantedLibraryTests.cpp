@@ -31,8 +31,8 @@ std::set<std::string> DelayedLibraries()
     return libraries;
 }
 
-// A folder with a program and a planted library for each that it needs, as a user may have downloaded them. Wine prefers its
-// own libraries; here it is told to look for others first, as Windows does.
+// A folder with a program and a planted library for each that it needs, as a user may have downloaded them. Wine
+// prefers its own libraries; here it is told to look for others first, as Windows does.
 class PlantedLibrary : public testing::TestWithParam<const wchar_t*>
 {
 protected:
@@ -79,8 +79,8 @@ protected:
         }
     }
 
-    const std::filesystem::path m_folder = std::filesystem::temp_directory_path() /
-                                           ("kinetarium planted " + std::to_string(GetCurrentProcessId()));
+    const std::filesystem::path m_folder =
+        std::filesystem::temp_directory_path() / ("kinetarium planted " + std::to_string(GetCurrentProcessId()));
     std::filesystem::path m_program;
     std::wstring m_sKey;
     std::set<std::string> m_libraries;
@@ -129,7 +129,8 @@ TEST_P(PlantedLibraryWithWindow, NoLibraryBesideTheProgramIsLoaded)
     user.PressStop();
     for (const std::string& sLibrary : m_libraries)
     {
-        EXPECT_FALSE(program.HasModuleFrom(std::wstring(sLibrary.begin(), sLibrary.end()), m_folder.filename().wstring()))
+        EXPECT_FALSE(
+            program.HasModuleFrom(std::wstring(sLibrary.begin(), sLibrary.end()), m_folder.filename().wstring()))
             << sLibrary;
     }
     user.Close();

@@ -6,10 +6,10 @@
 
 namespace
 {
-// From here on the process searches for libraries only in the system's folder, also for those that other libraries need:
-// not beside the program, where a user may have downloaded something else, nor in the current folder, nor on the search
-// path. Comes before every other constructor, because that of the stack check already calls a library. If the system
-// refuses, the program runs all the same.
+// From here on the process searches for libraries only in the system's folder, also for those that other libraries
+// need: not beside the program, where a user may have downloaded something else, nor in the current folder, nor on the
+// search path. Comes before every other constructor, because that of the stack check already calls a library. If the
+// system refuses, the program runs all the same.
 __attribute__((constructor(101))) void SearchLibrariesInSystemFolderOnly()
 {
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
