@@ -2,8 +2,11 @@
 
 #include "classes/core/Utf8.h"
 #include "headless/HeadlessError.h"
+#include "headless/NumberText.h"
 #include "settings/SettingsFile.h"
 
+#include <cstdint>
+#include <optional>
 #include <utility>
 
 namespace
@@ -15,6 +18,27 @@ const CIniText& GetEmptyFile()
     return file;
 }
 
+// The checks return the allowed values, or nothing if the text is one of them.
+
+std::string CheckNumber(const CSettingRow& row, const std::wstring& sText)
+{
+    const std::optional<std::uint64_t> uNumber = ParseWholeNumber(Utf8FromWide(sText));
+    const bool bAllowed = uNumber && *uNumber >= static_cast<std::uint64_t>(row.range.low) &&
+                          *uNumber <= static_cast<std::uint64_t>(row.range.high);
+    return bAllowed ? std::string()
+                    : "a whole number from " + std::to_string(row.range.low) + " to " + std::to_string(row.range.high);
+}
+
+std::string CheckFactor(const std::wstring& sText)
+{
+    if (sText.size() > SettingsFile::c_uMostTextCharacters)
+    {
+        return "a text of at most " + std::to_string(SettingsFile::c_uMostTextCharacters) + " characters";
+    }
+    const CFactor factor{CWString(sText)};
+    return (factor.IsSet() && !factor.HasValue()) || factor.IsBelowZero() ? c_sAllowedFactor : std::string();
+}
+
 } // namespace
 
 CSettingsReader::CSettingsReader(std::string sFile, const CIniText* pFile)
@@ -24,17 +48,17 @@ CSettingsReader::CSettingsReader(std::string sFile, const CIniText* pFile)
 
 void CSettingsReader::Read(const CSettingRow& row, CSettings& settings) const
 {
+    if (m_File.Find(SettingsFile::c_sSection, row.sFileKey) != nullptr)
+    {
+        const std::wstring sText = m_File.GetString(SettingsFile::c_sSection, row.sFileKey, {}, std::wstring::npos);
+        const std::string sAllowed =
+            row.eType == EnumSettingType::Factor ? CheckFactor(sText) : CheckNumber(row, sText);
+        if (!sAllowed.empty())
+        {
+            Fail(row, Quote(Utf8FromWide(sText)) + " is not allowed; allowed is " + sAllowed);
+        }
+    }
     ReadSetting(m_File, row, settings);
-    if (row.eType == EnumSettingType::Factor)
-    {
-        return;
-    }
-    const std::int64_t number = GetNumber(row, settings);
-    if (number < row.range.low || number > row.range.high)
-    {
-        Fail(row, std::to_string(number) + " is out of range; allowed is " + std::to_string(row.range.low) + " to " +
-                      std::to_string(row.range.high));
-    }
 }
 
 void CSettingsReader::Fail(const CSettingRow& row, const std::string& sWhat) const

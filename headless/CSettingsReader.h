@@ -5,8 +5,12 @@
 
 #include <string>
 
-// Reads settings from a file, or uses their defaults if there is no file. If a number is out of range, throws
-// CHeadlessError with file, line and key.
+// The factors that a file or an option may give, for messages.
+constexpr const char* c_sAllowedFactor = "a number from 0 on, in fixed mode also a percentage like 12.34%";
+
+// Reads settings from a file, or uses their defaults if there is no file. Where the window would take another value
+// than the file says (a number in a longer text or out of range, a text that is cut), throws CHeadlessError with file,
+// line, key, value and the allowed ones.
 class CSettingsReader
 {
 public:

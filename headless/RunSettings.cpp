@@ -5,6 +5,7 @@
 #include "headless/HeadlessError.h"
 #include "headless/InputFile.h"
 #include "headless/NumberText.h"
+#include "headless/SettingsFileCheck.h"
 #include "settings/FactorRules.h"
 
 #include <string_view>
@@ -127,7 +128,7 @@ std::string DescribeError(const CFactorError& error, const CFactors& factors)
     switch (error.eError)
     {
     case EnumFactorError::Invalid:
-        return sFactor + "is not allowed; allowed is a number from 0 on, in fixed mode also a percentage like 12.34%";
+        return sFactor + "is not allowed; allowed is " + c_sAllowedFactor;
     case EnumFactorError::PercentageInSpeedMode:
         return sFactor + "is a percentage, which is allowed in fixed mode only";
     case EnumFactorError::NotExactlyTwoSet:
@@ -183,6 +184,10 @@ void CheckStartPoint(const COptions& options, const CSettings& settings)
 
 CSettings ResolveSettings(const COptions& options, const std::string& sFile, const CIniText* pFile)
 {
+    if (pFile != nullptr)
+    {
+        CheckSettingsFile(sFile, *pFile);
+    }
     CSettings settings;
     const CSettingsReader reader(sFile, pFile);
     const CResolver resolver(options, reader, settings);

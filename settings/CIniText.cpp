@@ -1,6 +1,7 @@
 #include "settings/CIniText.h"
 
 #include "classes/core/CWString.h"
+#include "classes/core/Utf8.h"
 #include "settings/SettingsFile.h"
 
 #include <algorithm>
@@ -9,7 +10,8 @@ namespace
 {
 
 constexpr std::wstring_view c_sBlanks = L" \t\r\v\f\x1A";
-constexpr std::string_view c_sUtf16Mark = "\xFF\xFE";
+constexpr std::string_view c_sUtf16LittleEndianMark = "\xFF\xFE";
+constexpr std::string_view c_sUtf16BigEndianMark = "\xFE\xFF";
 constexpr std::string_view c_sUtf8Mark = "\xEF\xBB\xBF";
 constexpr unsigned c_uByteBits = 8;
 constexpr std::size_t c_uMaxNumberLength = 29; // a number is read from at most so many characters of a value
@@ -18,25 +20,50 @@ constexpr std::uint32_t c_uHexadecimal = 16;
 constexpr std::uint32_t c_uOctal = 8;
 constexpr std::uint32_t c_uBinary = 2;
 
-std::wstring Decode(std::string_view sBytes)
+// uHigh: the place of the more significant byte of each pair. A last byte without a partner is a character of its own.
+std::wstring DecodeUtf16(std::string_view sBytes, std::size_t uHigh)
 {
     std::wstring sText;
     const auto byteAt = [sBytes](std::size_t u) {
-        return static_cast<unsigned>(static_cast<unsigned char>(sBytes[u]));
+        return u < sBytes.size() ? static_cast<unsigned>(static_cast<unsigned char>(sBytes[u])) : 0U;
     };
-    if (sBytes.starts_with(c_sUtf16Mark))
+    for (std::size_t u = 0; u < sBytes.size(); u += 2)
     {
-        for (std::size_t u = c_sUtf16Mark.size(); u + 1 < sBytes.size(); u += 2)
-        {
-            sText += static_cast<wchar_t>(byteAt(u) | (byteAt(u + 1) << c_uByteBits));
-        }
-        return sText;
-    }
-    for (std::size_t u = sBytes.starts_with(c_sUtf8Mark) ? c_sUtf8Mark.size() : 0; u < sBytes.size(); ++u)
-    {
-        sText += static_cast<wchar_t>(byteAt(u));
+        sText += static_cast<wchar_t>((byteAt(u + uHigh) << c_uByteBits) | byteAt(u + 1 - uHigh));
     }
     return sText;
+}
+
+std::wstring Decode(std::string_view sBytes)
+{
+    if (sBytes.starts_with(c_sUtf16LittleEndianMark))
+    {
+        return DecodeUtf16(sBytes.substr(c_sUtf16LittleEndianMark.size()), 1);
+    }
+    if (sBytes.starts_with(c_sUtf16BigEndianMark))
+    {
+        return DecodeUtf16(sBytes.substr(c_sUtf16BigEndianMark.size()), 0);
+    }
+    if (sBytes.starts_with(c_sUtf8Mark))
+    {
+        return WideFromUtf8(sBytes.substr(c_sUtf8Mark.size()));
+    }
+    std::wstring sText;
+    for (const char byte : sBytes)
+    {
+        sText += static_cast<wchar_t>(static_cast<unsigned char>(byte));
+    }
+    return sText;
+}
+
+// Removes the first line with its end, which is CR, LF or the two together, and returns it without the end.
+std::wstring_view TakeLine(std::wstring_view& sText)
+{
+    const std::size_t uEnd = std::min(sText.find_first_of(L"\r\n"), sText.size());
+    const std::wstring_view sLine = sText.substr(0, uEnd);
+    const std::size_t uEndLength = sText.substr(uEnd).starts_with(L"\r\n") ? 2 : 1;
+    sText.remove_prefix(std::min(uEnd + uEndLength, sText.size()));
+    return sLine;
 }
 
 std::wstring_view Trim(std::wstring_view sText)
@@ -54,6 +81,12 @@ std::wstring_view DropQuotes(std::wstring_view sText)
     const bool bQuoted =
         sText.size() > 1 && (sText.front() == L'"' || sText.front() == L'\'') && sText.front() == sText.back();
     return bQuoted ? sText.substr(1, sText.size() - 2) : sText;
+}
+
+// A NUL ends a name or a value.
+std::wstring_view CutAtNul(std::wstring_view sText)
+{
+    return sText.substr(0, sText.find(L'\0'));
 }
 
 bool AreSameNames(std::wstring_view sFirst, std::wstring_view sSecond)
@@ -135,9 +168,7 @@ CIniText::CIniText(std::string_view sBytes)
     std::wstring_view sText = sDecoded;
     for (std::uint64_t uLine = 1; !sText.empty(); ++uLine)
     {
-        const std::size_t uEnd = sText.find(L'\n');
-        AddLine(Trim(sText.substr(0, uEnd)), uLine);
-        sText.remove_prefix(uEnd == std::wstring_view::npos ? sText.size() : uEnd + 1);
+        AddLine(Trim(TakeLine(sText)), uLine);
     }
 }
 
@@ -146,19 +177,19 @@ void CIniText::AddLine(std::wstring_view sLine, std::uint64_t uLine)
     const std::size_t uBracket = sLine.rfind(L']');
     if (sLine.starts_with(L'[') && uBracket != std::wstring_view::npos)
     {
-        m_Sections.push_back({std::wstring(sLine.substr(1, uBracket - 1)), {}});
+        m_Sections.push_back({std::wstring(CutAtNul(sLine.substr(1, uBracket - 1))), uLine, {}});
         return;
     }
     const std::size_t uEquals = sLine.find(L'=');
     const bool bHasValue = uEquals != std::wstring_view::npos;
-    const std::wstring_view sValue = bHasValue ? Trim(sLine.substr(uEquals + 1)) : std::wstring_view();
+    const std::wstring_view sValue = bHasValue ? CutAtNul(Trim(sLine.substr(uEquals + 1))) : std::wstring_view();
     m_Sections.back().entries.push_back(
-        {std::wstring(Trim(sLine.substr(0, uEquals))), std::wstring(sValue), bHasValue, uLine});
+        {std::wstring(CutAtNul(Trim(sLine.substr(0, uEquals)))), std::wstring(sValue), bHasValue, uLine});
 }
 
 const CIniEntry* CIniText::Find(std::wstring_view sSection, std::wstring_view sKey) const
 {
-    const auto section = std::find_if(m_Sections.begin(), m_Sections.end(), [&](const CSection& candidate) {
+    const auto section = std::find_if(m_Sections.begin(), m_Sections.end(), [&](const CIniSection& candidate) {
         return AreSameNames(candidate.name, sSection);
     });
     if (section == m_Sections.end())

@@ -16,6 +16,14 @@ struct CIniEntry
     std::uint64_t uLine{}; // counted from 1
 };
 
+// A "[name]" line and the lines below it, comments and empty lines included.
+struct CIniSection
+{
+    std::wstring name;
+    std::uint64_t uLine{}; // counted from 1; 0 for the lines before the first section, which have no name
+    std::vector<CIniEntry> entries;
+};
+
 // A settings file, read as the profile functions of Windows read it, for systems without these functions. Names are
 // compared without regard to case. Of several sections or keys with the same name, the first one wins. One pair of
 // quotation marks around a value is dropped. No content is an error. As a store of settings it reads the section
@@ -26,9 +34,13 @@ public:
     // An empty file: every setting has its default.
     CIniText() : CIniText(std::string_view()) {}
 
-    // The bytes of the whole file. They are UTF-16 (little endian) if they begin with FF FE. Otherwise an optional
-    // UTF-8 mark is skipped and each byte is one character, which is right for everything that is read here.
+    // The bytes of the whole file. A mark at the beginning says that they are UTF-8 or UTF-16 of either byte order.
+    // Without one, each byte is one character, which is right for everything that is read here. A line ends with CR, LF
+    // or both.
     explicit CIniText(std::string_view sBytes);
+
+    // In the order of the file; the first one holds the lines before any section.
+    const std::vector<CIniSection>& GetSections() const { return m_Sections; }
 
     // The line of a key; null if there is none.
     const CIniEntry* Find(std::wstring_view sSection, std::wstring_view sKey) const;
@@ -46,13 +58,7 @@ public:
     CWString ReadText(const wchar_t* sKey, const wchar_t* sDefault) const override;
 
 private:
-    struct CSection
-    {
-        std::wstring name;
-        std::vector<CIniEntry> entries;
-    };
-
     void AddLine(std::wstring_view sLine, std::uint64_t uLine);
 
-    std::vector<CSection> m_Sections;
+    std::vector<CIniSection> m_Sections;
 };

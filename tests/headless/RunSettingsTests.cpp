@@ -126,43 +126,58 @@ TEST(RunSettings, AModeGivenAsOptionSelectsTheDefaultsForTheFile)
     EXPECT_EQ(JoinFactors(settings), L"25%|50%|");
 }
 
-TEST(RunSettings, SpeedModeDoesNotReadTheSecondFactor)
+TEST(RunSettings, SpeedModeDoesNotUseTheSecondFactor)
 {
-    EXPECT_EQ(JoinFactors(Resolve({}, "Atom_colour_2_factor=nonsense\n")), L"0.75||1.25");
+    EXPECT_EQ(JoinFactors(Resolve({}, "Atom_colour_2_factor=50%\n")), L"0.75||1.25");
+    EXPECT_EQ(GetError({}, "Atom_colour_2_factor=nonsense\n"),
+              "K.ini, line 2, Atom_colour_2_factor: 'nonsense' is not allowed; allowed is a number from 0 on, in fixed "
+              "mode also a percentage like 12.34%");
 }
 
-TEST(RunSettings, OnlyTheLowEightBitsOfTheModeCount)
+// The window corrects such values or reads a part of them, but an experiment must run with exactly the values that it
+// names.
+TEST(RunSettings, AValueThatIsNotOneWholeNumberInItsRangeIsRefused)
 {
-    EXPECT_EQ(Resolve({}, "Atoms_colour_mode=256\nAtom_colour_3_factor=\n").eMode, EnumAtomColourMode::Fixed);
-    EXPECT_EQ(Resolve({}, "Atoms_colour_mode=257\n").eMode, EnumAtomColourMode::Speed);
+    const auto getRefused = [](const std::string& sKey, const std::string& sValue) {
+        const std::string sStart = "K.ini, line 3, " + sKey + ": ";
+        const std::string sError = GetError({}, "\n" + sKey + "=" + sValue + "\n");
+        return sError.starts_with(sStart) ? sError.substr(sStart.size()) : "another place: " + sError;
+    };
+    const std::string sLength = " is not allowed; allowed is a whole number from 10 to 9999";
+    for (const std::string sValue : {"9", "10000", "-20", "+20", "700.9", "600abc", "abc", "", "1e3", "0x100",
+                                     "0b11111", "20 ; wide", "5,000", "18446744073709551626"})
+    {
+        EXPECT_EQ(getRefused("World_width", sValue), "'" + sValue + "'" + sLength);
+        EXPECT_EQ(getRefused("World_height", sValue), "'" + sValue + "'" + sLength);
+    }
+    EXPECT_EQ(getRefused("Tot_atoms", "1e3"), "'1e3' is not allowed; allowed is a whole number from 1 to 1000000");
+    EXPECT_EQ(getRefused("Tot_atoms", "1000001"),
+              "'1000001' is not allowed; allowed is a whole number from 1 to 1000000");
+    EXPECT_EQ(getRefused("Atoms_min_radius", "260"), "'260' is not allowed; allowed is a whole number from 1 to 32");
+    EXPECT_EQ(getRefused("Atoms_max_radius", "0"), "'0' is not allowed; allowed is a whole number from 1 to 32");
+    EXPECT_EQ(getRefused("Atoms_colour_mode", "256"), "'256' is not allowed; allowed is a whole number from 0 to 1");
+    EXPECT_EQ(getRefused("Atom_colour_2", "16777216"),
+              "'16777216' is not allowed; allowed is a whole number from 0 to 16777215");
+    EXPECT_EQ(getRefused("World_background_colour", "-1"),
+              "'-1' is not allowed; allowed is a whole number from 0 to 16777215");
+    EXPECT_EQ(getRefused("Atom_colour_1_factor", "0.12345678901234"),
+              "'0.12345678901234' is not allowed; allowed is a text of at most 15 characters");
+    EXPECT_EQ(getRefused("Atom_colour_1_factor", "-1"),
+              "'-1' is not allowed; allowed is a number from 0 on, in fixed mode also a percentage like 12.34%");
 }
 
-TEST(RunSettings, OnlyTheLowEightBitsOfARadiusCount)
+TEST(RunSettings, ANumberMayHaveLeadingZerosAndQuotationMarks)
 {
-    EXPECT_EQ(Resolve({}, "Atoms_min_radius=260\n").minRadius, 4);
-    EXPECT_EQ(GetError({}, "Atoms_min_radius=300\n"),
-              "K.ini, line 2, Atoms_min_radius: 44 is out of range; allowed is 1 to 32");
+    EXPECT_EQ(Resolve({}, "World_width=\"600\"\n").world.cx, 600);
+    EXPECT_EQ(Resolve({}, "World_width=0600\n").world.cx, 600);
+    EXPECT_EQ(Resolve({}, "World_width=9999\nWorld_height=10\n").world, (CSize<int>{9999, 10}));
+    EXPECT_EQ(JoinFactors(Resolve({}, "Atom_colour_1_factor=0.1234567890123\n")), L"0.1234567890123||1.25");
 }
 
-TEST(RunSettings, AFactorIsTruncatedToFifteenCharacters)
+TEST(RunSettings, AFileThatIsNoSettingsFileIsRefused)
 {
-    EXPECT_EQ(JoinFactors(Resolve({}, "Atom_colour_1_factor=0.123456789012345678\n")), L"0.1234567890123||1.25");
-}
-
-// The window corrects such values, but an experiment must run with exactly the values that it names.
-TEST(RunSettings, ValuesOutOfRangeAreErrorsWithTheirLine)
-{
-    EXPECT_EQ(GetError({}, "World_width=9\n"), "K.ini, line 2, World_width: 9 is out of range; allowed is 10 to 9999");
-    EXPECT_EQ(GetError({}, "\nWorld_height=abc\n"),
-              "K.ini, line 3, World_height: 0 is out of range; allowed is 10 to 9999");
-    EXPECT_EQ(GetError({}, "Tot_atoms=1000001\n"),
-              "K.ini, line 2, Tot_atoms: 1000001 is out of range; allowed is 1 to 1000000");
-    EXPECT_EQ(GetError({}, "Atoms_max_radius=0\n"),
-              "K.ini, line 2, Atoms_max_radius: 0 is out of range; allowed is 1 to 32");
-    EXPECT_EQ(GetError({}, "Atom_colour_2=16777216\n"),
-              "K.ini, line 2, Atom_colour_2: 16777216 is out of range; allowed is 0 to 16777215");
-    EXPECT_EQ(GetError({}, "World_background_colour=-1\n"),
-              "K.ini, line 2, World_background_colour: 4294967295 is out of range; allowed is 0 to 16777215");
+    EXPECT_EQ(GetError({}, "Tot_atom=5\n"),
+              "K.ini, line 2: the key 'Tot_atom' is unknown; the nearest known one is Tot_atoms");
 }
 
 TEST(RunSettings, ABlankBehindThePercentSignIsRefused)
@@ -193,7 +208,7 @@ TEST(RunSettings, RadiiInTheWrongOrderAreReportedForTheirSource)
 TEST(RunSettings, FactorsOfTheFileAreCheckedAsInTheWindow)
 {
     EXPECT_THAT(GetError({}, "Atom_colour_3_factor=abc\n"),
-                StartsWith("K.ini, line 2, Atom_colour_3_factor: factor 3, 'abc', is not allowed"));
+                StartsWith("K.ini, line 2, Atom_colour_3_factor: 'abc' is not allowed; allowed is a number"));
     EXPECT_THAT(GetError({}, "Atom_colour_1_factor=50%\n"),
                 StartsWith("K.ini, line 2, Atom_colour_1_factor: factor 1, '50%', is a percentage"));
     EXPECT_THAT(GetError({}, "Atoms_colour_mode=0\n"),
@@ -220,7 +235,12 @@ TEST(RunSettings, TheFileIsReadFromTheDisk)
     EXPECT_EQ(GetSummaryValue(good.out, "atoms"), "7");
     const CProgramResult bad = RunProgram({"--settings", sBad});
     EXPECT_EQ(bad.exitCode, 1);
-    EXPECT_EQ(bad.err, "error: " + sBad + ", line 2, Tot_atoms: 0 is out of range; allowed is 1 to 1000000\n");
+    EXPECT_EQ(bad.err, "error: " + sBad +
+                           ", line 2, Tot_atoms: '0' is not allowed; allowed is a whole number from 1 to 1000000\n");
+    const CProgramResult empty = RunProgram({"--settings", folder.WriteFile("Empty.ini", "")});
+    EXPECT_EQ(empty.exitCode, 1);
+    EXPECT_EQ(empty.err, "error: " + folder.GetPath("Empty.ini") +
+                             ": there is no section [Settings]; allowed is a settings file as the window writes it\n");
     const CProgramResult missing = RunProgram({"--settings", folder.GetPath("none.ini")});
     EXPECT_EQ(missing.exitCode, 1);
     EXPECT_EQ(missing.err, "error: " + folder.GetPath("none.ini") + ": there is no such file\n");

@@ -1,4 +1,5 @@
 #include "settings/CIniText.h"
+#include "tests/settings/CIniTextWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -110,33 +111,37 @@ TEST(IniText, AKeyWithoutAnEqualsSignHasNoValue)
     EXPECT_EQ(nullptr, CIniText("[S]\nKey\n").Find(L"S", L"Key"));
 }
 
-TEST(IniText, LinesKnowTheirNumbers)
+TEST(IniText, LinesKnowTheirNumbersWhateverEndsThem)
 {
-    const CIniText text("; a comment\r\n\r\n[S]\r\nFirst=1\r\n\r\nSecond=2");
+    for (const std::string sEnd : {"\n", "\r\n", "\r"})
+    {
+        const CIniText text("; a comment" + sEnd + sEnd + "[S]" + sEnd + "First=1" + sEnd + sEnd + "Second=2");
 
-    ASSERT_NE(text.Find(L"S", L"First"), nullptr);
-    EXPECT_EQ(text.Find(L"S", L"First")->uLine, 4U);
-    ASSERT_NE(text.Find(L"S", L"Second"), nullptr);
-    EXPECT_EQ(text.Find(L"S", L"Second")->uLine, 6U);
+        ASSERT_NE(text.Find(L"S", L"First"), nullptr);
+        EXPECT_EQ(text.Find(L"S", L"First")->uLine, 4U);
+        ASSERT_NE(text.Find(L"S", L"Second"), nullptr);
+        EXPECT_EQ(text.Find(L"S", L"Second")->uLine, 6U);
+        EXPECT_EQ(text.GetSections().back().uLine, 3U);
+    }
 }
 
 TEST(IniText, Utf16IsRecognisedByItsMark)
 {
-    const std::string sPlain = "[S]\r\nKey=12\r\n";
-    std::string sWide = "\xFF\xFE";
-    for (const char character : sPlain)
+    for (const EnumIniEncoding eEncoding : {EnumIniEncoding::Utf16LittleEndian, EnumIniEncoding::Utf16BigEndian})
     {
-        sWide += character;
-        sWide += '\0';
-    }
+        const CIniText text(EncodeIni(u"[S]\r\nKey=12\r\nText=\u20AC\r\n", eEncoding));
 
-    EXPECT_EQ(CIniText(sWide).GetInt(L"S", L"Key", 0), 12);
-    EXPECT_EQ(CIniText(sWide + "x").GetInt(L"S", L"Key", 0), 12);
+        EXPECT_EQ(text.GetInt(L"S", L"Key", 0), 12);
+        EXPECT_EQ(text.GetString(L"S", L"Text", L"", 15), L"\u20AC");
+    }
 }
 
 TEST(IniText, AMarkOfUtf8DoesNotHideTheSection)
 {
-    EXPECT_EQ(CIniText("\xEF\xBB\xBF[S]\nKey=12\n").GetInt(L"S", L"Key", 0), 12);
+    const CIniText text(EncodeIni(u"[S]\nKey=12\nText=\u20AC\n", EnumIniEncoding::Utf8));
+
+    EXPECT_EQ(text.GetInt(L"S", L"Key", 0), 12);
+    EXPECT_EQ(text.GetString(L"S", L"Text", L"", 15), L"\u20AC");
 }
 
 TEST(IniText, LinesBeforeTheFirstSectionBelongToNoSection)
