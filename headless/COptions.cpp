@@ -75,7 +75,7 @@ void AddWorldOptions(CLI::App& app, COptions& options)
     AddOption(app, "--start-at", options.startAt, ParsePointOption, "X,Y", "Point where every atom starts");
     AddNumber(app, "--iterations", options.iterations, 0, c_uMostIterations, "Number of iterations (1000)");
     AddFile(app, "--load-state", options.loadState,
-            "Take the atoms from a CSV file; not with --atoms, the radii or --start-at");
+            "Take the atoms from a CSV file; needs the size of their world; not with --atoms, the radii or --start-at");
     AddFile(app, "--settings", options.settings,
             "Take world, atoms, radii and colours from a Kinetarium.ini; options given beside it win");
 }

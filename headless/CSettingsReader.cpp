@@ -46,9 +46,14 @@ CSettingsReader::CSettingsReader(std::string sFile, const CIniText* pFile)
 {
 }
 
+bool CSettingsReader::Has(const CSettingRow& row) const
+{
+    return m_File.Find(SettingsFile::c_sSection, row.sFileKey) != nullptr;
+}
+
 void CSettingsReader::Read(const CSettingRow& row, CSettings& settings) const
 {
-    if (m_File.Find(SettingsFile::c_sSection, row.sFileKey) != nullptr)
+    if (Has(row))
     {
         const std::wstring sText = m_File.GetString(SettingsFile::c_sSection, row.sFileKey, {}, std::wstring::npos);
         const std::string sAllowed =

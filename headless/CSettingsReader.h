@@ -17,6 +17,9 @@ public:
     // sFile is the file's name in messages; pFile may be null and is not owned.
     CSettingsReader(std::string sFile, const CIniText* pFile);
 
+    // Whether the file gives the setting.
+    bool Has(const CSettingRow& row) const;
+
     void Read(const CSettingRow& row, CSettings& settings) const;
 
     // Throws CHeadlessError with the file, the line of the setting if it is in the file, and its name.

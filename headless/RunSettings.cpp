@@ -106,6 +106,25 @@ private:
     CSettings& m_Settings;
 };
 
+// The default size would be that of another world than the one that the state was saved in.
+void CheckWorldOfState(const COptions& options, const CSettingsReader& reader)
+{
+    const auto check = [&reader](bool bGiven, EnumSetting eSetting, const std::string& sName) {
+        const CSettingRow& row = GetSettingRow(eSetting);
+        if (!bGiven && !reader.Has(row))
+        {
+            throw CUsageError("--load-state: a state does not hold the size of its world; the " + sName +
+                              " must be given, by --" + sName + " or as " + Utf8FromWide(row.sFileKey) +
+                              " of --settings");
+        }
+    };
+    if (options.loadState)
+    {
+        check(options.width.has_value(), EnumSetting::WorldWidth, "width");
+        check(options.height.has_value(), EnumSetting::WorldHeight, "height");
+    }
+}
+
 void CheckRadii(const COptions& options, const CSettingsReader& reader, const CSettings& settings)
 {
     if (settings.minRadius <= settings.maxRadius)
@@ -190,6 +209,7 @@ CSettings ResolveSettings(const COptions& options, const std::string& sFile, con
     }
     CSettings settings;
     const CSettingsReader reader(sFile, pFile);
+    CheckWorldOfState(options, reader);
     const CResolver resolver(options, reader, settings);
     resolver.ResolveAll(EnumSettingType::Length);
     {

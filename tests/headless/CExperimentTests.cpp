@@ -104,7 +104,7 @@ TEST(Experiment, TheStateMayReplaceTheFileItCameFrom)
     const CTemporaryFolder folder;
     const std::string sFile = folder.WriteFile("a.csv", "x,y,vx,vy,radius\n20,20,1,0.5,5\n");
 
-    RunWell({"--load-state", sFile, "--save-state", sFile, "--iterations", "10"});
+    RunWell({"--load-state", sFile, "--width", "100", "--height", "100", "--save-state", sFile, "--iterations", "10"});
     EXPECT_EQ(ReadFile(sFile), "x,y,vx,vy,radius\n30,25,1,0.5,5\n");
 }
 
@@ -113,7 +113,7 @@ TEST(Experiment, TheStatisticsHaveARowForEachIteration)
     const CTemporaryFolder folder;
     const std::string sState = folder.WriteFile("a.csv", c_sMeeting);
     const std::string sStats = folder.GetPath("stats.csv");
-    RunWell({"--load-state", sState, "--iterations", "6", "--stats", sStats});
+    RunWell({"--load-state", sState, "--width", "100", "--height", "100", "--iterations", "6", "--stats", sStats});
 
     const std::string sText = ReadFile(sStats);
     EXPECT_THAT(sText, StartsWith("iteration,collisions,min_velocity,max_velocity,tot_velocity,avg_velocity\n"
@@ -172,7 +172,8 @@ TEST(Experiment, TheSummaryFindsOverlapsAndAtomsOutside)
 {
     const CTemporaryFolder folder;
     const std::string sState = folder.WriteFile("a.csv", "x,y,vx,vy,radius\n50,50,0,0,5\n58,50,0,0,5\n3,50,0,0,5\n");
-    const std::string sSummary = RunWell({"--load-state", sState, "--iterations", "0"});
+    const std::string sSummary =
+        RunWell({"--load-state", sState, "--width", "100", "--height", "100", "--iterations", "0"});
 
     EXPECT_EQ(GetSummaryValue(sSummary, "pairs overlapping by more than 0.01"), "1");
     EXPECT_EQ(GetSummaryValue(sSummary, "largest overlap"), "2.000000");

@@ -195,7 +195,29 @@ TEST(RunSettings, AValueThatAnOptionReplacesIsNotChecked)
 
 TEST(RunSettings, ALoadedStateReplacesAtomsAndRadiiOfTheFile)
 {
-    EXPECT_EQ(GetError({"--load-state", "a.csv"}, "Tot_atoms=0\nAtoms_min_radius=0\n"), "");
+    EXPECT_EQ(
+        GetError({"--load-state", "a.csv", "--width", "50", "--height", "60"}, "Tot_atoms=0\nAtoms_min_radius=0\n"),
+        "");
+}
+
+// Atoms of a large world in a small one lie beyond its walls: another experiment.
+TEST(RunSettings, ALoadedStateNeedsTheSizeOfItsWorld)
+{
+    const std::string sWidth = "usage: --load-state: a state does not hold the size of its world; the width must be "
+                               "given, by --width or as World_width of --settings";
+    const std::string sHeight = "usage: --load-state: a state does not hold the size of its world; the height must be "
+                                "given, by --height or as World_height of --settings";
+    const std::vector<std::string> load = {"--load-state", "a.csv"};
+
+    EXPECT_EQ(RunProgram(load).err, "error: " + sWidth.substr(7) + "\nkinetarium-headless --help shows all options.\n");
+    EXPECT_EQ(RunProgram(load).exitCode, 2);
+    EXPECT_EQ(RunProgram({"--load-state", "a.csv", "--width", "50"}).err.substr(7, sHeight.size() - 7),
+              sHeight.substr(7));
+    EXPECT_EQ(GetError(load, ""), sWidth);
+    EXPECT_EQ(GetError(load, "World_width=50\n"), sHeight);
+    EXPECT_EQ(GetError(load, "World_height=60\n"), sWidth);
+    EXPECT_EQ(GetError({"--load-state", "a.csv", "--width", "50"}, "World_height=60\n"), "");
+    EXPECT_EQ(Resolve(load, "World_width=50\nWorld_height=60\n").world, (CSize<int>{50, 60}));
 }
 
 TEST(RunSettings, RadiiInTheWrongOrderAreReportedForTheirSource)

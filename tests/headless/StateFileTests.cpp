@@ -231,14 +231,15 @@ TEST(StateFile, TheProgramNamesTheFileItCannotRead)
     const std::string sBad = folder.WriteFile("bad.csv", c_sHeader + "1,2,3\n");
     const std::string sMissing = folder.GetPath("none.csv");
 
-    const CProgramResult bad = RunProgram({"--load-state", sBad});
+    const CProgramResult bad = RunProgram({"--load-state", sBad, "--width", "100", "--height", "100"});
     EXPECT_EQ(bad.exitCode, 1);
     EXPECT_EQ(bad.err,
               "error: " + sBad + ", line 2, column 3 (vx): the row has 3 columns instead of 5 (x,y,vx,vy,radius)\n");
-    const CProgramResult missing = RunProgram({"--load-state", sMissing});
+    const CProgramResult missing = RunProgram({"--load-state", sMissing, "--width", "100", "--height", "100"});
     EXPECT_EQ(missing.exitCode, 1);
     EXPECT_EQ(missing.err, "error: " + sMissing + ": there is no such file\n");
-    const CProgramResult directory = RunProgram({"--load-state", folder.GetPath("")});
+    const CProgramResult directory =
+        RunProgram({"--load-state", folder.GetPath(""), "--width", "100", "--height", "100"});
     EXPECT_EQ(directory.exitCode, 1);
     EXPECT_EQ(directory.err, "error: " + folder.GetPath("") + ": this is a folder, not a file\n");
 }
