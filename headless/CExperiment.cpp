@@ -1,10 +1,12 @@
 #include "headless/CExperiment.h"
 
+#include "headless/CNumberedPictures.h"
 #include "headless/COutputFile.h"
 #include "headless/CProgressBar.h"
 #include "headless/CStreamSink.h"
 #include "headless/CWorldImage.h"
 #include "headless/HeadlessError.h"
+#include "headless/OutputPlaces.h"
 #include "headless/OverlapStatistics.h"
 #include "headless/PngFile.h"
 #include "headless/StateFile.h"
@@ -38,6 +40,7 @@ std::string DescribeStart(const COptions& options)
 CExperiment::CExperiment(const COptions& options, const CConsole& console)
     : m_Options(options), m_Console(console), m_Settings(ResolveSettings(options)), m_Random(MakeRandom(options))
 {
+    CheckOutputPlaces(options);
     // Fail before hours of computing, not after them.
     for (const std::optional<std::string>& sPath : {options.saveState, options.stats, options.picture})
     {

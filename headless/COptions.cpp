@@ -2,12 +2,10 @@
 
 #include "headless/HeadlessError.h"
 #include "headless/OptionValues.h"
-#include "headless/SystemFile.h"
 #include "settings/SettingRows.h"
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <functional>
 #include <limits>
 #include <type_traits>
@@ -112,30 +110,13 @@ void CheckCombinations(const COptions& options)
             throw CUsageError(std::string(sName) + ": is not allowed with --load-state, whose file brings the atoms");
         }
     }
-    if (options.pictureEvery && !options.picture)
-    {
-        throw CUsageError("--picture-every: needs --picture, which names the files");
-    }
-}
-
-// Two outputs to one file would overwrite each other.
-void CheckOutputs(const COptions& options)
-{
     if (options.picture == c_sStandardOutput)
     {
         throw CUsageError("--picture: standard output is not allowed; allowed is the name of a file");
     }
-    const std::vector<std::optional<std::string>> outputs = {options.saveState, options.stats, options.picture};
-    for (const std::optional<std::string>& output : outputs)
+    if (options.pictureEvery && !options.picture)
     {
-        const auto isSame = [&output](const std::optional<std::string>& other) {
-            return other && PathFromUtf8(*other).lexically_normal() == PathFromUtf8(*output).lexically_normal();
-        };
-        if (output && std::count_if(outputs.begin(), outputs.end(), isSame) > 1)
-        {
-            throw CUsageError("--save-state, --stats and --picture must not be written to the same place (" + *output +
-                              ")");
-        }
+        throw CUsageError("--picture-every: needs --picture, which names the files");
     }
 }
 
@@ -168,6 +149,5 @@ CParsedOptions ParseOptions(const std::vector<std::string>& arguments)
         throw CUsageError(error.what());
     }
     CheckCombinations(parsed.options);
-    CheckOutputs(parsed.options);
     return parsed;
 }

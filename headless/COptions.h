@@ -34,8 +34,9 @@ struct COptions
     bool quiet = false;
 };
 
-// The name that stands for standard output.
+// The names that stand for standard output and for standard input.
 constexpr const char* c_sStandardOutput = "-";
+constexpr const char* c_sStandardInput = "-";
 
 // The options of a command line, or the text that answers it: the help or the version.
 struct CParsedOptions

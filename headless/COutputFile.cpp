@@ -1,5 +1,6 @@
 #include "headless/COutputFile.h"
 
+#include "headless/FilePlace.h"
 #include "headless/HeadlessError.h"
 #include "headless/SystemFile.h"
 
@@ -25,14 +26,6 @@ constexpr fs::perms c_AnyoneMayWrite = fs::perms::owner_write | fs::perms::group
     throw CHeadlessError(sPath + ": cannot be written: " + sReason);
 }
 
-// Follows a link, so that its target is replaced and not the link itself.
-fs::path FollowLink(const fs::path& path)
-{
-    std::error_code error;
-    const fs::path target = fs::is_symlink(path, error) ? fs::canonical(path, error) : path;
-    return error ? path : target;
-}
-
 bool IsDevice(const fs::path& path)
 {
     std::error_code error;
@@ -40,15 +33,10 @@ bool IsDevice(const fs::path& path)
     return fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
 }
 
-fs::path GetFolder(const fs::path& path)
-{
-    return path.has_parent_path() ? path.parent_path() : fs::path(".");
-}
-
 } // namespace
 
 COutputFile::COutputFile(const std::string& sPath)
-    : m_sPath(sPath), m_Target(FollowLink(PathFromUtf8(sPath))), m_iFile(c_iNoFile)
+    : m_sPath(sPath), m_Target(FollowLinks(PathFromUtf8(sPath))), m_iFile(c_iNoFile)
 {
     Check(sPath);
     m_sBuffer.reserve(c_uBufferBytes);
@@ -72,7 +60,7 @@ COutputFile::~COutputFile()
 
 void COutputFile::Check(const std::string& sPath)
 {
-    const fs::path path = FollowLink(PathFromUtf8(sPath));
+    const fs::path path = FollowLinks(PathFromUtf8(sPath));
     std::error_code error;
     if (sPath.empty())
     {

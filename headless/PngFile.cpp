@@ -54,14 +54,3 @@ void WritePng(const CWorldImage& image, IByteSink& sink)
         throw CHeadlessError("the picture cannot be made: there is not enough memory");
     }
 }
-
-std::string GetNumberedName(const std::string& sPath, std::uint64_t uIteration, std::uint64_t uIterations)
-{
-    const std::string sLast = std::to_string(uIterations);
-    std::string sNumber = std::to_string(uIteration);
-    sNumber.insert(0, sLast.size() > sNumber.size() ? sLast.size() - sNumber.size() : 0, '0');
-    const std::size_t uName = sPath.find_last_of("/\\") + 1; // 0 without a folder
-    const std::size_t uDot = sPath.rfind('.');
-    const std::size_t uInsert = uDot == std::string::npos || uDot <= uName ? sPath.size() : uDot;
-    return sPath.substr(0, uInsert) + '-' + sNumber + sPath.substr(uInsert);
-}

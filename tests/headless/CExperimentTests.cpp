@@ -99,15 +99,6 @@ TEST(Experiment, HalfARunSavedAndContinuedGivesTheWholeRun)
     EXPECT_EQ(ReadFile(folder.GetPath("continued.csv")), ReadFile(folder.GetPath("whole.csv")));
 }
 
-TEST(Experiment, TheStateMayReplaceTheFileItCameFrom)
-{
-    const CTemporaryFolder folder;
-    const std::string sFile = folder.WriteFile("a.csv", "x,y,vx,vy,radius\n20,20,1,0.5,5\n");
-
-    RunWell({"--load-state", sFile, "--width", "100", "--height", "100", "--save-state", sFile, "--iterations", "10"});
-    EXPECT_EQ(ReadFile(sFile), "x,y,vx,vy,radius\n30,25,1,0.5,5\n");
-}
-
 TEST(Experiment, TheStatisticsHaveARowForEachIteration)
 {
     const CTemporaryFolder folder;

@@ -35,7 +35,7 @@ const std::string c_sRadius = " is not allowed; allowed is a whole number from 1
 const std::string c_sLoaded = ": is not allowed with --load-state, whose file brings the atoms";
 const std::string c_sThreeColours =
     " is not allowed; allowed is RRGGBB,RRGGBB,RRGGBB: three colours of six hexadecimal digits, red first";
-const std::string c_sSamePlace = "--save-state, --stats and --picture must not be written to the same place ";
+const std::string c_sSameFile = "; allowed is another file for each";
 
 } // namespace
 
@@ -110,8 +110,10 @@ INSTANTIATE_TEST_SUITE_P(
                     CUsageCase{{"--load-state", "a.csv", "--max-radius", "5"}, "--max-radius" + c_sLoaded},
                     CUsageCase{{"--load-state", "a.csv", "--start-at", "5,5"}, "--start-at" + c_sLoaded},
                     CUsageCase{{"--save-state", ""}, "--save-state: the file name is empty"},
-                    CUsageCase{{"--save-state", "-", "--stats", "-"}, c_sSamePlace + "(-)"},
-                    CUsageCase{{"--stats", "a", "--picture", "./a"}, c_sSamePlace + "(a)"},
+                    CUsageCase{{"--save-state", "-", "--stats", "-"},
+                               "--stats: '-' is the same file as --save-state: '-'" + c_sSameFile},
+                    CUsageCase{{"--stats", "a", "--picture", "./a"},
+                               "--picture: './a' is the same file as --stats: 'a'" + c_sSameFile},
                     CUsageCase{{"--picture", "-"},
                                "--picture: standard output is not allowed; allowed is the name of a file"},
                     CUsageCase{{"--picture-every", "5"}, "--picture-every: needs --picture, which names the files"},

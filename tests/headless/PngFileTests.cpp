@@ -97,16 +97,6 @@ TEST(PngFile, PicturesOfTheRunAreNumbered)
     EXPECT_NE(ReadFile(folder.GetPath("gas.png")), ReadFile(folder.GetPath("gas-090.png")));
 }
 
-TEST(PngFile, TheNumberStandsBeforeTheExtension)
-{
-    EXPECT_EQ(GetNumberedName("gas.png", 200, 1000), "gas-0200.png");
-    EXPECT_EQ(GetNumberedName("gas.png", 1000, 1000), "gas-1000.png");
-    EXPECT_EQ(GetNumberedName("gas", 7, 9), "gas-7");
-    EXPECT_EQ(GetNumberedName("a.b/gas", 7, 9), "a.b/gas-7");
-    EXPECT_EQ(GetNumberedName("a.b\\gas.x.png", 7, 9), "a.b\\gas.x-7.png");
-    EXPECT_EQ(GetNumberedName(".gas", 7, 9), ".gas-7");
-}
-
 TEST(PngFile, AnErrorOfTheFilePassesThroughTheLibrary)
 {
     CFailingSink sink;
