@@ -11,12 +11,14 @@
 #include "headless/PngFile.h"
 #include "headless/StateFile.h"
 #include "headless/StateHash.h"
+#include "headless/StateRescue.h"
 #include "headless/StatsFile.h"
 #include "simulation/Iteration.h"
 #include "simulation/Population.h"
 
 #include <algorithm>
 #include <chrono>
+#include <new>
 
 namespace
 {
@@ -49,6 +51,10 @@ CExperiment::CExperiment(const COptions& options, const CConsole& console)
             COutputFile::Check(*sPath);
         }
     }
+    if (options.pictureEvery)
+    {
+        COutputFile::Check(GetNumberedName(*options.picture, options.iterations, options.iterations));
+    }
 }
 
 void CExperiment::Run()
@@ -62,6 +68,10 @@ void CExperiment::Run()
     if (!summary)
     {
         throw CHeadlessError("the summary cannot be written");
+    }
+    if (!m_sWriteErrors.empty())
+    {
+        throw CHeadlessError(m_sWriteErrors);
     }
 }
 
@@ -101,7 +111,7 @@ void CExperiment::Iterate()
     }
     if (stats)
     {
-        stats->Commit();
+        Try([&stats] { stats->Commit(); });
     }
 }
 
@@ -132,20 +142,58 @@ void CExperiment::SaveResults()
 {
     if (m_Options.saveState)
     {
-        const std::unique_ptr<IByteSink> file = OpenOutput(*m_Options.saveState);
-        SaveState(m_Atoms, *file);
-        file->Commit();
+        Try([this] { SaveStateAtEnd(*m_Options.saveState); });
     }
     if (m_Options.picture)
     {
-        DrawPicture(*m_Options.picture);
+        Try([this] { DrawPicture(*m_Options.picture); });
+    }
+}
+
+void CExperiment::SaveStateAtEnd(const std::string& sPath) const
+{
+    try
+    {
+        const std::unique_ptr<IByteSink> file = OpenOutput(sPath);
+        SaveState(m_Atoms, *file);
+        file->Commit();
+    }
+    catch (const CWriteError& error)
+    {
+        // Who reads standard output may have read enough.
+        if (sPath == c_sStandardOutput)
+        {
+            throw;
+        }
+        const std::string sElsewhere = SaveStateElsewhere(m_Atoms);
+        throw CWriteError(error.what() + (sElsewhere.empty() ? "; no other place takes the state either"
+                                                             : "; the state is in " + sElsewhere + " instead"));
+    }
+}
+
+void CExperiment::Try(const std::function<void()>& write)
+{
+    try
+    {
+        write();
+    }
+    catch (const CWriteError& error)
+    {
+        m_sWriteErrors.append(m_sWriteErrors.empty() ? "" : "\nerror: ").append(error.what());
     }
 }
 
 void CExperiment::DrawPicture(const std::string& sPath) const
 {
     COutputFile file(sPath);
-    WritePng(DrawWorld(m_Atoms, m_Settings), file);
+    try
+    {
+        WritePng(DrawWorld(m_Atoms, m_Settings), file);
+    }
+    catch (const std::bad_alloc&)
+    {
+        throw CWriteError(sPath + ": cannot be written: there is not enough memory for the picture");
+    }
     file.Commit();
 }
 

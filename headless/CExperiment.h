@@ -10,6 +10,7 @@
 #include "simulation/CCollisionGrid.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -29,6 +30,11 @@ private:
     void Iterate();
     void AdvanceOnce(std::uint64_t uIteration, IByteSink* pStats);
     void SaveResults();
+    void SaveStateAtEnd(const std::string& sPath) const;
+
+    // Results that cannot be written are an error only after the others and the summary are written.
+    void Try(const std::function<void()>& write);
+
     void DrawPicture(const std::string& sPath) const;
     void CompleteResults();
     std::unique_ptr<IByteSink> OpenOutput(const std::string& sPath) const;
@@ -41,4 +47,5 @@ private:
     CAtoms m_Atoms;
     CCollisionGrid m_Grid;
     CRunResults m_Results;
+    std::string m_sWriteErrors; // empty if everything could be written
 };

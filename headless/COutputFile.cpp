@@ -19,11 +19,21 @@ constexpr std::size_t c_uBufferBytes = std::size_t{64} * 1024;
 // Names of temporary files are random; after this many existing names in a row, something else is wrong.
 constexpr int c_iMaxNameAttempts = 100;
 
+constexpr const char* c_sTemporaryNameHint = " (while it is written, 15 characters more)";
+
 constexpr fs::perms c_AnyoneMayWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
 
 [[noreturn]] void FailToWrite(const std::string& sPath, const std::string& sReason)
 {
-    throw CHeadlessError(sPath + ": cannot be written: " + sReason);
+    throw CWriteError(sPath + ": cannot be written: " + sReason);
+}
+
+// Always of the same length, so that Check finds a name that is too long for it.
+std::string MakeTemporaryEnding(std::random_device::result_type uRandom)
+{
+    constexpr std::size_t c_uDigits = 10;
+    const std::string sNumber = std::to_string(uRandom);
+    return '.' + std::string(c_uDigits - sNumber.size(), '0') + sNumber + ".tmp";
 }
 
 bool IsDevice(const fs::path& path)
@@ -38,7 +48,7 @@ bool IsDevice(const fs::path& path)
 COutputFile::COutputFile(const std::string& sPath)
     : m_sPath(sPath), m_Target(FollowLinks(PathFromUtf8(sPath))), m_iFile(c_iNoFile)
 {
-    Check(sPath);
+    CheckPath(sPath);
     m_sBuffer.reserve(c_uBufferBytes);
     if (!IsDevice(m_Target))
     {
@@ -58,14 +68,14 @@ COutputFile::~COutputFile()
     Discard();
 }
 
-void COutputFile::Check(const std::string& sPath)
+void COutputFile::CheckPath(const std::string& sPath)
 {
-    const fs::path path = FollowLinks(PathFromUtf8(sPath));
-    std::error_code error;
     if (sPath.empty())
     {
         throw CHeadlessError("an empty file name cannot be written");
     }
+    const fs::path path = FollowLinks(PathFromUtf8(sPath));
+    std::error_code error;
     if (!fs::is_directory(GetFolder(path), error))
     {
         FailToWrite(sPath, "its folder does not exist");
@@ -82,6 +92,22 @@ void COutputFile::Check(const std::string& sPath)
     }
 }
 
+void COutputFile::Check(const std::string& sPath)
+{
+    const fs::path path = FollowLinks(PathFromUtf8(sPath));
+    if (!IsDevice(path))
+    {
+        static_cast<void>(COutputFile(sPath)); // never committed
+        return;
+    }
+    // Opening a pipe would wait for its reader.
+    const int error = SystemFile_CheckWritable(path);
+    if (error != 0)
+    {
+        FailToWrite(sPath, GetErrorText(error));
+    }
+}
+
 void COutputFile::CreateTemporary()
 {
     std::random_device random;
@@ -89,15 +115,13 @@ void COutputFile::CreateTemporary()
     for (int attempt = 0; attempt < c_iMaxNameAttempts && error == EEXIST; ++attempt)
     {
         m_Temporary = m_Target;
-        m_Temporary += '.';
-        m_Temporary += std::to_string(random());
-        m_Temporary += ".tmp";
+        m_Temporary += MakeTemporaryEnding(random());
         m_iFile = SystemFile_Create(m_Temporary, error);
     }
     if (m_iFile == c_iNoFile)
     {
         m_Temporary.clear();
-        Fail(GetErrorText(error));
+        Fail(GetErrorText(error) + (error == ENAMETOOLONG ? c_sTemporaryNameHint : ""));
     }
 }
 

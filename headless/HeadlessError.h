@@ -15,6 +15,13 @@ public:
     virtual int GetExitCode() const { return c_iExitFailure; }
 };
 
+// Results that cannot be written to their place.
+class CWriteError : public CHeadlessError
+{
+public:
+    using CHeadlessError::CHeadlessError;
+};
+
 // An error of the command line.
 class CUsageError : public CHeadlessError
 {

@@ -1,10 +1,10 @@
 #include "headless/PngFile.h"
 
 #include "headless/CWorldImage.h"
-#include "headless/HeadlessError.h"
 #include "headless/IByteSink.h"
 
 #include <exception>
+#include <new>
 
 // Only the functions that write to memory: this program opens its files itself.
 #define STB_IMAGE_WRITE_IMPLEMENTATION
@@ -51,6 +51,6 @@ void WritePng(const CWorldImage& image, IByteSink& sink)
     }
     if (written == 0)
     {
-        throw CHeadlessError("the picture cannot be made: there is not enough memory");
+        throw std::bad_alloc();
     }
 }

@@ -72,6 +72,16 @@ int SystemFile_Open(const std::filesystem::path& path, int& error)
     return Open(path, O_WRONLY, error);
 }
 
+int SystemFile_CheckWritable(const std::filesystem::path& path)
+{
+#ifdef _WIN32
+    constexpr int c_iWritable = 2;
+    return _waccess(path.c_str(), c_iWritable) == 0 ? 0 : errno;
+#else
+    return access(path.c_str(), W_OK) == 0 ? 0 : errno;
+#endif
+}
+
 int SystemFile_Write(int file, const char* pBytes, std::size_t uCount)
 {
     while (uCount > 0)

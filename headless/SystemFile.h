@@ -17,6 +17,9 @@ int SystemFile_Create(const std::filesystem::path& path, int& error);
 // Opens an existing device or pipe for writing. c_iNoFile on failure, with the reason in error.
 int SystemFile_Open(const std::filesystem::path& path, int& error);
 
+// Whether an existing device or pipe may be written, without opening it.
+int SystemFile_CheckWritable(const std::filesystem::path& path);
+
 int SystemFile_Write(int file, const char* pBytes, std::size_t uCount);
 
 // Waits until the written bytes are on the disk; returns at once for a device or a pipe.

@@ -1,8 +1,10 @@
 #include "headless/COutputFile.h"
 #include "headless/HeadlessError.h"
 #include "headless/SystemFile.h"
+#include "tests/classes/core/CEnvironmentChange.h"
 #include "tests/headless/HeadlessTesting.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -115,6 +117,16 @@ TEST(OutputFile, AReadOnlyFileIsNotReplaced)
     EXPECT_EQ(folder.GetNames(), CNames{"a.csv"});
 }
 
+TEST(OutputFile, ACheckLeavesNothingBehind)
+{
+    const CTemporaryFolder folder;
+    COutputFile::Check(folder.GetPath("a.csv"));
+    EXPECT_EQ(folder.GetNames(), CNames{});
+    COutputFile::Check(folder.WriteFile("b.csv", "old"));
+    EXPECT_EQ(folder.GetNames(), CNames{"b.csv"});
+    EXPECT_EQ(ReadFile(folder.GetPath("b.csv")), "old");
+}
+
 TEST(OutputFile, TheProgramChecksItsFilesBeforeItComputes)
 {
     const CTemporaryFolder folder;
@@ -133,18 +145,56 @@ TEST(OutputFile, AFullDiskIsAnError)
 {
     EXPECT_EQ(GetError("/dev/full"), "/dev/full: cannot be written: No space left on device");
     EXPECT_TRUE(fs::is_character_file("/dev/full"));
-    for (const char* const sOption : {"--save-state", "--stats", "--picture"})
+}
+
+// Hours of computing are not lost because the disk is full at their end.
+TEST(OutputFile, WhatCannotBeWrittenIsToldAfterTheSummary)
+{
+    const CTemporaryFolder folder;
+    const CEnvironmentChange temporary("TMPDIR", folder.GetPath("").c_str());
+    const std::string sFull = "error: /dev/full: cannot be written: No space left on device";
+    for (const char* const sOption : {"--stats", "--picture"})
     {
-        const CProgramResult result = RunProgram({"--iterations", "1", sOption, "/dev/full"});
+        const CProgramResult result =
+            RunProgram({"--iterations", "1", "--seed", "4", sOption, "/dev/full", "--save-state", folder.GetPath("a")});
         EXPECT_EQ(result.exitCode, 1);
-        EXPECT_EQ(result.err, "error: /dev/full: cannot be written: No space left on device\n");
+        EXPECT_EQ(result.err, sFull + "\n");
+        EXPECT_EQ(GetSummaryValue(result.out, "iterations"), "1");
     }
+    const CProgramResult result = RunProgram({"--iterations", "1", "--seed", "4", "--save-state", "/dev/full"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(GetSummaryValue(result.out, "iterations"), "1");
+    ASSERT_EQ(folder.GetNames().size(), 2U);
+    const std::string sElsewhere = folder.GetPath(folder.GetNames().back());
+    EXPECT_EQ(result.err, sFull + "; the state is in " + sElsewhere + " instead\n");
+    EXPECT_EQ(ReadFile(sElsewhere), ReadFile(folder.GetPath("a")));
+    EXPECT_NE(ReadFile(sElsewhere), "");
 }
 
 TEST(OutputFile, ADeviceIsWrittenDirectlyAndNotReplaced)
 {
     EXPECT_EQ(GetError("/dev/null"), "");
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(OutputFile, ANameThatIsTooLongIsFoundBeforeTheRun)
+{
+    const CTemporaryFolder folder;
+    for (const std::size_t uLength : {std::size_t{241}, std::size_t{255}, std::size_t{256}})
+    {
+        for (const std::string sOption : {"--save-state", "--stats", "--picture"})
+        {
+            // This run would take years.
+            const CProgramResult result =
+                RunProgram({"--iterations", "1000000000000", sOption, folder.GetPath(std::string(uLength, 'a'))});
+            EXPECT_EQ(result.exitCode, 1);
+            EXPECT_THAT(result.err, testing::EndsWith(" (while it is written, 15 characters more)\n"));
+        }
+    }
+    EXPECT_EQ(GetError(folder.GetPath(std::string(240, 'a'))), "");
+    const CProgramResult numbered = RunProgram({"--iterations", "1000000000000", "--picture-every", "1000000000000",
+                                                "--picture", folder.GetPath(std::string(240, 'a'))});
+    EXPECT_THAT(numbered.err, testing::EndsWith(" (while it is written, 15 characters more)\n"));
 }
 
 TEST(OutputFile, ALinkStaysALink)
