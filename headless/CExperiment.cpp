@@ -18,26 +18,50 @@
 
 #include <algorithm>
 #include <chrono>
+#include <iostream>
 #include <new>
 
 namespace
 {
 
+constexpr const char* c_sStandardInputName = "standard input"; // in messages and in the summary
+
+// Spreadsheets and readers of JSON keep whole numbers as 64-bit floats, which have so many bits for them.
+constexpr std::uint64_t c_uDrawnSeedMask = (std::uint64_t{1} << 53U) - 1;
+
 CRandom MakeRandom(const COptions& options)
 {
-    return options.seed ? CRandom(*options.seed) : CRandom();
+    return CRandom(options.seed ? *options.seed : CRandom().GetSeed() & c_uDrawnSeedMask);
 }
 
 std::string DescribeStart(const COptions& options)
 {
     if (options.loadState)
     {
-        return *options.loadState;
+        return *options.loadState == c_sStandardInput ? c_sStandardInputName : *options.loadState;
     }
     return options.startAt ? std::to_string(options.startAt->x) + "," + std::to_string(options.startAt->y) : "random";
 }
 
+void LoadAtoms(const std::string& sPath, CAtoms& atoms)
+{
+    if (sPath == c_sStandardInput)
+    {
+        LoadState(std::cin, c_sStandardInputName, atoms);
+        return;
+    }
+    LoadStateFile(sPath, atoms);
+}
+
+// A run of a moment may be followed by a count of a moment.
+constexpr std::chrono::seconds c_ShortRun{2};
+
 } // namespace
+
+std::chrono::steady_clock::duration GetOverlapTimeLimit(std::chrono::steady_clock::duration run)
+{
+    return std::max<std::chrono::steady_clock::duration>(run, c_ShortRun);
+}
 
 CExperiment::CExperiment(const COptions& options, const CConsole& console)
     : m_Options(options), m_Console(console), m_Settings(ResolveSettings(options)), m_Random(MakeRandom(options))
@@ -79,7 +103,7 @@ void CExperiment::Start()
 {
     if (m_Options.loadState)
     {
-        LoadStateFile(*m_Options.loadState, m_Atoms);
+        LoadAtoms(*m_Options.loadState, m_Atoms);
         m_Grid.Resize(m_Settings.world);
     }
     else
@@ -101,8 +125,7 @@ void CExperiment::Iterate()
         WriteStatsHeader(*stats);
     }
     {
-        const bool bShown = m_Console.bErrIsTerminal && !m_Options.quiet;
-        CProgressBar progress(bShown ? &m_Console.err : nullptr, m_Options.iterations);
+        CProgressBar progress(GetProgressStream(), m_Options.iterations, "iterations");
         for (std::uint64_t uIteration = 1; uIteration <= m_Options.iterations; ++uIteration)
         {
             AdvanceOnce(uIteration, stats.get());
@@ -179,7 +202,7 @@ void CExperiment::Try(const std::function<void()>& write)
     }
     catch (const CWriteError& error)
     {
-        m_sWriteErrors.append(m_sWriteErrors.empty() ? "" : "\nerror: ").append(error.what());
+        m_sWriteErrors.append(m_sWriteErrors.empty() ? "" : "; ").append(error.what());
     }
 }
 
@@ -207,9 +230,30 @@ void CExperiment::CompleteResults()
     m_Results.largestRadius = pLargest->radius;
     m_Results.velocities = m_Atoms.GetVelocities();
     m_Results.endSpeedSum = SumSpeeds(m_Atoms);
-    m_Results.overlaps = ComputeOverlapStatistics(m_Atoms, m_Settings.world);
+    CountOverlaps();
     m_Results.atomsOutside = CountAtomsOutside(m_Atoms, m_Settings.world);
     m_Results.hash = ComputeStateHash(m_Atoms);
+}
+
+void CExperiment::CountOverlaps()
+{
+    if (m_Options.noOverlaps)
+    {
+        return;
+    }
+    const CClock::time_point start = CClock::now();
+    const CClock::duration limit = GetOverlapTimeLimit(start - m_Start);
+    CProgressBar progress(GetProgressStream(), static_cast<std::uint64_t>(m_Atoms.GetCount()), "atoms");
+    const auto mayGoOn = [start, limit, &progress](std::uint64_t uAtomsDone) {
+        progress.Update(uAtomsDone);
+        return CClock::now() - start < limit;
+    };
+    m_Results.overlaps = ComputeOverlapStatistics(m_Atoms, m_Settings.world, mayGoOn);
+}
+
+std::ostream* CExperiment::GetProgressStream() const
+{
+    return m_Console.bErrIsTerminal && !m_Options.quiet ? &m_Console.err : nullptr;
 }
 
 std::unique_ptr<IByteSink> CExperiment::OpenOutput(const std::string& sPath) const

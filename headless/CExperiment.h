@@ -9,10 +9,16 @@
 #include "simulation/CAtoms.h"
 #include "simulation/CCollisionGrid.h"
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
+
+// The longest time for counting overlaps at the end of a run that took so long: as long again, or two seconds if that
+// is more.
+std::chrono::steady_clock::duration GetOverlapTimeLimit(std::chrono::steady_clock::duration run);
 
 // One run: populates the world or loads it, iterates, writes the requested files and the summary.
 class CExperiment
@@ -37,9 +43,14 @@ private:
 
     void DrawPicture(const std::string& sPath) const;
     void CompleteResults();
+    void CountOverlaps();
+    std::ostream* GetProgressStream() const; // null = no progress is shown
     std::unique_ptr<IByteSink> OpenOutput(const std::string& sPath) const;
     bool IsStandardOutputTaken() const;
 
+    using CClock = std::chrono::steady_clock;
+
+    const CClock::time_point m_Start = CClock::now();
     const COptions& m_Options;
     const CConsole& m_Console;
     CSettings m_Settings;

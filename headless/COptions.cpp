@@ -39,6 +39,16 @@ void AddNumber(CLI::App& app, const std::string& sName, T& target, std::uint64_t
     AddOption(app, sName, target, parse, "N", sDescription);
 }
 
+// A number of iterations.
+template<class T>
+void AddCount(CLI::App& app, const std::string& sName, T& target, std::uint64_t uLow, const char* sDescription)
+{
+    const auto parse = [uLow](const std::string& sOption, const std::string& sText) {
+        return ParseCountOption(sOption, sText, uLow, c_uMostIterations);
+    };
+    AddOption(app, sName, target, parse, "N", sDescription);
+}
+
 // A number with the range and the default of a setting.
 void AddSetting(CLI::App& app, const std::string& sName, std::optional<int>& target, EnumSetting eSetting,
                 const std::string& sWhat)
@@ -71,9 +81,10 @@ void AddWorldOptions(CLI::App& app, COptions& options)
     AddSetting(app, "--max-radius", options.maxRadius, EnumSetting::MaxRadius, "Largest radius");
     AddNumber(app, "--seed", options.seed, 0, c_uLargestSeed, "Seed of the random numbers (drawn from the system)");
     AddOption(app, "--start-at", options.startAt, ParsePointOption, "X,Y", "Point where every atom starts");
-    AddNumber(app, "--iterations", options.iterations, 0, c_uMostIterations, "Number of iterations (1000)");
+    AddCount(app, "--iterations", options.iterations, 0, "Number of iterations, such as 5000 or 1e6 (1000)");
     AddFile(app, "--load-state", options.loadState,
-            "Take the atoms from a CSV file; needs the size of their world; not with --atoms, the radii or --start-at");
+            "Take the atoms from a CSV file, - is standard input; needs the size of their world; not with --atoms, the "
+            "radii or --start-at");
     AddFile(app, "--settings", options.settings,
             "Take world, atoms, radii and colours from a Kinetarium.ini; options given beside it win");
 }
@@ -84,8 +95,8 @@ void AddOutputOptions(CLI::App& app, COptions& options)
             "Write the atoms after the last iteration as CSV; - is standard output");
     AddFile(app, "--stats", options.stats, "Write one row of CSV for each iteration; - is standard output");
     AddFile(app, "--picture", options.picture, "Write a PNG of the world after the last iteration");
-    AddNumber(app, "--picture-every", options.pictureEvery, 1, c_uMostIterations,
-              "With --picture: one after every N iterations too, numbered before the extension");
+    AddCount(app, "--picture-every", options.pictureEvery, 1,
+             "With --picture: one after every N iterations too, numbered before the extension");
     AddOption(app, "--colour-mode", options.colourMode, ParseModeOption, "speed|fixed",
               "What an atom's colour depends on (speed)");
     AddOption(app, "--colours", options.colours, ParseColoursOption, "RRGGBB,RRGGBB,RRGGBB",
@@ -93,6 +104,8 @@ void AddOutputOptions(CLI::App& app, COptions& options)
     AddOption(app, "--factors", options.factors, ParseFactorsOption, "A,B,C",
               "Speed: multiples of the average speed (0.75,,1.25). Fixed: atoms or percentages (25%,50%,)");
     AddOption(app, "--background", options.background, ParseColourOption, "RRGGBB", "The colour of the world");
+    app.add_flag("--no-overlaps", options.noOverlaps,
+                 "Do not count overlaps at the end; the count takes at most as long as the run, or 2 s");
     app.add_flag("--quiet", options.quiet, "No progress bar");
 }
 

@@ -31,6 +31,7 @@ struct COptions
     std::optional<CFactors> factors;
     std::optional<ColourRef> background;
     std::optional<std::string> settings;
+    bool noOverlaps = false; // they are not counted
     bool quiet = false;
 };
 

@@ -110,18 +110,27 @@ void COutputFile::Check(const std::string& sPath)
 
 void COutputFile::CreateTemporary()
 {
+    std::error_code ignored;
+    const fs::file_status old = fs::status(m_Target, ignored);
+    const bool bReplaces = fs::exists(old);
     std::random_device random;
     int error = EEXIST;
     for (int attempt = 0; attempt < c_iMaxNameAttempts && error == EEXIST; ++attempt)
     {
         m_Temporary = m_Target;
         m_Temporary += MakeTemporaryEnding(random());
-        m_iFile = SystemFile_Create(m_Temporary, error);
+        m_iFile = SystemFile_Create(m_Temporary, bReplaces, error);
     }
     if (m_iFile == c_iNoFile)
     {
         m_Temporary.clear();
         Fail(GetErrorText(error) + (error == ENAMETOOLONG ? c_sTemporaryNameHint : ""));
+    }
+    if (bReplaces)
+    {
+        // Before the first byte is in it: nobody may read the new file who may not read the old one. If the system
+        // refuses, the file stays the user's own.
+        fs::permissions(m_Temporary, old.permissions(), ignored);
     }
 }
 
@@ -168,12 +177,6 @@ void COutputFile::Commit()
 void COutputFile::ReplaceOldFile()
 {
     std::error_code error;
-    const fs::file_status old = fs::status(m_Target, error);
-    if (fs::exists(old))
-    {
-        // The new file gets the permissions of the old one. If that fails, the contents are still right.
-        fs::permissions(m_Temporary, old.permissions(), error);
-    }
     fs::rename(m_Temporary, m_Target, error);
     if (error)
     {

@@ -30,7 +30,7 @@ int RunMain(const std::vector<std::string>& arguments)
     // An interrupted run removes its temporary files before it ends. If the system refuses the handler, it just ends.
     static_cast<void>(std::signal(SIGINT, &Interrupt));
     static_cast<void>(std::signal(SIGTERM, &Interrupt));
-    SetStandardOutputBinary();
+    SetStandardStreamsBinary();
     std::ios::sync_with_stdio(false);
     return HeadlessMain(arguments, CConsole{std::cout, std::cerr, IsStandardErrorTerminal(), &g_bInterrupted});
 }

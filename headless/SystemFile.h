@@ -11,8 +11,9 @@ constexpr int c_iNoFile = -1;
 // The path of a UTF-8 text; on systems whose file names are plain bytes, the same bytes.
 std::filesystem::path PathFromUtf8(const std::string& sPath);
 
-// Creates a file for writing; it must not exist yet. c_iNoFile on failure, with the reason in error.
-int SystemFile_Create(const std::filesystem::path& path, int& error);
+// Creates a file for writing; it must not exist yet. bPrivate: nobody but the user may open it, where the system can
+// say so. c_iNoFile on failure, with the reason in error.
+int SystemFile_Create(const std::filesystem::path& path, bool bPrivate, int& error);
 
 // Opens an existing device or pipe for writing. c_iNoFile on failure, with the reason in error.
 int SystemFile_Open(const std::filesystem::path& path, int& error);
@@ -30,8 +31,8 @@ int SystemFile_Close(int file);
 // Whether the standard error stream is a terminal.
 bool IsStandardErrorTerminal();
 
-// Makes standard output pass line ends unchanged.
-void SetStandardOutputBinary();
+// Makes standard input and standard output pass line ends unchanged.
+void SetStandardStreamsBinary();
 
 // The system's text for an error number.
 std::string GetErrorText(int error);

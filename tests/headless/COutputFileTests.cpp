@@ -209,6 +209,30 @@ TEST(OutputFile, ALinkStaysALink)
     EXPECT_EQ(ReadFile(sTarget), "something");
 }
 
+TEST(OutputFile, ALinkThatLeadsToNothingYetIsFollowed)
+{
+    const CTemporaryFolder folder;
+    const std::string sLink = folder.GetPath("link.csv");
+    fs::create_symlink("target.csv", sLink);
+
+    EXPECT_EQ(GetError(sLink), "");
+    EXPECT_TRUE(fs::is_symlink(sLink));
+    EXPECT_EQ(ReadFile(folder.GetPath("target.csv")), "something");
+}
+
+TEST(OutputFile, TheTemporaryFileHasThePermissionsOfTheOldOne)
+{
+    const CTemporaryFolder folder;
+    const std::string sPath = folder.WriteFile("a.csv", "old");
+    const fs::perms old = fs::perms::owner_read | fs::perms::owner_write;
+    fs::permissions(sPath, old);
+    const COutputFile file(sPath);
+
+    const CNames names = folder.GetNames();
+    ASSERT_EQ(names.size(), 2U);
+    EXPECT_EQ(fs::status(folder.GetPath(names.back())).permissions(), old);
+}
+
 TEST(OutputFile, TheNewFileHasThePermissionsOfTheOldOne)
 {
     const CTemporaryFolder folder;
