@@ -62,5 +62,12 @@ expect "standard output is the statistics" "$(refused ./program --stats redirect
     "error: standard output: '/dev/stdout' is the same file as --stats: 'redirected.csv'; allowed is another file for each
 kinetarium-headless --help shows all options."
 
+expect "a state through a pipe" \
+    "$(./program --load-state - --width 512 --height 512 --iterations 0 --save-state - <right.csv 2>errors | cmp - right.csv && echo same)" same
+expect "where that state came from" "$(grep '^start: ' errors)" "start: standard input"
+./program --help >/dev/full 2>errors
+expect "exit code of help that cannot be written" $? 1
+expect "message of help that cannot be written" "$(cat errors)" "error: standard output: cannot be written"
+
 [ "$failures" -eq 0 ] && echo "all promises held"
 exit "$failures"
