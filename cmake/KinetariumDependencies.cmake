@@ -20,3 +20,9 @@ target_compile_definitions(KinetariumHeaders INTERFACE FMT_HEADER_ONLY=1)
 # The same for them: a header is named as it is included.
 target_compile_options(KinetariumHeaders INTERFACE "-fmacro-prefix-map=${KINETARIUM_DEPENDENCIES}/=")
 target_link_libraries(KinetariumOptions INTERFACE KinetariumHeaders)
+
+# A library for pictures, which each of the two systems has compiled. The Windows program needs no file beside itself.
+if(WIN32)
+  set(CMAKE_FIND_LIBRARY_SUFFIXES .a)
+endif()
+find_package(ZLIB REQUIRED)

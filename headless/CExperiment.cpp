@@ -1,31 +1,33 @@
 #include "headless/CExperiment.h"
 
-#include "headless/CInterruptibleSink.h"
+#include "headless/CNumberedPictures.h"
 #include "headless/COutputFile.h"
 #include "headless/CProgressBar.h"
 #include "headless/CStreamSink.h"
-#include "headless/CWorldImage.h"
 #include "headless/HeadlessError.h"
 #include "headless/Interruption.h"
 #include "headless/OptionValues.h"
-#include "headless/OverlapStatistics.h"
-#include "headless/PngFile.h"
+#include "headless/OutputPlaces.h"
 #include "headless/Resume.h"
 #include "headless/StateFile.h"
-#include "headless/StateHash.h"
 #include "simulation/Population.h"
 #include "simulation/ThreadSetting.h"
 
-#include <algorithm>
 #include <chrono>
+#include <iostream>
 #include <utility>
 
 namespace
 {
 
+constexpr const char* c_sStandardInputName = "standard input"; // in messages and in the summary
+
+// Spreadsheets and readers of JSON keep whole numbers as 64-bit floats, which have so many bits for them.
+constexpr std::uint64_t c_uDrawnSeedMask = (std::uint64_t{1} << 53U) - 1;
+
 CRandom MakeRandom(const COptions& options)
 {
-    return options.seed ? CRandom(*options.seed) : CRandom();
+    return CRandom(options.seed ? *options.seed : CRandom().GetSeed() & c_uDrawnSeedMask);
 }
 
 std::string DescribeContinuation(const COptions& options)
@@ -37,9 +39,19 @@ std::string DescribeStart(const COptions& options)
 {
     if (options.loadState)
     {
-        return *options.loadState;
+        return *options.loadState == c_sStandardInput ? c_sStandardInputName : *options.loadState;
     }
     return options.startAt ? TextOfPoint(*options.startAt) : "random";
+}
+
+void LoadAtoms(const std::string& sPath, CAtoms& atoms)
+{
+    if (sPath == c_sStandardInput)
+    {
+        LoadState(std::cin, c_sStandardInputName, atoms);
+        return;
+    }
+    LoadStateFile(sPath, atoms);
 }
 
 } // namespace
@@ -49,16 +61,31 @@ CExperiment::CExperiment(const COptions& options, const CConsole& console)
       m_Console(console),
       m_Settings(options.resume ? CSettings() : ResolveSettings(options)),
       m_Random(MakeRandom(options)),
-      m_Runner(options.threads.value_or(GetThreadCount()))
+      m_Runner(options.threads.value_or(GetThreadCount())),
+      m_uLastIteration(options.iterations)
 {
     // Fail before hours of computing, not after them.
+    if (options.resume)
+    {
+        Continue();
+    }
+    CheckOutputs();
+}
+
+void CExperiment::CheckOutputs() const
+{
+    CheckOutputPlaces(m_Options, m_uLastIteration);
     for (const std::optional<std::string>& sPath :
-         {options.saveState, options.stats, options.picture, options.checkpoint})
+         {m_Options.saveState, m_Options.stats, m_Options.picture, m_Options.checkpoint})
     {
         if (sPath && *sPath != c_sStandardOutput)
         {
             COutputFile::Check(*sPath);
         }
+    }
+    if (m_Options.pictureEvery)
+    {
+        COutputFile::Check(GetNumberedName(*m_Options.picture, m_uLastIteration, m_uLastIteration));
     }
 }
 
@@ -75,19 +102,21 @@ void CExperiment::Run()
     {
         throw CHeadlessError("the summary cannot be written");
     }
+    if (!m_sWriteErrors.empty())
+    {
+        throw CHeadlessError(m_sWriteErrors);
+    }
 }
 
 void CExperiment::Start()
 {
-    m_uLastIteration = m_Options.iterations;
     if (m_Options.resume)
     {
-        Continue();
         return;
     }
     if (m_Options.loadState)
     {
-        LoadStateFile(*m_Options.loadState, m_Atoms);
+        LoadAtoms(*m_Options.loadState, m_Atoms);
         m_Grid.Resize(m_Settings.world);
     }
     else
@@ -148,16 +177,15 @@ void CExperiment::Iterate()
     }
     if (stats)
     {
-        stats->Commit();
+        Try([&stats] { stats->Commit(); });
     }
-    SaveCheckpoint(pStats);
+    Try([this, pStats] { SaveCheckpoint(pStats); });
 }
 
 void CExperiment::AdvanceAll(CStatsWriter* pStats)
 {
-    const bool bShown = m_Console.bErrIsTerminal && !m_Options.quiet;
     const std::uint64_t uBefore = m_Results.iterations;
-    CProgressBar progress(bShown ? &m_Console.err : nullptr, m_Options.iterations);
+    CProgressBar progress(GetProgressStream(), m_Options.iterations, "iterations");
     if (m_Options.resume)
     {
         // The signal that ended the run may have come while this picture was drawn.
@@ -169,6 +197,32 @@ void CExperiment::AdvanceAll(CStatsWriter* pStats)
         progress.Update(m_Results.iterations - uBefore);
     }
     CheckInterruption();
+}
+
+void CExperiment::AdvanceOnce(std::uint64_t uIteration, CStatsWriter* pStats)
+{
+    CheckInterruption();
+    const auto start = std::chrono::steady_clock::now();
+    const std::uint32_t uCollisions = m_Runner.Advance(m_Atoms, m_Grid, m_Settings.world, m_Random);
+    const std::chrono::nanoseconds duration = std::chrono::steady_clock::now() - start;
+    m_Results.durations.Add(static_cast<std::uint64_t>(duration.count()));
+    m_Results.collisions += uCollisions;
+    m_Results.iterations = uIteration;
+    if (pStats != nullptr)
+    {
+        pStats->AddRow(uIteration, uCollisions, m_Atoms.GetVelocities());
+    }
+    DrawPictureOfIteration();
+    const bool bDue = m_Options.checkpointEvery && uIteration % *m_Options.checkpointEvery == 0;
+    if (bDue && uIteration < m_uLastIteration)
+    {
+        if (pStats != nullptr)
+        {
+            // First the rows: a checkpoint may have too many of them, which are left out, but not too few.
+            pStats->Keep();
+        }
+        SaveCheckpoint(pStats);
+    }
 }
 
 void CExperiment::SaveCheckpoint(CStatsWriter* pStats)
@@ -200,76 +254,6 @@ bool CExperiment::TrySaveCheckpoint()
     }
 }
 
-void CExperiment::AdvanceOnce(std::uint64_t uIteration, CStatsWriter* pStats)
-{
-    CheckInterruption();
-    const auto start = std::chrono::steady_clock::now();
-    const std::uint32_t uCollisions = m_Runner.Advance(m_Atoms, m_Grid, m_Settings.world, m_Random);
-    const std::chrono::nanoseconds duration = std::chrono::steady_clock::now() - start;
-    m_Results.durations.Add(static_cast<std::uint64_t>(duration.count()));
-    m_Results.collisions += uCollisions;
-    m_Results.iterations = uIteration;
-    if (pStats != nullptr)
-    {
-        pStats->AddRow(uIteration, uCollisions, m_Atoms.GetVelocities());
-    }
-    DrawPictureOfIteration();
-    const bool bDue = m_Options.checkpointEvery && uIteration % *m_Options.checkpointEvery == 0;
-    if (bDue && uIteration < m_uLastIteration)
-    {
-        if (pStats != nullptr)
-        {
-            // First the rows: a checkpoint may have too many of them, which are left out, but not too few.
-            pStats->Keep();
-        }
-        SaveCheckpoint(pStats);
-    }
-}
-
-void CExperiment::SaveResults()
-{
-    if (m_Options.saveState)
-    {
-        CInterruptibleSink file(OpenOutput(*m_Options.saveState), [this] { CheckInterruption(); });
-        SaveState(m_Atoms, file);
-        file.Commit();
-    }
-    if (m_Options.picture)
-    {
-        DrawPicture(*m_Options.picture);
-    }
-}
-
-void CExperiment::DrawPictureOfIteration() const
-{
-    if (m_Options.pictureEvery && m_Results.iterations > 0 && m_Results.iterations % *m_Options.pictureEvery == 0)
-    {
-        DrawPicture(GetNumberedName(*m_Options.picture, m_Results.iterations, m_uLastIteration));
-    }
-}
-
-void CExperiment::DrawPicture(const std::string& sPath) const
-{
-    CInterruptibleSink file(OpenOutput(sPath), [this] { CheckInterruption(); });
-    WritePng(DrawWorld(m_Atoms, m_Settings), file);
-    file.Commit();
-}
-
-void CExperiment::CompleteResults()
-{
-    m_Results.atoms = m_Atoms.GetCount();
-    const auto [pSmallest, pLargest] =
-        std::minmax_element(m_Atoms.GetAtoms(), m_Atoms.GetAtoms() + m_Atoms.GetCount(),
-                            [](const CAtom& a, const CAtom& b) { return a.radius < b.radius; });
-    m_Results.smallestRadius = pSmallest->radius;
-    m_Results.largestRadius = pLargest->radius;
-    m_Results.velocities = m_Atoms.GetVelocities();
-    m_Results.endSpeedSum = SumSpeeds(m_Atoms);
-    m_Results.overlaps = ComputeOverlapStatistics(m_Atoms, m_Settings.world);
-    m_Results.atomsOutside = CountAtomsOutside(m_Atoms, m_Settings.world);
-    m_Results.hash = ComputeStateHash(m_Atoms);
-}
-
 void CExperiment::CheckInterruption() const
 {
     const int exitCode = m_Console.pInterrupted != nullptr ? m_Console.pInterrupted->load() : 0;
@@ -279,18 +263,4 @@ void CExperiment::CheckInterruption() const
                                     std::to_string(m_uLastIteration) + " iterations",
                                 exitCode);
     }
-}
-
-std::unique_ptr<IByteSink> CExperiment::OpenOutput(const std::string& sPath) const
-{
-    if (sPath == c_sStandardOutput)
-    {
-        return std::make_unique<CStreamSink>(m_Console.out);
-    }
-    return std::make_unique<COutputFile>(sPath);
-}
-
-bool CExperiment::IsStandardOutputTaken() const
-{
-    return m_Options.saveState == c_sStandardOutput || m_Options.stats == c_sStandardOutput;
 }

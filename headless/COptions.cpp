@@ -2,13 +2,11 @@
 
 #include "headless/HeadlessError.h"
 #include "headless/OptionValues.h"
-#include "headless/SystemFile.h"
 #include "settings/SettingRows.h"
 #include "simulation/ThreadSetting.h"
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <functional>
 #include <limits>
 #include <type_traits>
@@ -38,6 +36,16 @@ void AddNumber(CLI::App& app, const std::string& sName, T& target, std::uint64_t
     const auto parse = [uLow, uHigh](const std::string& sOption, const std::string& sText) {
         using CNumber = typename std::conditional_t<std::is_same_v<T, std::optional<int>>, int, std::uint64_t>;
         return static_cast<CNumber>(ParseNumberOption(sOption, sText, uLow, uHigh));
+    };
+    AddOption(app, sName, target, parse, "N", sDescription);
+}
+
+// A number of iterations.
+template<class T>
+void AddCount(CLI::App& app, const std::string& sName, T& target, std::uint64_t uLow, const char* sDescription)
+{
+    const auto parse = [uLow](const std::string& sOption, const std::string& sText) {
+        return ParseCountOption(sOption, sText, uLow, c_uMostIterations);
     };
     AddOption(app, sName, target, parse, "N", sDescription);
 }
@@ -74,11 +82,12 @@ void AddWorldOptions(CLI::App& app, COptions& options)
     AddSetting(app, "--max-radius", options.maxRadius, EnumSetting::MaxRadius, "Largest radius");
     AddNumber(app, "--seed", options.seed, 0, c_uLargestSeed, "Seed of the random numbers (drawn from the system)");
     AddOption(app, "--start-at", options.startAt, ParsePointOption, "X,Y", "Point where every atom starts");
-    AddNumber(app, "--iterations", options.iterations, 0, c_uMostIterations, "Number of iterations (1000)");
+    AddCount(app, "--iterations", options.iterations, 0, "Number of iterations, such as 5000 or 1e6 (1000)");
     AddNumber(app, "--threads", options.threads, 1, c_iMaxThreads,
               "Most threads for an iteration (KINETARIUM_THREADS, or one for each processor); the result is the same");
     AddFile(app, "--load-state", options.loadState,
-            "Take the atoms from a CSV file; needs the size of their world; not with --atoms, the radii or --start-at");
+            "Take the atoms from a CSV file, - is standard input; needs the size of their world; not with --atoms, the "
+            "radii or --start-at");
     AddFile(app, "--resume", options.resume,
             "Continue the run of a checkpoint for N iterations more; brings the world, the atoms and the seed");
     AddFile(app, "--settings", options.settings,
@@ -91,8 +100,8 @@ void AddOutputOptions(CLI::App& app, COptions& options)
             "Write the atoms after the last iteration as CSV; - is standard output");
     AddFile(app, "--stats", options.stats, "Write one row of CSV for each iteration; - is standard output");
     AddFile(app, "--picture", options.picture, "Write a PNG of the world after the last iteration");
-    AddNumber(app, "--picture-every", options.pictureEvery, 1, c_uMostIterations,
-              "With --picture: one after every N iterations too, numbered before the extension");
+    AddCount(app, "--picture-every", options.pictureEvery, 1,
+             "With --picture: one after every N iterations too, numbered before the extension");
     AddOption(app, "--colour-mode", options.colourMode, ParseModeOption, "speed|fixed",
               "What an atom's colour depends on (speed)");
     AddOption(app, "--colours", options.colours, ParseColoursOption, "RRGGBB,RRGGBB,RRGGBB",
@@ -102,8 +111,10 @@ void AddOutputOptions(CLI::App& app, COptions& options)
     AddOption(app, "--background", options.background, ParseColourOption, "RRGGBB", "The colour of the world");
     AddFile(app, "--checkpoint", options.checkpoint,
             "Write everything that --resume needs, after the last iteration and when the run is interrupted");
-    AddNumber(app, "--checkpoint-every", options.checkpointEvery, 1, c_uMostIterations,
-              "With --checkpoint: also after every N iterations");
+    AddCount(app, "--checkpoint-every", options.checkpointEvery, 1,
+             "With --checkpoint: also after every N iterations");
+    app.add_flag("--no-overlaps", options.noOverlaps,
+                 "Do not count overlaps at the end; the count takes at most as long as the run, or 2 s");
     app.add_flag("--quiet", options.quiet, "No progress bar");
 }
 
@@ -121,15 +132,14 @@ void CheckCombinations(const COptions& options)
             throw CUsageError(std::string(sName) + ": is not allowed with --load-state, whose file brings the atoms");
         }
     }
+    if (options.picture == c_sStandardOutput)
+    {
+        throw CUsageError("--picture: standard output is not allowed; allowed is the name of a file");
+    }
     if (options.pictureEvery && !options.picture)
     {
         throw CUsageError("--picture-every: needs --picture, which names the files");
     }
-}
-
-bool IsSamePlace(const std::string& sFirst, const std::string& sSecond)
-{
-    return PathFromUtf8(sFirst).lexically_normal() == PathFromUtf8(sSecond).lexically_normal();
 }
 
 void CheckCheckpointOptions(const COptions& options)
@@ -142,14 +152,6 @@ void CheckCheckpointOptions(const COptions& options)
     {
         throw CUsageError("--checkpoint: standard output is not allowed; allowed is the name of a file");
     }
-    for (const std::optional<std::string>& output : {options.saveState, options.stats, options.picture})
-    {
-        if (options.checkpoint && output && IsSamePlace(*options.checkpoint, *output))
-        {
-            throw CUsageError("--checkpoint: must not be written to the same place as another output (" + *output +
-                              ")");
-        }
-    }
     const std::pair<bool, const char*> sources[] = {{options.loadState.has_value(), "--load-state"},
                                                     {options.settings.has_value(), "--settings"}};
     for (const auto& [bGiven, sName] : sources)
@@ -157,27 +159,6 @@ void CheckCheckpointOptions(const COptions& options)
         if (options.resume && bGiven)
         {
             throw CUsageError(std::string(sName) + ": is not allowed with --resume, whose checkpoint brings the world");
-        }
-    }
-}
-
-// Two outputs to one file would overwrite each other.
-void CheckOutputs(const COptions& options)
-{
-    if (options.picture == c_sStandardOutput)
-    {
-        throw CUsageError("--picture: standard output is not allowed; allowed is the name of a file");
-    }
-    const std::vector<std::optional<std::string>> outputs = {options.saveState, options.stats, options.picture};
-    for (const std::optional<std::string>& output : outputs)
-    {
-        const auto isSame = [&output](const std::optional<std::string>& other) {
-            return other && IsSamePlace(*other, *output);
-        };
-        if (output && std::count_if(outputs.begin(), outputs.end(), isSame) > 1)
-        {
-            throw CUsageError("--save-state, --stats and --picture must not be written to the same place (" + *output +
-                              ")");
         }
     }
 }
@@ -212,6 +193,5 @@ CParsedOptions ParseOptions(const std::vector<std::string>& arguments)
     }
     CheckCombinations(parsed.options);
     CheckCheckpointOptions(parsed.options);
-    CheckOutputs(parsed.options);
     return parsed;
 }

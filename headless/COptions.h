@@ -35,11 +35,13 @@ struct COptions
     std::optional<std::string> checkpoint;
     std::optional<std::uint64_t> checkpointEvery;
     std::optional<std::string> resume;
+    bool noOverlaps = false; // they are not counted
     bool quiet = false;
 };
 
-// The name that stands for standard output.
+// The names that stand for standard output and for standard input.
 constexpr const char* c_sStandardOutput = "-";
+constexpr const char* c_sStandardInput = "-";
 
 // The options of a command line, or the text that answers it: the help or the version.
 struct CParsedOptions

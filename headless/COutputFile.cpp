@@ -1,5 +1,6 @@
 #include "headless/COutputFile.h"
 
+#include "headless/FilePlace.h"
 #include "headless/HeadlessError.h"
 #include "headless/SystemFile.h"
 #include "headless/TemporaryFiles.h"
@@ -19,19 +20,21 @@ constexpr std::size_t c_uBufferBytes = std::size_t{64} * 1024;
 // Names of temporary files are random; after this many existing names in a row, something else is wrong.
 constexpr int c_iMaxNameAttempts = 100;
 
+constexpr const char* c_sTemporaryNameHint = " (while it is written, 15 characters more)";
+
 constexpr fs::perms c_AnyoneMayWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
 
 [[noreturn]] void FailToWrite(const std::string& sPath, const std::string& sReason)
 {
-    throw CHeadlessError(sPath + ": cannot be written: " + sReason);
+    throw CWriteError(sPath + ": cannot be written: " + sReason);
 }
 
-// Follows a link, so that its target is replaced and not the link itself.
-fs::path FollowLink(const fs::path& path)
+// Always of the same length, so that Check finds a name that is too long for it.
+std::string MakeTemporaryEnding(std::random_device::result_type uRandom)
 {
-    std::error_code error;
-    const fs::path target = fs::is_symlink(path, error) ? fs::canonical(path, error) : path;
-    return error ? path : target;
+    constexpr std::size_t c_uDigits = 10;
+    const std::string sNumber = std::to_string(uRandom);
+    return '.' + std::string(c_uDigits - sNumber.size(), '0') + sNumber + ".tmp";
 }
 
 bool IsDevice(const fs::path& path)
@@ -46,17 +49,12 @@ fs::path AppendPartial(fs::path path)
     return path += ".partial";
 }
 
-fs::path GetFolder(const fs::path& path)
-{
-    return path.has_parent_path() ? path.parent_path() : fs::path(".");
-}
-
 } // namespace
 
 COutputFile::COutputFile(const std::string& sPath)
-    : m_sPath(sPath), m_Target(FollowLink(PathFromUtf8(sPath))), m_iFile(c_iNoFile), m_bDirect(IsDevice(m_Target))
+    : m_sPath(sPath), m_Target(FollowLinks(PathFromUtf8(sPath))), m_iFile(c_iNoFile), m_bDirect(IsDevice(m_Target))
 {
-    Check(sPath);
+    CheckPath(sPath);
     m_sBuffer.reserve(c_uBufferBytes);
     if (!m_bDirect)
     {
@@ -76,14 +74,14 @@ COutputFile::~COutputFile()
     Discard();
 }
 
-void COutputFile::Check(const std::string& sPath)
+void COutputFile::CheckPath(const std::string& sPath)
 {
-    const fs::path path = FollowLink(PathFromUtf8(sPath));
-    std::error_code error;
     if (sPath.empty())
     {
         throw CHeadlessError("an empty file name cannot be written");
     }
+    const fs::path path = FollowLinks(PathFromUtf8(sPath));
+    std::error_code error;
     if (!fs::is_directory(GetFolder(path), error))
     {
         FailToWrite(sPath, "its folder does not exist");
@@ -100,22 +98,45 @@ void COutputFile::Check(const std::string& sPath)
     }
 }
 
+void COutputFile::Check(const std::string& sPath)
+{
+    const fs::path path = FollowLinks(PathFromUtf8(sPath));
+    if (!IsDevice(path))
+    {
+        static_cast<void>(COutputFile(sPath)); // never committed
+        return;
+    }
+    // Opening a pipe would wait for its reader.
+    const int error = SystemFile_CheckWritable(path);
+    if (error != 0)
+    {
+        FailToWrite(sPath, GetErrorText(error));
+    }
+}
+
 void COutputFile::CreateTemporary()
 {
+    std::error_code ignored;
+    const fs::file_status old = fs::status(m_Target, ignored);
+    const bool bReplaces = fs::exists(old);
     std::random_device random;
     int error = EEXIST;
     for (int attempt = 0; attempt < c_iMaxNameAttempts && error == EEXIST; ++attempt)
     {
         m_Temporary = m_Target;
-        m_Temporary += '.';
-        m_Temporary += std::to_string(random());
-        m_Temporary += ".tmp";
-        m_iFile = CreateTemporaryFile(m_Temporary, error);
+        m_Temporary += MakeTemporaryEnding(random());
+        m_iFile = CreateTemporaryFile(m_Temporary, bReplaces, error);
     }
     if (m_iFile == c_iNoFile)
     {
         m_Temporary.clear();
-        Fail(GetErrorText(error));
+        Fail(GetErrorText(error) + (error == ENAMETOOLONG ? c_sTemporaryNameHint : ""));
+    }
+    if (bReplaces)
+    {
+        // Before the first byte is in it: nobody may read the new file who may not read the old one. If the system
+        // refuses, the file stays the user's own.
+        fs::permissions(m_Temporary, old.permissions(), ignored);
     }
 }
 
@@ -174,7 +195,7 @@ void COutputFile::TakePartialName()
 
 fs::path COutputFile::GetPartialPath(const std::string& sPath)
 {
-    return AppendPartial(FollowLink(PathFromUtf8(sPath)));
+    return AppendPartial(FollowLinks(PathFromUtf8(sPath)));
 }
 
 void COutputFile::Commit()
@@ -196,12 +217,6 @@ void COutputFile::Commit()
 void COutputFile::ReplaceOldFile()
 {
     std::error_code error;
-    const fs::file_status old = fs::status(m_Target, error);
-    if (fs::exists(old))
-    {
-        // The new file gets the permissions of the old one. If that fails, the contents are still right.
-        fs::permissions(m_Temporary, old.permissions(), error);
-    }
     fs::rename(m_Temporary, m_Target, error);
     if (error)
     {

@@ -11,7 +11,7 @@
 class COutputFile : public IByteSink
 {
 public:
-    // sPath is UTF-8. Throws CHeadlessError when the file cannot be written: the folder does not exist or does not
+    // sPath is UTF-8. Throws CWriteError when the file cannot be written: the folder does not exist or does not
     // allow it, the file is read-only, the path is a folder.
     explicit COutputFile(const std::string& sPath);
 
@@ -32,10 +32,12 @@ public:
     // True for a device or a pipe.
     bool IsDirect() const { return m_bDirect; }
 
-    // Throws the errors of the constructor that can be found without writing.
+    // Throws the errors of the constructor. It makes and removes the temporary file, for only that shows whether the
+    // folder allows it and the name is short enough.
     static void Check(const std::string& sPath);
 
 private:
+    static void CheckPath(const std::string& sPath);
     void CreateTemporary();
     void WriteThrough(std::string_view sBytes);
     void TakePartialName();

@@ -4,6 +4,7 @@
 #include "headless/NumberText.h"
 
 #include <cmath>
+#include <utility>
 
 namespace
 {
@@ -38,7 +39,7 @@ std::string FormatTimeLeft(double seconds)
 
 } // namespace
 
-std::string FormatProgress(std::uint64_t uDone, std::uint64_t uTotal, double seconds)
+std::string FormatProgress(std::uint64_t uDone, std::uint64_t uTotal, double seconds, const std::string& sUnit)
 {
     const double share = uTotal > 0 ? static_cast<double>(uDone) / static_cast<double>(uTotal) : 1.0;
     const auto uFilled = static_cast<std::size_t>(share * static_cast<double>(c_uBarChars));
@@ -49,13 +50,16 @@ std::string FormatProgress(std::uint64_t uDone, std::uint64_t uTotal, double sec
     if (uDone > 0 && seconds > 0)
     {
         const double rate = static_cast<double>(uDone) / seconds;
-        sLine += "  " + TextOfFixed(rate, rate < c_dWholeRatesFrom ? 1 : 0) + " iterations/s  " +
+        sLine += "  " + TextOfFixed(rate, rate < c_dWholeRatesFrom ? 1 : 0) + " " + sUnit + "/s  " +
                  FormatTimeLeft(static_cast<double>(uTotal - uDone) / rate);
     }
     return sLine;
 }
 
-CProgressBar::CProgressBar(std::ostream* pStream, std::uint64_t uTotal) : m_pStream(pStream), m_uTotal(uTotal) {}
+CProgressBar::CProgressBar(std::ostream* pStream, std::uint64_t uTotal, std::string sUnit)
+    : m_pStream(pStream), m_uTotal(uTotal), m_sUnit(std::move(sUnit))
+{
+}
 
 CProgressBar::~CProgressBar()
 {
@@ -76,7 +80,7 @@ void CProgressBar::Update(std::uint64_t uDone)
     if (now >= m_NextUpdate)
     {
         m_NextUpdate = now + c_UpdatePeriod;
-        Show(FormatProgress(uDone, m_uTotal, std::chrono::duration<double>(now - m_Start).count()));
+        Show(FormatProgress(uDone, m_uTotal, std::chrono::duration<double>(now - m_Start).count(), m_sUnit));
     }
 }
 

@@ -15,12 +15,6 @@ namespace
 constexpr std::chrono::milliseconds c_KeepPeriod{500};
 constexpr std::size_t c_uPieceBytes = std::size_t{64} * 1024;
 
-std::string TextOfPath(const std::filesystem::path& path)
-{
-    const std::u8string sPath = path.u8string();
-    return {sPath.begin(), sPath.end()};
-}
-
 } // namespace
 
 CStatsWriter::CStatsWriter(const std::string& sPath, IByteSink* pStandardOutput, const CStatsPosition& position)
@@ -40,10 +34,10 @@ CStatsWriter::CStatsWriter(const std::string& sPath, IByteSink* pStandardOutput,
         m_Position = position;
     }
     // The partial file is the newer one. An unfinished copy of the other one is shorter and fails.
-    else if (!CopyRows(TextOfPath(COutputFile::GetPartialPath(sPath)), position) && !CopyRows(sPath, position))
+    else if (!CopyRows(Utf8FromPath(COutputFile::GetPartialPath(sPath)), position) && !CopyRows(sPath, position))
     {
         throw CHeadlessError(sPath + ": cannot be continued: neither it nor " +
-                             TextOfPath(COutputFile::GetPartialPath(sPath)) +
+                             Utf8FromPath(COutputFile::GetPartialPath(sPath)) +
                              " begins with the rows of the run up to iteration " + std::to_string(position.iteration));
     }
 }

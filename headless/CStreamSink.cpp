@@ -18,6 +18,6 @@ void CStreamSink::CheckStream() const
 {
     if (!m_Stream)
     {
-        throw CHeadlessError("standard output: cannot be written");
+        throw CWriteError("standard output: cannot be written");
     }
 }

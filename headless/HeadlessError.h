@@ -27,6 +27,13 @@ private:
     int m_iExitCode;
 };
 
+// Results that cannot be written to their place.
+class CWriteError : public CHeadlessError
+{
+public:
+    using CHeadlessError::CHeadlessError;
+};
+
 // An error of the command line.
 class CUsageError : public CHeadlessError
 {

@@ -3,6 +3,7 @@
 #include "headless/CExperiment.h"
 #include "headless/COptions.h"
 #include "headless/HeadlessError.h"
+#include "headless/NumberText.h"
 
 #include <exception>
 #include <new>
@@ -16,6 +17,10 @@ void RunProgram(const std::vector<std::string>& arguments, const CConsole& conso
     if (parsed.answer)
     {
         console.out << *parsed.answer << std::flush;
+        if (!console.out)
+        {
+            throw CHeadlessError("standard output: cannot be written");
+        }
         return;
     }
     CExperiment(parsed.options, console).Run();
@@ -32,12 +37,13 @@ int HeadlessMain(const std::vector<std::string>& arguments, const CConsole& cons
     }
     catch (const CUsageError& error)
     {
-        console.err << "error: " << error.what() << "\nkinetarium-headless --help shows all options.\n";
+        console.err << "error: " << EscapeUnprintable(error.what())
+                    << "\nkinetarium-headless --help shows all options.\n";
         return error.GetExitCode();
     }
     catch (const CHeadlessError& error)
     {
-        console.err << "error: " << error.what() << '\n';
+        console.err << "error: " << EscapeUnprintable(error.what()) << '\n';
         return error.GetExitCode();
     }
     catch (const std::bad_alloc&)

@@ -3,7 +3,7 @@
 #include <string_view>
 
 // A file that is being written. Only Commit makes it appear: a sink that is destroyed without Commit leaves the earlier
-// file unchanged. Both methods throw CHeadlessError naming the file.
+// file unchanged. Both methods throw CWriteError naming the file.
 struct IByteSink
 {
     virtual void Write(std::string_view sBytes) = 0;

@@ -20,7 +20,7 @@ int RunMain(const std::vector<std::string>& arguments)
     settings.sDebugOutputVariable = c_sDebugOutputVariable;
     SetLibrarySettings(settings);
     const std::atomic<int>& exitCode = WatchForInterruption();
-    SetStandardOutputBinary();
+    SetStandardStreamsBinary();
     std::ios::sync_with_stdio(false);
     return HeadlessMain(arguments, CConsole{std::cout, std::cerr, IsStandardErrorTerminal(), &exitCode});
 }

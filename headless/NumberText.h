@@ -16,7 +16,11 @@ std::string TextOfFixed(double value, int decimals);
 // A whole number of digits only; nullopt for any other text and for a number beyond 64 bits.
 std::optional<std::uint64_t> ParseWholeNumber(std::string_view sText);
 
-// The text for a message: in quotation marks, shortened if long, with "?" for control characters.
+// The text with every byte that a terminal would not show as a letter as \xNN: control characters, bytes that are no
+// UTF-8, marks that turn the direction of the letters around. A file name may hold any of them.
+std::string EscapeUnprintable(std::string_view sText);
+
+// The text for a message: in quotation marks, escaped, shortened if long.
 std::string Quote(std::string_view sText);
 
 // Reads a finite 32-bit float: an optional minus, digits with an optional dot, an optional exponent. Returns the error

@@ -16,12 +16,40 @@ namespace
 
 constexpr std::size_t c_uColourDigits = 6;
 constexpr int c_iHexadecimal = 16;
+constexpr std::uint64_t c_uMostDigits = 20; // of a 64-bit number
 constexpr unsigned c_uByteBits = 8;
 constexpr std::uint64_t c_uLargestCoordinate = std::numeric_limits<int>::max();
 
 [[noreturn]] void Reject(const std::string& sOption, std::string_view sText, const std::string& sAllowed)
 {
     throw CUsageError(sOption + ": " + Quote(sText) + " is not allowed; allowed is " + sAllowed);
+}
+
+std::uint64_t TakeInRange(const std::string& sOption, const std::string& sText, std::optional<std::uint64_t> uValue,
+                          std::uint64_t uLow, std::uint64_t uHigh)
+{
+    if (!uValue || *uValue < uLow || *uValue > uHigh)
+    {
+        Reject(sOption, sText, "a whole number from " + std::to_string(uLow) + " to " + std::to_string(uHigh));
+    }
+    return *uValue;
+}
+
+// "2.5e3" becomes "2500". A text that is no such whole number stays as it is.
+std::string WithoutExponent(const std::string& sText)
+{
+    const std::size_t uE = sText.find_first_of("eE");
+    const std::string sDigits = sText.substr(0, uE);
+    const std::size_t uDot = std::min(sDigits.find('.'), sDigits.size());
+    const std::size_t uFraction = sDigits.size() - std::min(uDot + 1, sDigits.size());
+    const std::optional<std::uint64_t> uExponent =
+        uE == std::string::npos ? std::nullopt : ParseWholeNumber(std::string_view(sText).substr(uE + 1));
+    if (!uExponent || *uExponent < uFraction || *uExponent > c_uMostDigits || uDot == 0)
+    {
+        return sText;
+    }
+    return sDigits.substr(0, uDot) + sDigits.substr(sDigits.size() - uFraction) +
+           std::string(static_cast<std::size_t>(*uExponent) - uFraction, '0');
 }
 
 std::vector<std::string_view> SplitAtCommas(std::string_view sText)
@@ -56,12 +84,13 @@ bool ParseColour(std::string_view sText, ColourRef& colour)
 std::uint64_t ParseNumberOption(const std::string& sOption, const std::string& sText, std::uint64_t uLow,
                                 std::uint64_t uHigh)
 {
-    const std::optional<std::uint64_t> uValue = ParseWholeNumber(sText);
-    if (!uValue || *uValue < uLow || *uValue > uHigh)
-    {
-        Reject(sOption, sText, "a whole number from " + std::to_string(uLow) + " to " + std::to_string(uHigh));
-    }
-    return *uValue;
+    return TakeInRange(sOption, sText, ParseWholeNumber(sText), uLow, uHigh);
+}
+
+std::uint64_t ParseCountOption(const std::string& sOption, const std::string& sText, std::uint64_t uLow,
+                               std::uint64_t uHigh)
+{
+    return TakeInRange(sOption, sText, ParseWholeNumber(WithoutExponent(sText)), uLow, uHigh);
 }
 
 CPoint<int> ParsePointOption(const std::string& sOption, const std::string& sText)

@@ -16,6 +16,10 @@
 std::uint64_t ParseNumberOption(const std::string& sOption, const std::string& sText, std::uint64_t uLow,
                                 std::uint64_t uHigh);
 
+// The same, also written with an exponent: "1e6", "2.5e3".
+std::uint64_t ParseCountOption(const std::string& sOption, const std::string& sText, std::uint64_t uLow,
+                               std::uint64_t uHigh);
+
 // "X,Y", two whole numbers.
 CPoint<int> ParsePointOption(const std::string& sOption, const std::string& sText);
 

@@ -91,22 +91,28 @@ private:
 class COverlapCounter
 {
 public:
-    explicit COverlapCounter(std::uint64_t uMaxLookedAtPairs) : m_uLeft(uMaxLookedAtPairs) {}
+    explicit COverlapCounter(const CMayGoOn& mayGoOn) : m_MayGoOn(mayGoOn) {}
 
-    // Counts the overlaps of one atom with each of the others; false when the limit of tested pairs is reached.
-    bool Count(const CAtom& atom, std::span<const CAtom* const> others)
+    // Counts the overlaps of one atom with each of the others.
+    void Count(const CAtom& atom, std::span<const CAtom* const> others)
     {
-        if (others.size() > m_uLeft)
-        {
-            m_Statistics.bComplete = false;
-            return false;
-        }
-        m_uLeft -= others.size();
         for (const CAtom* const pOther : others)
         {
             Count(atom, *pOther);
         }
-        return true;
+        m_uPairs += others.size();
+    }
+
+    // An atom has been compared with all of its neighbours. False if the count ends early.
+    bool FinishAtom()
+    {
+        ++m_uAtomsDone;
+        if (m_uPairs >= c_uPairsBetweenQuestions)
+        {
+            m_uPairs = 0;
+            m_Statistics.bComplete = m_MayGoOn(m_uAtomsDone);
+        }
+        return m_Statistics.bComplete;
     }
 
     const COverlapStatistics& GetStatistics() const { return m_Statistics; }
@@ -126,27 +132,32 @@ private:
         }
     }
 
+    const CMayGoOn& m_MayGoOn;
     COverlapStatistics m_Statistics;
-    std::uint64_t m_uLeft;
+    std::uint64_t m_uAtomsDone = 0;
+    std::uint64_t m_uPairs = 0; // since the last question
 };
 
 // The four of the eight neighbours that come after a cell, so that every pair of neighbours is visited once.
 constexpr std::array<CSize<int>, 4> c_LaterNeighbours = {CSize<int>{1, 0}, {-1, 1}, {0, 1}, {1, 1}};
 
+// False if the count ends early.
 bool CountCell(const CNeighbourGrid& grid, int column, int row, COverlapCounter& counter)
 {
     const std::span<const CAtom* const> cell = grid.GetCell(column, row);
     for (std::size_t u = 0; u < cell.size(); ++u)
     {
-        bool bGoOn = counter.Count(*cell[u], cell.subspan(u + 1));
+        counter.Count(*cell[u], cell.subspan(u + 1));
         for (const CSize<int>& step : c_LaterNeighbours)
         {
             const int otherColumn = column + step.cx;
             const int otherRow = row + step.cy;
-            const bool bExists = otherColumn >= 0 && otherColumn < grid.GetColumns() && otherRow < grid.GetRows();
-            bGoOn = bGoOn && (!bExists || counter.Count(*cell[u], grid.GetCell(otherColumn, otherRow)));
+            if (otherColumn >= 0 && otherColumn < grid.GetColumns() && otherRow < grid.GetRows())
+            {
+                counter.Count(*cell[u], grid.GetCell(otherColumn, otherRow));
+            }
         }
-        if (!bGoOn)
+        if (!counter.FinishAtom())
         {
             return false;
         }
@@ -161,11 +172,10 @@ bool IsInside(float position, std::uint8_t uRadius, int length)
 
 } // namespace
 
-COverlapStatistics ComputeOverlapStatistics(const CAtoms& atoms, const CSize<int>& world,
-                                            std::uint64_t uMaxLookedAtPairs)
+COverlapStatistics ComputeOverlapStatistics(const CAtoms& atoms, const CSize<int>& world, const CMayGoOn& mayGoOn)
 {
     const CNeighbourGrid grid(atoms, world);
-    COverlapCounter counter(uMaxLookedAtPairs);
+    COverlapCounter counter(mayGoOn);
     for (int row = 0; row < grid.GetRows(); ++row)
     {
         for (int column = 0; column < grid.GetColumns(); ++column)

@@ -3,15 +3,12 @@
 #include "classes/core/CSize.h"
 
 #include <cstdint>
+#include <functional>
 
 class CAtoms;
 
 // Overlaps up to this do not count, world units: ten times what separating two atoms may leave.
 constexpr double c_dCountedOverlap = 0.01;
-
-// Pairs that are tested before counting stops early, after about ten seconds. Only thousands of atoms on top of each
-// other (all started at one point, and not yet apart) reach this.
-constexpr std::uint64_t c_uMaxLookedAtPairs = 5'000'000'000;
 
 // How far atoms overlap. An overlap is the sum of the radii minus the distance of the centres.
 struct COverlapStatistics
@@ -21,9 +18,18 @@ struct COverlapStatistics
     bool bComplete{true};  // false: counting stopped early, and both are lower bounds
 };
 
-// Tests only pairs of neighbouring atoms, which a grid of its own finds. Computed in double precision.
-COverlapStatistics ComputeOverlapStatistics(const CAtoms& atoms, const CSize<int>& world,
-                                            std::uint64_t uMaxLookedAtPairs = c_uMaxLookedAtPairs);
+// Asked again and again while overlaps are counted, with the number of atoms whose neighbours are done; false ends the
+// count.
+using CMayGoOn = std::function<bool(std::uint64_t uAtomsDone)>;
+
+// Between two questions to CMayGoOn at most so many pairs are tested, and the neighbours of one atom more: some
+// milliseconds.
+constexpr std::uint64_t c_uPairsBetweenQuestions = 1'000'000;
+
+// Tests only pairs of neighbouring atoms, which a grid of its own finds. Computed in double precision. Thousands of
+// atoms on top of each other (all started at one point, and not yet apart) have so many pairs that testing them all can
+// take minutes.
+COverlapStatistics ComputeOverlapStatistics(const CAtoms& atoms, const CSize<int>& world, const CMayGoOn& mayGoOn);
 
 // The number of atoms that lie partly or wholly outside the world, or whose position is NaN.
 std::uint32_t CountAtomsOutside(const CAtoms& atoms, const CSize<int>& world);

@@ -109,8 +109,8 @@ void AppendRow(std::string& sText, const CAtom& atom, std::int32_t index)
         const float value = atom.*c_FloatFields[uColumn];
         if (!std::isfinite(value))
         {
-            throw CHeadlessError("the state cannot be saved: " + std::string(c_sColumns[uColumn]) + " of atom " +
-                                 std::to_string(index + 1) + " is not finite");
+            throw CWriteError("the state cannot be saved: " + std::string(c_sColumns[uColumn]) + " of atom " +
+                              std::to_string(index + 1) + " is not finite");
         }
         AppendFloat(sText, value);
         sText += ',';

@@ -12,7 +12,7 @@ struct IByteSink;
 //
 // Reading is strict: any other file is refused with the line and column, never repaired.
 
-// Writes all atoms; the caller commits. Throws CHeadlessError for a value that is not finite, which no file can hold.
+// Writes all atoms; the caller commits. Throws CWriteError for a value that is not finite, which no file can hold.
 void SaveState(const CAtoms& atoms, IByteSink& sink);
 
 // Replaces the atoms by those of a binary stream and computes their speeds and the velocity statistics; sName is the

@@ -23,6 +23,7 @@ constexpr int c_iHexadecimal = 16;
 constexpr std::size_t c_uHashDigits = 16;
 constexpr std::size_t c_uColourDigits = 6;
 constexpr const char* c_sNone = "none";
+constexpr const char* c_sNotCounted = "not counted";
 
 std::string TextOfHexadecimal(std::uint64_t uValue, std::size_t uDigits)
 {
@@ -46,20 +47,20 @@ void AddLine(std::string& sText, const std::string& sName, const std::string& sV
 void AddSettings(std::string& sText, const CSettings& settings, const CRunResults& results)
 {
     AddLine(sText, "seed", std::to_string(results.seed));
-    AddLine(sText, "world", std::to_string(settings.world.cx) + " x " + std::to_string(settings.world.cy));
+    AddLine(sText, "width", std::to_string(settings.world.cx));
+    AddLine(sText, "height", std::to_string(settings.world.cy));
     AddLine(sText, "atoms", std::to_string(results.atoms));
-    AddLine(sText, "radii", std::to_string(results.smallestRadius) + " to " + std::to_string(results.largestRadius));
-    AddLine(sText, "start", results.start);
+    AddLine(sText, "smallest radius", std::to_string(results.smallestRadius));
+    AddLine(sText, "largest radius", std::to_string(results.largestRadius));
+    AddLine(sText, "start", EscapeUnprintable(results.start));
     AddLine(sText, "colour mode", settings.eMode == EnumAtomColourMode::Speed ? "speed" : "fixed");
-    std::string sColours;
-    std::string sFactors;
     for (std::size_t u = 0; u < settings.colours.size(); ++u)
     {
-        sColours.append(u > 0 ? "," : "").append(TextOfColour(settings.colours[u]));
-        sFactors.append(u > 0 ? "," : "").append(Utf8FromWide(settings.factors[u].GetText().Get()));
+        const std::string sNumber = std::to_string(u + 1);
+        const CFactor& factor = settings.factors[u];
+        AddLine(sText, "colour " + sNumber, TextOfColour(settings.colours[u]));
+        AddLine(sText, "factor " + sNumber, factor.IsSet() ? Utf8FromWide(factor.GetText().Get()) : c_sNone);
     }
-    AddLine(sText, "colours", sColours);
-    AddLine(sText, "factors", sFactors);
     AddLine(sText, "background", TextOfColour(settings.background));
 }
 
@@ -74,10 +75,17 @@ void AddIterations(std::string& sText, const CRunResults& results)
     const double collided = static_cast<double>(results.collisions) * c_dPercent /
                             static_cast<double>(results.iterations) / static_cast<double>(results.atoms);
     AddLine(sText, "iterations", std::to_string(results.iterations));
-    AddLine(sText, "ms per iteration (median)", milliSeconds(c_dMedian));
-    AddLine(sText, "ms per iteration (95th percentile)", milliSeconds(c_dHighPercentile));
-    AddLine(sText, "collisions per iteration (percent of atoms)",
-            bAny ? TextOfFixed(collided, c_iPercentDecimals) : c_sNone);
+    AddLine(sText, "median time (ms)", milliSeconds(c_dMedian));
+    AddLine(sText, "95th percentile time (ms)", milliSeconds(c_dHighPercentile));
+    AddLine(sText, "collisions per iteration (%)", bAny ? TextOfFixed(collided, c_iPercentDecimals) : c_sNone);
+}
+
+void AddOverlaps(std::string& sText, const std::optional<COverlapStatistics>& overlaps)
+{
+    const std::string sBound = overlaps && !overlaps->bComplete ? "at least " : "";
+    AddLine(sText, "overlapping pairs", overlaps ? sBound + std::to_string(overlaps->pairs) : c_sNotCounted);
+    AddLine(sText, "largest overlap",
+            overlaps ? sBound + TextOfFixed(overlaps->largest, c_iOverlapDecimals) : c_sNotCounted);
 }
 
 void AddState(std::string& sText, const CRunResults& results)
@@ -87,13 +95,10 @@ void AddState(std::string& sText, const CRunResults& results)
     AddLine(sText, "average speed", TextOfFixed(static_cast<double>(results.velocities.avg), c_iSpeedDecimals));
     const double drift = results.endSpeedSum - results.startSpeedSum;
     const double percent = results.startSpeedSum > 0 ? drift / results.startSpeedSum * c_dPercent : 0.0;
-    AddLine(sText, "drift of the total speed",
-            TextOfFixed(drift, c_iSpeedDecimals) + " (" + TextOfFixed(percent, c_iDriftDecimals) + "%)");
-    const std::string sBound = results.overlaps.bComplete ? "" : "at least ";
-    AddLine(sText, "pairs overlapping by more than " + TextOfFixed(c_dCountedOverlap, 2),
-            sBound + std::to_string(results.overlaps.pairs));
-    AddLine(sText, "largest overlap", sBound + TextOfFixed(results.overlaps.largest, c_iOverlapDecimals));
-    AddLine(sText, "atoms outside the walls", std::to_string(results.atomsOutside));
+    AddLine(sText, "drift of the total speed", TextOfFixed(drift, c_iSpeedDecimals));
+    AddLine(sText, "drift of the total speed (%)", TextOfFixed(percent, c_iDriftDecimals));
+    AddOverlaps(sText, results.overlaps);
+    AddLine(sText, "atoms outside", std::to_string(results.atomsOutside));
     AddLine(sText, "state hash", TextOfHexadecimal(results.hash, c_uHashDigits));
 }
 

@@ -22,7 +22,7 @@ constexpr std::size_t c_uMaxPieceBytes = 1U << 30U;
 
 #ifdef _WIN32
 
-int OpenFile(const std::filesystem::path& path, int flags)
+int OpenFile(const std::filesystem::path& path, int flags, bool)
 {
     return _wopen(path.c_str(), flags | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
 }
@@ -51,10 +51,11 @@ int WritePiece(int file, const char* pBytes, std::size_t uCount)
 
 // Read and write for everybody; the user's umask removes the rest.
 constexpr mode_t c_NewFileMode = 0666;
+constexpr mode_t c_PrivateFileMode = 0600;
 
-int OpenFile(const std::filesystem::path& path, int flags)
+int OpenFile(const std::filesystem::path& path, int flags, bool bPrivate)
 {
-    return open(path.c_str(), flags | O_CLOEXEC, c_NewFileMode);
+    return open(path.c_str(), flags | O_CLOEXEC, bPrivate ? c_PrivateFileMode : c_NewFileMode);
 }
 
 ssize_t WritePiece(int file, const char* pBytes, std::size_t uCount)
@@ -64,9 +65,9 @@ ssize_t WritePiece(int file, const char* pBytes, std::size_t uCount)
 
 #endif
 
-int Open(const std::filesystem::path& path, int flags, int& error)
+int Open(const std::filesystem::path& path, int flags, bool bPrivate, int& error)
 {
-    const int file = OpenFile(path, flags);
+    const int file = OpenFile(path, flags, bPrivate);
     error = file == c_iNoFile ? errno : 0;
     return file;
 }
@@ -78,18 +79,34 @@ std::filesystem::path PathFromUtf8(const std::string& sPath)
     return std::filesystem::path(std::u8string(sPath.begin(), sPath.end()));
 }
 
-int SystemFile_Create(const std::filesystem::path& path, int& error)
+std::string Utf8FromPath(const std::filesystem::path& path)
+{
+    const std::u8string sPath = path.u8string();
+    return {sPath.begin(), sPath.end()};
+}
+
+int SystemFile_Create(const std::filesystem::path& path, bool bPrivate, int& error)
 {
 #ifdef _WIN32
     return CreateNewFile(path, error);
 #else
-    return Open(path, O_WRONLY | O_CREAT | O_EXCL, error);
+    return Open(path, O_WRONLY | O_CREAT | O_EXCL, bPrivate, error);
 #endif
 }
 
 int SystemFile_Open(const std::filesystem::path& path, int& error)
 {
-    return Open(path, O_WRONLY, error);
+    return Open(path, O_WRONLY, false, error);
+}
+
+int SystemFile_CheckWritable(const std::filesystem::path& path)
+{
+#ifdef _WIN32
+    constexpr int c_iWritable = 2;
+    return _waccess(path.c_str(), c_iWritable) == 0 ? 0 : errno;
+#else
+    return access(path.c_str(), W_OK) == 0 ? 0 : errno;
+#endif
 }
 
 int SystemFile_Write(int file, const char* pBytes, std::size_t uCount)
@@ -153,9 +170,10 @@ bool IsStandardErrorTerminal()
 #endif
 }
 
-void SetStandardOutputBinary()
+void SetStandardStreamsBinary()
 {
 #ifdef _WIN32
+    _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
 #endif
 }

@@ -14,11 +14,11 @@ std::vector<std::filesystem::path>& g_Files = *new std::vector<std::filesystem::
 
 } // namespace
 
-int CreateTemporaryFile(const std::filesystem::path& path, int& error)
+int CreateTemporaryFile(const std::filesystem::path& path, bool bPrivate, int& error)
 {
     const CHeldSignals held;
     g_Files.push_back(path);
-    const int file = SystemFile_Create(path, error);
+    const int file = SystemFile_Create(path, bPrivate, error);
     if (file == c_iNoFile)
     {
         g_Files.pop_back();

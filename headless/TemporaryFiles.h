@@ -6,7 +6,7 @@
 // them.
 
 // Creates one for writing, like SystemFile_Create.
-int CreateTemporaryFile(const std::filesystem::path& path, int& error);
+int CreateTemporaryFile(const std::filesystem::path& path, bool bPrivate, int& error);
 
 // From now on a signal leaves the file. For a file that was renamed or removed; an unknown path is ignored.
 void ForgetTemporaryFile(const std::filesystem::path& path) noexcept;

@@ -122,7 +122,7 @@ stage_licences() {
     licence "{fmt}" "$(fmt_version)" "MIT" fmt.txt "$dependencies/../licences/fmt.txt"
     licence "Boost.Multiprecision" "$(version_of libboost1.74-dev)" "Boost Software License 1.0" boost.txt <(boost_licence)
     licence "CLI11" "$(version_of libcli11-dev)" "BSD 3-Clause" cli11.txt "$documents/libcli11-dev/copyright"
-    licence "stb_image_write" "$(version_of libstb-dev)" "MIT or public domain" stb.txt "$documents/libstb-dev/copyright"
+    licence "zlib" "$(version_of libz-mingw-w64-dev)" "zlib" zlib.txt "$documents/libz-mingw-w64-dev/copyright"
     licence "libstdc++, libgcc, libssp" "$gcc" "GPL 3 with GCC Runtime Library Exception" gcc.txt \
         "$documents/gcc-mingw-w64-x86-64-posix-runtime/copyright"
     licence "MinGW-w64, winpthreads" "$(version_of mingw-w64-x86-64-dev)" "ZPL 2.1, MIT and others" mingw-w64.txt \

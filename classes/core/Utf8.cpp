@@ -36,36 +36,6 @@ bool IsSurrogate(char32_t u)
     return u >= c_uFirstSurrogate && u <= c_uLastSurrogate;
 }
 
-// Removes one code point from the front of sText; one byte if it is not valid UTF-8.
-char32_t TakeFromUtf8(std::string_view& sText)
-{
-    const auto byteAt = [&sText](std::size_t u) { return static_cast<char32_t>(static_cast<std::uint8_t>(sText[u])); };
-    char32_t uResult = c_uReplacement;
-    std::size_t uTaken = 1;
-    for (std::size_t uLength = 1; uLength <= c_Sequences.size(); ++uLength)
-    {
-        const CSequence& sequence = c_Sequences[uLength - 1];
-        if ((byteAt(0) & sequence.uLeadMask) != sequence.uLead || sText.size() < uLength)
-        {
-            continue;
-        }
-        char32_t uCode = byteAt(0) & ~sequence.uLeadMask;
-        bool bWhole = true;
-        for (std::size_t u = 1; u < uLength; ++u)
-        {
-            bWhole = bWhole && (byteAt(u) & c_uTagMask) == c_uContinuationTag;
-            uCode = (uCode << c_uContinuationBits) | (byteAt(u) & c_uContinuationMask);
-        }
-        if (bWhole && uCode >= sequence.uFirst && uCode <= c_uLastCodePoint && !IsSurrogate(uCode))
-        {
-            uResult = uCode;
-            uTaken = uLength;
-        }
-    }
-    sText.remove_prefix(uTaken);
-    return uResult;
-}
-
 void AppendWide(std::wstring& sText, char32_t uCode)
 {
     if (sizeof(wchar_t) > sizeof(char16_t) || uCode < c_uFirstBeyond16Bits)
@@ -113,6 +83,35 @@ void AppendUtf8(std::string& sText, char32_t uCode)
 }
 
 } // namespace
+
+char32_t TakeFromUtf8(std::string_view& sText)
+{
+    const auto byteAt = [&sText](std::size_t u) { return static_cast<char32_t>(static_cast<std::uint8_t>(sText[u])); };
+    char32_t uResult = c_uReplacement;
+    std::size_t uTaken = 1;
+    for (std::size_t uLength = 1; uLength <= c_Sequences.size(); ++uLength)
+    {
+        const CSequence& sequence = c_Sequences[uLength - 1];
+        if ((byteAt(0) & sequence.uLeadMask) != sequence.uLead || sText.size() < uLength)
+        {
+            continue;
+        }
+        char32_t uCode = byteAt(0) & ~sequence.uLeadMask;
+        bool bWhole = true;
+        for (std::size_t u = 1; u < uLength; ++u)
+        {
+            bWhole = bWhole && (byteAt(u) & c_uTagMask) == c_uContinuationTag;
+            uCode = (uCode << c_uContinuationBits) | (byteAt(u) & c_uContinuationMask);
+        }
+        if (bWhole && uCode >= sequence.uFirst && uCode <= c_uLastCodePoint && !IsSurrogate(uCode))
+        {
+            uResult = uCode;
+            uTaken = uLength;
+        }
+    }
+    sText.remove_prefix(uTaken);
+    return uResult;
+}
 
 std::wstring WideFromUtf8(std::string_view sText)
 {

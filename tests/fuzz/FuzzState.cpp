@@ -75,7 +75,7 @@ void UseState(CAtoms& atoms)
     settings.eMode = EnumAtomColourMode::Speed;
     settings.factors = {CFactor(L"0.75"), CFactor(), CFactor(L"1.25")};
     DrawWorld(atoms, settings);
-    ComputeOverlapStatistics(atoms, c_World);
+    ComputeOverlapStatistics(atoms, c_World, [](std::uint64_t) { return true; });
     CountAtomsOutside(atoms, c_World);
 }
 

@@ -1,3 +1,4 @@
+#include "headless/CExperiment.h"
 #include "headless/HeadlessMain.h"
 #include "tests/headless/HeadlessTesting.h"
 
@@ -5,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <iostream>
 #include <sstream>
 
 using testing::HasSubstr;
@@ -65,6 +68,9 @@ TEST(Experiment, WithoutASeedARandomOneIsPrintedThatRepeatsTheRun)
     const std::string sSecond = RunWell({"--iterations", "20"});
 
     EXPECT_NE(GetSummaryValue(sSecond, "seed"), GetSummaryValue(sFirst, "seed"));
+    // A 64-bit float holds it, so that spreadsheets and JSON do.
+    EXPECT_LT(std::stoull(GetSummaryValue(sFirst, "seed")), 1ULL << 53U);
+    EXPECT_LT(std::stoull(GetSummaryValue(sSecond, "seed")), 1ULL << 53U);
     EXPECT_EQ(GetHash({"--iterations", "20", "--seed", GetSummaryValue(sFirst, "seed")}),
               GetSummaryValue(sFirst, "state hash"));
 }
@@ -100,15 +106,6 @@ TEST(Experiment, HalfARunSavedAndContinuedGivesTheWholeRun)
 
     EXPECT_NE(ReadFile(folder.GetPath("whole.csv")), ReadFile(folder.GetPath("half.csv")));
     EXPECT_EQ(ReadFile(folder.GetPath("continued.csv")), ReadFile(folder.GetPath("whole.csv")));
-}
-
-TEST(Experiment, TheStateMayReplaceTheFileItCameFrom)
-{
-    const CTemporaryFolder folder;
-    const std::string sFile = folder.WriteFile("a.csv", "x,y,vx,vy,radius\n20,20,1,0.5,5\n");
-
-    RunWell({"--load-state", sFile, "--width", "100", "--height", "100", "--save-state", sFile, "--iterations", "10"});
-    EXPECT_EQ(ReadFile(sFile), "x,y,vx,vy,radius\n30,25,1,0.5,5\n");
 }
 
 TEST(Experiment, TheStatisticsHaveARowForEachIteration)
@@ -149,25 +146,32 @@ TEST(Experiment, TheSummaryHasEveryValue)
         RunWell({"--load-state", sState, "--seed", "12", "--iterations", "6", "--width", "300", "--height", "200"});
 
     EXPECT_EQ(GetSummaryValue(sSummary, "seed"), "12");
-    EXPECT_EQ(GetSummaryValue(sSummary, "world"), "300 x 200");
+    EXPECT_EQ(GetSummaryValue(sSummary, "width"), "300");
+    EXPECT_EQ(GetSummaryValue(sSummary, "height"), "200");
     EXPECT_EQ(GetSummaryValue(sSummary, "atoms"), "3");
-    EXPECT_EQ(GetSummaryValue(sSummary, "radii"), "3 to 5");
+    EXPECT_EQ(GetSummaryValue(sSummary, "smallest radius"), "3");
+    EXPECT_EQ(GetSummaryValue(sSummary, "largest radius"), "5");
     EXPECT_EQ(GetSummaryValue(sSummary, "start"), sState);
     EXPECT_EQ(GetSummaryValue(sSummary, "colour mode"), "speed");
-    EXPECT_EQ(GetSummaryValue(sSummary, "colours"), "ff0000,808080,00ff00");
-    EXPECT_EQ(GetSummaryValue(sSummary, "factors"), "0.75,,1.25");
+    EXPECT_EQ(GetSummaryValue(sSummary, "colour 1"), "ff0000");
+    EXPECT_EQ(GetSummaryValue(sSummary, "colour 2"), "808080");
+    EXPECT_EQ(GetSummaryValue(sSummary, "colour 3"), "00ff00");
+    EXPECT_EQ(GetSummaryValue(sSummary, "factor 1"), "0.75");
+    EXPECT_EQ(GetSummaryValue(sSummary, "factor 2"), "none");
+    EXPECT_EQ(GetSummaryValue(sSummary, "factor 3"), "1.25");
     EXPECT_EQ(GetSummaryValue(sSummary, "background"), "000000");
     EXPECT_EQ(GetSummaryValue(sSummary, "iterations"), "6");
-    EXPECT_NE(GetSummaryValue(sSummary, "ms per iteration (median)"), "");
-    EXPECT_NE(GetSummaryValue(sSummary, "ms per iteration (95th percentile)"), "");
-    EXPECT_EQ(GetSummaryValue(sSummary, "collisions per iteration (percent of atoms)"), "5.56");
+    EXPECT_NE(GetSummaryValue(sSummary, "median time (ms)"), "");
+    EXPECT_NE(GetSummaryValue(sSummary, "95th percentile time (ms)"), "");
+    EXPECT_EQ(GetSummaryValue(sSummary, "collisions per iteration (%)"), "5.56");
     EXPECT_EQ(GetSummaryValue(sSummary, "minimum speed"), "0.901388");
     EXPECT_THAT(GetSummaryValue(sSummary, "maximum speed"), StartsWith("1.0"));
     EXPECT_THAT(GetSummaryValue(sSummary, "average speed"), StartsWith("0.97738"));
     EXPECT_THAT(GetSummaryValue(sSummary, "drift of the total speed"), HasSubstr("0.0000"));
-    EXPECT_EQ(GetSummaryValue(sSummary, "pairs overlapping by more than 0.01"), "0");
+    EXPECT_THAT(GetSummaryValue(sSummary, "drift of the total speed (%)"), HasSubstr("0.0000"));
+    EXPECT_EQ(GetSummaryValue(sSummary, "overlapping pairs"), "0");
     EXPECT_THAT(GetSummaryValue(sSummary, "largest overlap"), StartsWith("0.00"));
-    EXPECT_EQ(GetSummaryValue(sSummary, "atoms outside the walls"), "0");
+    EXPECT_EQ(GetSummaryValue(sSummary, "atoms outside"), "0");
     EXPECT_EQ(GetSummaryValue(sSummary, "state hash").size(), 16U);
 }
 
@@ -178,11 +182,56 @@ TEST(Experiment, TheSummaryFindsOverlapsAndAtomsOutside)
     const std::string sSummary =
         RunWell({"--load-state", sState, "--width", "100", "--height", "100", "--iterations", "0"});
 
-    EXPECT_EQ(GetSummaryValue(sSummary, "pairs overlapping by more than 0.01"), "1");
+    EXPECT_EQ(GetSummaryValue(sSummary, "overlapping pairs"), "1");
     EXPECT_EQ(GetSummaryValue(sSummary, "largest overlap"), "2.000000");
-    EXPECT_EQ(GetSummaryValue(sSummary, "atoms outside the walls"), "1");
-    EXPECT_EQ(GetSummaryValue(sSummary, "ms per iteration (median)"), "none");
-    EXPECT_EQ(GetSummaryValue(sSummary, "collisions per iteration (percent of atoms)"), "none");
+    EXPECT_EQ(GetSummaryValue(sSummary, "atoms outside"), "1");
+    EXPECT_EQ(GetSummaryValue(sSummary, "median time (ms)"), "none");
+    EXPECT_EQ(GetSummaryValue(sSummary, "collisions per iteration (%)"), "none");
+}
+
+TEST(Experiment, OverlapsCanBeLeftUncounted)
+{
+    const std::string sSummary =
+        RunWell({"--seed", "1", "--start-at", "100,100", "--iterations", "1", "--no-overlaps"});
+
+    EXPECT_EQ(GetSummaryValue(sSummary, "overlapping pairs"), "not counted");
+    EXPECT_EQ(GetSummaryValue(sSummary, "largest overlap"), "not counted");
+}
+
+TEST(Experiment, CountingOverlapsTakesNoLongerThanTheRunOrTwoSeconds)
+{
+    using std::chrono::hours;
+    using std::chrono::milliseconds;
+    using std::chrono::seconds;
+    EXPECT_EQ(GetOverlapTimeLimit(milliseconds(63)), seconds(2));
+    EXPECT_EQ(GetOverlapTimeLimit(seconds(2)), seconds(2));
+    EXPECT_EQ(GetOverlapTimeLimit(hours(3)), hours(3));
+}
+
+// The progress appears within the first moments and ends as it began: with an empty line.
+TEST(Experiment, TheProgressOfTheCountIsShown)
+{
+    const CProgramResult result =
+        RunProgram({"--seed", "1", "--atoms", "20000", "--start-at", "100,100", "--iterations", "0"}, true);
+
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_THAT(result.err, HasSubstr("/20000"));
+    EXPECT_THAT(result.err, testing::EndsWith("\r"));
+}
+
+TEST(Experiment, AStateIsReadFromStandardInput)
+{
+    const CTemporaryFolder folder;
+    const std::string sFile = folder.WriteFile("a.csv", c_sMeeting);
+    std::istringstream input(c_sMeeting);
+    std::streambuf* const pBefore = std::cin.rdbuf(input.rdbuf());
+    const std::string sSummary =
+        RunWell({"--load-state", "-", "--width", "100", "--height", "100", "--iterations", "6"});
+    std::cin.rdbuf(pBefore);
+
+    EXPECT_EQ(GetSummaryValue(sSummary, "start"), "standard input");
+    EXPECT_EQ(GetSummaryValue(sSummary, "state hash"),
+              GetHash({"--load-state", sFile, "--width", "100", "--height", "100", "--iterations", "6"}));
 }
 
 TEST(Experiment, EveryAtomStartsAtTheStartPoint)
@@ -222,9 +271,13 @@ TEST(Experiment, StandardOutputThatCannotBeWrittenIsAnError)
     std::ostream broken(nullptr);
     std::ostringstream err;
 
+    EXPECT_EQ(HeadlessMain({"--help"}, CConsole{broken, err, false, nullptr}), 1);
+    EXPECT_EQ(err.str(), "error: standard output: cannot be written\n");
+    err.str("");
     EXPECT_EQ(HeadlessMain({"--iterations", "1"}, CConsole{broken, err, false, nullptr}), 1);
     EXPECT_EQ(err.str(), "error: the summary cannot be written\n");
     err.str("");
     EXPECT_EQ(HeadlessMain({"--iterations", "1", "--save-state", "-"}, CConsole{broken, err, false, nullptr}), 1);
-    EXPECT_EQ(err.str(), "error: standard output: cannot be written\n");
+    EXPECT_THAT(err.str(), testing::EndsWith("\nerror: standard output: cannot be written\n"));
+    EXPECT_EQ(GetSummaryValue(err.str(), "iterations"), "1");
 }

@@ -35,7 +35,7 @@ const std::string c_sRadius = " is not allowed; allowed is a whole number from 1
 const std::string c_sLoaded = ": is not allowed with --load-state, whose file brings the atoms";
 const std::string c_sThreeColours =
     " is not allowed; allowed is RRGGBB,RRGGBB,RRGGBB: three colours of six hexadecimal digits, red first";
-const std::string c_sSamePlace = "--save-state, --stats and --picture must not be written to the same place ";
+const std::string c_sSameFile = "; allowed is another file for each";
 
 } // namespace
 
@@ -113,8 +113,10 @@ INSTANTIATE_TEST_SUITE_P(
                     CUsageCase{{"--load-state", "a.csv", "--max-radius", "5"}, "--max-radius" + c_sLoaded},
                     CUsageCase{{"--load-state", "a.csv", "--start-at", "5,5"}, "--start-at" + c_sLoaded},
                     CUsageCase{{"--save-state", ""}, "--save-state: the file name is empty"},
-                    CUsageCase{{"--save-state", "-", "--stats", "-"}, c_sSamePlace + "(-)"},
-                    CUsageCase{{"--stats", "a", "--picture", "./a"}, c_sSamePlace + "(a)"},
+                    CUsageCase{{"--save-state", "-", "--stats", "-"},
+                               "--stats: '-' is the same file as --save-state: '-'" + c_sSameFile},
+                    CUsageCase{{"--stats", "a", "--picture", "./a"},
+                               "--picture: './a' is the same file as --stats: 'a'" + c_sSameFile},
                     CUsageCase{{"--picture", "-"},
                                "--picture: standard output is not allowed; allowed is the name of a file"},
                     CUsageCase{{"--picture-every", "5"}, "--picture-every: needs --picture, which names the files"},
@@ -159,10 +161,10 @@ TEST(Options, HelpAndVersionGoToStandardOutputAndSucceed)
 {
     const CProgramResult help = RunProgram({"--help"});
     EXPECT_EQ(help.exitCode, 0);
-    for (const char* const sOption :
-         {"--width", "--height", "--atoms", "--min-radius", "--max-radius", "--seed", "--start-at", "--iterations",
-          "--load-state", "--save-state", "--stats", "--picture", "--picture-every", "--colour-mode", "--colours",
-          "--factors", "--background", "--settings", "--quiet"})
+    for (const char* const sOption : {"--width",   "--height",     "--atoms",         "--min-radius",  "--max-radius",
+                                      "--seed",    "--start-at",   "--iterations",    "--load-state",  "--save-state",
+                                      "--stats",   "--picture",    "--picture-every", "--colour-mode", "--colours",
+                                      "--factors", "--background", "--settings",      "--no-overlaps", "--quiet"})
     {
         EXPECT_THAT(help.out, HasSubstr(sOption));
     }
@@ -186,6 +188,22 @@ TEST(Options, TheLimitsThemselvesAreAllowed)
     EXPECT_EQ(options.maxRadius, 32);
     EXPECT_EQ(options.seed, 18446744073709551615U);
     EXPECT_EQ(options.iterations, 0U);
+}
+
+TEST(Options, ANumberOfIterationsMayHaveAnExponent)
+{
+    EXPECT_EQ(ParseOptions({"--iterations", "1e6"}).options.iterations, 1'000'000U);
+    EXPECT_EQ(ParseOptions({"--iterations", "2.50E3"}).options.iterations, 2500U);
+    EXPECT_EQ(ParseOptions({"--iterations", "1e12"}).options.iterations, 1'000'000'000'000U);
+    EXPECT_EQ(ParseOptions({"--iterations", "0e0"}).options.iterations, 0U);
+    EXPECT_EQ(ParseOptions({"--picture", "a.png", "--picture-every", "5e2"}).options.pictureEvery, 500U);
+    for (const std::string sText : {"1e13", "2.55e1", "e6", ".5e1", "1e", "1e-1", "1.e", "1e6 ", "1e6e6", "1.2.3e9",
+                                    "-1e3", "1e99999999999999999999", "1000.0"})
+    {
+        const CProgramResult result = RunProgram({"--iterations=" + sText});
+        EXPECT_EQ(result.exitCode, 2);
+        EXPECT_THAT(result.err, StartsWith("error: --iterations: '" + sText + "' is not allowed; allowed is a whole"));
+    }
 }
 
 // An octal reading would silently give another number.

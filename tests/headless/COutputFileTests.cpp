@@ -2,8 +2,10 @@
 #include "headless/HeadlessError.h"
 #include "headless/SystemFile.h"
 #include "headless/TemporaryFiles.h"
+#include "tests/classes/core/CEnvironmentChange.h"
 #include "tests/headless/HeadlessTesting.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -154,16 +156,26 @@ TEST(OutputFile, AReadOnlyFileIsNotReplaced)
     EXPECT_EQ(folder.GetNames(), CNames{"a.csv"});
 }
 
+TEST(OutputFile, ACheckLeavesNothingBehind)
+{
+    const CTemporaryFolder folder;
+    COutputFile::Check(folder.GetPath("a.csv"));
+    EXPECT_EQ(folder.GetNames(), CNames{});
+    COutputFile::Check(folder.WriteFile("b.csv", "old"));
+    EXPECT_EQ(folder.GetNames(), CNames{"b.csv"});
+    EXPECT_EQ(ReadFile(folder.GetPath("b.csv")), "old");
+}
+
 TEST(OutputFile, TheProgramChecksItsFilesBeforeItComputes)
 {
     const CTemporaryFolder folder;
     const std::string sPath = folder.GetPath("none/a.csv");
 
     // A run that has begun ends at once with another error.
-    const std::atomic<bool> bInterrupted{true};
+    const std::atomic<int> exitCode{130};
     for (const char* const sOption : {"--save-state", "--stats", "--picture"})
     {
-        const CProgramResult result = RunProgram({"--iterations", "1", sOption, sPath}, false, &bInterrupted);
+        const CProgramResult result = RunProgram({"--iterations", "1", sOption, sPath}, false, &exitCode);
         EXPECT_EQ(result.exitCode, 1) << sOption;
         EXPECT_EQ(result.err, "error: " + sPath + ": cannot be written: its folder does not exist\n") << sOption;
         EXPECT_EQ(result.out, "") << sOption;
@@ -176,18 +188,56 @@ TEST(OutputFile, AFullDiskIsAnError)
 {
     EXPECT_EQ(GetError("/dev/full"), "/dev/full: cannot be written: No space left on device");
     EXPECT_TRUE(fs::is_character_file("/dev/full"));
-    for (const char* const sOption : {"--save-state", "--stats", "--picture"})
+}
+
+// Hours of computing are not lost because the disk is full at their end.
+TEST(OutputFile, WhatCannotBeWrittenIsToldAfterTheSummary)
+{
+    const CTemporaryFolder folder;
+    const CEnvironmentChange temporary("TMPDIR", folder.GetPath("").c_str());
+    const std::string sFull = "error: /dev/full: cannot be written: No space left on device";
+    for (const char* const sOption : {"--stats", "--picture"})
     {
-        const CProgramResult result = RunProgram({"--iterations", "1", sOption, "/dev/full"});
+        const CProgramResult result =
+            RunProgram({"--iterations", "1", "--seed", "4", sOption, "/dev/full", "--save-state", folder.GetPath("a")});
         EXPECT_EQ(result.exitCode, 1);
-        EXPECT_EQ(result.err, "error: /dev/full: cannot be written: No space left on device\n");
+        EXPECT_EQ(result.err, sFull + "\n");
+        EXPECT_EQ(GetSummaryValue(result.out, "iterations"), "1");
     }
+    const CProgramResult result = RunProgram({"--iterations", "1", "--seed", "4", "--save-state", "/dev/full"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(GetSummaryValue(result.out, "iterations"), "1");
+    ASSERT_EQ(folder.GetNames().size(), 2U);
+    const std::string sElsewhere = folder.GetPath(folder.GetNames().back());
+    EXPECT_EQ(result.err, sFull + "; the state is in " + sElsewhere + " instead\n");
+    EXPECT_EQ(ReadFile(sElsewhere), ReadFile(folder.GetPath("a")));
+    EXPECT_NE(ReadFile(sElsewhere), "");
 }
 
 TEST(OutputFile, ADeviceIsWrittenDirectlyAndNotReplaced)
 {
     EXPECT_EQ(GetError("/dev/null"), "");
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(OutputFile, ANameThatIsTooLongIsFoundBeforeTheRun)
+{
+    const CTemporaryFolder folder;
+    for (const std::size_t uLength : {std::size_t{241}, std::size_t{255}, std::size_t{256}})
+    {
+        for (const std::string sOption : {"--save-state", "--stats", "--picture"})
+        {
+            // This run would take years.
+            const CProgramResult result =
+                RunProgram({"--iterations", "1000000000000", sOption, folder.GetPath(std::string(uLength, 'a'))});
+            EXPECT_EQ(result.exitCode, 1);
+            EXPECT_THAT(result.err, testing::EndsWith(" (while it is written, 15 characters more)\n"));
+        }
+    }
+    EXPECT_EQ(GetError(folder.GetPath(std::string(240, 'a'))), "");
+    const CProgramResult numbered = RunProgram({"--iterations", "1000000000000", "--picture-every", "1000000000000",
+                                                "--picture", folder.GetPath(std::string(240, 'a'))});
+    EXPECT_THAT(numbered.err, testing::EndsWith(" (while it is written, 15 characters more)\n"));
 }
 
 TEST(OutputFile, ALinkStaysALink)
@@ -200,6 +250,30 @@ TEST(OutputFile, ALinkStaysALink)
     EXPECT_EQ(GetError(sLink), "");
     EXPECT_TRUE(fs::is_symlink(sLink));
     EXPECT_EQ(ReadFile(sTarget), "something");
+}
+
+TEST(OutputFile, ALinkThatLeadsToNothingYetIsFollowed)
+{
+    const CTemporaryFolder folder;
+    const std::string sLink = folder.GetPath("link.csv");
+    fs::create_symlink("target.csv", sLink);
+
+    EXPECT_EQ(GetError(sLink), "");
+    EXPECT_TRUE(fs::is_symlink(sLink));
+    EXPECT_EQ(ReadFile(folder.GetPath("target.csv")), "something");
+}
+
+TEST(OutputFile, TheTemporaryFileHasThePermissionsOfTheOldOne)
+{
+    const CTemporaryFolder folder;
+    const std::string sPath = folder.WriteFile("a.csv", "old");
+    const fs::perms old = fs::perms::owner_read | fs::perms::owner_write;
+    fs::permissions(sPath, old);
+    const COutputFile file(sPath);
+
+    const CNames names = folder.GetNames();
+    ASSERT_EQ(names.size(), 2U);
+    EXPECT_EQ(fs::status(folder.GetPath(names.back())).permissions(), old);
 }
 
 TEST(OutputFile, TheNewFileHasThePermissionsOfTheOldOne)

@@ -12,33 +12,33 @@ using testing::Not;
 
 TEST(ProgressBar, ShowsShareCountRateAndTimeLeft)
 {
-    EXPECT_EQ(FormatProgress(500, 1000, 2.0),
+    EXPECT_EQ(FormatProgress(500, 1000, 2.0, "iterations"),
               "[###############...............] 50%  500/1000  250 iterations/s  2 s left");
-    EXPECT_EQ(FormatProgress(1, 1000, 2.0),
+    EXPECT_EQ(FormatProgress(1, 1000, 2.0, "iterations"),
               "[..............................] 0%  1/1000  0.5 iterations/s  33 min 18 s left");
-    EXPECT_EQ(FormatProgress(1, 10000, 2.0),
+    EXPECT_EQ(FormatProgress(1, 10000, 2.0, "iterations"),
               "[..............................] 0%  1/10000  0.5 iterations/s  5 h 33 min left");
-    EXPECT_EQ(FormatProgress(1000, 1000, 2.0),
+    EXPECT_EQ(FormatProgress(1000, 1000, 2.0, "iterations"),
               "[##############################] 100%  1000/1000  500 iterations/s  0 s left");
 }
 
 TEST(ProgressBar, WithoutAnIterationOrATimeThereIsNoForecast)
 {
-    EXPECT_EQ(FormatProgress(0, 1000, 2.0), "[..............................] 0%  0/1000");
-    EXPECT_EQ(FormatProgress(5, 1000, 0.0), "[..............................] 0%  5/1000");
-    EXPECT_EQ(FormatProgress(0, 0, 1.0), "[##############################] 100%  0/0");
+    EXPECT_EQ(FormatProgress(0, 1000, 2.0, "iterations"), "[..............................] 0%  0/1000");
+    EXPECT_EQ(FormatProgress(5, 1000, 0.0, "iterations"), "[..............................] 0%  5/1000");
+    EXPECT_EQ(FormatProgress(0, 0, 1.0, "iterations"), "[##############################] 100%  0/0");
 }
 
 TEST(ProgressBar, TimesAboveAYearAreNotSpelledOut)
 {
-    EXPECT_THAT(FormatProgress(1, 1'000'000'000'000, 1000.0), EndsWith("over a year left"));
+    EXPECT_THAT(FormatProgress(1, 1'000'000'000'000, 1000.0, "iterations"), EndsWith("over a year left"));
 }
 
 TEST(ProgressBar, WipesItsLineAtTheEnd)
 {
     std::ostringstream terminal;
     {
-        CProgressBar progress(&terminal, 10);
+        CProgressBar progress(&terminal, 10, "iterations");
         progress.Update(1);
         EXPECT_THAT(terminal.str(), HasSubstr("1/10"));
     }

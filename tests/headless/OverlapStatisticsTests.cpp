@@ -32,12 +32,18 @@ COverlapStatistics CountPlainly(const CAtoms& atoms)
     return statistics;
 }
 
+bool GoOn(std::uint64_t)
+{
+    return true;
+}
+
 } // namespace
 
 TEST(OverlapStatistics, AKnownConfigurationIsCounted)
 {
     const COverlapStatistics statistics = ComputeOverlapStatistics(
-        MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(28, 20, 5), MakeAtom(20, 29.5F, 5), MakeAtom(80, 80, 5)}), c_World);
+        MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(28, 20, 5), MakeAtom(20, 29.5F, 5), MakeAtom(80, 80, 5)}), c_World,
+        GoOn);
 
     EXPECT_EQ(statistics.pairs, 2U);
     EXPECT_DOUBLE_EQ(statistics.largest, 2.0);
@@ -47,7 +53,7 @@ TEST(OverlapStatistics, AKnownConfigurationIsCounted)
 TEST(OverlapStatistics, TouchingIsNoOverlap)
 {
     const COverlapStatistics statistics =
-        ComputeOverlapStatistics(MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(30, 20, 5)}), c_World);
+        ComputeOverlapStatistics(MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(30, 20, 5)}), c_World, GoOn);
 
     EXPECT_EQ(statistics.pairs, 0U);
     EXPECT_EQ(statistics.largest, 0.0);
@@ -56,7 +62,7 @@ TEST(OverlapStatistics, TouchingIsNoOverlap)
 TEST(OverlapStatistics, ASmallOverlapIsMeasuredButNotCounted)
 {
     const COverlapStatistics statistics =
-        ComputeOverlapStatistics(MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(29.9921875F, 20, 5)}), c_World);
+        ComputeOverlapStatistics(MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(29.9921875F, 20, 5)}), c_World, GoOn);
 
     EXPECT_EQ(statistics.pairs, 0U);
     EXPECT_DOUBLE_EQ(statistics.largest, 0.0078125);
@@ -64,8 +70,8 @@ TEST(OverlapStatistics, ASmallOverlapIsMeasuredButNotCounted)
 
 TEST(OverlapStatistics, AtomsAtOnePlaceOverlapByTheSumOfTheirRadii)
 {
-    const COverlapStatistics statistics =
-        ComputeOverlapStatistics(MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(20, 20, 3), MakeAtom(20, 20, 2)}), c_World);
+    const COverlapStatistics statistics = ComputeOverlapStatistics(
+        MakeAtoms({MakeAtom(20, 20, 5), MakeAtom(20, 20, 3), MakeAtom(20, 20, 2)}), c_World, GoOn);
 
     EXPECT_EQ(statistics.pairs, 3U);
     EXPECT_DOUBLE_EQ(statistics.largest, 8.0);
@@ -86,28 +92,40 @@ TEST(OverlapStatistics, TheGridFindsTheSamePairsAsATestOfAllPairs)
             atoms[index] = MakeAtom(x, y, random.GetRandomNumber_Uint8(1, uSeed % 2 == 0 ? 4 : 32));
         }
         const COverlapStatistics expected = CountPlainly(atoms);
-        const COverlapStatistics statistics = ComputeOverlapStatistics(atoms, {300, 150});
+        const COverlapStatistics statistics = ComputeOverlapStatistics(atoms, {300, 150}, GoOn);
         EXPECT_EQ(statistics.pairs, expected.pairs) << uSeed;
         EXPECT_DOUBLE_EQ(statistics.largest, expected.largest) << uSeed;
         EXPECT_GT(statistics.pairs, 0U);
     }
 }
 
-TEST(OverlapStatistics, CountingStopsEarlyWhenThereAreTooManyPairs)
+TEST(OverlapStatistics, CountingStopsEarlyWhenItMayNotGoOn)
 {
+    constexpr std::int32_t c_iCount = 3000;
     CAtoms atoms;
-    atoms.Allocate(100);
+    atoms.Allocate(c_iCount);
     for (std::int32_t index = 0; index < atoms.GetCount(); ++index)
     {
         atoms[index] = MakeAtom(50, 50, 5);
     }
+    std::vector<std::uint64_t> done;
+    const auto twice = [&done](std::uint64_t uAtomsDone) {
+        done.push_back(uAtomsDone);
+        return done.size() < 2;
+    };
 
-    EXPECT_EQ(ComputeOverlapStatistics(atoms, c_World).pairs, 4950U);
-    const COverlapStatistics some = ComputeOverlapStatistics(atoms, c_World, 1000);
+    const COverlapStatistics all = ComputeOverlapStatistics(atoms, c_World, GoOn);
+    EXPECT_EQ(all.pairs, 4498500U);
+    EXPECT_TRUE(all.bComplete);
+    const COverlapStatistics some = ComputeOverlapStatistics(atoms, c_World, twice);
     EXPECT_FALSE(some.bComplete);
-    EXPECT_GT(some.pairs, 800U);
-    EXPECT_LE(some.pairs, 1000U);
+    EXPECT_GE(some.pairs, 2 * c_uPairsBetweenQuestions);
+    EXPECT_LE(some.pairs, 2 * (c_uPairsBetweenQuestions + c_iCount));
     EXPECT_DOUBLE_EQ(some.largest, 10.0);
+    ASSERT_EQ(done.size(), 2U);
+    EXPECT_GT(done[0], 0U);
+    EXPECT_GT(done[1], done[0]);
+    EXPECT_LT(done[1], 3000U);
 }
 
 TEST(OverlapStatistics, AtomsAtNaNOrInfinityOverlapNothing)
@@ -116,7 +134,7 @@ TEST(OverlapStatistics, AtomsAtNaNOrInfinityOverlapNothing)
     const float far = std::numeric_limits<float>::infinity();
     const COverlapStatistics statistics = ComputeOverlapStatistics(
         MakeAtoms({MakeAtom(nothing, 20, 5), MakeAtom(20, nothing, 5), MakeAtom(far, far, 5), MakeAtom(-far, 0, 5)}),
-        c_World);
+        c_World, GoOn);
 
     EXPECT_EQ(statistics.pairs, 0U);
     EXPECT_EQ(statistics.largest, 0.0);

@@ -1,3 +1,4 @@
+#include "classes/core/CRandom.h"
 #include "headless/CWorldImage.h"
 #include "headless/HeadlessError.h"
 #include "headless/PngFile.h"
@@ -5,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 
 #define STB_IMAGE_IMPLEMENTATION
@@ -38,6 +40,32 @@ CDecodedPicture Decode(const std::string& sBytes)
         stbi_image_free(pPixels);
     }
     return picture;
+}
+
+// The four bytes at the beginning, the highest first.
+std::uint32_t ReadNumber(std::string_view sBytes)
+{
+    std::uint32_t uNumber = 0;
+    for (const char byte : sBytes.substr(0, 4))
+    {
+        uNumber = (uNumber << 8U) | static_cast<unsigned char>(byte);
+    }
+    return uNumber;
+}
+
+// CRC-32 bit by bit.
+std::uint32_t ComputeChecksum(std::string_view sBytes)
+{
+    std::uint32_t uSum = 0xFFFFFFFF;
+    for (const char byte : sBytes)
+    {
+        uSum ^= static_cast<unsigned char>(byte);
+        for (int bit = 0; bit < 8; ++bit)
+        {
+            uSum = (uSum >> 1U) ^ ((uSum & 1U) != 0 ? 0xEDB88320U : 0U);
+        }
+    }
+    return ~uSum;
 }
 
 class CFailingSink : public IByteSink
@@ -97,18 +125,39 @@ TEST(PngFile, PicturesOfTheRunAreNumbered)
     EXPECT_NE(ReadFile(folder.GetPath("gas.png")), ReadFile(folder.GetPath("gas-090.png")));
 }
 
-TEST(PngFile, TheNumberStandsBeforeTheExtension)
-{
-    EXPECT_EQ(GetNumberedName("gas.png", 200, 1000), "gas-0200.png");
-    EXPECT_EQ(GetNumberedName("gas.png", 1000, 1000), "gas-1000.png");
-    EXPECT_EQ(GetNumberedName("gas", 7, 9), "gas-7");
-    EXPECT_EQ(GetNumberedName("a.b/gas", 7, 9), "a.b/gas-7");
-    EXPECT_EQ(GetNumberedName("a.b\\gas.x.png", 7, 9), "a.b\\gas.x-7.png");
-    EXPECT_EQ(GetNumberedName(".gas", 7, 9), ".gas-7");
-}
-
 TEST(PngFile, AnErrorOfTheFilePassesThroughTheLibrary)
 {
     CFailingSink sink;
     EXPECT_THROW(WritePng(CWorldImage({10, 10}, 0), sink), CHeadlessError);
+}
+
+// Noise cannot be compressed, so the picture fills several pieces of the writer.
+TEST(PngFile, ALargePictureHasSeveralChunksWithTheirChecksums)
+{
+    CRandom random(1);
+    CWorldImage image({400, 300}, 0);
+    for (int atom = 0; atom < 20'000; ++atom)
+    {
+        const auto colour = MakeColour(random.GetRandomNumber_Uint8(0, 255), random.GetRandomNumber_Uint8(0, 255),
+                                       random.GetRandomNumber_Uint8(0, 255));
+        image.FillCircle(random.GetRandomNumber_Float(0, 400), random.GetRandomNumber_Float(0, 300), 1, colour);
+    }
+    CTextSink sink;
+    WritePng(image, sink);
+
+    std::vector<std::string> types;
+    std::string_view sLeft = std::string_view(sink.GetText()).substr(8);
+    while (!sLeft.empty())
+    {
+        const std::uint32_t uLength = ReadNumber(sLeft);
+        ASSERT_GE(sLeft.size(), uLength + 12U);
+        types.emplace_back(sLeft.substr(4, 4));
+        EXPECT_EQ(ReadNumber(sLeft.substr(uLength + 8U)), ComputeChecksum(sLeft.substr(4, uLength + 4U)));
+        sLeft.remove_prefix(uLength + 12U);
+    }
+    ASSERT_GE(types.size(), 4U);
+    EXPECT_EQ(types.front(), "IHDR");
+    EXPECT_EQ(types.back(), "IEND");
+    EXPECT_EQ(std::count(types.begin(), types.end(), "IDAT"), std::ptrdiff_t(types.size()) - 2);
+    EXPECT_EQ(Decode(sink.GetText()).pixels, image.GetPixels());
 }

@@ -123,7 +123,7 @@ TEST(StateFile, AnEmptyFileIsRefused)
 
 TEST(StateFile, AFileThatIsNoCsvIsRefused)
 {
-    EXPECT_EQ(GetError("\x1BPNG\x1A\n"), "a.csv, line 1: the header is '?PNG?' instead of 'x,y,vx,vy,radius'");
+    EXPECT_EQ(GetError("\x1BPNG\x1A\n"), "a.csv, line 1: the header is '\\x1BPNG\\x1A' instead of 'x,y,vx,vy,radius'");
     EXPECT_EQ(GetError("X,Y,VX,VY,R\n"), "a.csv, line 1: the header is 'X,Y,VX,VY,R' instead of 'x,y,vx,vy,radius'");
     EXPECT_EQ(GetError(std::string(5'000, 'x') + "\n"),
               "a.csv, line 1: the line is longer than 4096 characters: this is no CSV file");
@@ -157,7 +157,7 @@ TEST(StateFile, ATextThatIsNoNumberIsRefused)
     EXPECT_EQ(GetError(c_sHeader + "1,2,3,,5\n"), "a.csv, line 2, column 4 (vy): the number is missing");
     EXPECT_EQ(GetError(c_sHeader + "\"1\",2,3,4,5\n"), "a.csv, line 2, column 1 (x): '\"1\"' is no number");
     EXPECT_EQ(GetError(c_sHeader + std::string("1\0002", 3) + ",2,3,4,5\n"),
-              "a.csv, line 2, column 1 (x): '1?2' is no number");
+              "a.csv, line 2, column 1 (x): '1\\x002' is no number");
 }
 
 TEST(StateFile, ANumberThatIsNotFiniteIsRefused)
