@@ -111,7 +111,9 @@ TEST(ProfileFunctions, ReadTheSameFromFilesThatAreCutOff)
          {EnumIniEncoding::Utf8, EnumIniEncoding::Utf16LittleEndian, EnumIniEncoding::Utf16BigEndian})
     {
         const std::string sBytes = EncodeIni(sText, eEncoding);
-        for (std::size_t uLength = 0; uLength <= sBytes.size(); ++uLength)
+        // Where a file ends within a character of two bytes, Wine takes the second one from beyond the file.
+        const std::size_t uStep = eEncoding == EnumIniEncoding::Utf8 ? 1 : 2;
+        for (std::size_t uLength = 0; uLength <= sBytes.size(); uLength += uStep)
         {
             CompareReaders(sBytes.substr(0, uLength));
         }
