@@ -62,7 +62,9 @@ BOOL WINAPI WatchGdiFlush()
 } // namespace
 
 CFrameWatch::CFrameWatch(HWND hWnd)
-    : m_BitBlt("BitBlt", WatchBitBlt), m_Ellipse("Ellipse", WatchEllipse), m_FillRect("FillRect", WatchFillRect),
+    : m_BitBlt("BitBlt", WatchBitBlt),
+      m_Ellipse("Ellipse", WatchEllipse),
+      m_FillRect("FillRect", WatchFillRect),
       m_GdiFlush("GdiFlush", WatchGdiFlush)
 {
     s_watched = CWatched();
