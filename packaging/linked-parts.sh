@@ -36,21 +36,24 @@ included_folders() {
             -e 's/^LOAD .*CMakeFiles\/([^ ]+)\.dir\/([^ ]+\/)?([^ /]+\.obj)$/linked \1 \3/p' "$1"
         ninja -C "$tree" -t deps
     } | awk '
-        /^place / { name[$3] = $2; next }
+        # A path may hold blanks.
+        /^place / { name[substr($0, length($2) + 8)] = $2; next }
         /^linked / { linked[$2 "/" $3] = 1; next }
         /^[^ ].*: #deps/ {
-            object = $1; sub(/:$/, "", object)
+            object = $0; sub(/: #deps.*$/, "", object)
             target = object; sub(/^.*CMakeFiles\//, "", target); sub(/\.dir\/.*$/, "", target)
             sub(/^.*\//, "", object)
             used = (target "/" object) in linked
             next
         }
-        /^ / && used && !($1 in seen) {
-            seen[$1] = 1
+        /^ / && used {
+            header = substr($0, 5)
+            if (header in seen) next
+            seen[header] = 1
             for (place in name) {
-                if (index($1, place) == 1 && !(name[place] in found)) {
+                if (index(header, place) == 1 && !(name[place] in found)) {
                     found[name[place]] = 1
-                    print name[place] "\t" $1
+                    print name[place] "\t" header
                 }
             }
         }' | sort
