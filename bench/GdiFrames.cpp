@@ -130,8 +130,8 @@ bool PrintFrame(const CFrameScene& frameScene)
         times.push_back(MeasureMilliseconds(std::max(1, static_cast<int>(c_dMillisecondsPerTurn / first)), paint));
         if (first < c_dMillisecondsPerTurn * c_dMillisecondsPerTurn)
         {
-            ellipses.push_back(MeasureMilliseconds(
-                std::max(1, static_cast<int>(c_dMillisecondsPerTurn / first)), paintEllipses));
+            ellipses.push_back(
+                MeasureMilliseconds(std::max(1, static_cast<int>(c_dMillisecondsPerTurn / first)), paintEllipses));
         }
     }
     const double ellipseMs = *std::min_element(ellipses.begin(), ellipses.end());

@@ -2,7 +2,6 @@
 
 #include "bench/CBenchmarkWorld.h"
 #include "bench/Measurement.h"
-#include "simulation/SimulationKernels.h"
 #include "simulation/ThreadSetting.h"
 #include "tests/reference/CReferenceWorld.h"
 #include "tests/reference/Scenes.h"
@@ -55,8 +54,8 @@ bool PrintRatio(const CScene& scene)
     const double plainMs = GetMedian(plainTimes);
     const double oneMs = GetMedian(oneTimes);
     const double allMs = GetMedian(allTimes);
-    std::printf("%-28s %10.4f ms %10.4f ms %10.4f ms %7.2f %7.2f   %s\n", scene.name, plainMs, oneMs, allMs,
-                plainMs / oneMs, oneMs / allMs, bEqual ? "equal" : "DIFFERENT");
+    std::printf("%-28s %10.4f ms %10.4f ms %10.4f ms %7.2f %7.2f   %-8s  %s\n", scene.name, plainMs, oneMs, allMs,
+                plainMs / oneMs, oneMs / allMs, one.runner.GetWay().sKernels, bEqual ? "equal" : "DIFFERENT");
     static_cast<void>(std::fflush(stdout));
     return bEqual;
 }
@@ -65,9 +64,9 @@ bool PrintRatio(const CScene& scene)
 
 bool PrintRatios()
 {
-    std::printf("instruction set: %s, threads: %d\n", GetSimulationKernels().name, GetThreadCount());
-    std::printf("%-28s %13s %13s %13s %7s %7s   %s\n", "scene", "plain", "one thread", "all threads", "gain", "gain",
-                "hashes");
+    std::printf("threads: %d\n", GetThreadCount());
+    std::printf("%-28s %13s %13s %13s %7s %7s   %-8s  %s\n", "scene", "plain", "one thread", "all threads", "gain",
+                "gain", "fastest", "hashes");
     bool bEqual = true;
     for (const CScene& scene : c_BenchmarkScenes)
     {

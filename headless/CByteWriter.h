@@ -3,6 +3,7 @@
 #include "classes/core/CFnvHash.h"
 #include "headless/IByteSink.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -33,10 +34,12 @@ private:
     void WriteNumber(std::uint64_t uNumber)
     {
         constexpr unsigned c_uBitsPerByte = 8;
+        std::array<char, uBytes> bytes;
         for (std::size_t u = 0; u < uBytes; ++u)
         {
-            m_sBuffer += static_cast<char>(uNumber >> (c_uBitsPerByte * u));
+            bytes[u] = static_cast<char>(uNumber >> (c_uBitsPerByte * u));
         }
+        m_sBuffer.append(bytes.data(), bytes.size());
         if (m_sBuffer.size() > c_uPieceBytes)
         {
             Flush();

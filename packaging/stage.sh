@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Collects the files of a package: stage.sh PROGRAMS VERSION FOLDER
 #
-# PROGRAMS holds the two Windows programs. The script replaces FOLDER by a new one: the programs without symbols, the guide
-# as web pages with its pictures, and the licence of each library that is compiled in. If SOURCE_DATE_EPOCH is set, every
-# file gets that time.
+# PROGRAMS holds the two Windows programs and their link maps, in a build tree of Ninja. The script replaces FOLDER by a new one: the programs without symbols, the guide
+# as web pages with its pictures, the licence of each library that is compiled in, and the bill of materials. If
+# SOURCE_DATE_EPOCH is set, every file gets that time.
 set -euo pipefail
 [ $# -eq 3 ] || { echo "usage: stage.sh PROGRAMS VERSION FOLDER" >&2; exit 2; }
 programs=$(cd "$1" && pwd)
@@ -73,16 +73,6 @@ stage_guide() {
     sed "s/@VERSION@/$version/" packaging/README.txt | as_windows_text >"$folder/README.txt"
 }
 
-# licence NAME VERSION TERMS FILE TEXT...: adds an entry to the overview and copies the text from files of the system.
-licence() {
-    local name=$1 number=$2 terms=$3 file=$4
-    shift 4
-    [ -n "$number" ] || fail "the version of $name is not known"
-    cat "$@" | as_windows_text >"$folder/licences/$file"
-    [ -s "$folder/licences/$file" ] || fail "there is no licence text of $name"
-    printf '%-27s%-11s%-43s%s\n' "$name" "$number" "$terms" "$file" >>"$folder/licences/overview"
-}
-
 # The upstream version of an installed package, or the date of its sources if it has no version.
 version_of() {
     dpkg-query -W -f '${source:Upstream-Version}' "$1" | sed -E -e 's/^0\.0~git([0-9]+).*/\1/' -e 's/[+~].*//'
@@ -113,29 +103,124 @@ boost_licence() {
     ' /usr/share/doc/libboost1.74-dev/copyright
 }
 
-stage_licences() {
-    local documents=/usr/share/doc terms=/usr/share/common-licenses gcc
-    mkdir -p "$folder/licences"
+# The version of the part whose line of components.txt has this documentation and file.
+version_of_part() {
+    case "$2" in
+    fmt.txt) fmt_version ;;
+    boost.txt) version_of libboost1.74-dev ;;
     # The version of the package is that of GCC and its own: 12.2.0-14+25.2.
-    gcc=$(dpkg-query -W -f '${Version}' gcc-mingw-w64-x86-64-posix-runtime)
-    gcc=${gcc%%-*}
-    licence "{fmt}" "$(fmt_version)" "MIT" fmt.txt "$dependencies/../licences/fmt.txt"
-    licence "Boost.Multiprecision" "$(version_of libboost1.74-dev)" "Boost Software License 1.0" boost.txt <(boost_licence)
-    licence "CLI11" "$(version_of libcli11-dev)" "BSD 3-Clause" cli11.txt "$documents/libcli11-dev/copyright"
-    licence "zlib" "$(version_of libz-mingw-w64-dev)" "zlib" zlib.txt "$documents/libz-mingw-w64-dev/copyright"
-    licence "libstdc++, libgcc, libssp" "$gcc" "GPL 3 with GCC Runtime Library Exception" gcc.txt \
-        "$documents/gcc-mingw-w64-x86-64-posix-runtime/copyright"
-    licence "MinGW-w64, winpthreads" "$(version_of mingw-w64-x86-64-dev)" "ZPL 2.1, MIT and others" mingw-w64.txt \
-        "$documents/mingw-w64-x86-64-dev/copyright"
-    licence "NSIS" "$(version_of nsis)" "zlib; LZMA: CPL 1.0 with exception" nsis.txt "$documents/nsis/copyright"
-    as_windows_text <"$terms/GPL-3" >"$folder/licences/gpl-3.txt"
-    {
-        cat packaging/licences.txt
-        cat "$folder/licences/overview"
-    } | sed "s/@VERSION@/$version/" | as_windows_text >"$folder/licences/README.txt"
-    rm "$folder/licences/overview"
+    gcc.txt) dpkg-query -W -f '${Version}' "$1" | sed 's/-.*//' ;;
+    *) version_of "$1" ;;
+    esac
 }
 
+licence_text() {
+    case "$2" in
+    fmt.txt) cat "$dependencies/../licences/fmt.txt" ;;
+    boost.txt) boost_licence ;;
+    *) cat "/usr/share/doc/$1/copyright" ;;
+    esac
+}
+
+# The line of components.txt for a package.
+component_of() {
+    local pattern line
+    while IFS= read -r line; do
+        pattern=${line%%|*}
+        # shellcheck disable=SC2053
+        if [[ -n "$pattern" && "$pattern" != '#'* && "$1" == $pattern ]]; then
+            echo "$line"
+            return
+        fi
+    done <packaging/components.txt
+    fail "packaging/components.txt has no line for $1, which is in the programs"
+}
+
+# Writes work/parts: "FILE <tab> PROGRAM <tab> PART" for everything that the link maps and the installer contain.
+find_parts() {
+    local program package part line
+    packaging/linked-parts.sh "$programs" >"$work/linked"
+    while IFS=$'\t' read -r program package part; do
+        line=$(component_of "$package") || exit 1
+        printf '%s\t%s\t%s\n' "${line##*|}" "$program" "$part"
+    done <"$work/linked" >"$work/parts"
+    printf 'nsis.txt\tinstaller\tmakensis\n' >>"$work/parts"
+}
+
+# The programs that contain the part with this licence file, with a separator.
+where_is() {
+    awk -F '\t' -v "file=$1" -v "separator=$2" '
+        $1 == file && !($2 in seen) { seen[$2] = 1; text = text (text == "" ? "" : separator) $2 }
+        END { print text }' "$work/parts"
+}
+
+# A line of the bill of materials.
+library_line() {
+    local name=$1 number=$2 spdx=$3 file=$4 parts
+    parts=$(awk -F '\t' -v "file=$file" '
+        $1 == file && !($3 in seen) {
+            seen[$3] = 1
+            printf ", {\"name\": \"kinetarium:part\", \"value\": \"%s\"}", $3
+        }' "$work/parts")
+    printf '    {"type": "library", "bom-ref": "%s", "name": "%s", "version": "%s", ' "${file%.txt}" "$name" "$number"
+    printf '"licenses": [{"expression": "%s"}], ' "$spdx"
+    printf '"properties": [{"name": "kinetarium:licence", "value": "licences/%s"}%s]}' "$file" "$parts"
+}
+
+program_line() {
+    printf '    {"type": "application", "bom-ref": "%s", "name": "%s", "version": "%s", ' "$1" "$1" "$version"
+    printf '"hashes": [{"alg": "SHA-256", "content": "%s"}]}' "$(sha256sum <"$folder/$1" | cut -c 1-64)"
+}
+
+dependency_line() {
+    printf '    {"ref": "%s", "dependsOn": [%s]}' "$1" "$(awk -F '\t' -v "program=$1" '
+        $2 == program && !($1 in seen) {
+            seen[$1] = 1
+            name = $1; sub(/\.txt$/, "", name)
+            text = text (text == "" ? "" : ", ") "\"" name "\""
+        }
+        END { print text }' "$work/parts")"
+}
+
+# The bill of materials in the form of CycloneDX, one component per line.
+write_bill_of_materials() {
+    printf '{\n  "bomFormat": "CycloneDX",\n  "specVersion": "1.5",\n  "version": 1,\n'
+    printf '  "metadata": {"component": {"type": "application", "bom-ref": "Kinetarium", "name": "Kinetarium", '
+    printf '"version": "%s"}},\n  "components": [\n' "$version"
+    program_line Kinetarium.exe && printf ',\n'
+    program_line kinetarium-headless.exe && printf ',\n'
+    printf '    {"type": "application", "bom-ref": "installer", "name": "installer", "version": "%s"}' "$version"
+    cat "$work/libraries"
+    printf '\n  ],\n  "dependencies": [\n'
+    dependency_line Kinetarium.exe && printf ',\n'
+    dependency_line kinetarium-headless.exe && printf ',\n'
+    dependency_line installer
+    printf '\n  ]\n}\n'
+}
+
+stage_licences() {
+    local documentation name spdx words file number
+    mkdir -p "$folder/licences"
+    find_parts
+    : >"$work/libraries"
+    while IFS='|' read -r _ documentation name spdx words file; do
+        [ -n "$(where_is "$file" x)" ] || continue
+        number=$(version_of_part "$documentation" "$file")
+        [ -n "$number" ] || fail "the version of $name is not known"
+        licence_text "$documentation" "$file" | as_windows_text >"$folder/licences/$file"
+        [ -s "$folder/licences/$file" ] || fail "there is no licence text of $name"
+        printf '%s, version %s\n    licence:  %s (%s)\n    part of:  %s\n\n' "$name" "$number" "$words" "$file" \
+            "$(where_is "$file" ', ')" >>"$work/overview"
+        { printf ',\n' && library_line "$name" "$number" "$spdx" "$file"; } >>"$work/libraries"
+    done < <(grep -vE '^(#|$)' packaging/components.txt)
+    as_windows_text </usr/share/common-licenses/GPL-3 >"$folder/licences/gpl-3.txt"
+    cat packaging/licences.txt "$work/overview" | sed "s/@VERSION@/$version/" |
+        as_windows_text >"$folder/licences/README.txt"
+    write_bill_of_materials >"$folder/licences/bill-of-materials.cdx.json"
+}
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
 stage_programs
 stage_guide
 stage_licences

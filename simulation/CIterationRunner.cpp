@@ -8,6 +8,7 @@
 #include "simulation/WavefrontRule.h"
 
 #include <algorithm>
+#include <chrono>
 
 namespace
 {
@@ -27,21 +28,44 @@ int GetLargestRadius(const CAtoms& atoms)
 
 } // namespace
 
-CIterationRunner::CIterationRunner(int threads) : m_iMostThreads(threads) {}
+CIterationRunner::CIterationRunner(int threads) : CIterationRunner(threads, GetAllowedKernels()) {}
+
+CIterationRunner::CIterationRunner(int threads, std::span<const CSimulationKernels> kernels)
+    : m_iMostThreads(threads), m_Kernels(kernels)
+{
+}
 
 CIterationRunner::~CIterationRunner() = default;
 
 std::uint32_t CIterationRunner::Advance(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRandom& random)
 {
-    if (!m_bStarted)
+    if (!m_FastestWay)
     {
         Start(atoms, grid);
     }
-    if (!m_pParallel)
+    const CWay way = m_FastestWay->GetWay();
+    const CSimulationKernels& kernels = m_Kernels[way.uKernels];
+    const auto advance = [&] {
+        return way.uParallel != 0 ? m_pParallel->Advance(atoms, grid, world, random, kernels)
+                                  : AdvanceOneIteration(atoms, grid, world, random, kernels);
+    };
+    if (!m_FastestWay->IsTimed())
     {
-        return AdvanceOneIteration(atoms, grid, world, random);
+        const std::uint32_t uCollisions = advance();
+        m_FastestWay->Report(0);
+        return uCollisions;
     }
-    return m_pParallel->Advance(atoms, grid, world, random, GetSimulationKernels());
+    const auto start = std::chrono::steady_clock::now();
+    const std::uint32_t uCollisions = advance();
+    const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
+    m_FastestWay->Report(elapsed.count());
+    return uCollisions;
+}
+
+CIterationWay CIterationRunner::GetWay() const
+{
+    const CWay way = m_FastestWay->GetWay();
+    return {m_Kernels[way.uKernels].name, way.uParallel != 0 ? GetThreadCount() : 1};
 }
 
 int CIterationRunner::GetThreadCount() const
@@ -57,7 +81,8 @@ void CIterationRunner::Start(const CAtoms& atoms, const CCollisionGrid& grid)
     {
         m_pParallel = std::make_unique<CParallelIteration>(threads - 1, rule);
     }
-    m_bStarted = true;
+    // The system may have refused all helpers.
+    m_FastestWay.emplace(m_Kernels.size(), GetThreadCount() > 1 ? 2 : 1);
 }
 
 int CountUsefulThreads(std::int32_t atoms, const CWavefrontRule& rule, int mostThreads)

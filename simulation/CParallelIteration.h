@@ -16,7 +16,8 @@ struct CSpeedRange;
 // AdvanceOneIteration, because
 // - atoms move independently of each other,
 // - the list of a cell keeps the order of the array (CCellLists),
-// - a cell waits for those cells that may share an atom with it, and for all earlier ones before it draws random numbers
+// - a cell waits for those cells that may share an atom with it, and for all earlier ones before it draws random
+// numbers
 //   (WavefrontRule.h),
 // - the speeds are computed in any order and then added up in that of the array.
 class CParallelIteration

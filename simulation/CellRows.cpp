@@ -3,8 +3,8 @@
 #include "simulation/CCollisionGrid.h"
 #include "simulation/CSimulationKernels.h"
 #include "simulation/IDrawTurn.h"
-#include "simulation/IWavefront.h"
 #include "simulation/Iteration.h"
+#include "simulation/IWavefront.h"
 
 namespace
 {

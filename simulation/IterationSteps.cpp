@@ -2,8 +2,8 @@
 
 #include "simulation/CAtoms.h"
 #include "simulation/CCollisionGrid.h"
-#include "simulation/CSimulationKernels.h"
 #include "simulation/CellScratch.h"
+#include "simulation/CSimulationKernels.h"
 
 #include <algorithm>
 #include <span>

@@ -1,7 +1,6 @@
 #include "simulation/SimulationKernels.h"
 
 #include "classes/core/CCpuCapabilities.h"
-#include "simulation/BaselineSetting.h"
 #include "simulation/SimulationKernelSets.h"
 
 #include <array>
@@ -28,8 +27,25 @@ std::span<const CSimulationKernels> GetKernels(const CCpuCapabilities& capabilit
     return std::span(kernels).first(CountKernels(capabilities));
 }
 
+std::span<const CSimulationKernels> SelectKernels(std::span<const CSimulationKernels> kernels,
+                                                  EnumKernelSetting eSetting)
+{
+    const auto uNumber = static_cast<std::size_t>(eSetting); // of the named ones, from 1 on
+    const bool bNamed = eSetting != EnumKernelSetting::Any && uNumber <= kernels.size();
+    return bNamed ? kernels.subspan(uNumber - 1, 1) : kernels;
+}
+
+std::span<const CSimulationKernels> GetAllowedKernels()
+{
+    static const std::span<const CSimulationKernels> kernels = [] {
+        const EnumKernelSetting eSetting = GetKernelSetting();
+        // Tools that know only the baseline need not see that the processor is asked.
+        return SelectKernels(GetKernels(CCpuCapabilities(eSetting == EnumKernelSetting::Baseline)), eSetting);
+    }();
+    return kernels;
+}
+
 const CSimulationKernels& GetSimulationKernels()
 {
-    static const CSimulationKernels& kernels = GetKernels(CCpuCapabilities(IsBaselineForced())).back();
-    return kernels;
+    return GetAllowedKernels().back();
 }

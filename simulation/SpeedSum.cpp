@@ -5,13 +5,13 @@
 #include <cstdint>
 
 // Adding floats is not associative, so the usual way is a chain in which each addition waits for the one before. But
-// while the sum stays between 2^e and 2^(e + 1), all its values are multiples of one unit, u = 2^(e - 23). Adding x then
-// means adding the multiple of u that is nearest to x, whatever the sum is. The sum decides only if x lies exactly in
-// the middle between two multiples: the result is then the even one of its two neighbours. Multiples of u below 2^(e + 1)
-// are floats, and adding them is exact in any order.
+// while the sum stays between 2^e and 2^(e + 1), all its values are multiples of one unit, u = 2^(e - 23). Adding x
+// then means adding the multiple of u that is nearest to x, whatever the sum is. The sum decides only if x lies exactly
+// in the middle between two multiples: the result is then the even one of its two neighbours. Multiples of u below 2^(e
+// + 1) are floats, and adding them is exact in any order.
 //
-// So a block is rounded and added up in lanes. If one of its values lies in the middle, or the sum leaves its range, the
-// block is added one by one instead. Of random speeds around 1, one in 2^(e + 1) lies in the middle: only the first
+// So a block is rounded and added up in lanes. If one of its values lies in the middle, or the sum leaves its range,
+// the block is added one by one instead. Of random speeds around 1, one in 2^(e + 1) lies in the middle: only the first
 // thousand atoms are slow.
 
 namespace

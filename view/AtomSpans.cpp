@@ -1,6 +1,7 @@
 #include "view/AtomSpans.h"
 
 #include "view/EllipseRect.h"
+#include "view/FillShape.h"
 
 #include <algorithm>
 #include <array>

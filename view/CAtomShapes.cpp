@@ -1,6 +1,7 @@
 #include "view/CAtomShapes.h"
 
 #include "classes/core/CPoint.h"
+#include "view/FillShape.h"
 
 #include <algorithm>
 

@@ -1,15 +1,18 @@
 #include "view/CPainterGdi.h"
 
+#include "classes/windows/drawing/CPictureBits.h"
 #include "classes/windows/drawing/OffScreenDrawing.h"
 #include "classes/windows/system/Handles.h"
 #include "classes/windows/system/RectHelpers.h"
 #include "view/AtomSpans.h"
+#include "view/CAtomShapes.h"
 #include "view/CEllipseDrawing.h"
 #include "view/CEllipseSource.h"
 #include "view/EllipseRect.h"
 
 #include <cstddef>
 #include <new>
+#include <optional>
 
 namespace
 {
@@ -54,6 +57,10 @@ void PaintFrame_Ellipses(HDC hDcWindow, const CFrame& frame)
 
 } // namespace
 
+CPainterGdi::CPainterGdi() = default;
+
+CPainterGdi::~CPainterGdi() = default;
+
 void CPainterGdi::PaintFrame(const CFrame& frame)
 {
     if (!HasDrawableBackdrop(frame))
@@ -88,7 +95,7 @@ bool CPainterGdi::PaintFrame_Spans(HDC hDcWindow, const CFrame& frame)
     GdiFlush(); // the background must be in the pixels before the atoms
     const SIZE size = m_pBits->GetSize();
     const CPixelArea area{m_pBits->GetPixels(), size.cx, size.cy};
-    return DrawAtoms_Spans(frame.scene, *m_shapes, area) &&
+    return DrawAtoms_Spans(frame.scene, *m_pShapes, area) &&
            BitBlt(hDcWindow, 0, 0, size.cx, size.cy, memory.Get(), 0, 0, SRCCOPY) != FALSE;
 }
 
@@ -110,9 +117,12 @@ bool CPainterGdi::EnsureShapes()
     {
         m_bLearned = true;
         CEllipseSource source;
-        m_shapes = CAtomShapes::Learn(source);
+        if (const std::optional<CAtomShapes> shapes = CAtomShapes::Learn(source))
+        {
+            m_pShapes = std::make_unique<const CAtomShapes>(*shapes);
+        }
     }
-    return m_shapes.has_value();
+    return m_pShapes != nullptr;
 }
 
 bool CPainterGdi::EnsureBits(const SIZE& size)

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "classes/windows/drawing/CPictureBits.h"
-#include "view/CAtomShapes.h"
 #include "view/IPainter.h"
 
 #include <memory>
-#include <optional>
+
+class CAtomShapes;
+class CPictureBits;
 
 // Composes the frame off-screen in memory and copies it to the window in one piece, so that the window never shows half
 // a frame. Draws atoms in Speed mode only.
@@ -16,10 +16,15 @@
 class CPainterGdi final : public IPainter
 {
 public:
+    CPainterGdi();
+    ~CPainterGdi() override;
+    CPainterGdi(const CPainterGdi&) = delete;
+    CPainterGdi& operator=(const CPainterGdi&) = delete;
+
     void PaintFrame(const CFrame& frame) override;
 
     // The start of a run: what the system refused before is tried again by the next frame.
-    void BeginRun() { m_bLearned = m_shapes.has_value(); }
+    void BeginRun() { m_bLearned = m_pShapes != nullptr; }
 
 private:
     bool PaintFrame_Spans(HDC hDcWindow, const CFrame& frame);
@@ -28,7 +33,7 @@ private:
     bool EnsureBits(const SIZE& size);
 
     bool m_bLearned = false; // the shapes need not be learned again in this run
-    std::optional<CAtomShapes> m_shapes;
+    std::unique_ptr<const CAtomShapes> m_pShapes;
     std::unique_ptr<CPictureBits> m_pBits; // kept, because the system takes long to give and clear its memory
 };
 

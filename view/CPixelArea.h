@@ -21,8 +21,5 @@ struct CPixelArea
     int iHeight{};
 
     // y: 0..iHeight - 1.
-    Pixel* GetRow(int y) const
-    {
-        return pPixels + static_cast<std::size_t>(y) * static_cast<std::size_t>(iWidth);
-    }
+    Pixel* GetRow(int y) const { return pPixels + static_cast<std::size_t>(y) * static_cast<std::size_t>(iWidth); }
 };

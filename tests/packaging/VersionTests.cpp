@@ -28,8 +28,8 @@ std::string FileVersion(const std::filesystem::path& file)
     {
         return "none";
     }
-    return std::to_string(HIWORD(pFixed->dwFileVersionMS)) + "." + std::to_string(LOWORD(pFixed->dwFileVersionMS)) + "." +
-           std::to_string(HIWORD(pFixed->dwFileVersionLS));
+    return std::to_string(HIWORD(pFixed->dwFileVersionMS)) + "." + std::to_string(LOWORD(pFixed->dwFileVersionMS)) +
+           "." + std::to_string(HIWORD(pFixed->dwFileVersionLS));
 }
 
 // The word between the first `sBegin` and the next `sEnd`.
@@ -48,7 +48,8 @@ std::string WordBetween(const std::string& sText, const std::string& sBegin, con
 std::vector<std::string> PackageVersionsIn(std::string sText)
 {
     std::vector<std::string> versions;
-    for (std::size_t uFound = sText.find("Kinetarium-"); uFound != std::string::npos; uFound = sText.find("Kinetarium-"))
+    for (std::size_t uFound = sText.find("Kinetarium-"); uFound != std::string::npos;
+         uFound = sText.find("Kinetarium-"))
     {
         sText.erase(0, uFound);
         const std::string sName = sText.substr(0, sText.find_first_of(" `<\n"));
@@ -93,7 +94,8 @@ TEST(Version, IsTheOneThatTheDocumentsName)
 {
     EXPECT_EQ(WordBetween(ReadFile(HandedOutFolder() / "README.txt"), "Kinetarium ", " "), c_sVersion);
     const std::filesystem::path sources = KINETARIUM_SOURCE_FOLDER;
-    for (const std::filesystem::path& document : {HandedOutFolder() / "guide" / "user-guide.html", sources / "README.md"})
+    for (const std::filesystem::path& document :
+         {HandedOutFolder() / "guide" / "user-guide.html", sources / "README.md"})
     {
         const auto versions = PackageVersionsIn(ReadFile(document));
         EXPECT_FALSE(versions.empty()) << document;

@@ -70,10 +70,11 @@ TEST(SpeedSum, IsThatOfTheChainForTies)
         const float fUnit = std::ldexp(1.0F, static_cast<int>(random() % 8) - 8);
         const float fStart = std::ldexp(fUnit, 23) + static_cast<float>(random() % 2) * fUnit;
         const bool bRare = random() % 2 == 0;
-        Compare(Make(130, [&] {
-                    const auto whole = static_cast<float>(random() % 5);
-                    return (bRare && random() % 64 != 0 ? whole : whole + 0.5F) * fUnit;
-                }),
+        Compare(Make(130,
+                     [&] {
+                         const auto whole = static_cast<float>(random() % 5);
+                         return (bRare && random() % 64 != 0 ? whole : whole + 0.5F) * fUnit;
+                     }),
                 fStart);
     }
 }
@@ -84,7 +85,7 @@ TEST(SpeedSum, IsThatOfTheChainForAnyBits)
     const float nan = std::numeric_limits<float>::quiet_NaN();
     const float infinity = std::numeric_limits<float>::infinity();
     const float tiny = std::numeric_limits<float>::denorm_min();
-    const std::vector<float> strange = {nan,  infinity, tiny, -0.0F, 0.0F, -1.0F, std::numeric_limits<float>::max(),
+    const std::vector<float> strange = {nan,    infinity, tiny, -0.0F, 0.0F, -1.0F, std::numeric_limits<float>::max(),
                                         1e-30F, 1e30F,    5.0F};
     std::uniform_real_distribution<float> speed(0, 2);
     for (int round = 0; round < 3000; ++round)

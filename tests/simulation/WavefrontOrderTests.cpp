@@ -102,8 +102,8 @@ std::vector<CAtom> DrawAtoms(std::mt19937& draw, const CSize<int>& size, int cou
     std::vector<CAtom> atoms;
     for (int i = 0; i < count; ++i)
     {
-        atoms.push_back(MakeAtom(x(draw), y(draw), velocity(draw), velocity(draw),
-                                 static_cast<std::uint8_t>(radius(draw))));
+        atoms.push_back(
+            MakeAtom(x(draw), y(draw), velocity(draw), velocity(draw), static_cast<std::uint8_t>(radius(draw))));
     }
     return atoms;
 }

@@ -87,8 +87,20 @@ TEST(AtomShapes, ARectangleOfNoLegalAtomHasNone)
     CFakeEllipses ellipses(CFakeEllipses::DrawRegular);
     const std::optional<CAtomShapes> shapes = CAtomShapes::Learn(ellipses);
     ASSERT_TRUE(shapes.has_value());
-    for (const CSize<int> size : {CSize<int>{0, 0}, {1, 1}, {1, 2}, {2, 1}, {2, 4}, {5, 6}, {6, 5}, {64, 66}, {66, 66},
-                                  {80, 80}, {-2, -2}, {-6, 6}, {6, -6}, {2'000'000'000, 2'000'000'000}})
+    for (const CSize<int> size : {CSize<int>{0, 0},
+                                  {1, 1},
+                                  {1, 2},
+                                  {2, 1},
+                                  {2, 4},
+                                  {5, 6},
+                                  {6, 5},
+                                  {64, 66},
+                                  {66, 66},
+                                  {80, 80},
+                                  {-2, -2},
+                                  {-6, 6},
+                                  {6, -6},
+                                  {2'000'000'000, 2'000'000'000}})
     {
         EXPECT_EQ(shapes->Find(size.cx, size.cy), nullptr) << size.cx << " x " << size.cy;
     }
@@ -138,9 +150,8 @@ TEST(AtomShapes, OneIrregularShapeIsEnoughToUseNone)
 
 TEST(AtomShapes, ARowOfSeveralRunsHasNoShape)
 {
-    EXPECT_FALSE(IsUsableWithout([](const CQuestion& q) {
-        return q.rc.GetWidth() == 9 && q.x == q.rc.left + 4 && q.y == q.rc.top + 4;
-    }));
+    EXPECT_FALSE(IsUsableWithout(
+        [](const CQuestion& q) { return q.rc.GetWidth() == 9 && q.x == q.rc.left + 4 && q.y == q.rc.top + 4; }));
 }
 
 // The outline is the pen's, the inside the brush's.

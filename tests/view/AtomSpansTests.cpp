@@ -2,6 +2,7 @@
 #include "tests/view/CFakeEllipses.h"
 #include "view/AtomSpans.h"
 #include "view/EllipseRect.h"
+#include "view/FillShape.h"
 
 #include <gtest/gtest.h>
 
@@ -136,8 +137,9 @@ TEST(AtomSpans, AnAtomIsClippedAtEachEdge)
             const float fStep = static_cast<float>(i);
             const float fRight = static_cast<float>(c_size.cx);
             const float fBottom = static_cast<float>(c_size.cy);
-            const std::vector<CPoint<float>> centres{{fStep, 35.0F},  {fRight + fStep, 35.0F},  {40.0F, fStep},
-                                                     {40.0F, fBottom + fStep}, {fStep, fStep}, {fRight + fStep, fBottom - fStep}};
+            const std::vector<CPoint<float>> centres{{fStep, 35.0F}, {fRight + fStep, 35.0F},
+                                                     {40.0F, fStep}, {40.0F, fBottom + fStep},
+                                                     {fStep, fStep}, {fRight + fStep, fBottom - fStep}};
             for (const CPoint<float>& ptCentre : centres)
             {
                 atoms[0] = MakeAtom(ptCentre.x, ptCentre.y, uRadius, 1.0F);

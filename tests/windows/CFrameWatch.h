@@ -1,5 +1,6 @@
 #pragma once
 
+#include "classes/windows/system/Handles.h"
 #include "tests/view/windows/ScreenCapture.h"
 #include "tests/windows/CReplacedImport.h"
 
@@ -7,8 +8,9 @@
 
 #include <string>
 
-// While an object of this class exists, it watches how frames reach a window and which calls of GDI make them. Only one
-// object may exist at a time.
+// While an object of this class exists, it watches how frames of up to 400 x 300 pixels reach a window and which calls
+// of GDI make them. Watching allocates nothing, so that a test can let allocations fail. Only one object may exist at a
+// time.
 class CFrameWatch
 {
 public:
@@ -18,16 +20,19 @@ public:
     CFrameWatch& operator=(const CFrameWatch&) = delete;
 
     // The frame that was copied to the window last.
-    const CPixels& GetFrame() const;
+    CPixels GetFrame() const;
     int GetFrames() const;
     int GetEllipses() const;
 
-    // A letter for each call since Forget: f fills a rectangle, g is GdiFlush, b brings the frame to the window.
-    const std::string& GetCalls() const;
+    // A letter for each of the last three calls: f fills a rectangle, g is GdiFlush, b brings the frame to the window.
+    std::string GetLastCalls() const;
 
     void Forget();
 
 private:
+    CMemoryDc m_Kept; // a copy of the last frame
+    CBitmapHandle m_KeptBitmap;
+    CSelectObject m_KeptSelected;
     CReplacedImport m_BitBlt;
     CReplacedImport m_Ellipse;
     CReplacedImport m_FillRect;

@@ -24,7 +24,10 @@ public:
         GetProcessAffinityMask(GetCurrentProcess(), &m_Before, &uSystem);
         SetProcessAffinityMask(GetCurrentProcess(), m_Before & (~m_Before + 1)); // the lowest bit
     }
-    ~CSingleProcessor() { SetProcessAffinityMask(GetCurrentProcess(), m_Before); }
+    ~CSingleProcessor()
+    {
+        SetProcessAffinityMask(GetCurrentProcess(), m_Before);
+    }
 
 private:
     DWORD_PTR m_Before = 0;
@@ -42,7 +45,10 @@ private:
         CPU_SET(processor, &one);
         sched_setaffinity(0, sizeof one, &one);
     }
-    ~CSingleProcessor() { sched_setaffinity(0, sizeof m_Before, &m_Before); }
+    ~CSingleProcessor()
+    {
+        sched_setaffinity(0, sizeof m_Before, &m_Before);
+    }
 
 private:
     cpu_set_t m_Before{};

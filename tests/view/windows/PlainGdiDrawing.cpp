@@ -9,9 +9,7 @@ void DrawAtoms_Plain(HDC hDc, const CAtomScene& scene)
 {
     const CSelectObject pen(hDc, GetStockObject(DC_PEN));
     const CSelectObject brush(hDc, GetStockObject(DC_BRUSH));
-    const auto round = [](float fPosition) {
-        return static_cast<int>(Dbl_Round(static_cast<double>(fPosition), 0));
-    };
+    const auto round = [](float fPosition) { return static_cast<int>(Dbl_Round(static_cast<double>(fPosition), 0)); };
     for (std::int32_t i = 0; i < scene.count; ++i)
     {
         const CAtom& atom = scene.pAtoms[i];

@@ -113,7 +113,7 @@ TEST_F(SpanPicture, EveryRadiusIsTheSystemsAcrossEachEdgeAndOutside)
             const float fStep = static_cast<float>(i) + 0.25F;
             const float fRight = static_cast<float>(c_size.cx) + fStep;
             const float fBottom = static_cast<float>(c_size.cy) + fStep;
-            const std::vector<CPoint<float>> centres{{fStep, 40.0F},  {45.0F, fStep},  {fRight, 40.0F},
+            const std::vector<CPoint<float>> centres{{fStep, 40.0F},   {45.0F, fStep}, {fRight, 40.0F},
                                                      {45.0F, fBottom}, {fStep, fStep}, {fRight, fBottom}};
             for (const CPoint<float>& pt : centres)
             {
