@@ -109,7 +109,7 @@ TEST(OutputFile, ASignalRemovesAFileThatIsStillOpenAndNoOther)
     kept.Keep(false);
     const fs::path open = PathFromUtf8(folder.GetPath("open.tmp"));
     int error = 0;
-    const int file = CreateTemporaryFile(open, error);
+    const int file = CreateTemporaryFile(open, false, error);
     ASSERT_EQ(error, 0);
 
     RemoveTemporaryFiles();

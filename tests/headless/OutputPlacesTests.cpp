@@ -158,6 +158,7 @@ TEST_F(OutputPlaces, ANumberedPictureThatIsALinkIsFollowed)
 
 TEST_F(OutputPlaces, ARunMayReplaceTheCheckpointThatItContinuesButNoOtherOutputMay)
 {
+    const std::string sPath = m_Folder.WriteFile("a.ckpt", "old");
     EXPECT_EQ(GetError({"--resume", sPath, "--checkpoint", sPath}), "");
     EXPECT_THAT(GetError({"--resume", sPath, "--save-state", sPath}), HasSubstr("is the same file as"));
     EXPECT_THAT(GetError({"--checkpoint", sPath, "--stats", sPath}), HasSubstr("is the same file as"));
@@ -165,7 +166,7 @@ TEST_F(OutputPlaces, ARunMayReplaceTheCheckpointThatItContinuesButNoOtherOutputM
 
 TEST_F(OutputPlaces, NothingMayTakeTheNameOfTheGrowingStatistics)
 {
-    const std::string sStats = folder.GetPath("s.csv");
+    const std::string sStats = m_Folder.GetPath("s.csv");
     EXPECT_THAT(GetError({"--stats", sStats, "--checkpoint", sStats + ".partial"}), HasSubstr("is the same file as"));
     EXPECT_EQ(GetError({"--stats", sStats, "--checkpoint", sStats + ".ckpt"}), "");
 }
