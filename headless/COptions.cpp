@@ -111,8 +111,7 @@ void AddOutputOptions(CLI::App& app, COptions& options)
     AddOption(app, "--background", options.background, ParseColourOption, "RRGGBB", "The colour of the world");
     AddFile(app, "--checkpoint", options.checkpoint,
             "Write everything that --resume needs, after the last iteration and when the run is interrupted");
-    AddCount(app, "--checkpoint-every", options.checkpointEvery, 1,
-             "With --checkpoint: also after every N iterations");
+    AddCount(app, "--checkpoint-every", options.checkpointEvery, 1, "With --checkpoint: also after every N iterations");
     app.add_flag("--no-overlaps", options.noOverlaps,
                  "Do not count overlaps at the end; the count takes at most as long as the run, or 2 s");
     app.add_flag("--quiet", options.quiet, "No progress bar");

@@ -7,10 +7,10 @@ constexpr int c_iWarmUp = 2; // iterations that fill caches and allocate memory
 constexpr int c_iKernelRounds = 4;
 constexpr int c_iThreadRounds = 6;
 constexpr double c_dPausePerLoss = 20; // time from race to race, in times that the race has lost
-constexpr int c_iLongestPause = 600; // iterations without a race if nothing changes and the last race lost little
-constexpr int c_iWatchEvery = 16;       // iterations; reading the clock is not free
-constexpr double c_dMuchChange = 1.25;  // factor
-constexpr int c_iChangedInARow = 2;     // a single slow iteration is chance
+constexpr int c_iLongestPause = 600;   // iterations without a race if nothing changes and the last race lost little
+constexpr int c_iWatchEvery = 16;      // iterations; reading the clock is not free
+constexpr double c_dMuchChange = 1.25; // factor
+constexpr int c_iChangedInARow = 2;    // a single slow iteration is chance
 
 } // namespace
 

@@ -15,9 +15,9 @@ struct CWay
 
 // Finds the fastest way by measuring. All ways give the same bits, and none is the fastest everywhere: the wider
 // instruction sets lose on some processors and in some scenes, several threads lose while other programs use the
-// processors. So the first iterations race the sets of kernels, and then one thread against several; the winner goes on.
-// A new race follows when the world or the machine has changed much, and from time to time anyway. The slower ways of the
-// races cost at most a twentieth of the time.
+// processors. So the first iterations race the sets of kernels, and then one thread against several; the winner goes
+// on. A new race follows when the world or the machine has changed much, and from time to time anyway. The slower ways
+// of the races cost at most a twentieth of the time.
 class CFastestWay
 {
 public:

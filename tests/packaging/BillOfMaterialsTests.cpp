@@ -146,7 +146,8 @@ TEST_F(BillOfMaterials, HasNameVersionLicenceAndTextOfEachLibraryAndNoTextIsLeft
         const std::string sName = First(QuotedAfter(sLine, "\"name\": "));
         const std::string sVersion = First(QuotedAfter(sLine, "\"version\": "));
         const std::string sText = First(QuotedAfter(sLine, "\"name\": \"kinetarium:licence\", \"value\": "));
-        EXPECT_FALSE(sName.empty() || sVersion.empty() || First(QuotedAfter(sLine, "\"expression\": ")).empty()) << sLine;
+        EXPECT_FALSE(sName.empty() || sVersion.empty() || First(QuotedAfter(sLine, "\"expression\": ")).empty())
+            << sLine;
         EXPECT_NE(sOverview.find(sName + ", version " + sVersion + "\r\n"), std::string::npos) << sLine;
         EXPECT_FALSE(ReadFile(HandedOutFolder() / sText).empty()) << sText;
         texts.erase(sText.substr(sText.rfind('/') + 1));

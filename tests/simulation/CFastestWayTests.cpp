@@ -30,7 +30,8 @@ double Iterate(CFastestWay& fastest, int iterations, const CTimes& getTime)
 CTimes MakeTimes(const CWay& best, double otherKernels, double otherThreads)
 {
     return [=](const CWay& way) {
-        return (way.uKernels == best.uKernels ? 1 : otherKernels) * (way.uParallel == best.uParallel ? 1 : otherThreads);
+        return (way.uKernels == best.uKernels ? 1 : otherKernels) *
+               (way.uParallel == best.uParallel ? 1 : otherThreads);
     };
 }
 
@@ -98,7 +99,9 @@ TEST(FastestWay, SeveralThreadsThatAreSlowNowAndThenLose)
 {
     CFastestWay fastest(1, c_uParallelWays);
     int iteration = 0;
-    Iterate(fastest, c_iRaces, [&](const CWay& way) { return way.uParallel == 0 ? 1.0 : ++iteration % 3 == 0 ? 9.0 : 0.6; });
+    Iterate(fastest, c_iRaces, [&](const CWay& way) {
+        return way.uParallel == 0 ? 1.0 : ++iteration % 3 == 0 ? 9.0 : 0.6;
+    });
     EXPECT_EQ(fastest.GetWay().uParallel, 0U);
 }
 
