@@ -1,9 +1,11 @@
+#include "tests/classes/core/CEnvironmentChange.h"
 #include "tests/headless/CHeadlessProcess.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <unistd.h>
@@ -31,6 +33,8 @@ const std::array<COutput, 4> c_Outputs = {COutput{"--save-state", "state.csv"}, 
 void ExpectError(const COutput& output, CLaunch launch, const std::string& sReason)
 {
     const CTemporaryFolder folder;
+    const CTemporaryFolder elsewhere; // for the rescued state
+    const CEnvironmentChange temporary("TMPDIR", elsewhere.GetPath("").c_str());
     const std::string sPath = folder.WriteFile(output.sName, "old");
     launch.arguments = {"--seed", "1", "--iterations", "100", output.sOption, sPath};
     const CProgramResult result = RunHeadless(launch);
@@ -65,7 +69,7 @@ void ExpectOutputError(int file, const CArguments& arguments, const std::string&
 {
     const CProgramResult result = RunWithOutput(file, arguments);
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_THAT(result.err, StartsWith("error: " + sError));
+    EXPECT_THAT(result.err, HasSubstr("error: " + sError)); // behind the summary
 }
 
 } // namespace
@@ -74,10 +78,12 @@ TEST(Fault, OfEachCallIsAnErrorAndLeavesTheOldFile)
 {
     for (const COutput& output : c_Outputs)
     {
-        for (const char* const sFunction : {"open", "write", "fsync", "close", "rename"})
+        // The first file is made and closed by the check before the run.
+        for (const char* const sCall : {"open:1", "open:2", "write:1", "fsync:1", "close:2", "rename:1"})
         {
+            const std::string sFunction(sCall, std::strchr(sCall, ':'));
             CLaunch launch;
-            launch.faults = std::string(sFunction) + ":" + output.sName + ":1:error=5";
+            launch.faults = sFunction + ":" + output.sName + ":" + (sCall + sFunction.size() + 1) + ":error=5";
             ExpectError(output, launch, "Input/output error");
         }
     }
@@ -105,6 +111,8 @@ TEST(Fault, BetweenTheIterationsLosesNothingOfARunWithACheckpoint)
 TEST(Fault, AFullDiskIsAnErrorWhereverItStrikes)
 {
     const CTemporaryFolder folder;
+    const CTemporaryFolder elsewhere; // for the rescued state
+    const CEnvironmentChange temporary("TMPDIR", elsewhere.GetPath("").c_str());
     const std::string sPath = folder.WriteFile("state.csv", "old");
     int call = 0;
     CProgramResult result{1, "", ""};

@@ -29,7 +29,7 @@ std::string GetSummary(const CArguments& arguments)
     std::string sSummary;
     for (std::string sLine; std::getline(lines, sLine);)
     {
-        sSummary += sLine.starts_with("ms per iteration") ? "" : sLine + '\n';
+        sSummary += sLine.find("time (ms)") != std::string::npos ? "" : sLine + '\n';
     }
     return sSummary;
 }
