@@ -10,6 +10,7 @@ constexpr double c_dPausePerLoss = 20; // time from race to race, in times that 
 constexpr int c_iLongestPause = 600;   // iterations without a race if nothing changes and the last race lost little
 constexpr int c_iWatchEvery = 16;      // iterations; reading the clock is not free
 constexpr double c_dMuchChange = 1.25; // factor
+constexpr int c_iCompared = 8;         // iterations whose average decides
 constexpr int c_iChangedInARow = 2;    // a single slow iteration is chance
 
 } // namespace
@@ -42,7 +43,7 @@ bool CFastestWay::IsTimed() const
     {
         return false;
     }
-    return m_ePhase != EnumPhase::Running || m_iIteration % c_iWatchEvery == 0;
+    return m_ePhase != EnumPhase::Running || m_Winner.uParallel != 0 || m_iIteration % c_iWatchEvery == 0;
 }
 
 void CFastestWay::Report(double time)
@@ -103,12 +104,36 @@ void CFastestWay::StartRunning()
     m_iIteration = 0;
     m_iChanged = 0;
     m_WinnerTime = m_ThreadRace.GetBestScore() / c_iThreadRounds;
+    m_OneThreadTime = m_ThreadRace.GetScore(0) / c_iThreadRounds;
+    m_WatchedTime = 0;
+    m_iWatched = 0;
     const double loss = m_KernelRace.GetLoss(m_WinnerTime) + m_ThreadRace.GetLoss(m_WinnerTime);
     m_Pause = m_WinnerTime > 0 ? c_dPausePerLoss * loss / m_WinnerTime : 0;
 }
 
+// Threads that wait for each other are usually fast and now and then very slow while other programs use the processors.
+// A short race can miss that.
+bool CFastestWay::AreThreadsSlow(double time)
+{
+    m_WatchedTime += time;
+    if (++m_iWatched < c_iCompared)
+    {
+        return false;
+    }
+    const bool bSlow = m_WatchedTime > c_iCompared * m_OneThreadTime;
+    m_WatchedTime = 0;
+    m_iWatched = 0;
+    return bSlow;
+}
+
 void CFastestWay::Watch(double time)
 {
+    if (m_Winner.uParallel != 0 && AreThreadsSlow(time))
+    {
+        m_Winner.uParallel = 0;
+        m_WinnerTime = m_OneThreadTime;
+        return;
+    }
     const bool bChanged = time > m_WinnerTime * c_dMuchChange || time * c_dMuchChange < m_WinnerTime;
     m_iChanged = bChanged ? m_iChanged + 1 : 0;
     const bool bDue = m_iIteration > c_iLongestPause || m_iChanged >= c_iChangedInARow;

@@ -16,8 +16,9 @@ struct CWay
 // Finds the fastest way by measuring. All ways give the same bits, and none is the fastest everywhere: the wider
 // instruction sets lose on some processors and in some scenes, several threads lose while other programs use the
 // processors. So the first iterations race the sets of kernels, and then one thread against several; the winner goes
-// on. A new race follows when the world or the machine has changed much, and from time to time anyway. The slower ways
-// of the races cost at most a twentieth of the time.
+// on. A new race follows when the world or the machine has changed much, and from time to time anyway. Several threads
+// that become slower than one was in the race are given up at once. The slower ways of the races cost at most a
+// twentieth of the time.
 class CFastestWay
 {
 public:
@@ -46,6 +47,7 @@ private:
     void GoOn();
     void StartRunning();
     void Watch(double time);
+    bool AreThreadsSlow(double time);
 
     std::size_t m_uKernelSets;
     std::size_t m_uParallelWays;
@@ -57,4 +59,7 @@ private:
     double m_WinnerTime = 0; // of an iteration, when the race ended
     double m_Pause = 0;      // iterations before the next race
     int m_iChanged = 0;      // measurements in a row that differ much
+    double m_OneThreadTime = 0;
+    double m_WatchedTime = 0; // of the iterations on several threads since the last comparison with one
+    int m_iWatched = 0;       // the number of these iterations
 };

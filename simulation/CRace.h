@@ -29,6 +29,7 @@ public:
     // The way with the lowest score; the first of them if several have it.
     std::size_t GetWinner() const;
 
+    double GetScore(std::size_t uWay) const { return m_Times[uWay]; }
     double GetBestScore() const { return m_Times[GetWinner()]; }
 
     // The time that was lost if every turn could have taken only this time.

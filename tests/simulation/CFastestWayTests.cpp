@@ -105,6 +105,17 @@ TEST(FastestWay, SeveralThreadsThatAreSlowNowAndThenLose)
     EXPECT_EQ(fastest.GetWay().uParallel, 0U);
 }
 
+TEST(FastestWay, SeveralThreadsAreGivenUpAtOnceWhenTheyBecomeSlowerThanOne)
+{
+    CFastestWay fastest(c_uKernelSets, c_uParallelWays);
+    Iterate(fastest, c_iRaces, MakeTimes({2, 1}, 3, 1.9));
+    ASSERT_EQ(fastest.GetWay(), (CWay{2, 1}));
+    // Usually as fast as before.
+    int iteration = 0;
+    Iterate(fastest, 16, [&](const CWay& way) { return way.uParallel == 0 ? 1.9 : ++iteration % 8 == 0 ? 50.0 : 1.0; });
+    EXPECT_EQ(fastest.GetWay(), (CWay{2, 0}));
+}
+
 TEST(FastestWay, TheOnlyWayIsNeverTimed)
 {
     CFastestWay fastest(1, 1);
