@@ -4,6 +4,7 @@
 #endif
 #include "bench/Growth.h"
 #include "bench/Ratios.h"
+#include "bench/Replay.h"
 #include "classes/core/CLibrarySettings.h"
 #include "diagnostics/DebugOutputVariable.h"
 
@@ -26,6 +27,7 @@ int PrintUsage()
     std::puts("kinetarium-bench --ratios               plain form compared with the program's, five scenes;\n"
               "                                        fails if one bit of the results differs\n"
               "kinetarium-bench --growth               time and memory per atom, from 1,000 atoms to 1,000,000\n"
+              "kinetarium-bench --replay [FILE.svg]    gain by more threads, from measured times of each cell\n"
               "kinetarium-bench --frame-cap [SECONDS]  iterations per second of the run loop without drawing");
 #ifdef _WIN32
     std::puts(
@@ -78,6 +80,10 @@ int main(int argc, char** argv)
         return PrintGdiFrames() ? EXIT_SUCCESS : EXIT_FAILURE;
     }
 #endif
+    if (sOption == "--replay" && argc <= 3)
+    {
+        return PrintReplay(argv[2]) ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
     if (sOption == "--frame-cap")
     {
         const double seconds = argc > 2 ? std::strtod(argv[2], nullptr) : c_dDefaultFrameCapSeconds;
