@@ -4,7 +4,7 @@
 #include "bench/Measurement.h"
 #include "classes/core/Percent.h"
 #include "simulation/SimulationConstants.h"
-#include "simulation/SimulationKernels.h"
+#include "simulation/ThreadSetting.h"
 
 #include <algorithm>
 #include <array>
@@ -74,25 +74,27 @@ void PrintRow(std::int32_t count, int length)
     CBenchmarkWorld world(scene);
     const double milliseconds = MeasureIteration(world);
     const auto bytes = static_cast<double>(GetAllocatedBytes() - uBefore);
+    CBenchmarkWorld shared(scene, GetThreadCount());
+    const double allMilliseconds = MeasureIteration(shared);
     const std::string sWorld = std::to_string(length) + " x " + std::to_string(length);
-    std::printf("%9d  %-13s %11.2f %11.2f %12.1f %12.1f %11.1f %11.2f\n", count, sWorld.c_str(),
+    std::printf("%9d  %-13s %11.2f %11.2f %12.1f %12.1f %12.1f %11.1f %11.2f\n", count, sWorld.c_str(),
                 static_cast<double>(count) / world.grid.GetCellCount(), MeasureCollisionPercent(world),
                 milliseconds * c_dMicrosecondsPerMillisecond, milliseconds * c_dNanosecondsPerMillisecond / count,
-                bytes / count, bytes / (1 << 20));
+                allMilliseconds * c_dNanosecondsPerMillisecond / count, bytes / count, bytes / (1 << 20));
     static_cast<void>(std::fflush(stdout));
 }
 
 void PrintHead(const char* sTitle)
 {
-    std::printf("\n%s\n%9s  %-13s %11s %11s %12s %12s %11s %11s\n", sTitle, "atoms", "world", "atoms/cell",
-                "collided %", "us/iteration", "ns/atom", "bytes/atom", "MiB");
+    std::printf("\n%s\n%9s  %-13s %11s %11s %12s %12s %12s %11s %11s\n", sTitle, "atoms", "world", "atoms/cell",
+                "collided %", "us/iteration", "ns/atom", "all threads", "bytes/atom", "MiB");
 }
 
 } // namespace
 
 void PrintGrowth()
 {
-    std::printf("instruction set: %s\n", GetSimulationKernels().name);
+    std::printf("threads: one, and all %d\n", GetThreadCount());
     PrintHead("the same density: 100 square units per atom");
     for (const std::int32_t count : c_Counts)
     {
