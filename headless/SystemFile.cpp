@@ -85,7 +85,7 @@ std::string Utf8FromPath(const std::filesystem::path& path)
     return {sPath.begin(), sPath.end()};
 }
 
-int SystemFile_Create(const std::filesystem::path& path, bool bPrivate, int& error)
+int SystemFile_Create(const std::filesystem::path& path, [[maybe_unused]] bool bPrivate, int& error)
 {
 #ifdef _WIN32
     return CreateNewFile(path, error);

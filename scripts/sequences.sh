@@ -44,7 +44,7 @@ start=$SECONDS
 while [ "$run" -lt "$count" ]; do
     part=$((count - run < at_once ? count - run : at_once))
     code=0
-    KINETARIUM_WITHOUT_DIRECT2D=1 KINETARIUM_SEQUENCES_SEED=$((seed + run)) KINETARIUM_SEQUENCES_COUNT=$part \
+    KINETARIUM_SHOWN_WORLD=1 KINETARIUM_SEQUENCES_SEED=$((seed + run)) KINETARIUM_SEQUENCES_COUNT=$part \
         scripts/wine-session.sh "${session[@]}" timeout --foreground --kill-after=10 "$limit" \
         scripts/wine-emulator.sh "$tree/tests-bin/WindowSequencesTests.exe" --gtest_filter='ManySequences.*' \
         >"$log" 2>&1 || code=$?
