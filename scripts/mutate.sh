@@ -78,7 +78,7 @@ run_tests() {
     local program=(timeout --kill-after=5 "$patience")
     if [ "$lane" = windows ]; then
         program+=(scripts/wine-emulator.sh "$build/tests-bin/$1.exe")
-        [ "$1" != WindowsTests ] || program=(env KINETARIUM_WITHOUT_DIRECT2D=1 "${program[@]}")
+        [ "$1" != WindowsTests ] || program=(env KINETARIUM_SHOWN_WORLD=1 "${program[@]}")
     else
         program+=("$build/tests-bin/$1")
     fi
