@@ -12,6 +12,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace
 {
@@ -78,15 +79,14 @@ TEST_F(UpdateFailure, AFileThatAnotherProgramHasOpenLeavesTheEarlierVersion)
 {
     ASSERT_EQ(Install(BuiltEarlierInstaller()), c_uDone);
     const CState before = StateOf(m_place);
-    for (const char* const sFile : {"README.txt", "Uninstall.exe", "installed-files.ini"})
+    const std::pair<const char*, DWORD> cases[] = {
+        {"README.txt", FILE_SHARE_READ}, {"Uninstall.exe", 0}, {"installed-files.ini", FILE_SHARE_READ}};
+    for (const auto& [sFile, uShared] : cases)
     {
-        for (const DWORD uShared : {static_cast<DWORD>(FILE_SHARE_READ), DWORD{0}})
-        {
-            const COpenFile open(m_place / sFile, uShared);
-            EXPECT_EQ(Install(BuiltInstaller()), c_uNotDone) << sFile;
-        }
-        EXPECT_TRUE(StateOf(m_place) == before) << sFile;
+        const COpenFile open(m_place / sFile, uShared);
+        EXPECT_EQ(Install(BuiltInstaller()), c_uNotDone) << sFile;
     }
+    EXPECT_TRUE(StateOf(m_place) == before);
     ExpectTheUpdateSucceedsNow();
 }
 

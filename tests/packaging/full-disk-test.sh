@@ -54,7 +54,7 @@ check() {
 install 1.9.0 || { echo "FAILED: the earlier version cannot be installed"; exit 1; }
 before=$(state)
 # In units of 1024 bytes: the first limit stops the unpacking of the small files, the last that of the largest program.
-for limit in 4 64 512 1536; do
+for limit in 64 512 1536; do
     output=$(trap '' XFSZ && ulimit -f "$limit" && install new 2>&1)
     check "the exit code at a limit of $limit KiB: $output" "$?" 2
     check "what is installed after a limit of $limit KiB" "$(state)" "$before"
