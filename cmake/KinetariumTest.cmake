@@ -38,37 +38,17 @@ else()
   set(KINETARIUM_WORLD native)
 endif()
 
-# Adds the tests of the program NAME to CTest; FILTER is a filter of GoogleTest. Several calls may share the tests of one
-# program, so that they are divided between the desktops. The other arguments are those of kinetarium_test.
-function(kinetarium_discover_tests NAME)
-  cmake_parse_arguments(PARSE_ARGV 1 TEST "SHOWN_WORLD" "DESKTOP;TIMEOUT;FILTER" "")
-  if(NOT TEST_TIMEOUT)
-    set(TEST_TIMEOUT 60)
-  endif()
-  if(NOT TEST_FILTER)
-    set(TEST_FILTER "*")
-  endif()
-  set(properties TIMEOUT ${TEST_TIMEOUT} LABELS ${KINETARIUM_WORLD})
-  if(TEST_DESKTOP)
-    # Two desktops are the longest queues: CTest begins with the highest cost, as long as it has measured none.
-    list(APPEND properties COST 100
-      RESOURCE_LOCK "desktop ${TEST_DESKTOP}" ENVIRONMENT_MODIFICATION "KINETARIUM_DESKTOP=set:${TEST_DESKTOP}")
-  endif()
-  if(TEST_SHOWN_WORLD)
-    list(APPEND properties ENVIRONMENT KINETARIUM_SHOWN_WORLD=1)
-  endif()
-  gtest_discover_tests(${NAME} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120 TEST_FILTER "${TEST_FILTER}"
-    TEST_PREFIX "${KINETARIUM_WORLD}.${NAME}." PROPERTIES ${properties})
-endfunction()
-
-# kinetarium_test(NAME [DESKTOP name] [SHOWN_WORLD] [TIMEOUT seconds] [FILTER tests] SOURCES source... LIBRARIES library...)
+# kinetarium_test(NAME [DESKTOP name] [SHOWN_WORLD] [TIMEOUT seconds] SOURCES source... LIBRARIES library...)
 # A test program of one folder. Programs with a DESKTOP open real windows: they carry the manifest and the pictures of
 # Kinetarium itself. Tests of one desktop share its keyboard focus, so they run one at a time. There are two desktops,
 # "first" and "second", and the two take about as long as each other: test.sh runs them side by side. In a session with
 # only one desktop scripts/wine-emulator.sh runs the tests of both one at a time.
 # SHOWN_WORLD: the tests look at the world on the screen, so they run without Direct2D where Wine does not show it.
 function(kinetarium_test NAME)
-  cmake_parse_arguments(PARSE_ARGV 1 TEST "SHOWN_WORLD" "DESKTOP;TIMEOUT;FILTER" "SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 TEST "SHOWN_WORLD" "DESKTOP;TIMEOUT" "SOURCES;LIBRARIES")
+  if(NOT TEST_TIMEOUT)
+    set(TEST_TIMEOUT 60)
+  endif()
   add_executable(${NAME} ${TEST_SOURCES})
   # Not in the folder of the programs: a test of the application leaves a settings file beside itself.
   set_target_properties(${NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests-bin")
@@ -80,11 +60,16 @@ function(kinetarium_test NAME)
   if(CMAKE_BUILD_TYPE STREQUAL "Release")
     target_precompile_headers(${NAME} REUSE_FROM ${main})
   endif()
+  set(properties TIMEOUT ${TEST_TIMEOUT} LABELS ${KINETARIUM_WORLD})
   if(TEST_DESKTOP)
+    # Two desktops are the longest queues: CTest begins with the highest cost, as long as it has measured none.
+    list(APPEND properties COST 100
+      RESOURCE_LOCK "desktop ${TEST_DESKTOP}" ENVIRONMENT_MODIFICATION "KINETARIUM_DESKTOP=set:${TEST_DESKTOP}")
     kinetarium_resources(${NAME})
   endif()
-  set(arguments ${ARGN})
-  list(FIND arguments SOURCES sources)
-  list(SUBLIST arguments 0 ${sources} arguments)
-  kinetarium_discover_tests(${NAME} ${arguments})
+  if(TEST_SHOWN_WORLD)
+    list(APPEND properties ENVIRONMENT KINETARIUM_SHOWN_WORLD=1)
+  endif()
+  gtest_discover_tests(${NAME} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
+    TEST_PREFIX "${KINETARIUM_WORLD}.${NAME}." PROPERTIES ${properties})
 endfunction()
