@@ -42,6 +42,17 @@ HBITMAP WINAPI ThrowInsteadOfBitmap(HDC hDc, int cx, int cy)
                         static_cast<UINT>(GetDeviceCaps(hDc, BITSPIXEL)), nullptr);
 }
 
+// The view's frame. Without one of its own the view draws as other windows do.
+HBITMAP WINAPI ThrowInsteadOfSection(HDC, const BITMAPINFO*, UINT, void**, HANDLE, DWORD)
+{
+    if (g_bThrows)
+    {
+        ++g_iThrown;
+        throw std::runtime_error("no picture today");
+    }
+    return nullptr;
+}
+
 std::size_t CountOf(const std::wstring& sText, const std::wstring& sPart)
 {
     std::size_t uCount = 0;
@@ -91,6 +102,7 @@ TEST(UnexpectedExceptions, AnExceptionWhileDrawingEndsOnlyItsFrame)
     {
         CRunningApplication application(false, &sLog);
         const CReplacedImport replaced("CreateCompatibleBitmap", ThrowInsteadOfBitmap);
+        const CReplacedImport replacedFrame("CreateDIBSection", ThrowInsteadOfSection);
         application.SetControlText(L"Tot_atoms", L"8");
         {
             const CThrowing throwing;
