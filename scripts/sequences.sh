@@ -46,7 +46,7 @@ while [ "$run" -lt "$count" ]; do
     code=0
     KINETARIUM_SHOWN_WORLD=1 KINETARIUM_SEQUENCES_SEED=$((seed + run)) KINETARIUM_SEQUENCES_COUNT=$part \
         scripts/wine-session.sh "${session[@]}" timeout --foreground --kill-after=10 "$limit" \
-        scripts/wine-emulator.sh "$tree/tests-bin/WindowSequencesTests.exe" --gtest_filter='ManySequences.*' \
+        scripts/wine-emulator.sh "$tree/tests-bin/WindowSequencesTests/WindowSequencesTests.exe" --gtest_filter='ManySequences.*' \
         >"$log" 2>&1 || code=$?
     grep -v -e '^\[' -e '^Note:' -e '^Running main' -e '^[[:space:]]*$' -e 'FAILED TEST' "$log" || true
     # A filter without a matching test must not count as passed.
