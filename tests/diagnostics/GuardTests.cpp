@@ -14,7 +14,6 @@
 
 namespace
 {
-
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
@@ -296,16 +295,6 @@ TEST_F(Guard, NoExceptionLeavesTheEntryOfAThread)
     }
     EXPECT_EQ(std::count(m_sLog.begin(), m_sLog.end(), L'\n'), 400);
     EXPECT_EQ(CountCalls(), 400U);
-}
-
-TEST_F(Guard, AllGuardsAreNoexcept)
-{
-    const CTraceSite site{nullptr, __TIMESTAMP__};
-    const auto throwing = [] { throw 5; };
-    static_assert(noexcept(Guarded(site, throwing)));
-    static_assert(noexcept(Traced(site, throwing)));
-    static_assert(noexcept(Guarded(site, false, [] { return true; })));
-    static_assert(noexcept(Traced(site, false, [] { return true; })));
 }
 
 } // namespace
