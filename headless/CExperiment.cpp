@@ -91,7 +91,10 @@ void CExperiment::CheckOutputs() const
 
 void CExperiment::Run()
 {
-    Start();
+    if (!m_Options.resume)
+    {
+        Start();
+    }
     Iterate();
     SaveResults();
     CompleteResults();
@@ -110,10 +113,6 @@ void CExperiment::Run()
 
 void CExperiment::Start()
 {
-    if (m_Options.resume)
-    {
-        return;
-    }
     if (m_Options.loadState)
     {
         LoadAtoms(*m_Options.loadState, m_Atoms);

@@ -16,7 +16,7 @@
 namespace
 {
 
-// The format: PNG Specification, third edition, W3C 2025.
+// The format: Portable Network Graphics (PNG), third edition, W3C 2025.
 constexpr std::string_view c_sSignature = "\x89PNG\r\n\x1A\n";
 constexpr std::uint8_t c_uBitsPerChannel = 8;
 constexpr std::uint8_t c_uTrueColour = 2;
