@@ -1,9 +1,9 @@
 #include "headless/HeadlessMain.h"
 
 #include "headless/CExperiment.h"
-#include "headless/COptions.h"
-#include "headless/HeadlessError.h"
-#include "headless/NumberText.h"
+#include "headless/console/HeadlessError.h"
+#include "headless/console/NumberText.h"
+#include "headless/options/COptions.h"
 
 #include <exception>
 #include <new>

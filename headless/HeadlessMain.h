@@ -1,6 +1,6 @@
 #pragma once
 
-#include "headless/CConsole.h"
+#include "headless/console/CConsole.h"
 
 #include <string>
 #include <vector>

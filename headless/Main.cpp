@@ -1,9 +1,9 @@
 #include "classes/core/CLibrarySettings.h"
 #include "classes/core/Utf8.h"
 #include "diagnostics/DebugOutputVariable.h"
+#include "headless/files/Interruption.h"
+#include "headless/files/SystemFile.h"
 #include "headless/HeadlessMain.h"
-#include "headless/Interruption.h"
-#include "headless/SystemFile.h"
 
 #include <atomic>
 #include <iostream>

@@ -1,12 +1,12 @@
 #include "headless/OutputPlaces.h"
 
-#include "headless/CNumberedPictures.h"
-#include "headless/COptions.h"
-#include "headless/COutputFile.h"
-#include "headless/FilePlace.h"
-#include "headless/HeadlessError.h"
-#include "headless/NumberText.h"
-#include "headless/SystemFile.h"
+#include "headless/console/HeadlessError.h"
+#include "headless/console/NumberText.h"
+#include "headless/files/COutputFile.h"
+#include "headless/files/FilePlace.h"
+#include "headless/files/SystemFile.h"
+#include "headless/options/COptions.h"
+#include "headless/pictures/CNumberedPictures.h"
 
 #include <filesystem>
 #include <iterator>

@@ -1,9 +1,9 @@
 #include "headless/Resume.h"
 
-#include "headless/Checkpoint.h"
-#include "headless/COptions.h"
-#include "headless/HeadlessError.h"
-#include "headless/OptionValues.h"
+#include "headless/console/HeadlessError.h"
+#include "headless/options/COptions.h"
+#include "headless/options/OptionValues.h"
+#include "headless/states/Checkpoint.h"
 
 #include <optional>
 #include <string>

@@ -1,6 +1,6 @@
 #include "classes/core/CWString.h"
-#include "headless/HeadlessError.h"
-#include "headless/RunSettings.h"
+#include "headless/console/HeadlessError.h"
+#include "headless/options/RunSettings.h"
 #include "settings/CIniText.h"
 #include "settings/FactorRules.h"
 #include "settings/SettingRows.h"

@@ -1,4 +1,4 @@
-#include "headless/SystemFile.h"
+#include "headless/files/SystemFile.h"
 #include "tests/headless/HeadlessTesting.h"
 
 #include <gtest/gtest.h>

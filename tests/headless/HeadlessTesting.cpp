@@ -1,7 +1,7 @@
 #include "tests/headless/HeadlessTesting.h"
 
+#include "headless/files/SystemFile.h"
 #include "headless/HeadlessMain.h"
-#include "headless/SystemFile.h"
 
 #include <algorithm>
 #include <fstream>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "headless/IByteSink.h"
+#include "headless/files/IByteSink.h"
 #include "simulation/CAtoms.h"
 
 #include <atomic>

@@ -1,7 +1,7 @@
-#include "headless/COptions.h"
-#include "headless/HeadlessError.h"
+#include "headless/console/HeadlessError.h"
+#include "headless/files/SystemFile.h"
+#include "headless/options/COptions.h"
 #include "headless/OutputPlaces.h"
-#include "headless/SystemFile.h"
 #include "tests/headless/HeadlessTesting.h"
 
 #include <gmock/gmock.h>

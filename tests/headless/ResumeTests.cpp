@@ -1,4 +1,4 @@
-#include "headless/Checkpoint.h"
+#include "headless/states/Checkpoint.h"
 #include "tests/headless/HeadlessTesting.h"
 
 #include <gmock/gmock.h>

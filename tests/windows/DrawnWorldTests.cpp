@@ -1,5 +1,5 @@
 #include "app/CKinetarium.h"
-#include "headless/CWorldImage.h"
+#include "headless/pictures/CWorldImage.h"
 #include "settings/SettingRows.h"
 #include "tests/view/windows/ScreenCapture.h"
 #include "tests/windows/CHeldWorker.h"
