@@ -3,8 +3,8 @@
 #include "headless/console/CProgressBar.h"
 #include "headless/console/HeadlessError.h"
 #include "headless/files/COutputFile.h"
-#include "headless/files/CStreamSink.h"
 #include "headless/files/Interruption.h"
+#include "headless/observed/CStatsWriter.h"
 #include "headless/options/OptionValues.h"
 #include "headless/OutputPlaces.h"
 #include "headless/pictures/CNumberedPictures.h"
@@ -62,7 +62,8 @@ CExperiment::CExperiment(const COptions& options, const CConsole& console)
       m_Settings(options.resume ? CSettings() : ResolveSettings(options)),
       m_Random(MakeRandom(options)),
       m_Runner(options.threads.value_or(GetThreadCount())),
-      m_uLastIteration(options.iterations)
+      m_uLastIteration(options.iterations),
+      m_StandardOutput(console.out)
 {
     // Fail before hours of computing, not after them.
     if (options.resume)
@@ -141,32 +142,33 @@ void CExperiment::Continue()
     m_Results.startSpeedSum = checkpoint.startSpeedSum;
     m_Results.iterations = checkpoint.iterations;
     m_Results.collisions = checkpoint.collisions;
-    m_Stats = checkpoint.stats;
+    m_uLastCollisions = checkpoint.lastCollisions;
+    m_Progress = std::move(checkpoint.progress);
     m_uLastIteration += checkpoint.iterations;
+}
+
+void CExperiment::AddObservers(CRunObservers& observers)
+{
+    if (m_Options.stats)
+    {
+        IByteSink* const pDirect = *m_Options.stats == c_sStandardOutput ? &m_StandardOutput : nullptr;
+        observers.Add("--stats", std::make_unique<CStatsWriter>(*m_Options.stats, pDirect));
+    }
 }
 
 void CExperiment::Iterate()
 {
-    CStreamSink standardOutput(m_Console.out);
-    std::optional<CStatsWriter> stats;
-    if (m_Options.stats)
-    {
-        stats.emplace(*m_Options.stats, *m_Options.stats == c_sStandardOutput ? &standardOutput : nullptr, m_Stats);
-    }
-    CStatsWriter* const pStats = stats ? &*stats : nullptr;
+    CRunObservers observers(m_Progress, m_Results.iterations);
+    AddObservers(observers);
     // A checkpoint is worth waiting for, but a pipe that nobody reads is not.
-    const CExtendedTime time(m_Options.checkpoint && (!stats || !stats->IsDirect()));
+    const CExtendedTime time(m_Options.checkpoint && !observers.IsDirect());
     try
     {
-        AdvanceAll(pStats);
+        AdvanceAll(observers);
     }
     catch (const CInterruptedError& interruption)
     {
-        if (stats)
-        {
-            stats->Keep();
-        }
-        SaveCheckpoint(pStats);
+        KeepAndSaveCheckpoint(observers);
         throw CInterruptedError(interruption.what() + DescribeContinuation(m_Options), interruption.GetExitCode());
     }
     catch (const CHeadlessError& error)
@@ -174,17 +176,16 @@ void CExperiment::Iterate()
         // Something cannot be written. The atoms are those of a whole iteration.
         throw CHeadlessError(error.what() + (TrySaveCheckpoint() ? DescribeContinuation(m_Options) : ""));
     }
-    if (stats)
-    {
-        Try([&stats] { stats->Commit(); });
-    }
-    Try([this, pStats] { SaveCheckpoint(pStats); });
+    m_Progress = observers.GetProgress();
+    observers.Commit([this](const std::function<void()>& commit) { Try(commit); });
+    Try([this] { SaveCheckpoint(); });
 }
 
-void CExperiment::AdvanceAll(CStatsWriter* pStats)
+void CExperiment::AdvanceAll(CRunObservers& observers)
 {
     const std::uint64_t uBefore = m_Results.iterations;
     CProgressBar progress(GetProgressStream(), m_Options.iterations, "iterations");
+    Observe(observers);
     if (m_Options.resume)
     {
         // The signal that ended the run may have come while this picture was drawn.
@@ -192,59 +193,65 @@ void CExperiment::AdvanceAll(CStatsWriter* pStats)
     }
     while (m_Results.iterations < m_uLastIteration)
     {
-        AdvanceOnce(m_Results.iterations + 1, pStats);
+        AdvanceOnce(m_Results.iterations + 1, observers);
         progress.Update(m_Results.iterations - uBefore);
     }
     CheckInterruption();
 }
 
-void CExperiment::AdvanceOnce(std::uint64_t uIteration, CStatsWriter* pStats)
+void CExperiment::AdvanceOnce(std::uint64_t uIteration, CRunObservers& observers)
 {
     CheckInterruption();
+    observers.Prepare(m_Atoms);
     const auto start = std::chrono::steady_clock::now();
-    const std::uint32_t uCollisions = m_Runner.Advance(m_Atoms, m_Grid, m_Settings.world, m_Random);
+    m_uLastCollisions = m_Runner.Advance(m_Atoms, m_Grid, m_Settings.world, m_Random);
     const std::chrono::nanoseconds duration = std::chrono::steady_clock::now() - start;
     m_Results.durations.Add(static_cast<std::uint64_t>(duration.count()));
-    m_Results.collisions += uCollisions;
+    m_Results.collisions += m_uLastCollisions;
     m_Results.iterations = uIteration;
-    if (pStats != nullptr)
-    {
-        pStats->AddRow(uIteration, uCollisions, m_Atoms.GetVelocities());
-    }
+    Observe(observers);
     DrawPictureOfIteration();
     const bool bDue = m_Options.checkpointEvery && uIteration % *m_Options.checkpointEvery == 0;
     if (bDue && uIteration < m_uLastIteration)
     {
-        if (pStats != nullptr)
-        {
-            // First the rows: a checkpoint may have too many of them, which are left out, but not too few.
-            pStats->Keep();
-        }
-        SaveCheckpoint(pStats);
+        KeepAndSaveCheckpoint(observers);
     }
 }
 
-void CExperiment::SaveCheckpoint(CStatsWriter* pStats)
+void CExperiment::Observe(CRunObservers& observers)
+{
+    observers.Observe(
+        {m_Results.iterations, m_uLastCollisions, m_Results.iterations == m_uLastIteration, m_Atoms, m_Settings});
+}
+
+void CExperiment::KeepAndSaveCheckpoint(CRunObservers& observers)
+{
+    // First the files: they may hold more than a checkpoint knows, which is left out, but not less.
+    observers.Keep();
+    m_Progress = observers.GetProgress();
+    SaveCheckpoint();
+}
+
+void CExperiment::SaveCheckpoint()
 {
     if (!m_Options.checkpoint)
     {
         return;
     }
     const CExtendedTime time(true);
-    m_Stats = pStats != nullptr ? pStats->GetPosition() : m_Stats;
     COutputFile file(*m_Options.checkpoint);
     WriteCheckpoint({m_Settings, m_Results.start, m_Results.seed, m_Random.GetState(), m_Results.iterations,
-                     m_Results.collisions, m_Results.startSpeedSum, m_Stats},
+                     m_Results.collisions, m_Results.startSpeedSum, m_uLastCollisions, m_Progress},
                     m_Atoms, file);
     file.Commit();
 }
 
-// With the statistics of the checkpoint before: newer rows may be missing.
+// With the progress of the checkpoint before: newer rows may be missing.
 bool CExperiment::TrySaveCheckpoint()
 {
     try
     {
-        SaveCheckpoint(nullptr);
+        SaveCheckpoint();
         return true;
     }
     catch (const CHeadlessError&)

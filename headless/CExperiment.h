@@ -2,8 +2,9 @@
 
 #include "classes/core/CRandom.h"
 #include "headless/console/CConsole.h"
+#include "headless/CRunObservers.h"
+#include "headless/files/CStreamSink.h"
 #include "headless/files/IByteSink.h"
-#include "headless/observed/CStatsWriter.h"
 #include "headless/options/COptions.h"
 #include "headless/options/RunSettings.h"
 #include "headless/report/Summary.h"
@@ -40,9 +41,12 @@ private:
     void CheckOutputs() const;
     void Start();
     void Iterate();
-    void AdvanceAll(CStatsWriter* pStats);
-    void AdvanceOnce(std::uint64_t uIteration, CStatsWriter* pStats);
-    void SaveCheckpoint(CStatsWriter* pStats);
+    void AddObservers(CRunObservers& observers);
+    void AdvanceAll(CRunObservers& observers);
+    void AdvanceOnce(std::uint64_t uIteration, CRunObservers& observers);
+    void Observe(CRunObservers& observers);
+    void KeepAndSaveCheckpoint(CRunObservers& observers);
+    void SaveCheckpoint();
     bool TrySaveCheckpoint();
     void SaveResults();
     void SaveStateAtEnd(const std::string& sPath) const;
@@ -70,7 +74,9 @@ private:
     CCollisionGrid m_Grid;
     CIterationRunner m_Runner;
     CRunResults m_Results;
-    std::uint64_t m_uLastIteration; // of the whole run, with those before the checkpoint
-    CStatsPosition m_Stats;         // at the last checkpoint
-    std::string m_sWriteErrors;     // empty if everything could be written
+    std::uint64_t m_uLastIteration;    // of the whole run, with those before the checkpoint
+    std::uint32_t m_uLastCollisions{}; // of the iteration before
+    CRunProgress m_Progress;           // of the observers at the last checkpoint
+    CStreamSink m_StandardOutput;
+    std::string m_sWriteErrors; // empty if everything could be written
 };

@@ -32,18 +32,6 @@ void CheckNumber(const char* sOption, const std::optional<T>& option, U value)
     Check(sOption, option, value, std::to_string(value));
 }
 
-void CheckStats(const COptions& options, const CCheckpoint& checkpoint)
-{
-    const CStatsPosition& stats = checkpoint.stats;
-    if (options.stats && stats.bytes > 0 && stats.iteration != checkpoint.iterations)
-    {
-        FailToResume("--stats", "whose statistics end at iteration " + std::to_string(stats.iteration) +
-                                    " because a part of the run was without them, while its atoms are those after "
-                                    "iteration " +
-                                    std::to_string(checkpoint.iterations));
-    }
-}
-
 } // namespace
 
 void CheckAgainstCheckpoint(const COptions& options, const CCheckpoint& checkpoint)
@@ -64,5 +52,4 @@ void CheckAgainstCheckpoint(const COptions& options, const CCheckpoint& checkpoi
     Check("--colours", options.colours, settings.colours, "other colours");
     Check("--factors", options.factors, settings.factors, "other factors");
     Check("--background", options.background, settings.background, "another colour");
-    CheckStats(options, checkpoint);
 }

@@ -29,6 +29,9 @@ public:
     // Writes the hash of all bytes before, and hands the rest to the sink. The last call.
     void WriteHash();
 
+    // Hands the rest to the sink. The last call where no hash is wanted.
+    void Flush();
+
 private:
     template<std::size_t uBytes>
     void WriteNumber(std::uint64_t uNumber)
@@ -47,8 +50,6 @@ private:
     }
 
     static constexpr std::size_t c_uPieceBytes = std::size_t{32} * 1024;
-
-    void Flush();
 
     IByteSink& m_Sink;
     CFnvHash m_Hash;

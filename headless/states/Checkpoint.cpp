@@ -22,7 +22,7 @@ namespace
 {
 
 constexpr std::string_view c_sMagic("\x89KINCP\r\n", 8);
-constexpr std::uint32_t c_uVersion = 1;
+constexpr std::uint32_t c_uVersion = 2;
 
 constexpr std::array<float CAtom::*, 5> c_FloatFields = {&CAtom::x, &CAtom::y, &CAtom::speed, &CAtom::vx, &CAtom::vy};
 constexpr std::size_t c_uAtomBytes = c_FloatFields.size() * sizeof(float) + 1;
@@ -30,9 +30,11 @@ constexpr std::size_t c_uAtomBytes = c_FloatFields.size() * sizeof(float) + 1;
 // Years of the smallest world, many times.
 constexpr std::uint64_t c_uMostIterations = std::uint64_t{1} << 60U;
 
-// Far more than the texts of any run: a file name, three factors.
-constexpr std::size_t c_uMaxTextBytes = 65'536;
-constexpr std::size_t c_uMaxHeadBytes = 4 * c_uMaxTextBytes + 8 * (CRandom::c_uStateWords + 64);
+// Far more than the texts of any run: a file name, three factors, the progress of what observes it.
+constexpr std::size_t c_uMaxTextBytes = 1'048'576;
+constexpr std::size_t c_uMaxObservers = 16;
+constexpr std::size_t c_uMaxHeadBytes =
+    (4 + 2 * c_uMaxObservers) * c_uMaxTextBytes + 8 * (CRandom::c_uStateWords + 64 + c_uMaxObservers);
 constexpr std::size_t c_uMaxFileBytes = c_uMaxHeadBytes + c_iMaxTotalAtoms * c_uAtomBytes;
 
 // The settings that are numbers, in the order of the file.
@@ -57,7 +59,12 @@ std::uint64_t GetFileBytes(const CCheckpoint& checkpoint, const CAtoms& atoms)
     {
         uBytes += c_uText + GetText(factor).size();
     }
-    uBytes += c_uText + checkpoint.start.size() + 7 * c_uWord + CRandom::c_uStateWords * c_uWord;
+    for (const auto& [sOption, progress] : checkpoint.progress)
+    {
+        uBytes += c_uText + sOption.size() + c_uWord + c_uText + progress.bytes.size();
+    }
+    uBytes += c_uText + checkpoint.start.size() + 4 * c_uWord + 2 * sizeof(std::uint32_t);
+    uBytes += CRandom::c_uStateWords * c_uWord;
     return uBytes + sizeof(std::uint32_t) + static_cast<std::uint64_t>(atoms.GetCount()) * c_uAtomBytes + c_uWord;
 }
 
@@ -77,10 +84,17 @@ void WriteRun(CByteWriter& writer, const CCheckpoint& checkpoint)
 {
     writer.WriteText(checkpoint.start);
     for (const std::uint64_t uWord : {checkpoint.seed, checkpoint.iterations, checkpoint.collisions,
-                                      std::bit_cast<std::uint64_t>(checkpoint.startSpeedSum),
-                                      checkpoint.stats.iteration, checkpoint.stats.bytes, checkpoint.stats.hash})
+                                      std::bit_cast<std::uint64_t>(checkpoint.startSpeedSum)})
     {
         writer.Write64(uWord);
+    }
+    writer.Write32(checkpoint.lastCollisions);
+    writer.Write32(static_cast<std::uint32_t>(checkpoint.progress.size()));
+    for (const auto& [sOption, progress] : checkpoint.progress)
+    {
+        writer.WriteText(sOption);
+        writer.Write64(progress.next);
+        writer.WriteText(progress.bytes);
     }
     for (const std::uint64_t uWord : checkpoint.random)
     {
@@ -189,6 +203,23 @@ bool ReadSettings(CByteReader& reader, CSettings& settings)
            InterpretFactors(settings.eMode, settings.factors, settings.atoms, values);
 }
 
+bool ReadProgress(CByteReader& reader, CCheckpoint& checkpoint)
+{
+    const std::uint32_t uCount = reader.Read32();
+    for (std::uint32_t u = 0; u < uCount && uCount <= c_uMaxObservers; ++u)
+    {
+        const std::string sOption(reader.ReadText(c_uMaxTextBytes));
+        CObserverProgress& progress = checkpoint.progress[sOption];
+        progress.next = reader.Read64();
+        progress.bytes = reader.ReadText(c_uMaxTextBytes);
+        if (progress.next > checkpoint.iterations + 1)
+        {
+            return false;
+        }
+    }
+    return checkpoint.progress.size() == uCount;
+}
+
 bool ReadRun(CByteReader& reader, CCheckpoint& checkpoint)
 {
     checkpoint.start = reader.ReadText(c_uMaxTextBytes);
@@ -196,16 +227,15 @@ bool ReadRun(CByteReader& reader, CCheckpoint& checkpoint)
     checkpoint.iterations = reader.Read64();
     checkpoint.collisions = reader.Read64();
     checkpoint.startSpeedSum = std::bit_cast<double>(reader.Read64());
-    checkpoint.stats.iteration = reader.Read64();
-    checkpoint.stats.bytes = reader.Read64();
-    checkpoint.stats.hash = reader.Read64();
+    checkpoint.lastCollisions = reader.Read32();
+    const bool bProgress = ReadProgress(reader, checkpoint);
     for (std::uint64_t& uWord : checkpoint.random)
     {
         uWord = reader.Read64();
     }
     CRandom random(0);
-    return checkpoint.iterations <= c_uMostIterations && std::isfinite(checkpoint.startSpeedSum) &&
-           checkpoint.stats.iteration <= checkpoint.iterations && random.SetState(checkpoint.seed, checkpoint.random);
+    return checkpoint.iterations <= c_uMostIterations && std::isfinite(checkpoint.startSpeedSum) && bProgress &&
+           random.SetState(checkpoint.seed, checkpoint.random);
 }
 
 bool ReadAtoms(CByteReader& reader, std::vector<CAtom>& atoms)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "classes/core/CRandom.h"
+#include "headless/states/RunProgress.h"
 #include "settings/CSettings.h"
 
 #include <cstdint>
@@ -10,16 +11,6 @@
 class CAtoms;
 struct IByteSink;
 
-// How far a file of statistics has come.
-struct CStatsPosition
-{
-    std::uint64_t iteration{}; // of its last row; 0 without rows
-    std::uint64_t bytes{};     // its length
-    std::uint64_t hash{};      // CFnvHash of these bytes
-
-    bool operator==(const CStatsPosition&) const = default;
-};
-
 // Everything that a run needs to go on to the bit, beside its atoms.
 struct CCheckpoint
 {
@@ -27,27 +18,30 @@ struct CCheckpoint
     std::string start; // where the atoms came from, for the summary
     std::uint64_t seed{};
     CRandom::CState random{};
-    std::uint64_t iterations{}; // done so far
-    std::uint64_t collisions{}; // of all these iterations
-    double startSpeedSum{};     // before the first iteration, world units per iteration
-    CStatsPosition stats;
+    std::uint64_t iterations{};     // done so far
+    std::uint64_t collisions{};     // of all these iterations
+    double startSpeedSum{};         // before the first iteration, world units per iteration
+    std::uint32_t lastCollisions{}; // of the last of them
+    CRunProgress progress;
 };
 
 // A checkpoint file, in binary. Whole numbers and the bits of floats are stored lowest byte first, a text as its number
 // of bytes (32 bits) and its bytes in UTF-8:
 //
 //   8 bytes      0x89 "KINCP" CR LF, which no text file begins with and no conversion of line ends leaves alone
-//   32 bits      the version of the format, 1
+//   32 bits      the version of the format, 2
 //   64 bits      the length of the whole file, in bytes
 //   settings     width, height, atoms, smallest and largest radius, mode (0 fixed, 1 speed), background and the three
 //                colours as 32 bits each; the three factors as texts
-//   run          start as text; seed, iterations, collisions, bits of the sum of the speeds as 64 bits each
-//   statistics   iteration, bytes, hash as 64 bits each
+//   run          start as text; seed, iterations, collisions, bits of the sum of the speeds as 64 bits each; the
+//                collisions of the last iteration as 32 bits
+//   observers    their number as 32 bits; for each, sorted by it, the option as text, the next iteration as 64 bits,
+//                its progress as text
 //   random       313 words of 64 bits, see CRandom::CState
 //   atoms        their number as 32 bits; for each x, y, speed, vx, vy as 32 bits and the radius as one byte
 //   64 bits      CFnvHash of all bytes before
 //
-// A new version of the format gets another number and reads the older ones.
+// A new version of the format gets another number.
 
 // Writes it; the caller commits. Throws CHeadlessError for a value that is not finite, which no reader would accept.
 void WriteCheckpoint(const CCheckpoint& checkpoint, const CAtoms& atoms, IByteSink& sink);

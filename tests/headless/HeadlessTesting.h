@@ -1,6 +1,6 @@
 #pragma once
 
-#include "headless/files/IByteSink.h"
+#include "headless/files/CTextSink.h"
 #include "simulation/CAtoms.h"
 
 #include <atomic>
@@ -33,21 +33,6 @@ private:
 };
 
 std::string ReadFile(const std::string& sPath);
-
-// A sink that keeps its bytes in memory.
-class CTextSink : public IByteSink
-{
-public:
-    void Write(std::string_view sBytes) override { m_sText += sBytes; }
-    void Commit() override { m_bCommitted = true; }
-
-    const std::string& GetText() const { return m_sText; }
-    bool IsCommitted() const { return m_bCommitted; }
-
-private:
-    std::string m_sText;
-    bool m_bCommitted = false;
-};
 
 // The exit code and the output of a run.
 struct CProgramResult

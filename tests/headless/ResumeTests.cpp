@@ -172,7 +172,7 @@ TEST_F(Resume, RefusesStatisticsOfAnotherRunAndLeavesThem)
 
         EXPECT_EQ(result.exitCode, 1);
         EXPECT_EQ(result.err, "error: " + sStats + ": cannot be continued: neither it nor " + sStats +
-                                  ".partial begins with the rows of the run up to iteration 10\n");
+                                  ".partial begins with what the run had written before its checkpoint\n");
         EXPECT_EQ(ReadFile(sStats), sRows);
     }
 }
@@ -182,8 +182,8 @@ TEST_F(Resume, RefusesStatisticsThatWouldHaveAGap)
     GetSummary(Continue({"--checkpoint", sCheckpoint}));
 
     EXPECT_THAT(GetContradiction({"--stats", sStats}),
-                HasSubstr("--stats: contradicts the checkpoint of --resume, whose "
-                          "statistics end at iteration 10 "));
+                HasSubstr("--stats: contradicts the checkpoint of --resume: a part of the run was without it, from "
+                          "iteration 11 to iteration 15"));
 }
 
 TEST_F(Resume, WritesOnlyTheNewRowsToStandardOutput)

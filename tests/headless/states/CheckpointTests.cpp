@@ -41,7 +41,8 @@ CCheckpoint MakeCheckpoint()
     checkpoint.iterations = 1'000'000'000'000;
     checkpoint.collisions = 77;
     checkpoint.startSpeedSum = 0.1;
-    checkpoint.stats = {999, 123'456, 42};
+    checkpoint.lastCollisions = 4'000'000'000;
+    checkpoint.progress = {{"--stats", {999, std::string("\0a\xFF", 3)}}, {"--trajectory", {7, ""}}};
     return checkpoint;
 }
 
@@ -119,7 +120,8 @@ TEST(Checkpoint, BringsBackEveryValue)
     EXPECT_EQ(read.iterations, written.iterations);
     EXPECT_EQ(read.collisions, written.collisions);
     EXPECT_EQ(read.startSpeedSum, written.startSpeedSum);
-    EXPECT_EQ(read.stats, written.stats);
+    EXPECT_EQ(read.lastCollisions, written.lastCollisions);
+    EXPECT_EQ(read.progress, written.progress);
     ASSERT_EQ(atoms.GetCount(), 2);
     EXPECT_EQ(atoms[0].x, 1.5F);
     EXPECT_EQ(atoms[0].y, -2.25F);
@@ -135,10 +137,10 @@ TEST(Checkpoint, HasTheSameBytesOnEveryMachine)
 {
     const std::string sBytes = WriteExample();
 
-    EXPECT_EQ(sBytes.substr(0, 12), std::string("\x89KINCP\r\n\1\0\0\0", 12));
-    EXPECT_EQ(sBytes.size(), 2700U);
+    EXPECT_EQ(sBytes.substr(0, 12), std::string("\x89KINCP\r\n\2\0\0\0", 12));
+    EXPECT_EQ(sBytes.size(), 2738U);
     EXPECT_EQ(static_cast<unsigned char>(sBytes[12]), sBytes.size() % 256);
-    EXPECT_EQ(ComputeFnvHash(sBytes), 3073134823561752236U);
+    EXPECT_EQ(ComputeFnvHash(sBytes), 4862777190489583954U);
 }
 
 TEST(Checkpoint, EveryCutIsRefused)
@@ -149,8 +151,8 @@ TEST(Checkpoint, EveryCutIsRefused)
     {
         ASSERT_NE(GetError(sBytes.substr(0, uLength)), "") << uLength;
     }
-    EXPECT_EQ(GetError(sBytes.substr(0, 100)), "a.ckpt: the checkpoint is damaged: it has 100 bytes instead of 2700");
-    EXPECT_EQ(GetError(sBytes + '\0'), "a.ckpt: the checkpoint is damaged: it has 2701 bytes instead of 2700");
+    EXPECT_EQ(GetError(sBytes.substr(0, 100)), "a.ckpt: the checkpoint is damaged: it has 100 bytes instead of 2738");
+    EXPECT_EQ(GetError(sBytes + '\0'), "a.ckpt: the checkpoint is damaged: it has 2739 bytes instead of 2738");
 }
 
 TEST(Checkpoint, EveryFlippedBitIsRefused)
@@ -175,10 +177,10 @@ TEST(Checkpoint, AnotherFileIsNamedAsSuch)
     }
 }
 
-TEST(Checkpoint, ALaterVersionIsNamedAsSuch)
+TEST(Checkpoint, AnotherVersionIsNamedAsSuch)
 {
-    EXPECT_EQ(GetError(Replace(WriteExample(), 8, "\x02")),
-              "a.ckpt: this checkpoint has version 2 of the format; this program reads version 1");
+    EXPECT_EQ(GetError(Replace(WriteExample(), 8, "\x03")),
+              "a.ckpt: this checkpoint has version 3 of the format; this program reads version 2");
 }
 
 // Each of these files has the right checksum.
