@@ -49,6 +49,9 @@ void CKinetarium::Settings_Write(const wchar_t* sKey, const CWString& sValue) co
 void CKinetarium::Settings_Load()
 {
     Traced({m_pDebugLog, __TIMESTAMP__}, [&] {
+        // Settings of two programs would mix if another one were writing. After a wait in vain the file is read as it
+        // is.
+        const CPathTurn turn(m_sIniPath, SettingsFile::c_uPatience);
         const CProfileStore store(m_sIniPath);
         CSettings settings = Settings_GetKept();
         for (const CSettingRow& row : c_SettingRows)

@@ -12,7 +12,7 @@ constexpr const wchar_t* c_sSection = L"Settings";
 
 constexpr std::array<const wchar_t*, 4> c_sWindowKeys{L"WndLeft", L"WndTop", L"WndRight", L"WndBottom"};
 
-// The longest wait for another program that is writing, in milliseconds. After that nothing is written.
+// The longest wait for another program that uses the file, in milliseconds. After that nothing is written.
 constexpr unsigned c_uPatience = 1000;
 
 // A longer text is truncated when it is read.

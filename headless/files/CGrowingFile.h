@@ -27,7 +27,8 @@ public:
     void SavePosition(CByteWriter& writer) const;
 
     // Goes on at a saved position: takes over these bytes of FILE.partial or FILE, and leaves out the later ones.
-    // Standard output and devices only get the new bytes. Throws CHeadlessError if neither file begins with these bytes.
+    // Standard output and devices only get the new bytes. Throws CHeadlessError if neither file begins with these
+    // bytes.
     void Continue(CByteReader& reader);
 
     void Write(std::string_view sBytes) override;
@@ -55,7 +56,7 @@ private:
     std::string m_sPath;
     IByteSink* m_pStandardOutput;
     std::unique_ptr<COutputFile> m_pFile; // null for standard output
-    CFnvHash m_Hash; // of all bytes
+    CFnvHash m_Hash;                      // of all bytes
     std::uint64_t m_uBytes = 0;
     CClock::time_point m_NextKeep;
 };

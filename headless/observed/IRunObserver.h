@@ -17,8 +17,8 @@ struct CRunMoment
     const CSettings& settings;
 };
 
-// Something that looks at a run and writes of it. It sees every moment once, in order, also where the run is interrupted
-// and continued. Each method may throw CWriteError; Observe also CInterruptedError.
+// Something that looks at a run and writes of it. It sees every moment once, in order, also where the run is
+// interrupted and continued. Each method may throw CWriteError; Observe also CInterruptedError.
 struct IRunObserver
 {
     virtual ~IRunObserver() = default;

@@ -1,4 +1,3 @@
-#include "classes/windows/system/CPathTurn.h"
 #include "tests/windows/CRunningApplication.h"
 
 #include <filesystem>
@@ -252,30 +251,4 @@ TEST_F(SettingsFile_InTheApplication, AMaximisedWindowStoresItsRestoredRectangle
     EXPECT_EQ(CRunningApplication::ReadSetting(L"WndTop"), std::to_wstring(rcNormal.top));
     EXPECT_EQ(CRunningApplication::ReadSetting(L"WndRight"), std::to_wstring(rcNormal.right));
     EXPECT_EQ(CRunningApplication::ReadSetting(L"WndBottom"), std::to_wstring(rcNormal.bottom));
-}
-
-// The turn of this thread stands for that of another program, which is in the middle of writing.
-TEST_F(SettingsFile_InTheApplication, WhileAnotherProgramHasItsTurnNothingIsWrittenAndNothingHangs)
-{
-    {
-        CRunningApplication application;
-        {
-            const CPathTurn turn(CWString(CRunningApplication::GetSettingsPath().c_str()), 0);
-            ASSERT_TRUE(turn.MayWrite());
-            application.SetControlText(L"Tot_atoms", L"8");
-            application.PressButton();
-            EXPECT_TRUE(application.WaitForWorker(true));
-            EXPECT_EQ(ReadFile(), "");
-        }
-        application.PressButton();
-        EXPECT_TRUE(application.WaitForWorker(false));
-        application.PressButton();
-        EXPECT_TRUE(application.WaitForWorker(true));
-        EXPECT_NE(ReadFile().find("Tot_atoms=8"), std::string::npos);
-
-        const CPathTurn turn(CWString(CRunningApplication::GetSettingsPath().c_str()), 0);
-        ASSERT_TRUE(turn.MayWrite());
-        EXPECT_TRUE(application.Close());
-    }
-    EXPECT_EQ(CRunningApplication::ReadSetting(L"WndLeft"), L"<missing>");
 }
