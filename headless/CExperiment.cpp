@@ -149,10 +149,12 @@ void CExperiment::Continue()
 
 void CExperiment::AddObservers(CRunObservers& observers)
 {
+    // The first: it must see each moment before an observer that can be interrupted.
     if (m_Options.stats)
     {
+        const CStatsTable table = {m_Options.statsEvery.value_or(1), m_Options.observables, m_Settings.world};
         IByteSink* const pDirect = *m_Options.stats == c_sStandardOutput ? &m_StandardOutput : nullptr;
-        observers.Add("--stats", std::make_unique<CStatsWriter>(*m_Options.stats, pDirect));
+        observers.Add("--stats", std::make_unique<CStatsWriter>(*m_Options.stats, pDirect, table));
     }
 }
 

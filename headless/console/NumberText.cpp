@@ -11,7 +11,7 @@
 namespace
 {
 
-constexpr std::size_t c_uMaxFloatChars = 32;  // the shortest form of a float has at most 15
+constexpr std::size_t c_uMaxFloatChars = 32;  // the shortest form of a float has at most 15, that of a double 24
 constexpr std::size_t c_uMaxFixedChars = 400; // the largest double has 309 digits before the dot
 constexpr std::size_t c_uMaxQuotedChars = 40; // enough to find the text in the file
 constexpr char32_t c_uReplacement = 0xFFFD;   // what an invalid byte becomes
@@ -32,13 +32,24 @@ bool IsPrintable(char32_t uCode)
                         [uCode](const CCodeRange& range) { return uCode >= range.uFirst && uCode <= range.uLast; });
 }
 
-} // namespace
-
-void AppendFloat(std::string& sText, float value)
+template<class T>
+void AppendShortest(std::string& sText, T value)
 {
     std::array<char, c_uMaxFloatChars> buffer{};
     const std::to_chars_result result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
     sText.append(buffer.data(), result.ptr);
+}
+
+} // namespace
+
+void AppendFloat(std::string& sText, float value)
+{
+    AppendShortest(sText, value);
+}
+
+void AppendDouble(std::string& sText, double value)
+{
+    AppendShortest(sText, value);
 }
 
 std::string TextOfFixed(double value, int decimals)

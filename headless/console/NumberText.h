@@ -9,6 +9,7 @@
 
 // Appends the shortest decimal text that reads back to the same bits.
 void AppendFloat(std::string& sText, float value);
+void AppendDouble(std::string& sText, double value);
 
 // With a fixed number of decimals.
 std::string TextOfFixed(double value, int decimals);

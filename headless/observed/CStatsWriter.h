@@ -1,29 +1,64 @@
 #pragma once
 
+#include "classes/core/CSize.h"
 #include "headless/files/CGrowingFile.h"
 #include "headless/observed/IRunObserver.h"
+#include "headless/observed/StatsFile.h"
+#include "headless/observed/WallBounces.h"
 
+#include <cstdint>
 #include <string>
 
-// The statistics of a run as CSV, a row for each iteration.
+class CByteReader;
+
+// The rows and columns of the statistics.
+struct CStatsTable
+{
+    std::uint64_t every = 1; // iterations from row to row
+    bool bObservables = false;
+    CSize<int> world; // for the observables
+};
+
+// The statistics of a run as CSV, a row every so many iterations and one for the last.
 class CStatsWriter : public IRunObserver
 {
 public:
     // See CGrowingFile.
-    CStatsWriter(const std::string& sPath, IByteSink* pStandardOutput);
+    CStatsWriter(const std::string& sPath, IByteSink* pStandardOutput, const CStatsTable& table);
 
     void Prepare(const CAtoms& atoms) override;
     void Observe(const CRunMoment& moment) override;
     void Keep() override;
     std::string GetProgress() const override;
+
+    // Throws CUsageError if the run had another table.
     void Continue(std::string_view sProgress) override;
+
     bool MayObserveAgain() const override;
     bool IsDirect() const override;
     void Commit() override;
 
 private:
+    struct CSums // since the last row
+    {
+        std::uint64_t iterations{};
+        std::uint64_t collisions{};
+        CBouncesOfWalls bounces{};
+    };
+
     void WriteHeaderOnce();
+    std::string FormatRow(const CRunMoment& moment) const;
+    void CheckTable(CByteReader& reader) const;
+    void ReadSums(CByteReader& reader);
 
     CGrowingFile m_File;
+    const CStatsTable m_Table;
+    CSums m_Sums;
+    CBouncesOfWalls m_NextBounces{}; // those of m_Sums and of the iteration that Prepare has seen
+
+    // The row of the last iteration where no row is due. It is written only when the run commits: if the run is
+    // continued, it has no such row.
+    std::string m_sLastRow;
+
     bool m_bHeaderWritten = false;
 };

@@ -3,21 +3,55 @@
 #include "headless/console/NumberText.h"
 #include "headless/files/IByteSink.h"
 
-#include <string>
-
-void WriteStatsHeader(IByteSink& sink)
+namespace
 {
-    sink.Write("iteration,collisions,min_velocity,max_velocity,tot_velocity,avg_velocity\n");
+
+void AddColumn(std::string& sRow, double value)
+{
+    sRow += ',';
+    AppendDouble(sRow, value);
 }
 
-void WriteStatsRow(IByteSink& sink, std::uint64_t uIteration, std::uint32_t uCollisions,
-                   const CVelocityStatistics& velocities)
+void AddObservables(std::string& sRow, const CObservables& observables)
 {
-    std::string sRow = std::to_string(uIteration) + ',' + std::to_string(uCollisions);
-    for (const float value : {velocities.min, velocities.max, velocities.tot, velocities.avg})
+    AddColumn(sRow, observables.energy);
+    AddColumn(sRow, observables.momentum.x);
+    AddColumn(sRow, observables.momentum.y);
+    for (const CWallBounces& wall : observables.bounces)
+    {
+        sRow += ',' + std::to_string(wall.count);
+    }
+    for (const CWallBounces& wall : observables.bounces)
+    {
+        AddColumn(sRow, wall.impulse);
+    }
+    AddColumn(sRow, observables.pressure);
+}
+
+} // namespace
+
+void WriteStatsHeader(IByteSink& sink, bool bObservables)
+{
+    sink.Write("iteration,collisions,min_velocity,max_velocity,tot_velocity,avg_velocity");
+    if (bObservables)
+    {
+        sink.Write(",kinetic_energy,momentum_x,momentum_y,left_bounces,right_bounces,top_bounces,bottom_bounces,"
+                   "left_impulse,right_impulse,top_impulse,bottom_impulse,pressure");
+    }
+    sink.Write("\n");
+}
+
+std::string FormatStatsRow(const CStatsRow& row)
+{
+    std::string sRow = std::to_string(row.iteration) + ',' + std::to_string(row.collisions);
+    for (const float value : {row.velocities.min, row.velocities.max, row.velocities.tot, row.velocities.avg})
     {
         sRow += ',';
         AppendFloat(sRow, value);
     }
-    sink.Write(sRow + '\n');
+    if (row.observables)
+    {
+        AddObservables(sRow, *row.observables);
+    }
+    return sRow + '\n';
 }

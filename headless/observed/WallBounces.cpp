@@ -47,9 +47,8 @@ void AddNextBounces(CBouncesOfWalls& bounces, const CAtoms& atoms, const CSize<i
 
 double ComputePressure(const CBouncesOfWalls& bounces, const CSize<int>& world, std::uint64_t uIterations)
 {
-    const double impulse =
-        std::accumulate(bounces.begin(), bounces.end(), 0.0,
-                        [](double sum, const CWallBounces& wall) { return sum + wall.impulse; });
+    const double impulse = std::accumulate(bounces.begin(), bounces.end(), 0.0,
+                                           [](double sum, const CWallBounces& wall) { return sum + wall.impulse; });
     const double perimeter = 2.0 * (static_cast<double>(world.cx) + static_cast<double>(world.cy));
     return impulse / (perimeter * static_cast<double>(uIterations));
 }

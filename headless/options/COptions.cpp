@@ -94,11 +94,22 @@ void AddWorldOptions(CLI::App& app, COptions& options)
             "Take world, atoms, radii and colours from a Kinetarium.ini; options given beside it win");
 }
 
+void AddStatsOptions(CLI::App& app, COptions& options)
+{
+    AddFile(app, "--stats", options.stats, "Write one row of CSV for each iteration; - is standard output");
+    AddCount(app, "--stats-every", options.statsEvery, 1,
+             "With --stats: a row every N iterations and for the last; collisions and bounces are those since the row "
+             "before (1)");
+    app.add_flag("--observables", options.observables,
+                 "With --stats: more columns: kinetic energy per atom, momentum, bounces and impulse at each wall, "
+                 "pressure = impulses / (perimeter * iterations)");
+}
+
 void AddOutputOptions(CLI::App& app, COptions& options)
 {
     AddFile(app, "--save-state", options.saveState,
             "Write the atoms after the last iteration as CSV; - is standard output");
-    AddFile(app, "--stats", options.stats, "Write one row of CSV for each iteration; - is standard output");
+    AddStatsOptions(app, options);
     AddFile(app, "--picture", options.picture, "Write a PNG of the world after the last iteration");
     AddCount(app, "--picture-every", options.pictureEvery, 1,
              "With --picture: one after every N iterations too, numbered before the extension");
@@ -138,6 +149,19 @@ void CheckCombinations(const COptions& options)
     if (options.pictureEvery && !options.picture)
     {
         throw CUsageError("--picture-every: needs --picture, which names the files");
+    }
+}
+
+void CheckStatsOptions(const COptions& options)
+{
+    const std::pair<bool, const char*> details[] = {{options.statsEvery.has_value(), "--stats-every"},
+                                                    {options.observables, "--observables"}};
+    for (const auto& [bGiven, sName] : details)
+    {
+        if (!options.stats && bGiven)
+        {
+            throw CUsageError(std::string(sName) + ": needs --stats, which names the file");
+        }
     }
 }
 
@@ -191,6 +215,7 @@ CParsedOptions ParseOptions(const std::vector<std::string>& arguments)
         throw CUsageError(error.what());
     }
     CheckCombinations(parsed.options);
+    CheckStatsOptions(parsed.options);
     CheckCheckpointOptions(parsed.options);
     return parsed;
 }

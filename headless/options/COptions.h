@@ -25,6 +25,8 @@ struct COptions
     std::optional<std::string> loadState;
     std::optional<std::string> saveState; // "-" is standard output
     std::optional<std::string> stats;     // "-" is standard output
+    std::optional<std::uint64_t> statsEvery;
+    bool observables = false; // of the statistics
     std::optional<std::string> picture;
     std::optional<std::uint64_t> pictureEvery;
     std::optional<EnumAtomColourMode> colourMode;

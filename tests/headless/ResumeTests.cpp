@@ -43,13 +43,13 @@ std::string GetUsageError(const CArguments& arguments)
 }
 
 // A run in one piece and in three gives the same files and the same summary.
-void ExpectSameInPieces(const CArguments& world)
+void ExpectSameInPieces(const CArguments& world, const CArguments& table = {})
 {
     const CTemporaryFolder folder;
-    const auto outputs = [&folder](const std::string& sName) {
-        return CArguments{"--stats",      folder.GetPath(sName + "-stats.csv"),
-                          "--save-state", folder.GetPath(sName + ".csv"),
-                          "--checkpoint", folder.GetPath(sName + ".ckpt")};
+    const auto outputs = [&folder, &table](const std::string& sName) {
+        return Join({"--stats", folder.GetPath(sName + "-stats.csv"), "--save-state", folder.GetPath(sName + ".csv"),
+                     "--checkpoint", folder.GetPath(sName + ".ckpt")},
+                    table);
     };
     const std::string sWhole = GetSummary(Join(Join(world, outputs("whole")), {"--iterations", "100"}));
     const CArguments resume = Join({"--resume", folder.GetPath("part.ckpt")}, outputs("part"));
@@ -95,6 +95,13 @@ TEST(Experiment, ARunInPiecesGivesTheWholeRun)
 {
     ExpectSameInPieces({"--seed", "11", "--atoms", "900", "--width", "600", "--height", "400", "--max-radius", "9",
                         "--colour-mode", "fixed", "--factors", "25%,,50%", "--background", "102030"});
+}
+
+// The pieces end between two rows.
+TEST(Experiment, ARunInPiecesGivesTheWholeTable)
+{
+    ExpectSameInPieces({"--seed", "11", "--atoms", "500", "--width", "300"}, {"--stats-every", "20", "--observables"});
+    ExpectSameInPieces({"--seed", "11", "--atoms", "1"}, {"--stats-every", "1000", "--observables"});
 }
 
 // Centres that coincide are moved apart by random numbers, long after the first piece.

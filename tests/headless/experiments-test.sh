@@ -67,6 +67,7 @@ output_of '--settings Kinetarium.ini' | grep -qx 'atoms: 300' || fail "the setti
 [ "$(output_of 'ls burst' | grep -c '^burst.*png$')" -eq 4 ] || fail "there are not four pictures"
 cmp burst-300.png burst.png || fail "the last two pictures differ"
 [ "$(grep -c '^[0-9]*;' stats-comma.csv)" -eq 5 ] && ! grep -q '[.]' stats-comma.csv || fail "stats-comma.csv has dots"
+[ "$(output_of 'cut -d , -f 1,7,18 gas.csv' | grep -c '00,0[.].*,0[.]')" -eq 10 ] || fail "gas.csv has other rows"
 
 # The blocks of Python are one session. Its last line is the hash of the state.
 python=$(cat blocks/*.python | python3) || fail "the blocks of Python ended with an error"

@@ -32,3 +32,16 @@ TEST(NumberText, MessagesOfTheProgramHoldNoUnprintableByte)
 
     EXPECT_EQ(result.err, "error: none\\x1B[2J\\x0A.ini: there is no such file\n");
 }
+
+TEST(NumberText, ANumberIsTheShortestTextThatReadsBackToIt)
+{
+    std::string sText;
+    for (const double value : {0.1, 1.0 / 3.0, -2.5e-308, 1e21, -1.7976931348623157e308})
+    {
+        AppendDouble(sText, value);
+        sText += ' ';
+    }
+    AppendFloat(sText, 0.1F);
+
+    EXPECT_EQ(sText, "0.1 0.3333333333333333 -2.5e-308 1e+21 -1.7976931348623157e+308 0.1");
+}
