@@ -1,12 +1,12 @@
 # Header-only libraries have an include folder of their own, so that the cross build never sees /usr/include.
 # scripts/fetch-dependencies.sh fills it.
 set(KINETARIUM_DEPENDENCIES "${CMAKE_SOURCE_DIR}/build/deps/include" CACHE PATH
-  "Folder with the headers of fmt (version 11), Boost, CLI11 and stb")
+  "Folder with the headers of fmt (version 11), Boost, CLI11, JSON for Modern C++ and stb")
 
 set(fmt_header "${KINETARIUM_DEPENDENCIES}/fmt/base.h")
 if(NOT EXISTS "${fmt_header}")
   message(FATAL_ERROR "The headers of {fmt} 11 are not in '${KINETARIUM_DEPENDENCIES}'. "
-    "Run scripts/fetch-dependencies.sh, or set KINETARIUM_DEPENDENCIES to a folder that holds fmt/, boost/, CLI/ and stb/.")
+    "Run scripts/fetch-dependencies.sh, or set KINETARIUM_DEPENDENCIES to a folder that holds fmt/, boost/, CLI/, nlohmann/ and stb/.")
 endif()
 file(STRINGS "${fmt_header}" fmt_version_line REGEX "^#define FMT_VERSION [0-9]+")
 string(REGEX MATCH "[0-9]+" fmt_version "${fmt_version_line}")

@@ -5,9 +5,11 @@
 #include "headless/files/COutputFile.h"
 #include "headless/files/Interruption.h"
 #include "headless/observed/CStatsWriter.h"
-#include "headless/options/OptionValues.h"
+#include "headless/options/StartText.h"
 #include "headless/OutputPlaces.h"
 #include "headless/pictures/CNumberedPictures.h"
+#include "headless/report/RepeatCommand.h"
+#include "headless/report/Summary.h"
 #include "headless/Resume.h"
 #include "headless/states/StateFile.h"
 #include "simulation/Population.h"
@@ -20,8 +22,6 @@
 namespace
 {
 
-constexpr const char* c_sStandardInputName = "standard input"; // in messages and in the summary
-
 // Spreadsheets and readers of JSON keep whole numbers as 64-bit floats, which have so many bits for them.
 constexpr std::uint64_t c_uDrawnSeedMask = (std::uint64_t{1} << 53U) - 1;
 
@@ -33,15 +33,6 @@ CRandom MakeRandom(const COptions& options)
 std::string DescribeContinuation(const COptions& options)
 {
     return options.checkpoint ? "; --resume " + *options.checkpoint + " continues the run" : "";
-}
-
-std::string DescribeStart(const COptions& options)
-{
-    if (options.loadState)
-    {
-        return *options.loadState == c_sStandardInput ? c_sStandardInputName : *options.loadState;
-    }
-    return options.startAt ? TextOfPoint(*options.startAt) : "random";
 }
 
 void LoadAtoms(const std::string& sPath, CAtoms& atoms)
@@ -101,7 +92,8 @@ void CExperiment::Run()
     CompleteResults();
     CheckInterruption();
     std::ostream& summary = IsStandardOutputTaken() ? m_Console.err : m_Console.out;
-    summary << FormatSummary(m_Settings, m_Results) << std::flush;
+    const std::string sCommand = MakeRepeatCommand(m_Settings, m_Results, c_eShell);
+    summary << FormatSummary(MakeSummaryValues(m_Settings, m_Results, sCommand), m_Options.summary) << std::flush;
     if (!summary)
     {
         throw CHeadlessError("the summary cannot be written");

@@ -7,7 +7,7 @@
 #include "headless/files/IByteSink.h"
 #include "headless/options/COptions.h"
 #include "headless/options/RunSettings.h"
-#include "headless/report/Summary.h"
+#include "headless/report/RunResults.h"
 #include "headless/states/Checkpoint.h"
 #include "simulation/CAtoms.h"
 #include "simulation/CCollisionGrid.h"

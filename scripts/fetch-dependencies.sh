@@ -3,7 +3,7 @@
 # libraries that are not installed packages:
 #   fmt           version 11, newer than that of Debian 12: from a later Debian suite, downloaded with an apt root of its
 #                 own and checked with the Debian keyring; the packages of the machine stay as they are
-#   boost, CLI, stb
+#   boost, CLI, nlohmann, stb
 #                 links to the system's headers, because the cross build must not see all of /usr/include
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -20,7 +20,7 @@ fail() {
     exit 1
 }
 
-for name in boost CLI stb; do
+for name in boost CLI nlohmann stb; do
     [ -d "/usr/include/$name" ] || fail "/usr/include/$name is missing; run scripts/install-packages.sh first"
     ln -sfn "/usr/include/$name" "$include/$name"
 done

@@ -123,6 +123,8 @@ void AddOutputOptions(CLI::App& app, COptions& options)
     AddFile(app, "--checkpoint", options.checkpoint,
             "Write everything that --resume needs, after the last iteration and when the run is interrupted");
     AddCount(app, "--checkpoint-every", options.checkpointEvery, 1, "With --checkpoint: also after every N iterations");
+    AddOption(app, "--summary", options.summary, ParseSummaryOption, "json|csv|text",
+              "The form of the summary (text); JSON and CSV take one line, CSV with a header");
     app.add_flag("--no-overlaps", options.noOverlaps,
                  "Do not count overlaps at the end; the count takes at most as long as the run, or 2 s");
     app.add_flag("--quiet", options.quiet, "No progress bar");

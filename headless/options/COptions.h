@@ -1,6 +1,7 @@
 #pragma once
 
 #include "classes/core/CPoint.h"
+#include "headless/options/EnumSummaryForm.h"
 #include "settings/CSettings.h"
 
 #include <cstdint>
@@ -37,6 +38,7 @@ struct COptions
     std::optional<std::string> checkpoint;
     std::optional<std::uint64_t> checkpointEvery;
     std::optional<std::string> resume;
+    EnumSummaryForm summary = EnumSummaryForm::Text;
     bool noOverlaps = false; // they are not counted
     bool quiet = false;
 };

@@ -161,3 +161,20 @@ EnumAtomColourMode ParseModeOption(const std::string& sOption, const std::string
     }
     return EnumAtomColourMode::Fixed;
 }
+
+EnumSummaryForm ParseSummaryOption(const std::string& sOption, const std::string& sText)
+{
+    if (sText == "json")
+    {
+        return EnumSummaryForm::Json;
+    }
+    if (sText == "csv")
+    {
+        return EnumSummaryForm::Csv;
+    }
+    if (sText != "text")
+    {
+        Reject(sOption, sText, "json, csv or text");
+    }
+    return EnumSummaryForm::Text;
+}

@@ -2,6 +2,7 @@
 
 #include "classes/core/CColour.h"
 #include "classes/core/CPoint.h"
+#include "headless/options/EnumSummaryForm.h"
 #include "settings/CSettings.h"
 #include "simulation/EnumAtomColourMode.h"
 #include "view/ColourRules.h"
@@ -37,3 +38,6 @@ CFactors ParseFactorsOption(const std::string& sOption, const std::string& sText
 
 // "speed" or "fixed".
 EnumAtomColourMode ParseModeOption(const std::string& sOption, const std::string& sText);
+
+// "json", "csv" or "text".
+EnumSummaryForm ParseSummaryOption(const std::string& sOption, const std::string& sText);

@@ -1,35 +1,12 @@
 #pragma once
 
-#include "headless/observed/CDurationHistogram.h"
-#include "headless/observed/OverlapStatistics.h"
-#include "headless/options/RunSettings.h"
-#include "simulation/CAtoms.h"
+#include "headless/options/EnumSummaryForm.h"
+#include "headless/report/SummaryValues.h"
 
-#include <cstdint>
-#include <optional>
 #include <string>
+#include <vector>
 
-// The results of a run, for the summary at its end.
-struct CRunResults
-{
-    std::uint64_t seed{};
-    std::string start; // where the atoms came from
-    std::uint64_t iterations{};
-    std::uint64_t collisions{};   // of all iterations
-    CDurationHistogram durations; // of every iteration
-    std::int32_t atoms{};
-    std::uint8_t smallestRadius{}; // of the atoms in the world
-    std::uint8_t largestRadius{};
-    CVelocityStatistics velocities;             // after the last iteration
-    double startSpeedSum{};                     // before the first iteration, in double precision
-    double endSpeedSum{};                       // after the last iteration
-    std::optional<COverlapStatistics> overlaps; // empty if they were not counted
-    std::uint32_t atomsOutside{};
-    std::uint64_t hash{};
-};
-
-// The sum of the speeds in double precision: a sum of a million floats in a float would drift by rounding.
-double SumSpeeds(const CAtoms& atoms);
-
-// The summary: one "name: value" a line, with one value each. Scripts pick values by name.
-std::string FormatSummary(const CSettings& settings, const CRunResults& results);
+// The summary in one of its forms. Text: one "name: value" a line, with one value each; scripts pick values by name.
+// JSON: one object on one line. CSV: a line of keys and a line of values. What is missing is null in JSON and empty in
+// CSV; a number that is not finite counts as missing there.
+std::string FormatSummary(const std::vector<CSummaryValue>& values, EnumSummaryForm eForm);
