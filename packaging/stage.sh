@@ -36,14 +36,15 @@ stage_programs() {
     done
 }
 
-# page MARKDOWN HTML: turns links between documents into links between pages; a link to a file outside of the package
-# becomes text.
+# page MARKDOWN HTML: for users of Windows; turns links between documents into links between pages; a link to a file
+# outside of the package becomes text.
 page() {
     local title
+    awk -f packaging/windows-page.awk "$1" >"$work/page.md"
     title=$(sed -n 's/^# //p' "$1" | head -n 1)
     {
         sed "s/@TITLE@/$title/" packaging/page-head.html
-        cmark-gfm --extension table --extension strikethrough "$1" |
+        cmark-gfm --extension table --extension strikethrough "$work/page.md" |
             sed -E -e 's/href="(user-guide|experiments)\.md/href="\1.html/g' -e 's/href="\.\.\/CHANGELOG\.md/href="changelog.html/g' \
                 -e 's/href="docs\/(user-guide|experiments)\.md/href="\1.html/g' -e 's/<a href="[^":]*\.md[^"]*">([^<]*)<\/a>/\1/g'
         printf '</body>\n</html>\n'
