@@ -111,9 +111,15 @@ bool CPainterDirect2D::CreateBrushes(const CColourSettings& settings, std::wstri
 
 void CPainterDirect2D::Resize(const SIZE& size)
 {
-    if (m_pRenderTarget)
+    if (!m_pRenderTarget)
     {
-        const D2D1_SIZE_U sizePixels = GetTargetSize(size.cx, size.cy);
+        return;
+    }
+    const D2D1_SIZE_U sizePixels = GetTargetSize(size.cx, size.cy);
+    D2D1_SIZE_U sizeNow{};
+    m_pRenderTarget->GetPixelSize(&sizeNow);
+    if (sizeNow.width != sizePixels.width || sizeNow.height != sizePixels.height)
+    {
         m_pRenderTarget->Resize(&sizePixels);
     }
 }

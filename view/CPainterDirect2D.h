@@ -29,7 +29,8 @@ public:
 
     bool HasRenderTarget() const { return static_cast<bool>(m_pRenderTarget); }
 
-    // The size of the target in pixels, if there is one.
+    // Gives the target, if there is one, this size in pixels. Does nothing if it has that size: the system would
+    // replace its memory, and Wine 10 loses some of the old one.
     void Resize(const SIZE& size);
 
     // Drops the target if the backdrop cannot be drawn, and if the system has taken the device away (a driver update, a

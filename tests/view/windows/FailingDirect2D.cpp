@@ -36,13 +36,13 @@ HRESULT DoCall(const char* sName)
     return AnswerCall(sName) == EnumAnswer::Good ? S_OK : GetFailingDirect2D().error;
 }
 
-template<class T, class I>
-HRESULT MakeObject(const char* sName, I** ppObject)
+template<class T, class I, class... A>
+HRESULT MakeObject(const char* sName, I** ppObject, const A&... arguments)
 {
     const EnumAnswer eAnswer = AnswerCall(sName);
     if (eAnswer == EnumAnswer::Good)
     {
-        *ppObject = new T;
+        *ppObject = new T(arguments...);
     }
     return eAnswer == EnumAnswer::Error ? GetFailingDirect2D().error : S_OK;
 }
@@ -131,7 +131,7 @@ public:
 class CFakeTarget final : public CCounted<CUnusedHwndRenderTarget>
 {
 public:
-    CFakeTarget() { ++GetFailingDirect2D().targets; }
+    explicit CFakeTarget(D2D1_SIZE_U size) : m_size(size) { ++GetFailingDirect2D().targets; }
 
     HRESULT STDMETHODCALLTYPE CreateBitmap(D2D1_SIZE_U, const void*, UINT32, const D2D1_BITMAP_PROPERTIES*,
                                            ID2D1Bitmap** ppBitmap) override
@@ -178,9 +178,20 @@ public:
         }
         return hr;
     }
-    HRESULT STDMETHODCALLTYPE Resize(const D2D1_SIZE_U*) override { return DoCall("Resize"); }
+    HRESULT STDMETHODCALLTYPE Resize(const D2D1_SIZE_U* pSize) override
+    {
+        const HRESULT hr = DoCall("Resize");
+        m_size = SUCCEEDED(hr) ? *pSize : m_size;
+        return hr;
+    }
+    D2D1_SIZE_U* STDMETHODCALLTYPE GetPixelSize(D2D1_SIZE_U* pSize) const override
+    {
+        *pSize = m_size;
+        return pSize;
+    }
 
 private:
+    D2D1_SIZE_U m_size;
     bool m_bDrawing = false;
     bool m_bLost = false;
 };
@@ -189,10 +200,10 @@ class CFakeFactory final : public CCounted<CUnusedFactory>
 {
 public:
     HRESULT STDMETHODCALLTYPE CreateHwndRenderTarget(const D2D1_RENDER_TARGET_PROPERTIES*,
-                                                     const D2D1_HWND_RENDER_TARGET_PROPERTIES*,
+                                                     const D2D1_HWND_RENDER_TARGET_PROPERTIES* pWindow,
                                                      ID2D1HwndRenderTarget** ppTarget) override
     {
-        return MakeObject<CFakeTarget>("CreateHwndRenderTarget", ppTarget);
+        return MakeObject<CFakeTarget>("CreateHwndRenderTarget", ppTarget, pWindow->pixelSize);
     }
 };
 

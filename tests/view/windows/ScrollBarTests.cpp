@@ -124,6 +124,23 @@ TEST_F(WorldViewScrollBars, TheRenderTargetFollowsTheClientArea)
     EXPECT_EQ(GetDirect2DSpy().resizes.back().cy, 400);
 }
 
+// With each call the system gives a target new memory, and Wine 10 loses two small blocks where the size stays the
+// same.
+TEST_F(WorldViewScrollBars, ARenderTargetOfTheRightSizeIsNotResized)
+{
+    OpenLarge();
+    Scatter(3, 5);
+    ASSERT_TRUE(Start_Speed());
+    GetDirect2DSpy().resizes.clear();
+    ASSERT_TRUE(Start_Speed());
+    Send(WM_VSCROLL, SB_LINEDOWN);
+    MoveView(50, 60, 320, 240);
+    EXPECT_EQ(GetDirect2DSpy().resizes.size(), 0U);
+    MoveView(50, 60, 321, 240);
+    MoveView(50, 60, 320, 240);
+    EXPECT_EQ(GetDirect2DSpy().resizes.size(), 2U);
+}
+
 TEST_F(WorldViewScrollBars, WithoutScrollingALargerWorldIsCentredAndHasNoBarsUntilItScrollsAgain)
 {
     Open({800, 700}, 400, 300);

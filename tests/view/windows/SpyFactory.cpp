@@ -178,6 +178,11 @@ public:
         return m_pReal->Resize(pSize);
     }
 
+    D2D1_SIZE_U* STDMETHODCALLTYPE GetPixelSize(D2D1_SIZE_U* pSize) const override
+    {
+        return m_pReal->GetPixelSize(pSize);
+    }
+
 private:
     CSpyCount m_count{"target"};
     CComPtr<ID2D1HwndRenderTarget> m_pReal;
