@@ -4,7 +4,7 @@
 #
 #   soak.sh [--short] [--seed N] [--only NAME] [--tree FOLDER] [--prefix FOLDER]
 #
-# The long form takes about half an hour: 2,000 rounds of start and stop, 500 clicks in the world, 300 full-screen
+# The long form takes about half an hour: 2,100 rounds of start and stop, 540 clicks in the world, 300 full-screen
 # toggles, 60 s of random input, 10 minutes with 100,000 atoms. test.sh runs the short one.
 #
 #   --short          the form of test.sh

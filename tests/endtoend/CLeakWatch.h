@@ -7,23 +7,20 @@
 #include <string>
 #include <vector>
 
-// Compares a program's resources at two moments in the same idle state.
+// Compares a program's resources after legs of the same actions. The system keeps temporary objects of its own: it
+// fills a cache at the first use of each mouse pointer or pattern, whenever that comes, and it frees some memory late.
+// So one comparison tells little, but only a leak grows in every leg.
 class CLeakWatch
 {
 public:
     // Loads the probe that counts the heaps into the program. Throws like CForeignHeap.
     explicit CLeakWatch(const CDrivenProgram& program);
 
-    // Takes the first count. Call it after a warm-up, because objects that are created once and kept are no leak.
+    // Begins the first leg. Call it after a warm-up, because objects that are created once and kept are no leak.
     void Begin();
-    // Prints both counts under a heading and expects that the second is not larger. Allowed are the system's own
-    // temporary objects and uHeapOfSystem bytes that the system is known to lose.
-    void ExpectNothingLeft(const std::string& sAfterWhat, std::uint64_t uHeapOfSystem = 0) const;
-
-    // For random actions, which no warm-up can prepare: the system fills a cache at the first use of each mouse pointer
-    // or pattern, whenever that comes, but only a leak grows in every leg. Ends a leg of such actions, prints its
-    // counts, and begins the next.
-    void EndLeg(const std::string& sAfterWhat, std::uint64_t uHeapOfSystem = 0);
+    // Ends a leg, prints its counts under a heading, and begins the next. The system is known to have lost
+    // uHeapOfSystem bytes in this leg.
+    void EndLeg(const std::string& sHeading, std::uint64_t uHeapOfSystem = 0);
     // Expects of each resource that it did not grow in every leg.
     void ExpectALegWithoutGrowth() const;
 

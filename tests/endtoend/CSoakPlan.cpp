@@ -10,8 +10,8 @@ namespace
 {
 using std::chrono::seconds;
 
-constexpr CSoakPlan c_short{0, 60, 60, 100, 16, seconds(8), seconds(8)};
-constexpr CSoakPlan c_long{0, 60, 2000, 500, 300, seconds(60), seconds(600)};
+constexpr CSoakPlan c_short{0, 60, 60, 102, 24, seconds(8), seconds(8)};
+constexpr CSoakPlan c_long{0, 60, 2100, 540, 300, seconds(60), seconds(600)};
 } // namespace
 
 CSoakPlan ReadSoakPlan()
