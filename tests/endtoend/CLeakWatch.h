@@ -21,8 +21,9 @@ public:
     // Ends a leg, prints its counts under a heading, and begins the next. The system is known to have lost
     // uHeapOfSystem bytes in this leg.
     void EndLeg(const std::string& sHeading, std::uint64_t uHeapOfSystem = 0);
-    // Expects of each resource that it did not grow in every leg.
-    void ExpectALegWithoutGrowth() const;
+    // Expects of each resource that it did not grow in every leg. The system may have lost iHeapOfSystem bytes of the
+    // heaps in each leg.
+    void ExpectALegWithoutGrowth(std::int64_t iHeapOfSystem = 0) const;
 
 private:
     struct CCounts

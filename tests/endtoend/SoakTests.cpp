@@ -197,7 +197,8 @@ TEST_F(Soak, AStormOfRandomInputLeavesTheProgramAliveAndLeaksNothing)
         std::cout << "  " << iTimes << " x " << sAction << "\n";
     }
     std::cout << "  " << storm.GetCountWhileRunning() << " of them during a simulation\n";
-    m_leaks.ExpectALegWithoutGrowth();
+    constexpr std::int64_t c_iLostPerLeg = 1024; // by the few other dialogs that random keys and clicks open
+    m_leaks.ExpectALegWithoutGrowth(c_iLostPerLeg);
     EXPECT_GT(storm.GetCountWhileRunning(), 0);
     ASSERT_TRUE(m_program.IsRunning());
     ExpectCleanClose();
