@@ -62,15 +62,14 @@ void CParallelIteration::ComputeStatistics(const CIterationWork& work, std::size
 {
     const auto uAtoms = static_cast<std::size_t>(work.atoms.GetCount());
     m_Speeds.resize(uAtoms);
-    CSpeedRange range = CSpeedRange::Start(work.atoms);
+    CSpeedRange range = StartSpeedRange(work.atoms);
     std::mutex rangeMutex;
     ForEachChunk(m_Helpers, uChunks, uAtoms, [&, start = range](const CChunk& chunk) {
         const std::span<float> speeds = std::span(m_Speeds).subspan(chunk.uFirst, chunk.uCount);
-        ComputeSpeeds(work.atoms, chunk.uFirst, speeds, work.kernels);
         CSpeedRange found = start;
-        found.Include(speeds);
+        ComputeSpeeds(work.atoms, chunk.uFirst, speeds, found, work.kernels);
         const std::lock_guard lock(rangeMutex);
-        range.Include(found);
+        Include(range, found);
     });
     StoreStatistics(work.atoms, range, AddInOrder(0, m_Speeds));
 }

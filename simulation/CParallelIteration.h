@@ -10,7 +10,6 @@
 #include <vector>
 
 class CRandom;
-struct CSpeedRange;
 
 // An iteration on several threads: the one that calls, and helpers that end with this object. It gives the same bits as
 // AdvanceOneIteration, because

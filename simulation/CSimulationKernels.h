@@ -7,6 +7,7 @@
 
 struct CAtom;
 struct CGridGeometry;
+struct CSpeedRange;
 struct IDrawTurn;
 
 // The inner loops of an iteration for one instruction set. All sets give the same bits.
@@ -25,7 +26,7 @@ struct CSimulationKernels
     int (*pMoveAtomGroups)(CAtom* pAtoms, int count, const CSize<int>& world, const CGridGeometry& geometry,
                            std::uint32_t* pPlaces);
 
-    // Writes sqrt(vx * vx + vy * vy) of each atom. Handles whole groups as pMoveAtomGroups does, and returns how many
-    // atoms those are.
-    int (*pComputeSpeeds)(const CAtom* pAtoms, int count, float* pSpeeds);
+    // Writes sqrt(vx * vx + vy * vy) of each atom and includes it in the range. Handles whole groups as pMoveAtomGroups
+    // does, and returns how many atoms those are.
+    int (*pComputeSpeeds)(const CAtom* pAtoms, int count, float* pSpeeds, CSpeedRange& range);
 };

@@ -35,7 +35,7 @@ std::uint32_t AdvanceOneIteration(CAtoms& atoms, CCollisionGrid& grid, const CSi
     FillChunk(work, all);
     grid.MarkFilled();
     const std::uint32_t uCollisions = CollideCells(grid, atoms.GetCount(), random, kernels);
-    ComputeVelocityStatistics(atoms);
+    ComputeVelocityStatistics(atoms, kernels);
     return uCollisions;
 }
 

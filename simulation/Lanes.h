@@ -1,6 +1,5 @@
 #pragma once
 
-#include "simulation/CAtom.h"
 #include "simulation/CellScratch.h"
 
 #include <cstdint>
@@ -14,7 +13,7 @@
 template<class T>
 concept IsLanes = requires(const typename T::CCircle& circle, const typename T::CDisc& disc,
                            const typename T::Floats& floats, const typename T::Ints& ints, CCellScratch& scratch,
-                           float* pFloats, std::int32_t* pInts, std::uint32_t* pEnd, const CAtom* pAtoms)
+                           float* pFloats, std::int32_t* pInts, std::uint32_t* pEnd)
 {
     requires T::c_iCount <= c_iMaxLanes;
 
@@ -44,14 +43,25 @@ concept IsLanes = requires(const typename T::CCircle& circle, const typename T::
     // to c_iCount elements whatever the mask is.
     T::Append(pEnd, std::uint32_t{}, std::uint32_t{});
 
-    // One field of c_iCount consecutive atoms as Floats; the pointer is to that field of the first atom.
-    T::LoadField(pFloats);
-    T::StoreField(pFloats, floats);
+    // A quad is four lanes. Quad q of LoadQuads is the field of atom 4 * q and the three that follow it in the record;
+    // the pointer is to that field of atom 0.
+    T::LoadQuads(pFloats);
 
-    // The radii of c_iCount consecutive atoms as Ints.
-    T::LoadRadii(pAtoms);
+    // In each quad of a and b: a0 b0 a1 b1; a2 b2 a3 b3; a0 a1 b0 b1; a2 a3 b2 b3.
+    T::InterleaveLow(floats, floats);
+    T::InterleaveHigh(floats, floats);
+    T::JoinLow(floats, floats);
+    T::JoinHigh(floats, floats);
+
+    // Stores the first two lanes of quad q to a field of atom 4 * q and the one that follows it, the last two lanes to
+    // those of atom 4 * q + 1; the pointer is to the field of atom 0.
+    T::StorePairs(pFloats, floats);
 
     T::SquareRoot(floats);
+
+    // a < b ? a : b, and a > b ? a : b: the second if one is NaN.
+    T::Min(floats, floats);
+    T::Max(floats, floats);
 
     // True if any bit of any lane is set.
     T::HasAny(ints);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulation/AtomFields.h"
 #include "simulation/CAtom.h"
 #include "simulation/GridGeometry.h"
 #include "simulation/Lanes.h"
@@ -24,20 +25,18 @@ public:
         for (; index + Lanes::c_iCount <= count; index += Lanes::c_iCount)
         {
             CAtom* const pGroup = pAtoms + index;
-            const Ints radius = Lanes::LoadRadii(pGroup);
+            const CMotion motion = Fields::LoadMotion(pGroup);
+            const CPositions before = Fields::LoadPositions(pGroup);
+            const Ints radius = motion.radius;
             const Floats r = __builtin_convertvector(radius, Floats);
-            const Floats vx = Lanes::LoadField(&pGroup->vx);
-            const Floats vy = Lanes::LoadField(&pGroup->vy);
-            Floats x = Lanes::LoadField(&pGroup->x) + vx;
-            Floats y = Lanes::LoadField(&pGroup->y) + vy;
+            Floats x = before.first + motion.vx;
+            Floats y = before.second + motion.vy;
             const Ints bouncedY = Reflect(y, radius, r, world.cy);
             const Ints bouncedX = Reflect(x, radius, r, world.cx);
-            Lanes::StoreField(&pGroup->x, x);
-            Lanes::StoreField(&pGroup->y, y);
+            Fields::StorePositions(pGroup, x, y);
             if (Lanes::HasAny(bouncedX | bouncedY)) [[unlikely]]
             {
-                Lanes::StoreField(&pGroup->vx, Negate(vx, bouncedX));
-                Lanes::StoreField(&pGroup->vy, Negate(vy, bouncedY));
+                Fields::StoreVelocities(pGroup, Negate(motion.vx, bouncedX), Negate(motion.vy, bouncedY));
             }
             const Ints places = LocateAtoms(x, y, r, columns, rows);
             __builtin_memcpy(pPlaces + index, &places, sizeof places);
@@ -48,6 +47,9 @@ public:
 private:
     using Floats = typename Lanes::Floats;
     using Ints = typename Lanes::Ints;
+    using Fields = CAtomFields<Lanes>;
+    using CMotion = typename Fields::CMotion;
+    using CPositions = typename Fields::CPairOfFields;
 
     // One axis of a grid.
     struct CAxis

@@ -113,31 +113,32 @@ struct CLanesAvx2
         return __builtin_popcount(uMask);
     }
 
-    // Eight scalar loads and shuffles: gathers are slow on many processors that have AVX2 but not AVX-512.
-    static __m256 LoadField(const float* pFirst)
+    static __m256 LoadQuads(const float* pField)
     {
-        return _mm256_setr_ps(pFirst[0], pFirst[c_iAtomFloats], pFirst[2 * c_iAtomFloats], pFirst[3 * c_iAtomFloats],
-                              pFirst[4 * c_iAtomFloats], pFirst[5 * c_iAtomFloats], pFirst[6 * c_iAtomFloats],
-                              pFirst[7 * c_iAtomFloats]);
+        const __m256 low = _mm256_castps128_ps256(_mm_loadu_ps(pField));
+        return _mm256_insertf128_ps(low, _mm_loadu_ps(pField + 4 * c_iAtomFloats), 1);
     }
 
-    static void StoreField(float* pFirst, __m256 values)
+    static __m256 InterleaveLow(__m256 a, __m256 b) { return _mm256_unpacklo_ps(a, b); }
+    static __m256 InterleaveHigh(__m256 a, __m256 b) { return _mm256_unpackhi_ps(a, b); }
+    static __m256 JoinLow(__m256 a, __m256 b) { return _mm256_shuffle_ps(a, b, _MM_SHUFFLE(1, 0, 1, 0)); }
+    static __m256 JoinHigh(__m256 a, __m256 b) { return _mm256_shuffle_ps(a, b, _MM_SHUFFLE(3, 2, 3, 2)); }
+
+    static void StorePairs(float* pField, __m256 pairs)
     {
-        alignas(32) float lanes[c_iCount];
-        _mm256_store_ps(lanes, values);
-        for (int i = 0; i < c_iCount; ++i)
-        {
-            pFirst[i * c_iAtomFloats] = lanes[i];
-        }
+        StoreTwoPairs(pField, _mm256_castps256_ps128(pairs));
+        StoreTwoPairs(pField + 4 * c_iAtomFloats, _mm256_extractf128_ps(pairs, 1));
     }
 
-    static Ints LoadRadii(const CAtom* pAtoms)
+    static void StoreTwoPairs(float* pField, __m128 pairs)
     {
-        return Ints{pAtoms[0].radius, pAtoms[1].radius, pAtoms[2].radius, pAtoms[3].radius,
-                    pAtoms[4].radius, pAtoms[5].radius, pAtoms[6].radius, pAtoms[7].radius};
+        _mm_storel_pi(reinterpret_cast<__m64*>(pField), pairs);
+        _mm_storeh_pi(reinterpret_cast<__m64*>(pField + c_iAtomFloats), pairs);
     }
 
     static __m256 SquareRoot(__m256 values) { return _mm256_sqrt_ps(values); }
+    static __m256 Min(__m256 a, __m256 b) { return _mm256_min_ps(a, b); }
+    static __m256 Max(__m256 a, __m256 b) { return _mm256_max_ps(a, b); }
 
     static bool HasAny(Ints lanes) { return _mm256_movemask_epi8(reinterpret_cast<__m256i>(lanes)) != 0; }
 };

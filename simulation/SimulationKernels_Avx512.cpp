@@ -92,31 +92,36 @@ struct CLanesAvx512
         return count;
     }
 
-    // Distance from a field of the first atom to the same field of each atom, in floats.
-    static __m512i GetFieldOffsets()
+    static __m512 LoadQuads(const float* pField)
     {
-        const __m512i lanes = _mm512_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15);
-        return _mm512_mullo_epi32(lanes, _mm512_set1_epi32(static_cast<int>(c_iAtomFloats)));
+        const __m512 first = _mm512_castps128_ps512(_mm_loadu_ps(pField));
+        const __m512 second = _mm512_insertf32x4(first, _mm_loadu_ps(pField + 4 * c_iAtomFloats), 1);
+        const __m512 third = _mm512_insertf32x4(second, _mm_loadu_ps(pField + 8 * c_iAtomFloats), 2);
+        return _mm512_insertf32x4(third, _mm_loadu_ps(pField + 12 * c_iAtomFloats), 3);
     }
 
-    static __m512 LoadField(const float* pFirst)
+    static __m512 InterleaveLow(__m512 a, __m512 b) { return _mm512_unpacklo_ps(a, b); }
+    static __m512 InterleaveHigh(__m512 a, __m512 b) { return _mm512_unpackhi_ps(a, b); }
+    static __m512 JoinLow(__m512 a, __m512 b) { return _mm512_shuffle_ps(a, b, _MM_SHUFFLE(1, 0, 1, 0)); }
+    static __m512 JoinHigh(__m512 a, __m512 b) { return _mm512_shuffle_ps(a, b, _MM_SHUFFLE(3, 2, 3, 2)); }
+
+    static void StorePairs(float* pField, __m512 pairs)
     {
-        return _mm512_i32gather_ps(GetFieldOffsets(), pFirst, sizeof(float));
+        StoreTwoPairs(pField, _mm512_castps512_ps128(pairs));
+        StoreTwoPairs(pField + 4 * c_iAtomFloats, _mm512_extractf32x4_ps(pairs, 1));
+        StoreTwoPairs(pField + 8 * c_iAtomFloats, _mm512_extractf32x4_ps(pairs, 2));
+        StoreTwoPairs(pField + 12 * c_iAtomFloats, _mm512_extractf32x4_ps(pairs, 3));
     }
 
-    static void StoreField(float* pFirst, __m512 values)
+    static void StoreTwoPairs(float* pField, __m128 pairs)
     {
-        _mm512_i32scatter_ps(pFirst, GetFieldOffsets(), values, sizeof(float));
-    }
-
-    // The radius is the lowest byte of its 32-bit word; the others are padding.
-    static Ints LoadRadii(const CAtom* pAtoms)
-    {
-        const __m512i words = _mm512_i32gather_epi32(GetFieldOffsets(), &pAtoms->radius, sizeof(float));
-        return reinterpret_cast<Ints>(_mm512_and_si512(words, _mm512_set1_epi32(0xFF)));
+        _mm_storel_pi(reinterpret_cast<__m64*>(pField), pairs);
+        _mm_storeh_pi(reinterpret_cast<__m64*>(pField + c_iAtomFloats), pairs);
     }
 
     static __m512 SquareRoot(__m512 values) { return _mm512_sqrt_ps(values); }
+    static __m512 Min(__m512 a, __m512 b) { return _mm512_min_ps(a, b); }
+    static __m512 Max(__m512 a, __m512 b) { return _mm512_max_ps(a, b); }
 
     static bool HasAny(Ints lanes)
     {

@@ -87,27 +87,22 @@ struct CLanesBaseline
         return count;
     }
 
-    static __m128 LoadField(const float* pFirst)
-    {
-        return _mm_setr_ps(pFirst[0], pFirst[c_iAtomFloats], pFirst[2 * c_iAtomFloats], pFirst[3 * c_iAtomFloats]);
-    }
+    static __m128 LoadQuads(const float* pField) { return _mm_loadu_ps(pField); }
 
-    static void StoreField(float* pFirst, __m128 values)
-    {
-        alignas(16) float lanes[c_iCount];
-        _mm_store_ps(lanes, values);
-        for (int i = 0; i < c_iCount; ++i)
-        {
-            pFirst[i * c_iAtomFloats] = lanes[i];
-        }
-    }
+    static __m128 InterleaveLow(__m128 a, __m128 b) { return _mm_unpacklo_ps(a, b); }
+    static __m128 InterleaveHigh(__m128 a, __m128 b) { return _mm_unpackhi_ps(a, b); }
+    static __m128 JoinLow(__m128 a, __m128 b) { return _mm_movelh_ps(a, b); }
+    static __m128 JoinHigh(__m128 a, __m128 b) { return _mm_movehl_ps(b, a); }
 
-    static Ints LoadRadii(const CAtom* pAtoms)
+    static void StorePairs(float* pField, __m128 pairs)
     {
-        return Ints{pAtoms[0].radius, pAtoms[1].radius, pAtoms[2].radius, pAtoms[3].radius};
+        _mm_storel_pi(reinterpret_cast<__m64*>(pField), pairs);
+        _mm_storeh_pi(reinterpret_cast<__m64*>(pField + c_iAtomFloats), pairs);
     }
 
     static __m128 SquareRoot(__m128 values) { return _mm_sqrt_ps(values); }
+    static __m128 Min(__m128 a, __m128 b) { return _mm_min_ps(a, b); }
+    static __m128 Max(__m128 a, __m128 b) { return _mm_max_ps(a, b); }
 
     static bool HasAny(Ints lanes) { return _mm_movemask_epi8(reinterpret_cast<__m128i>(lanes)) != 0; }
 };

@@ -13,10 +13,6 @@ namespace
 
 constexpr std::size_t c_uBlock = 1024; // atoms; their speeds stay in the first-level cache
 
-constexpr std::size_t c_uLanes = 8; // two vectors of the baseline: each waits for its last operation
-
-using Floats = float __attribute__((vector_size(sizeof(float) * c_uLanes)));
-
 float GetSpeed(const CAtom& atom)
 {
     return std::sqrt(atom.vx * atom.vx + atom.vy * atom.vy);
@@ -24,49 +20,22 @@ float GetSpeed(const CAtom& atom)
 
 } // namespace
 
-CSpeedRange CSpeedRange::Start(const CAtoms& atoms)
+CSpeedRange StartSpeedRange(const CAtoms& atoms)
 {
     const float fSpeed = GetSpeed(atoms[0]);
     return {fSpeed, fSpeed};
 }
 
-void CSpeedRange::Include(std::span<const float> speeds)
-{
-    Floats low = Floats{} + min;
-    Floats high = Floats{} + max;
-    const std::size_t uWhole = speeds.size() / c_uLanes * c_uLanes;
-    for (std::size_t i = 0; i < uWhole; i += c_uLanes)
-    {
-        Floats lanes;
-        __builtin_memcpy(&lanes, &speeds[i], sizeof lanes);
-        low = low > lanes ? lanes : low;
-        high = lanes > high ? lanes : high;
-    }
-    for (std::size_t i = 0; i < c_uLanes; ++i)
-    {
-        Include({low[i], high[i]});
-    }
-    for (const float fSpeed : speeds.subspan(uWhole))
-    {
-        Include({fSpeed, fSpeed});
-    }
-}
-
-// Comparisons with NaN are false: a NaN changes nothing, and is not replaced.
-
-void CSpeedRange::Include(const CSpeedRange& other)
-{
-    min = min > other.min ? other.min : min;
-    max = other.max > max ? other.max : max;
-}
-
-void ComputeSpeeds(const CAtoms& atoms, std::size_t uFirst, std::span<float> speeds, const CSimulationKernels& kernels)
+void ComputeSpeeds(const CAtoms& atoms, std::size_t uFirst, std::span<float> speeds, CSpeedRange& range,
+                   const CSimulationKernels& kernels)
 {
     const CAtom* const pAtoms = atoms.GetAtoms() + uFirst;
     const int count = static_cast<int>(speeds.size());
-    for (int i = kernels.pComputeSpeeds(pAtoms, count, speeds.data()); i < count; ++i)
+    for (int i = kernels.pComputeSpeeds(pAtoms, count, speeds.data(), range); i < count; ++i)
     {
-        speeds[static_cast<std::size_t>(i)] = GetSpeed(pAtoms[i]);
+        const float fSpeed = GetSpeed(pAtoms[i]);
+        speeds[static_cast<std::size_t>(i)] = fSpeed;
+        Include(range, {fSpeed, fSpeed});
     }
 }
 
@@ -77,21 +46,24 @@ void StoreStatistics(CAtoms& atoms, const CSpeedRange& range, float fTotal)
 
 void ComputeVelocityStatistics(CAtoms& atoms)
 {
+    ComputeVelocityStatistics(atoms, GetSimulationKernels());
+}
+
+void ComputeVelocityStatistics(CAtoms& atoms, const CSimulationKernels& kernels)
+{
     const auto uCount = static_cast<std::size_t>(atoms.GetCount());
     if (uCount == 0)
     {
         atoms.SetVelocities({});
         return;
     }
-    const CSimulationKernels& kernels = GetSimulationKernels();
-    CSpeedRange range = CSpeedRange::Start(atoms);
+    CSpeedRange range = StartSpeedRange(atoms);
     float fTotal = 0;
     std::array<float, c_uBlock> buffer;
     for (std::size_t uFirst = 0; uFirst < uCount; uFirst += c_uBlock)
     {
         const std::span<float> speeds = std::span(buffer).first(std::min(c_uBlock, uCount - uFirst));
-        ComputeSpeeds(atoms, uFirst, speeds, kernels);
-        range.Include(speeds);
+        ComputeSpeeds(atoms, uFirst, speeds, range, kernels);
         fTotal = AddInOrder(fTotal, speeds);
     }
     StoreStatistics(atoms, range, fTotal);

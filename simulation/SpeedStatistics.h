@@ -1,6 +1,7 @@
 #pragma once
 
 #include "simulation/CAtoms.h"
+#include "simulation/SpeedRange.h"
 
 #include <span>
 
@@ -10,24 +11,17 @@ struct CSimulationKernels;
 // total is added up in array order in single precision; another order would change its bits. All zero for an empty set.
 void ComputeVelocityStatistics(CAtoms& atoms);
 
+// The same with the given kernels; all kernels give the same bits.
+void ComputeVelocityStatistics(CAtoms& atoms, const CSimulationKernels& kernels);
+
 // The steps of it, for several threads.
 
-// The smallest and the largest of some speeds. NaN is neither, except that a NaN as the speed of the first atom of the
-// world stays both.
-struct CSpeedRange
-{
-    float min;
-    float max;
+// The range that holds the speed of the first atom alone.
+CSpeedRange StartSpeedRange(const CAtoms& atoms);
 
-    // Starts with the speed of the first atom of the world.
-    static CSpeedRange Start(const CAtoms& atoms);
-
-    void Include(std::span<const float> speeds);
-    void Include(const CSpeedRange& other);
-};
-
-// Writes the speeds of uFirst, uFirst + 1, ... to the span.
-void ComputeSpeeds(const CAtoms& atoms, std::size_t uFirst, std::span<float> speeds, const CSimulationKernels& kernels);
+// Writes the speeds of uFirst, uFirst + 1, ... to the span and includes them in the range.
+void ComputeSpeeds(const CAtoms& atoms, std::size_t uFirst, std::span<float> speeds, CSpeedRange& range,
+                   const CSimulationKernels& kernels);
 
 // Adds the speeds of all atoms up and stores the statistics.
 void StoreStatistics(CAtoms& atoms, const CSpeedRange& range, float fTotal);
