@@ -3,9 +3,9 @@
 #include "simulation/CAtom.h"
 #include "simulation/Lanes.h"
 
-// Loads and stores the fields of c_iCount consecutive atoms, one vector for each field. The records are read 16 bytes at
-// a time and transposed. A gather or scatter for each field touches every record again: with AVX-512 it took twice the
-// time when the atoms come from memory.
+// Loads and stores the fields of c_iCount consecutive atoms, one vector for each field. The records are read 16 bytes
+// at a time and transposed. A gather or scatter for each field touches every record again: with AVX-512 it took twice
+// the time when the atoms come from memory.
 //
 // A quad is four lanes of a vector, for four consecutive atoms.
 template<IsLanes Lanes>

@@ -17,6 +17,9 @@ concept IsLanes = requires(const typename T::CCircle& circle, const typename T::
 {
     requires T::c_iCount <= c_iMaxLanes;
 
+    // The points that FindNear looks at in one step: one block or several.
+    requires T::c_iSearchCount % T::c_iCount == 0 && T::c_iSearchCount <= c_iMaxLanes;
+
     // Stores the value into c_iCount elements; no alignment needed.
     T::Fill(pInts, std::int32_t{});
     T::Fill(pFloats, float{});
@@ -31,8 +34,8 @@ concept IsLanes = requires(const typename T::CCircle& circle, const typename T::
     // The CDisc with a packed point (see CCellScratch::points) and the square of a radius in points in every lane.
     T::MakeDisc(std::int32_t{}, std::int32_t{});
 
-    // Mask of the points of a block within the disc: one subtraction of 16-bit integers, and one multiplication that
-    // also adds the two squares.
+    // Mask of the c_iSearchCount points from a multiple of that on that are within the disc: one subtraction of 16-bit
+    // integers, and one multiplication that also adds the two squares.
     T::FindNear(disc, scratch, int{});
 
     // Packed points of a block: (position - origin) * scale, clamped to -limit..limit, rounded to nearest. NaN gives
@@ -40,7 +43,7 @@ concept IsLanes = requires(const typename T::CCircle& circle, const typename T::
     T::MakePoints(scratch, int{}, float{}, float{});
 
     // Writes uFirst + lane * sizeof(CCellAtom) for each lane of the mask, in order, and returns how many. May write up
-    // to c_iCount elements whatever the mask is.
+    // to c_iSearchCount elements whatever the mask is.
     T::Append(pEnd, std::uint32_t{}, std::uint32_t{});
 
     // A quad is four lanes. Quad q of LoadQuads is the field of atom 4 * q and the three that follow it in the record;

@@ -7,7 +7,7 @@
 #include <cstdint>
 
 // The search finds the pairs of a cell that may touch while the cell is at work: the pairs nearer than touching
-// distance plus a margin, c_iCount at a time, in whole numbers of 16 bits.
+// distance plus a margin, c_iSearchCount at a time, in whole numbers of 16 bits.
 
 // Added to the touching distance, world units. A smaller margin finds fewer pairs in vain; with a larger one fewer
 // atoms are pushed out of it. Pushes are about 0.2 on average, and rarely 1.
@@ -92,7 +92,7 @@ public:
         {
             Lanes::MakePoints(scratch, block, c_fPointsPerUnit, c_fFarthestPoint);
         }
-        Lanes::Fill(scratch.points + cell.count, PackPoint(c_iNowhere, c_iNowhere));
+        FillPointsAfter(cell);
     }
 
     // Writes the near pairs to scratch.pairs in ascending order, and the sentinel after the last. False for a dense
@@ -106,10 +106,10 @@ public:
         {
             Prefetch(cell.next, i);
             const CDisc disc = MakeSearchDisc(cell, i, scratch.radius[i]);
-            const int firstBlock = (i + 1) & ~(Lanes::c_iCount - 1);
+            const int firstBlock = (i + 1) & ~(Lanes::c_iSearchCount - 1);
             std::uint32_t uNear = Lanes::FindNear(disc, scratch, firstBlock) & LanesFrom(i + 1 - firstBlock);
             pEnd += Lanes::Append(pEnd, uNear, MakePair(i, firstBlock));
-            for (int block = firstBlock + Lanes::c_iCount; block < cell.count; block += Lanes::c_iCount)
+            for (int block = firstBlock + Lanes::c_iSearchCount; block < cell.count; block += Lanes::c_iSearchCount)
             {
                 uNear = Lanes::FindNear(disc, scratch, block);
                 pEnd += Lanes::Append(pEnd, uNear, MakePair(i, block));
@@ -152,9 +152,9 @@ public:
         scratch.y[index] = atom.searchedY = atom.y;
         Lanes::MakePoints(scratch, index & ~(Lanes::c_iCount - 1), c_fPointsPerUnit, c_fFarthestPoint);
         // In the last block this has overwritten the points of the lanes after the last atom.
-        Lanes::Fill(scratch.points + cell.count, PackPoint(c_iNowhere, c_iNowhere));
+        FillPointsAfter(cell);
         const CDisc disc = MakeSearchDisc(cell, index, scratch.radius[index]);
-        for (int block = 0; block < cell.count; block += Lanes::c_iCount)
+        for (int block = 0; block < cell.count; block += Lanes::c_iSearchCount)
         {
             // Pairs that were near before, even for the smallest radius of the cell, have been found already.
             std::uint32_t uNear = Lanes::FindNear(disc, scratch, block) & ~Lanes::FindNear(oldDisc, scratch, block);
@@ -184,6 +184,15 @@ private:
     {
         return static_cast<std::int32_t>(static_cast<std::uint32_t>(y) << 16 |
                                          (static_cast<std::uint32_t>(x) & 0xFFFFU));
+    }
+
+    // Puts the lanes after the last atom out of reach, up to the end of any block that the search looks at.
+    static void FillPointsAfter(const CCell& cell)
+    {
+        for (int lane = 0; lane < Lanes::c_iSearchCount; lane += Lanes::c_iCount)
+        {
+            Lanes::Fill(cell.scratch.points + cell.count + lane, PackPoint(c_iNowhere, c_iNowhere));
+        }
     }
 
     // The disc to search around an atom of that radius. Its own radius is radius + largest radius of the cell + margin,

@@ -81,6 +81,8 @@ struct CLanesAvx2
         return {_mm256_set1_epi32(point), _mm256_set1_epi32(reach)};
     }
 
+    static constexpr int c_iSearchCount = c_iCount;
+
     static std::uint32_t FindNear(const CDisc& disc, const CCellScratch& scratch, int block)
     {
         const __m256i points = _mm256_load_si256(reinterpret_cast<const __m256i*>(scratch.points + block));

@@ -55,6 +55,8 @@ struct CLanesAvx512
         return {_mm512_set1_epi32(point), _mm512_set1_epi32(reach)};
     }
 
+    static constexpr int c_iSearchCount = c_iCount;
+
     static std::uint32_t FindNear(const CDisc& disc, const CCellScratch& scratch, int block)
     {
         const __m512i offset = _mm512_sub_epi16(disc.point, _mm512_load_si512(scratch.points + block));
