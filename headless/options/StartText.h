@@ -12,6 +12,6 @@ constexpr const char* c_sRandomStart = "random";
 // --load-state.
 std::string DescribeStart(const COptions& options);
 
-// The value of --load-state that such a text came from; nullopt if it came from no state. A file that is called "random"
-// or like a point counts as none.
+// The value of --load-state that such a text came from; nullopt if it came from no state. A file that is called
+// "random" or like a point counts as none.
 std::optional<std::string> GetStartFile(const std::string& sStart);

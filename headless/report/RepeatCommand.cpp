@@ -13,8 +13,7 @@
 namespace
 {
 
-constexpr std::string_view c_sPlainLetters =
-    "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-+=./:";
+constexpr std::string_view c_sPlainLetters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-+=./:";
 
 // PowerShell takes these for a single quotation mark too.
 constexpr std::string_view c_SingleMarks[] = {"'", "\u2018", "\u2019", "\u201A", "\u201B"};

@@ -20,7 +20,8 @@ constexpr EnumShell c_eShell = EnumShell::Posix;
 #endif
 
 // An argument as it has to be written in a command so that the program gets sText. On POSIX systems, where a text may
-// hold control characters and bytes that are no UTF-8, these are written as \xNN in $'...', which bash, zsh and ksh read.
+// hold control characters and bytes that are no UTF-8, these are written as \xNN in $'...', which bash, zsh and ksh
+// read.
 std::string QuoteForShell(const std::string& sText, EnumShell eShell);
 
 // The command that gives the same world again to the bit, and the same colours. It names every setting, so that a later

@@ -71,8 +71,7 @@ void AddColours(CValueList& list, const CSettings& settings)
         list.AddText(c_sColourKeys[u], "colour " + sNumber, TextOfColour(settings.colours[u]));
         if (settings.factors[u].IsSet())
         {
-            list.AddText(c_sFactorKeys[u], "factor " + sNumber,
-                         Utf8FromWide(settings.factors[u].GetText().Get()));
+            list.AddText(c_sFactorKeys[u], "factor " + sNumber, Utf8FromWide(settings.factors[u].GetText().Get()));
         }
         else
         {
@@ -91,7 +90,8 @@ void AddWorld(CValueList& list, const CSettings& settings, const CRunResults& re
     list.AddNumber("atoms", "atoms", std::to_string(results.atoms));
     list.AddNumber("smallest_radius", "smallest radius", std::to_string(results.smallestRadius));
     list.AddNumber("largest_radius", "largest radius", std::to_string(results.largestRadius));
-    list.Add({"start", "start", EscapeUnprintable(results.start), EnumSummaryKind::Text, WithReplacements(results.start)});
+    list.Add(
+        {"start", "start", EscapeUnprintable(results.start), EnumSummaryKind::Text, WithReplacements(results.start)});
 }
 
 void AddTime(CValueList& list, const char* sKey, const char* sName, const CRunResults& results, double percent)

@@ -1,5 +1,7 @@
 #include "headless/console/HeadlessError.h"
 #include "headless/files/CByteWriter.h"
+#include "headless/report/RepeatCommand.h"
+#include "headless/report/RunResults.h"
 #include "headless/report/Summary.h"
 #include "headless/states/Checkpoint.h"
 #include "simulation/CAtoms.h"
@@ -71,7 +73,12 @@ void UseCheckpoint(const CCheckpoint& checkpoint, CAtoms& atoms)
     }
     CRunResults results;
     results.start = checkpoint.start;
-    FormatSummary(checkpoint.settings, results);
+    const std::string sCommand = MakeRepeatCommand(checkpoint.settings, results, EnumShell::Posix);
+    for (const EnumSummaryForm eForm : {EnumSummaryForm::Text, EnumSummaryForm::Json, EnumSummaryForm::Csv})
+    {
+        Require(!FormatSummary(MakeSummaryValues(checkpoint.settings, results, sCommand), eForm).empty(),
+                "the summary of an accepted checkpoint is empty");
+    }
 }
 
 } // namespace

@@ -100,8 +100,8 @@ TEST_F(RunObservers, EachObserverSeesEachMomentOnceAndInOrder)
     ShowTo(observers, 0, 1);
     ShowTo(observers, 1, 2);
 
-    EXPECT_EQ(calls, (CCalls{"a: observe 0", "b: observe 0", "a: observe 1", "b: observe 1", "a: observe 2",
-                             "b: observe 2"}));
+    EXPECT_EQ(calls,
+              (CCalls{"a: observe 0", "b: observe 0", "a: observe 1", "b: observe 1", "a: observe 2", "b: observe 2"}));
 }
 
 TEST_F(RunObservers, EveryObserverIsPreparedAndKept)

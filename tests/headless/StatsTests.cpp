@@ -111,8 +111,8 @@ TEST(Stats, ATableHasTheSameBytesEverywhere)
 {
     for (const char* const sThreads : {"1", "2", "3"})
     {
-        const std::string sSmall = GetStats({"--seed", "42", "--iterations", "100", "--stats-every", "7",
-                                             "--observables", "--threads", sThreads});
+        const std::string sSmall = GetStats(
+            {"--seed", "42", "--iterations", "100", "--stats-every", "7", "--observables", "--threads", sThreads});
         const std::string sLarge =
             GetStats({"--seed", "7", "--atoms", "50000", "--width", "2300", "--height", "2200", "--iterations", "12",
                       "--stats-every", "5", "--observables", "--threads", sThreads});
@@ -155,7 +155,8 @@ TEST(Stats, ARunThatContinuesRefusesAnotherTable)
         return GetUsageError(all);
     };
 
-    EXPECT_EQ(refuse({"--observables"}), "error: --stats-every: contradicts the checkpoint of --resume, which holds 10");
+    EXPECT_EQ(refuse({"--observables"}),
+              "error: --stats-every: contradicts the checkpoint of --resume, which holds 10");
     EXPECT_EQ(refuse({"--observables", "--stats-every", "5"}),
               "error: --stats-every: contradicts the checkpoint of --resume, which holds 10");
     EXPECT_EQ(refuse({"--stats-every", "10"}),

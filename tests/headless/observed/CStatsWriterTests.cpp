@@ -1,6 +1,6 @@
-#include "headless/observed/CStatsWriter.h"
 #include "headless/console/HeadlessError.h"
 #include "headless/files/CTextSink.h"
+#include "headless/observed/CStatsWriter.h"
 #include "settings/CSettings.h"
 #include "tests/headless/HeadlessTesting.h"
 
@@ -16,8 +16,8 @@ namespace
 
 constexpr CSize<int> c_World = {20, 10};
 
-// An atom of radius 1 that goes to and fro between the left and the right wall of the world, as if iterated: it moves by
-// 4 and so bounces at every fourth or fifth move.
+// An atom of radius 1 that goes to and fro between the left and the right wall of the world, as if iterated: it moves
+// by 4 and so bounces at every fourth or fifth move.
 CAtoms MoveBetweenWalls(CAtoms atoms)
 {
     CAtom& atom = atoms[0];

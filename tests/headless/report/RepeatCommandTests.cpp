@@ -1,6 +1,6 @@
-#include "headless/report/RepeatCommand.h"
 #include "headless/options/COptions.h"
 #include "headless/options/RunSettings.h"
+#include "headless/report/RepeatCommand.h"
 #include "headless/report/RunResults.h"
 
 #include <gtest/gtest.h>

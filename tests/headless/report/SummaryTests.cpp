@@ -1,5 +1,5 @@
-#include "headless/report/Summary.h"
 #include "headless/report/RunResults.h"
+#include "headless/report/Summary.h"
 #include "settings/CSettings.h"
 
 #include <gmock/gmock.h>
@@ -117,9 +117,9 @@ TEST(Summary, ValuesThatAreMissingAreNull)
     CRunResults results = MakeResults();
     results.iterations = 0;
     results.overlaps.reset();
-    for (const std::string sKey : {"factor_2", "median_time_ms", "percentile_95_time_ms",
-                                   "collisions_per_iteration_percent", "overlapping_pairs", "largest_overlap",
-                                   "overlaps_at_least"})
+    for (const std::string sKey :
+         {"factor_2", "median_time_ms", "percentile_95_time_ms", "collisions_per_iteration_percent",
+          "overlapping_pairs", "largest_overlap", "overlaps_at_least"})
     {
         EXPECT_EQ(JsonValue(results, sKey), "null") << sKey;
         EXPECT_EQ(CsvValue(results, sKey), "") << sKey;
