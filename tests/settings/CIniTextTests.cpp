@@ -144,6 +144,13 @@ TEST(IniText, AMarkOfUtf8DoesNotHideTheSection)
     EXPECT_EQ(text.GetString(L"S", L"Text", L"", 15), L"\u20AC");
 }
 
+TEST(IniText, TheNameOfASectionEndsAtItsLastBracket)
+{
+    const CIniText text("[S]x]\nKey=1\n[S] ; a comment\nKey=2\n");
+    EXPECT_EQ(text.GetInt(L"S]x", L"Key", 0), 1);
+    EXPECT_EQ(text.GetInt(L"S", L"Key", 0), 2);
+}
+
 TEST(IniText, LinesBeforeTheFirstSectionBelongToNoSection)
 {
     EXPECT_EQ(CIniText("Key=12\n[S]\n").GetInt(L"S", L"Key", 0), 0);

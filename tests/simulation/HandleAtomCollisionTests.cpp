@@ -172,45 +172,6 @@ TEST(AtomCollision, TheSpeedSumIsConserved)
     }
 }
 
-TEST(AtomCollision, AtomsAtTheSameCentreAreJitteredAndThenPushedApart)
-{
-    CRandom random(1);
-    CAtom a = MakeAtom(50, 60, 1, 0, 4);
-    CAtom b = MakeAtom(50, 60, -1, 0, 5);
-    HandleAtomCollision(a, b, random);
-    // The separation removes the overlap that existed before the jitter; the jitter itself (at most 0.2 per axis) is
-    // added.
-    EXPECT_GE(GetDistance(a, b), 9 - 0.0011);
-    EXPECT_LE(GetDistance(a, b), 9 + 0.283);
-    // Both move in opposite directions, so the middle stays, except for rounding.
-    EXPECT_NEAR((a.x + b.x) / 2, 50, c_fTolerance);
-    EXPECT_NEAR((a.y + b.y) / 2, 60, c_fTolerance);
-}
-
-// One jitter moves the two centres apart by at most 0.2 per axis, in the direction of two draws of the generator.
-TEST(AtomCollision, TheJitterDrawsOneNumberPerAxis)
-{
-    CRandom random(42);
-    CRandom expected(42);
-    const float jx = expected.GetRandomNumber_Float(-c_fMaxJitter, c_fMaxJitter);
-    const float jy = expected.GetRandomNumber_Float(-c_fMaxJitter, c_fMaxJitter);
-    CAtom a = MakeAtom(50, 60, 0, 0, 4);
-    CAtom b = MakeAtom(50, 60, 0, 0, 4);
-    HandleAtomCollision(a, b, random);
-    EXPECT_NEAR(std::atan2(a.y - b.y, a.x - b.x), std::atan2(jy, jx), 1e-3F);
-    EXPECT_EQ(random.GetRandomNumber_Float(0, 1), expected.GetRandomNumber_Float(0, 1));
-}
-
-TEST(AtomCollision, AtomsWithDifferentCentresDrawNoRandomNumber)
-{
-    CRandom random(42);
-    CRandom untouched(42);
-    CAtom a = MakeAtom(50, 60, 1, 0, 4);
-    CAtom b = MakeAtom(52, 60, 0, 1, 4);
-    HandleAtomCollision(a, b, random);
-    EXPECT_EQ(random.GetRandomNumber_Float(0, 1), untouched.GetRandomNumber_Float(0, 1));
-}
-
 // At 9,000 the spacing of floats is 0.00098. An overlap just above the tolerance of 0.001 asks for moves of half of it
 // per atom, times the cosine of the direction, which round to zero. A loop until the overlap is gone would never end.
 TEST(AtomCollision, ASeparationThatRoundsToZeroEnds)
@@ -232,30 +193,6 @@ TEST(AtomCollision, ASeparationThatRoundsToZeroEnds)
         EXPECT_TRUE(IsSameAtom(b, referenceB)) << "at " << angle << " degrees";
     }
     EXPECT_GT(stalled, 0) << "no separation rounded to zero, so nothing was tested";
-}
-
-// Far outside the world a jitter of 0.1 rounds to zero: no number of draws separates two centres there.
-TEST(AtomCollision, CoincidentAtomsTooFarOutForJitterAreLeftAlone)
-{
-    CRandom random(1);
-    CAtom a = MakeAtom(1e9F, -1e9F, 1, 0.25F, 5);
-    CAtom b = MakeAtom(1e9F, -1e9F, -1, 0.5F, 5);
-    HandleAtomCollision(a, b, random);
-    EXPECT_EQ(a.x, 1e9F);
-    EXPECT_EQ(a.vx, 1.0F);
-    EXPECT_EQ(b.vx, -1.0F);
-}
-
-// One coordinate that jitter can change is enough.
-TEST(AtomCollision, CoincidentAtomsFarOutOnOneAxisSeparateAlongTheOther)
-{
-    CRandom random(1);
-    CAtom a = MakeAtom(1e9F, 50, 1, 0.25F, 5);
-    CAtom b = MakeAtom(1e9F, 50, -1, 0.5F, 5);
-    HandleAtomCollision(a, b, random);
-    EXPECT_EQ(a.x, b.x);
-    EXPECT_GE(std::abs(a.y - b.y), 10 - 0.0011);
-    EXPECT_LE(std::abs(a.y - b.y), 10 + 0.2);
 }
 
 TEST(AtomCollision, ANanPositionTouchesNothing)

@@ -61,6 +61,16 @@ TEST(VisibleAtoms, AnAtomWithOnlyItsRimInsideIsVisible)
     EXPECT_TRUE(area.Shows(MakeAtom(350.0F, 854.0F, 255)));
 }
 
+// A painter may also colour the pixels around the exact circle, and it adds up positions in single precision.
+TEST(VisibleAtoms, AnAtomThatEndsLessThanTwoPixelsOutsideIsVisible)
+{
+    const CVisibleArea area(c_rcView, {0, 0});
+    EXPECT_TRUE(area.Shows(MakeAtom(-6.75F, 300.0F, 5)));
+    EXPECT_TRUE(area.Shows(MakeAtom(706.75F, 300.0F, 5)));
+    EXPECT_TRUE(area.Shows(MakeAtom(350.0F, -6.75F, 5)));
+    EXPECT_TRUE(area.Shows(MakeAtom(350.0F, 606.75F, 5)));
+}
+
 TEST(VisibleAtoms, TheScrollPositionMovesTheWorldBehindTheView)
 {
     const CVisibleArea area(c_rcView, {-9000, -8000});

@@ -240,9 +240,18 @@ TEST(RunSettings, FactorsOfTheFileAreCheckedAsInTheWindow)
 
 TEST(RunSettings, TheStartPointMustLeaveRoomForTheLargestAtom)
 {
-    EXPECT_EQ(GetError({"--start-at", "9,191", "--max-radius", "9"}, "World_width=300\nWorld_height=200\n"), "");
-    EXPECT_THAT(GetError({"--start-at", "9,192", "--max-radius", "9"}, "World_width=300\nWorld_height=200\n"),
-                StartsWith("usage: --start-at: 9,192 is not allowed; allowed is X from 9 to 291 and Y from 9 to 191"));
+    const auto tryPoint = [](const std::string& sPoint) {
+        return GetError({"--start-at", sPoint, "--max-radius", "9"}, "World_width=300\nWorld_height=200\n");
+    };
+    for (const char* sPoint : {"9,191", "291,9"})
+    {
+        EXPECT_EQ(tryPoint(sPoint), "");
+    }
+    for (const char* sPoint : {"9,192", "9,8", "8,9", "292,9"})
+    {
+        EXPECT_THAT(tryPoint(sPoint), StartsWith("usage: --start-at: " + std::string(sPoint) +
+                                                 " is not allowed; allowed is X from 9 to 291 and Y from 9 to 191"));
+    }
 }
 
 TEST(RunSettings, TheFileIsReadFromTheDisk)

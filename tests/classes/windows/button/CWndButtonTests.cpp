@@ -85,13 +85,18 @@ TEST_F(WndButton, AHeldKeyPressesItOnlyOnce)
 
 TEST_F(WndButton, TheMouseReleasedOutsideDoesNotPressIt)
 {
-    PostMessageW(m_hButton, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-    PostMessageW(m_hButton, WM_LBUTTONUP, 0, MAKELPARAM(-20, 5));
-    m_Main.Pump();
-    EXPECT_TRUE(m_Main.m_notices.empty());
-    PostMessageW(m_hButton, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
-    m_Main.Pump();
-    EXPECT_TRUE(m_Main.m_notices.empty()) << "a release without a press";
+    RECT rc{};
+    GetClientRect(m_hButton, &rc);
+    for (const POINT& pt : {POINT{-1, 5}, POINT{rc.right, 5}, POINT{5, -1}, POINT{5, rc.bottom}})
+    {
+        PostMessageW(m_hButton, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+        PostMessageW(m_hButton, WM_LBUTTONUP, 0, MAKELPARAM(pt.x, pt.y));
+        m_Main.Pump();
+        EXPECT_TRUE(m_Main.m_notices.empty()) << "released at " << pt.x << ", " << pt.y;
+        PostMessageW(m_hButton, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+        m_Main.Pump();
+        EXPECT_TRUE(m_Main.m_notices.empty()) << "a release without a press";
+    }
 }
 
 TEST_F(WndButton, SpaceReleasedAfterTheFocusHasLeftDoesNotPressIt)
