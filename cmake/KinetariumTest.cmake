@@ -38,14 +38,15 @@ else()
   set(KINETARIUM_WORLD native)
 endif()
 
-# kinetarium_test(NAME [DESKTOP name] [SHOWN_WORLD] [TIMEOUT seconds] SOURCES source... LIBRARIES library...)
+# kinetarium_test(NAME [DESKTOP name] [SHOWN_WORLD] [AFTER fixture] [TIMEOUT seconds] SOURCES source... LIBRARIES library...)
 # A test program of one folder. Programs with a DESKTOP open real windows: they carry the manifest and the pictures of
 # Kinetarium itself. Tests of one desktop share its keyboard focus, so they run one at a time. There are two desktops,
 # "first" and "second", and the two take about as long as each other: test.sh runs them side by side. In a session with
 # only one desktop scripts/wine-emulator.sh runs the tests of both one at a time.
+# AFTER: a fixture of CTest that sets up what the tests read.
 # SHOWN_WORLD: the tests look at the world on the screen, so they run without Direct2D where Wine does not show it.
 function(kinetarium_test NAME)
-  cmake_parse_arguments(PARSE_ARGV 1 TEST "SHOWN_WORLD" "DESKTOP;TIMEOUT" "SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 TEST "SHOWN_WORLD" "AFTER;DESKTOP;TIMEOUT" "SOURCES;LIBRARIES")
   if(NOT TEST_TIMEOUT)
     set(TEST_TIMEOUT 60)
   endif()
@@ -66,6 +67,9 @@ function(kinetarium_test NAME)
     list(APPEND properties COST 100
       RESOURCE_LOCK "desktop ${TEST_DESKTOP}" ENVIRONMENT_MODIFICATION "KINETARIUM_DESKTOP=set:${TEST_DESKTOP}")
     kinetarium_resources(${NAME})
+  endif()
+  if(TEST_AFTER)
+    list(APPEND properties FIXTURES_REQUIRED ${TEST_AFTER})
   endif()
   if(TEST_SHOWN_WORLD)
     list(APPEND properties ENVIRONMENT KINETARIUM_SHOWN_WORLD=1)

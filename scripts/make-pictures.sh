@@ -1,52 +1,52 @@
 #!/usr/bin/env bash
-# Builds Kinetarium and takes new pictures for docs/user-guide.md, from the running program on a virtual display. The world
-# in fixed mode is drawn by kinetarium-headless, because Wine 8 cannot show it; it comes out the same every time.
-#
-#   make-pictures.sh [--headless] [--tree FOLDER] [--prefix FOLDER]
-#
-#   --headless       only the picture that kinetarium-headless draws
-#   --tree FOLDER    use this build tree instead of building the preset windows-release
-#   --prefix FOLDER  the Wine prefix (that of wine-session.sh)
-#
-# If ImageMagick's "convert" is installed, the files become half as large.
+# Takes the pictures of README.md and of the user guide. See --help.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-folder=docs/images
-tree=
-only_headless=no
-session=()
+usage() {
+    cat <<'TEXT'
+usage: scripts/make-pictures.sh [--output FOLDER] [--this-session] [--tree FOLDER]
+
+Builds Kinetarium, uses it on a virtual display as the guide describes, and replaces the PNG files in docs/images by what
+the screen shows then. It does so under the Wine of a later Debian, which shows the world that Direct2D draws; see
+scripts/later-wine.sh, which makes that system the first time.
+
+  --output FOLDER  another folder than docs/images, inside of this checkout
+  --this-session   instead: under the Wine and on the display of the session that has started this script, without
+                   building; so does a test
+  --tree FOLDER    with --this-session: the build tree (build/windows-release)
+TEXT
+}
+
+output=docs/images
+tree=build/windows-release
+this_session=no
 while [ $# -gt 0 ]; do
     case "$1" in
-    --headless) only_headless=yes && shift ;;
+    --output) output=${2:?--output needs a folder} && shift 2 ;;
+    --this-session) this_session=yes && shift ;;
     --tree) tree=${2:?--tree needs a folder} && shift 2 ;;
-    --prefix) session=(--prefix "${2:?--prefix needs a folder}") && shift 2 ;;
-    *) echo "make-pictures: unknown argument $1" >&2 && exit 2 ;;
+    --help | -h) usage && exit 0 ;;
+    *) usage >&2 && exit 2 ;;
     esac
 done
-mkdir -p "$folder"
-scripts/build.sh native-release -- kinetarium-headless
-build/native-release/bin/kinetarium-headless --quiet --seed 42 --width 640 --height 240 --atoms 600 --iterations 300 \
-    --colour-mode fixed --factors '25%,50%,' --colours ff0000,808080,00ff00 --picture "$folder/fixed.png" >/dev/null
-if [ "$only_headless" = yes ]; then
-    ls -l "$folder/fixed.png"
-    exit 0
+
+if [ "$this_session" = no ]; then
+    exec scripts/later-wine.sh scripts/wine-session.sh scripts/make-pictures.sh --this-session --output "$output"
 fi
 
-if [ -z "$tree" ]; then
-    scripts/build.sh windows-release -- Kinetarium kinetarium-pictures
-    tree=build/windows-release
-fi
-
-export KINETARIUM_SHOWN_WORLD=1
-scripts/wine-session.sh "${session[@]}" timeout --foreground --kill-after=10 300 \
+# Windows smooths the edges of what Direct2D draws. Wine does so only if it takes several samples of each pixel.
+export WINE_D3D_CONFIG="csmt=0x0,SampleCount=4"
+mkdir -p "$output"
+# If it fails in the middle, the folder keeps pictures of one and the same program. A Windows program takes an argument
+# that begins with a slash for an option.
+tree=$(realpath --relative-to=. "$tree")
+folder=$(mktemp -d "$tree/pictures.XXXXXX")
+trap 'rm -rf "$folder"' EXIT
+timeout --foreground --kill-after=10 300 \
     scripts/wine-emulator.sh "$tree/bin/kinetarium-pictures.exe" "$tree/bin/Kinetarium.exe" "$folder"
-
-colours=128 # enough for the backdrop's shades, the controls and the atoms
-if command -v convert >/dev/null; then
-    for name in panel-speed panel-fixed message lowered run; do
-        convert "$folder/$name.png" -dither None -colors "$colours" -strip "PNG8:$folder/$name.small"
-        mv "$folder/$name.small" "$folder/$name.png"
-    done
-fi
-ls -l "$folder"
+rm -f "$output"/*.png
+for picture in "$folder"/*.png; do
+    install -m 644 "$picture" "$output/"
+done
+(cd "$output" && ls -l -- *.png)

@@ -2,13 +2,19 @@
 
 #include <wincodec.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <functional>
+#include <map>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace
 {
 constexpr WORD c_uBitsPerPixel = 32;
+constexpr std::size_t c_uPaletteColours = 256;
+constexpr std::uint32_t c_uOpaque = 0xFF000000;
 constexpr std::uint32_t c_uByteMask = 0xFF;
 constexpr int c_iRedShift = 16;
 constexpr int c_iGreenShift = 8;
@@ -98,6 +104,28 @@ COLORREF CScreenPicture::GetPixel(int iX, int iY) const
     return RGB((uPixel >> c_iRedShift) & c_uByteMask, (uPixel >> c_iGreenShift) & c_uByteMask, uPixel & c_uByteMask);
 }
 
+std::vector<std::uint32_t> CScreenPicture::FindPalette() const
+{
+    std::map<std::uint32_t, std::size_t> counts;
+    for (const std::uint32_t uPixel : m_aPixels)
+    {
+        ++counts[uPixel | c_uOpaque];
+    }
+    std::vector<std::pair<std::size_t, std::uint32_t>> colours;
+    for (const auto& [uColour, uCount] : counts)
+    {
+        colours.emplace_back(uCount, uColour);
+    }
+    std::ranges::sort(colours, std::ranges::greater());
+    colours.resize(std::min(colours.size(), c_uPaletteColours));
+    std::vector<std::uint32_t> palette;
+    for (const auto& [uCount, uColour] : colours)
+    {
+        palette.push_back(uColour);
+    }
+    return palette;
+}
+
 void CScreenPicture::SavePng(const std::filesystem::path& file) const
 {
     const CComScope com;
@@ -123,10 +151,20 @@ void CScreenPicture::SavePng(const std::filesystem::path& file) const
                                           uWidth * static_cast<UINT>(sizeof(std::uint32_t)), uBytes, pBytes,
                                           bitmap.Receive()),
           "CreateBitmapFromMemory");
+    CReference<IWICPalette> palette;
+    Check(factory->CreatePalette(palette.Receive()), "CreatePalette");
+    std::vector<WICColor> aColours = FindPalette();
+    Check(palette->InitializeCustom(aColours.data(), static_cast<UINT>(aColours.size())), "InitializeCustom");
+    CReference<IWICFormatConverter> converter;
+    Check(factory->CreateFormatConverter(converter.Receive()), "CreateFormatConverter");
+    WICPixelFormatGUID format = GUID_WICPixelFormat8bppIndexed;
+    Check(converter->Initialize(bitmap.Get(), format, WICBitmapDitherTypeNone, palette.Get(), 0.,
+                                WICBitmapPaletteTypeCustom),
+          "the converter's Initialize");
     Check(frame->SetSize(uWidth, uHeight), "SetSize");
-    WICPixelFormatGUID format = GUID_WICPixelFormat24bppBGR;
     Check(frame->SetPixelFormat(&format), "SetPixelFormat");
-    Check(frame->WriteSource(bitmap.Get(), nullptr), "WriteSource");
+    Check(frame->SetPalette(palette.Get()), "SetPalette");
+    Check(frame->WriteSource(converter.Get(), nullptr), "WriteSource");
     Check(frame->Commit(), "the frame's Commit");
     Check(encoder->Commit(), "Commit");
 }

@@ -1,6 +1,7 @@
-// Takes the pictures of the user guide: starts the program, uses it as the guide describes, and saves the screen. With
-// --worlds it takes pictures of the world in both modes, scrolled and in full screen instead.
+// Takes the pictures of the README and the user guide: starts the program, uses it as the guide describes, and saves
+// the screen. With --worlds it takes pictures of the world in both modes, scrolled and in full screen instead.
 
+#include "tests/endtoend/CCalmWindow.h"
 #include "tests/endtoend/CDrivenProgram.h"
 #include "tests/endtoend/CKinetariumUser.h"
 #include "tests/endtoend/CPanelUser.h"
@@ -24,16 +25,19 @@ namespace
 using Row = EnumPanelRow;
 
 constexpr auto c_endPatience = std::chrono::milliseconds(20000);
-constexpr DWORD c_uPaintMilliseconds = 500; // gives the program time to draw its changes
+constexpr DWORD c_uPaintMilliseconds = 300; // gives the program time to draw its changes
 
 class CPhotographer
 {
 public:
     CPhotographer(const std::filesystem::path& program, std::filesystem::path folder)
-        : m_copy(program), m_program(m_copy.GetPath()), m_user(m_program), m_panel(m_user), m_folder(std::move(folder))
+        : m_copy(program),
+          m_program(m_copy.GetPath()),
+          m_user(m_program),
+          m_panel(m_user),
+          m_calm(m_user, m_panel),
+          m_folder(std::move(folder))
     {
-        BringToFront(m_user.GetMainWindow());
-        m_user.RestMouse();
     }
 
     void Take_GuidePictures();
@@ -51,26 +55,24 @@ private:
     void Take_Panel();
     void Take_Messages();
     void Take_Lowered();
-    void Take_Run();
+    void Take_Million();
     void ChooseFixedMode() const;
     void Take_RunNamed(const char* sName) const;
     // Waits until a part of the screen has changed several times: a slow painter needs a while for its first frames.
     static void WaitForFrames(const RECT& rc)
     {
-        constexpr int c_iEnough = 3;
         int iChanges = 0;
         CScreenPicture before(rc);
         WaitUntil("frames", c_endPatience, [&] {
             CScreenPicture now(rc);
             iChanges += now == before ? 0 : 1;
             before = std::move(now);
-            return iChanges >= c_iEnough;
+            return iChanges >= 3;
         });
     }
 
     void Save(const RECT& rc, const char* sName) const
     {
-        Sleep(c_uPaintMilliseconds);
         CScreenPicture(rc).SavePng(m_folder / (std::string(sName) + ".png"));
         std::cout << "Saved " << sName << std::endl;
     }
@@ -93,6 +95,7 @@ private:
     CDrivenProgram m_program;
     CKinetariumUser m_user;
     CPanelUser m_panel;
+    CCalmWindow m_calm;
     std::filesystem::path m_folder;
 };
 
@@ -100,17 +103,23 @@ void CPhotographer::Take_GuidePictures()
 {
     Take_Panel();
     Take_Messages();
-    Take_Run();
+    m_panel.Enter(Row::TotalAtoms, L"1000");
+    Take_RunNamed("run");
     Take_Lowered();
+    ChooseFixedMode();
+    Take_RunNamed("fixed");
+    Take_Million();
 }
 
 void CPhotographer::Take_Panel()
 {
     m_panel.Enter(Row::TotalAtoms, L"1000");
-    m_user.RestMouse();
+    m_calm.FocusButton();
+    m_calm.RestMouse();
     Save(GetPanelRectangle(), "panel-speed");
     ChooseFixedMode();
-    m_user.RestMouse();
+    m_calm.FocusButton();
+    m_calm.RestMouse();
     Save(GetPanelRectangle(), "panel-fixed");
 }
 
@@ -130,6 +139,7 @@ void CPhotographer::Take_Messages()
     m_panel.ClickStart();
     const CSeenMessage message = m_panel.WaitForMessage();
     m_user.RestMouse();
+    Sleep(c_uPaintMilliseconds);
     RECT rc{};
     GetWindowRect(message.hWindow, &rc);
     Save(rc, "message");
@@ -138,17 +148,22 @@ void CPhotographer::Take_Messages()
     m_panel.Enter(Row::Factor1, L"0.75");
 }
 
-void CPhotographer::Take_Run()
+void CPhotographer::Take_Million()
 {
-    m_panel.Enter(Row::TotalAtoms, L"1000");
-    Take_RunNamed("run");
+    m_panel.ChooseMode(L"Speed");
+    m_panel.Enter(Row::Factor1, L"0.75");
+    m_panel.Enter(Row::Factor3, L"1.25");
+    m_panel.Enter(Row::TotalAtoms, L"1000000");
+    m_panel.Enter(Row::Width, L"9999");
+    m_panel.Enter(Row::Height, L"9999");
+    Take_RunNamed("kinetarium");
 }
 
 void CPhotographer::Take_RunNamed(const char* sName) const
 {
     m_user.PressStart();
-    m_user.RestMouse();
-    m_user.WaitForStatistics(0);
+    m_calm.RestMouse();
+    m_calm.WaitForStatisticsOnScreen();
     Save(m_user.GetWindowRectangle(), sName);
     m_user.PressStop();
 }
@@ -187,7 +202,8 @@ void CPhotographer::Take_Lowered()
     TurnWheel({rcWidth.left, rcWidth.top}, c_iNotches);
     WaitUntil("the last row to come into view", c_endPatience, [&] { return m_panel.IsWhollyVisible(Row::Factor3); });
     m_panel.Enter(Row::Factor3, L"1.25");
-    m_user.RestMouse();
+    m_calm.FocusButton();
+    m_calm.RestMouse();
     Save(m_user.GetWindowRectangle(), "lowered");
     SetWindowPos(m_user.GetMainWindow(), nullptr, 0, 0, rcBefore.right - rcBefore.left, rcBefore.bottom - rcBefore.top,
                  SWP_NOMOVE | SWP_NOZORDER);

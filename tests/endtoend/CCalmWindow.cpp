@@ -1,0 +1,92 @@
+#include "tests/endtoend/CCalmWindow.h"
+
+#include "tests/endtoend/CScreenPicture.h"
+#include "tests/endtoend/Keyboard.h"
+#include "tests/endtoend/UserInput.h"
+#include "tests/endtoend/WaitUntil.h"
+#include "tests/endtoend/WindowSearch.h"
+
+#include <chrono>
+
+namespace
+{
+constexpr auto c_patience = std::chrono::milliseconds(60000);
+constexpr DWORD c_uPaintMilliseconds = 300; // gives the program time to draw its changes
+
+bool HasDarkText(const CScreenPicture& picture)
+{
+    constexpr int c_iDark = 100;
+    constexpr int c_iEnough = 100; // pixels
+    int iDark = 0;
+    for (int iY = 0; iY < picture.GetHeight(); ++iY)
+    {
+        for (int iX = 0; iX < picture.GetWidth(); ++iX)
+        {
+            iDark += GetGValue(picture.GetPixel(iX, iY)) < c_iDark ? 1 : 0;
+        }
+    }
+    return iDark >= c_iEnough;
+}
+} // namespace
+
+CCalmWindow::CCalmWindow(const CKinetariumUser& user, const CPanelUser& panel) : m_user(user), m_panel(panel)
+{
+    BringToFront(m_user.GetMainWindow());
+    MoveMouse(MiddleOf(m_user.GetStatusBar()));
+    Sleep(c_uPaintMilliseconds);
+    m_aColours = GetColours();
+}
+
+std::array<COLORREF, 2> CCalmWindow::GetColours() const
+{
+    RECT rcButton{};
+    GetWindowRect(m_user.GetButton(), &rcButton);
+    const CScreenPicture button(rcButton);
+    const CScreenPicture list(m_panel.GetControlRectangle(EnumPanelRow::ColourMode));
+    return {button.GetPixel(button.GetWidth() / 4, button.GetHeight() / 2),
+            list.GetPixel(list.GetWidth() * 3 / 5, 0)};
+}
+
+void CCalmWindow::RestMouse() const
+{
+    constexpr int c_iPolls = 10;
+    const HWND hRest = m_user.GetStatusBar();
+    MoveMouse(MiddleOf(hRest));
+    int iPolls = 0;
+    WaitUntil("the program to notice that the mouse has left", c_patience, [&] {
+        Sleep(c_uPaintMilliseconds);
+        const std::wstring sText = m_user.GetStatusText();
+        if (GetColours() == m_aColours && (sText.empty() || ParseStatisticsLine(sText)))
+        {
+            return true;
+        }
+        // Wine 8 sometimes misses that the mouse has left. Then it comes and goes once more.
+        if (++iPolls % c_iPolls == 0)
+        {
+            MoveMouse(MiddleOf(m_user.GetButton()));
+            MoveMouse(MiddleOf(m_panel.GetControl(EnumPanelRow::ColourMode)));
+            MoveMouse(MiddleOf(hRest));
+        }
+        return false;
+    });
+}
+
+void CCalmWindow::FocusButton() const
+{
+    while (m_panel.GetFocus() != m_user.GetButton())
+    {
+        const HWND hBefore = m_panel.GetFocus();
+        PressKey(VK_TAB);
+        WaitUntil("the next control to get the focus", c_patience, [&] { return m_panel.GetFocus() != hBefore; });
+    }
+}
+
+void CCalmWindow::WaitForStatisticsOnScreen() const
+{
+    constexpr int c_iTextWidth = 300; // pixels; a statistics line is longer
+    m_user.WaitForStatistics(m_user.WaitForStatistics(0).iterations);
+    RECT rcText{};
+    GetWindowRect(m_user.GetStatusBar(), &rcText);
+    rcText.right = rcText.left + c_iTextWidth;
+    WaitUntil("the statistics line on the screen", c_patience, [&] { return HasDarkText(CScreenPicture(rcText)); });
+}
