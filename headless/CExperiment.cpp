@@ -4,6 +4,7 @@
 #include "headless/console/HeadlessError.h"
 #include "headless/files/COutputFile.h"
 #include "headless/files/Interruption.h"
+#include "headless/HistogramsOfRun.h"
 #include "headless/observed/CStatsWriter.h"
 #include "headless/options/StartText.h"
 #include "headless/OutputPlaces.h"
@@ -68,13 +69,14 @@ void CExperiment::CheckOutputs() const
 {
     CheckOutputPlaces(m_Options, m_uLastIteration);
     for (const std::optional<std::string>& sPath :
-         {m_Options.saveState, m_Options.stats, m_Options.picture, m_Options.checkpoint})
+         {m_Options.saveState, m_Options.stats, m_Options.histogram, m_Options.picture, m_Options.checkpoint})
     {
         if (sPath && *sPath != c_sStandardOutput)
         {
             COutputFile::Check(*sPath);
         }
     }
+    CheckHistogramIterations(m_Options, m_Results.iterations, m_uLastIteration, m_Progress);
     if (m_Options.pictureEvery)
     {
         COutputFile::Check(GetNumberedName(*m_Options.picture, m_uLastIteration, m_uLastIteration));
@@ -148,6 +150,7 @@ void CExperiment::AddObservers(CRunObservers& observers)
         IByteSink* const pDirect = *m_Options.stats == c_sStandardOutput ? &m_StandardOutput : nullptr;
         observers.Add("--stats", std::make_unique<CStatsWriter>(*m_Options.stats, pDirect, table));
     }
+    AddHistograms(observers, m_Options, m_Results.startSpeedSum / m_Atoms.GetCount(), m_StandardOutput);
 }
 
 void CExperiment::Iterate()

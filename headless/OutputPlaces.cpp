@@ -39,6 +39,14 @@ void Add(std::vector<CPlace>& places, const char* sOption, const std::optional<s
     }
 }
 
+void AddGrowing(std::vector<CPlace>& places, const std::string& sOption, const std::optional<std::string>& path)
+{
+    if (path && *path != c_sStandardOutput)
+    {
+        places.push_back({"the growing file of " + sOption, Utf8FromPath(COutputFile::GetPartialPath(*path)), true});
+    }
+}
+
 // A terminal, a pipe or a device holds nothing that could be replaced.
 void AddRedirected(std::vector<CPlace>& places, const char* sName, const char* sPath, bool bOutput)
 {
@@ -56,6 +64,7 @@ std::vector<CPlace> GetPlaces(const COptions& options)
     Add(places, "--settings", options.settings, false);
     Add(places, "--save-state", options.saveState, true);
     Add(places, "--stats", options.stats, true);
+    Add(places, "--histogram", options.histogram, true);
     Add(places, "--picture", options.picture, true);
     Add(places, "--checkpoint", options.checkpoint, true);
     // A run may continue its own checkpoint and replace it.
@@ -63,10 +72,8 @@ std::vector<CPlace> GetPlaces(const COptions& options)
     {
         Add(places, "--resume", options.resume, false);
     }
-    if (options.stats && *options.stats != c_sStandardOutput)
-    {
-        Add(places, "the growing file of --stats", Utf8FromPath(COutputFile::GetPartialPath(*options.stats)), true);
-    }
+    AddGrowing(places, "--stats", options.stats);
+    AddGrowing(places, "--histogram", options.histogram);
     AddRedirected(places, "standard output", c_sStandardOutputFile, true);
     if (options.loadState == c_sStandardInput)
     {

@@ -8,6 +8,7 @@
 #include <CLI/CLI.hpp>
 
 #include <functional>
+#include <initializer_list>
 #include <limits>
 #include <type_traits>
 #include <utility>
@@ -16,6 +17,7 @@ namespace
 {
 
 constexpr std::uint64_t c_uMostIterations = 1'000'000'000'000; // years of the smallest world
+constexpr std::uint64_t c_uMostBins = 1000;                    // a checkpoint holds the last histogram
 constexpr std::uint64_t c_uLargestSeed = std::numeric_limits<std::uint64_t>::max();
 
 // Adds an option. A function of OptionValues.h reads its text and gets the option's name for messages.
@@ -105,11 +107,27 @@ void AddStatsOptions(CLI::App& app, COptions& options)
                  "pressure = impulses / (perimeter * iterations)");
 }
 
+void AddHistogramOptions(CLI::App& app, COptions& options)
+{
+    AddFile(app, "--histogram", options.histogram,
+            "Write the speeds of the atoms as CSV, counted in bins; - is standard output");
+    const auto parse = [](const std::string& sOption, const std::string& sText) {
+        return ParseMomentsOption(sOption, sText, c_uMostIterations);
+    };
+    AddOption(app, "--histogram-at", options.histogramAt, parse, "N,N,end",
+              "With --histogram: after these iterations; 0 is the start, end the last (end)");
+    AddNumber(app, "--histogram-bins", options.histogramBins, 1, c_uMostBins,
+              "With --histogram: number of equal bins, 1..1000 (50); one more counts faster atoms");
+    AddOption(app, "--histogram-range", options.histogramRange, ParseSpeedOption, "SPEED",
+              "With --histogram: the bins divide the speeds from 0 to SPEED (4 times the average at the start)");
+}
+
 void AddOutputOptions(CLI::App& app, COptions& options)
 {
     AddFile(app, "--save-state", options.saveState,
             "Write the atoms after the last iteration as CSV; - is standard output");
     AddStatsOptions(app, options);
+    AddHistogramOptions(app, options);
     AddFile(app, "--picture", options.picture, "Write a PNG of the world after the last iteration");
     AddCount(app, "--picture-every", options.pictureEvery, 1,
              "With --picture: one after every N iterations too, numbered before the extension");
@@ -154,17 +172,27 @@ void CheckCombinations(const COptions& options)
     }
 }
 
-void CheckStatsOptions(const COptions& options)
+// Refuses details of a file that is not asked for.
+void CheckDetails(const std::optional<std::string>& file, const char* sFileOption,
+                  std::initializer_list<std::pair<bool, const char*>> details)
 {
-    const std::pair<bool, const char*> details[] = {{options.statsEvery.has_value(), "--stats-every"},
-                                                    {options.observables, "--observables"}};
     for (const auto& [bGiven, sName] : details)
     {
-        if (!options.stats && bGiven)
+        if (!file && bGiven)
         {
-            throw CUsageError(std::string(sName) + ": needs --stats, which names the file");
+            throw CUsageError(std::string(sName) + ": needs " + sFileOption + ", which names the file");
         }
     }
+}
+
+void CheckObserverOptions(const COptions& options)
+{
+    CheckDetails(options.stats, "--stats",
+                 {{options.statsEvery.has_value(), "--stats-every"}, {options.observables, "--observables"}});
+    CheckDetails(options.histogram, "--histogram",
+                 {{options.histogramAt.has_value(), "--histogram-at"},
+                  {options.histogramBins.has_value(), "--histogram-bins"},
+                  {options.histogramRange.has_value(), "--histogram-range"}});
 }
 
 void CheckCheckpointOptions(const COptions& options)
@@ -217,7 +245,7 @@ CParsedOptions ParseOptions(const std::vector<std::string>& arguments)
         throw CUsageError(error.what());
     }
     CheckCombinations(parsed.options);
-    CheckStatsOptions(parsed.options);
+    CheckObserverOptions(parsed.options);
     CheckCheckpointOptions(parsed.options);
     return parsed;
 }

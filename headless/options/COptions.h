@@ -2,6 +2,7 @@
 
 #include "classes/core/CPoint.h"
 #include "headless/options/EnumSummaryForm.h"
+#include "headless/options/OptionValues.h"
 #include "settings/CSettings.h"
 
 #include <cstdint>
@@ -27,7 +28,11 @@ struct COptions
     std::optional<std::string> saveState; // "-" is standard output
     std::optional<std::string> stats;     // "-" is standard output
     std::optional<std::uint64_t> statsEvery;
-    bool observables = false; // of the statistics
+    bool observables = false;             // of the statistics
+    std::optional<std::string> histogram; // "-" is standard output
+    std::optional<CMoments> histogramAt;
+    std::optional<int> histogramBins;
+    std::optional<double> histogramRange;
     std::optional<std::string> picture;
     std::optional<std::uint64_t> pictureEvery;
     std::optional<EnumAtomColourMode> colourMode;

@@ -149,6 +149,40 @@ CFactors ParseFactorsOption(const std::string& sOption, const std::string& sText
     return factors;
 }
 
+CMoments ParseMomentsOption(const std::string& sOption, const std::string& sText, std::uint64_t uHigh)
+{
+    CMoments moments;
+    for (const std::string_view sPart : SplitAtCommas(sText))
+    {
+        if (sPart == "end")
+        {
+            moments.bEnd = true;
+            continue;
+        }
+        const std::optional<std::uint64_t> uIteration = ParseWholeNumber(WithoutExponent(std::string(sPart)));
+        if (!uIteration || *uIteration > uHigh)
+        {
+            Reject(sOption, sText, "iterations up to " + std::to_string(uHigh) + " and end, with commas: 0,1e3,end");
+        }
+        moments.iterations.push_back(*uIteration);
+    }
+    std::sort(moments.iterations.begin(), moments.iterations.end());
+    return moments;
+}
+
+double ParseSpeedOption(const std::string& sOption, const std::string& sText)
+{
+    double speed = 0;
+    const char* const pEnd = sText.data() + sText.size();
+    const std::from_chars_result result = std::from_chars(sText.data(), pEnd, speed);
+    const bool bInRange = speed >= c_dLowestSpeed && speed <= c_dHighestSpeed;
+    if (result.ec != std::errc() || result.ptr != pEnd || !bInRange)
+    {
+        Reject(sOption, sText, "a number from 1e-9 to 1e9");
+    }
+    return speed;
+}
+
 EnumAtomColourMode ParseModeOption(const std::string& sOption, const std::string& sText)
 {
     if (sText == "speed")

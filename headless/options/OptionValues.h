@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // Readers of option values. Each throws CUsageError naming the option, the value and the allowed values.
 
@@ -35,6 +36,21 @@ CClassColours ParseColoursOption(const std::string& sOption, const std::string& 
 
 // "A,B,C", each possibly empty. The factors are checked later, because their meaning depends on the mode.
 CFactors ParseFactorsOption(const std::string& sOption, const std::string& sText);
+
+// Iterations of a run, and whether its last one, whichever that is, is meant too.
+struct CMoments
+{
+    std::vector<std::uint64_t> iterations; // rising
+    bool bEnd{};
+};
+
+// Whole numbers up to uHigh, as ParseCountOption reads them, and the word "end", with commas between them.
+CMoments ParseMomentsOption(const std::string& sOption, const std::string& sText, std::uint64_t uHigh);
+
+// The speeds that ParseSpeedOption allows, world units per iteration.
+constexpr double c_dLowestSpeed = 1e-9;
+constexpr double c_dHighestSpeed = 1e9;
+double ParseSpeedOption(const std::string& sOption, const std::string& sText);
 
 // "speed" or "fixed".
 EnumAtomColourMode ParseModeOption(const std::string& sOption, const std::string& sText);

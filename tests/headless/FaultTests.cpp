@@ -26,8 +26,9 @@ struct COutput
     std::string sName;
 };
 
-const std::array<COutput, 4> c_Outputs = {COutput{"--save-state", "state.csv"}, COutput{"--stats", "stats.csv"},
-                                          COutput{"--picture", "gas.png"}, COutput{"--checkpoint", "run.ckpt"}};
+const std::array<COutput, 5> c_Outputs = {COutput{"--save-state", "state.csv"}, COutput{"--stats", "stats.csv"},
+                                          COutput{"--histogram", "speeds.csv"}, COutput{"--picture", "gas.png"},
+                                          COutput{"--checkpoint", "run.ckpt"}};
 
 // A run whose file cannot be written says so and changes nothing.
 void ExpectError(const COutput& output, CLaunch launch, const std::string& sReason)
@@ -43,8 +44,8 @@ void ExpectError(const COutput& output, CLaunch launch, const std::string& sReas
     EXPECT_EQ(ReadFile(sPath), "old") << launch.faults;
     for (const std::string& sName : folder.GetNames())
     {
-        // Statistics are kept as far as they came.
-        EXPECT_TRUE(sName == output.sName || sName == "stats.csv.partial") << sName;
+        // Files that grow are kept as far as they came.
+        EXPECT_TRUE(sName == output.sName || sName == "stats.csv.partial" || sName == "speeds.csv.partial") << sName;
     }
 }
 
@@ -166,6 +167,7 @@ TEST(StandardOutput, ThatIsFullIsAnError)
 {
     const auto open = [] { return ::open("/dev/full", O_WRONLY | O_CLOEXEC); };
     ExpectOutputError(open(), {"--iterations", "1", "--stats", "-"}, "standard output: cannot be written");
+    ExpectOutputError(open(), {"--iterations", "1", "--histogram", "-"}, "standard output: cannot be written");
     ExpectOutputError(open(), {"--iterations", "1", "--save-state", "-"}, "standard output: cannot be written");
     ExpectOutputError(open(), {"--iterations", "1"}, "the summary cannot be written");
 }
@@ -175,6 +177,8 @@ TEST(StandardOutput, ThatIsFullIsAnError)
 TEST(StandardOutput, ThatIsAClosedPipeIsAnError)
 {
     ExpectOutputError(OpenClosedPipe(), {"--iterations", "1", "--stats", "-"}, "standard output: cannot be written");
+    ExpectOutputError(OpenClosedPipe(), {"--iterations", "1", "--histogram", "-"},
+                      "standard output: cannot be written");
     ExpectOutputError(OpenClosedPipe(), {"--iterations", "1", "--save-state", "-"},
                       "standard output: cannot be written");
     ExpectOutputError(OpenClosedPipe(), {"--iterations", "1"}, "the summary cannot be written");

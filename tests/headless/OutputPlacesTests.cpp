@@ -164,9 +164,12 @@ TEST_F(OutputPlaces, ARunMayReplaceTheCheckpointThatItContinuesButNoOtherOutputM
     EXPECT_THAT(GetError({"--checkpoint", sPath, "--stats", sPath}), HasSubstr("is the same file as"));
 }
 
-TEST_F(OutputPlaces, NothingMayTakeTheNameOfTheGrowingStatistics)
+TEST_F(OutputPlaces, NothingMayTakeTheNameOfAGrowingFile)
 {
     const std::string sStats = m_Folder.GetPath("s.csv");
     EXPECT_THAT(GetError({"--stats", sStats, "--checkpoint", sStats + ".partial"}), HasSubstr("is the same file as"));
+    EXPECT_THAT(GetError({"--histogram", sStats, "--stats", sStats + ".partial"}), HasSubstr("is the same file as"));
+    EXPECT_THAT(GetError({"--histogram", sStats, "--stats", sStats}), HasSubstr("is the same file as"));
+    EXPECT_THAT(GetError({"--histogram", "-", "--stats", "-"}), HasSubstr("is the same file as"));
     EXPECT_EQ(GetError({"--stats", sStats, "--checkpoint", sStats + ".ckpt"}), "");
 }
