@@ -69,7 +69,8 @@ void CExperiment::CheckOutputs() const
 {
     CheckOutputPlaces(m_Options, m_uLastIteration);
     for (const std::optional<std::string>& sPath :
-         {m_Options.saveState, m_Options.stats, m_Options.histogram, m_Options.picture, m_Options.checkpoint})
+         {m_Options.saveState, m_Options.stats, m_Options.histogram, m_Options.trajectory, m_Options.picture,
+          m_Options.checkpoint})
     {
         if (sPath && *sPath != c_sStandardOutput)
         {
@@ -151,6 +152,7 @@ void CExperiment::AddObservers(CRunObservers& observers)
         observers.Add("--stats", std::make_unique<CStatsWriter>(*m_Options.stats, pDirect, table));
     }
     AddHistograms(observers, m_Options, m_Results.startSpeedSum / m_Atoms.GetCount(), m_StandardOutput);
+    AddRecorders(observers);
 }
 
 void CExperiment::Iterate()

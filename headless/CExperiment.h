@@ -42,6 +42,7 @@ private:
     void Start();
     void Iterate();
     void AddObservers(CRunObservers& observers);
+    void AddRecorders(CRunObservers& observers);
     void AdvanceAll(CRunObservers& observers);
     void AdvanceOnce(std::uint64_t uIteration, CRunObservers& observers);
     void Observe(CRunObservers& observers);

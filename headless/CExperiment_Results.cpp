@@ -147,5 +147,5 @@ std::unique_ptr<IByteSink> CExperiment::OpenOutput(const std::string& sPath) con
 bool CExperiment::IsStandardOutputTaken() const
 {
     return m_Options.saveState == c_sStandardOutput || m_Options.stats == c_sStandardOutput ||
-           m_Options.histogram == c_sStandardOutput;
+           m_Options.histogram == c_sStandardOutput || m_Options.trajectory == c_sStandardOutput;
 }

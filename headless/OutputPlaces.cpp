@@ -65,6 +65,7 @@ std::vector<CPlace> GetPlaces(const COptions& options)
     Add(places, "--save-state", options.saveState, true);
     Add(places, "--stats", options.stats, true);
     Add(places, "--histogram", options.histogram, true);
+    Add(places, "--trajectory", options.trajectory, true);
     Add(places, "--picture", options.picture, true);
     Add(places, "--checkpoint", options.checkpoint, true);
     // A run may continue its own checkpoint and replace it.
@@ -74,6 +75,7 @@ std::vector<CPlace> GetPlaces(const COptions& options)
     }
     AddGrowing(places, "--stats", options.stats);
     AddGrowing(places, "--histogram", options.histogram);
+    AddGrowing(places, "--trajectory", options.trajectory);
     AddRedirected(places, "standard output", c_sStandardOutputFile, true);
     if (options.loadState == c_sStandardInput)
     {

@@ -128,6 +128,11 @@ void AddOutputOptions(CLI::App& app, COptions& options)
             "Write the atoms after the last iteration as CSV; - is standard output");
     AddStatsOptions(app, options);
     AddHistogramOptions(app, options);
+    AddFile(
+        app, "--trajectory", options.trajectory,
+        "Write the atoms at the start and at the end as frames of extended XYZ, compressed if the name ends in .gz; - "
+        "is standard output");
+    AddCount(app, "--every", options.trajectoryEvery, 1, "With --trajectory: also after every N iterations");
     AddFile(app, "--picture", options.picture, "Write a PNG of the world after the last iteration");
     AddCount(app, "--picture-every", options.pictureEvery, 1,
              "With --picture: one after every N iterations too, numbered before the extension");
@@ -169,6 +174,10 @@ void CheckCombinations(const COptions& options)
     if (options.pictureEvery && !options.picture)
     {
         throw CUsageError("--picture-every: needs --picture, which names the files");
+    }
+    if (options.trajectoryEvery && !options.trajectory)
+    {
+        throw CUsageError("--every: needs --trajectory, which names the file");
     }
 }
 

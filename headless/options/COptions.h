@@ -33,6 +33,8 @@ struct COptions
     std::optional<CMoments> histogramAt;
     std::optional<int> histogramBins;
     std::optional<double> histogramRange;
+    std::optional<std::string> trajectory; // "-" is standard output
+    std::optional<std::uint64_t> trajectoryEvery;
     std::optional<std::string> picture;
     std::optional<std::uint64_t> pictureEvery;
     std::optional<EnumAtomColourMode> colourMode;

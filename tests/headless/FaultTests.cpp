@@ -26,8 +26,9 @@ struct COutput
     std::string sName;
 };
 
-const std::array<COutput, 5> c_Outputs = {COutput{"--save-state", "state.csv"}, COutput{"--stats", "stats.csv"},
-                                          COutput{"--histogram", "speeds.csv"}, COutput{"--picture", "gas.png"},
+const std::array<COutput, 7> c_Outputs = {COutput{"--save-state", "state.csv"}, COutput{"--stats", "stats.csv"},
+                                          COutput{"--histogram", "speeds.csv"}, COutput{"--trajectory", "run.xyz"},
+                                          COutput{"--trajectory", "run.xyz.gz"}, COutput{"--picture", "gas.png"},
                                           COutput{"--checkpoint", "run.ckpt"}};
 
 // A run whose file cannot be written says so and changes nothing.
@@ -44,8 +45,10 @@ void ExpectError(const COutput& output, CLaunch launch, const std::string& sReas
     EXPECT_EQ(ReadFile(sPath), "old") << launch.faults;
     for (const std::string& sName : folder.GetNames())
     {
-        // Files that grow are kept as far as they came.
-        EXPECT_TRUE(sName == output.sName || sName == "stats.csv.partial" || sName == "speeds.csv.partial") << sName;
+        // Growing files are kept as far as they came.
+        const bool bGrowing =
+            output.sOption == "--stats" || output.sOption == "--histogram" || output.sOption == "--trajectory";
+        EXPECT_TRUE(sName == output.sName || (bGrowing && sName == output.sName + ".partial")) << sName;
     }
 }
 
@@ -169,6 +172,7 @@ TEST(StandardOutput, ThatIsFullIsAnError)
     ExpectOutputError(open(), {"--iterations", "1", "--stats", "-"}, "standard output: cannot be written");
     ExpectOutputError(open(), {"--iterations", "1", "--histogram", "-"}, "standard output: cannot be written");
     ExpectOutputError(open(), {"--iterations", "1", "--save-state", "-"}, "standard output: cannot be written");
+    ExpectOutputError(open(), {"--iterations", "1", "--trajectory", "-"}, "standard output: cannot be written");
     ExpectOutputError(open(), {"--iterations", "1"}, "the summary cannot be written");
 }
 
@@ -180,6 +184,8 @@ TEST(StandardOutput, ThatIsAClosedPipeIsAnError)
     ExpectOutputError(OpenClosedPipe(), {"--iterations", "1", "--histogram", "-"},
                       "standard output: cannot be written");
     ExpectOutputError(OpenClosedPipe(), {"--iterations", "1", "--save-state", "-"},
+                      "standard output: cannot be written");
+    ExpectOutputError(OpenClosedPipe(), {"--iterations", "1", "--trajectory", "-"},
                       "standard output: cannot be written");
     ExpectOutputError(OpenClosedPipe(), {"--iterations", "1"}, "the summary cannot be written");
 }

@@ -32,6 +32,10 @@ public:
                 "0,3,end",
                 "--save-state",
                 m_Folder.GetPath("state.csv"),
+                "--trajectory",
+                m_Folder.GetPath("run.xyz.gz"),
+                "--every",
+                "3",
                 "--picture",
                 m_Folder.GetPath("gas.png"),
                 "--checkpoint",
@@ -84,7 +88,7 @@ public:
 
     static CArguments GetNames()
     {
-        return {"stats.csv", "speeds.csv", "state.csv", "gas.png", "gas-2.png", "gas-4.png", "run.ckpt"};
+        return {"stats.csv", "speeds.csv", "state.csv", "run.xyz.gz", "gas.png", "gas-2.png", "gas-4.png", "run.ckpt"};
     }
 
 private:

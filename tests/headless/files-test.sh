@@ -31,7 +31,7 @@ refused() {
 
 cp "$program" program && chmod 755 program
 mkdir closed && touch closed/old.csv && chmod 666 closed/old.csv && chmod 555 closed
-for option in --save-state --stats --histogram --picture; do
+for option in --save-state --stats --histogram --trajectory --picture; do
     for name in closed/new.csv closed/old.csv; do
         expect "$option in a folder that cannot be written" "$(refused "${plain_user[@]}" ./program "$option" "$name")" \
             "error: $name: cannot be written: Permission denied"
