@@ -68,6 +68,8 @@ output_of '--settings Kinetarium.ini' | grep -qx 'atoms: 300' || fail "the setti
 cmp burst-300.png burst.png || fail "the last two pictures differ"
 [ "$(grep -c '^[0-9]*;' stats-comma.csv)" -eq 5 ] && ! grep -q '[.]' stats-comma.csv || fail "stats-comma.csv has dots"
 [ "$(output_of 'cut -d , -f 1,7,18 gas.csv' | grep -c '00,0[.].*,0[.]')" -eq 10 ] || fail "gas.csv has other rows"
+[ "$(output_of '--histogram speeds.csv' | awk '/^[0-9]/ { sum += $3; ++n } END { print n, sum }')" = "41 20000" ] ||
+    fail "the histogram does not hold every atom once"
 
 # The blocks of Python are one session of the system's Python, which has ASE.
 python=$(cat blocks/*.python | /usr/bin/python3) || fail "the blocks of Python ended with an error"
