@@ -68,9 +68,8 @@ CExperiment::CExperiment(const COptions& options, const CConsole& console)
 void CExperiment::CheckOutputs() const
 {
     CheckOutputPlaces(m_Options, m_uLastIteration);
-    for (const std::optional<std::string>& sPath :
-         {m_Options.saveState, m_Options.stats, m_Options.histogram, m_Options.trajectory, m_Options.picture,
-          m_Options.checkpoint})
+    for (const std::optional<std::string>& sPath : {m_Options.saveState, m_Options.stats, m_Options.histogram,
+                                                    m_Options.trajectory, m_Options.picture, m_Options.checkpoint})
     {
         if (sPath && *sPath != c_sStandardOutput)
         {

@@ -36,7 +36,10 @@ private:
 
 CFrameRecorder::CFrameRecorder(const std::string& sPath, IByteSink* pStandardOutput, const CFrameTimes& times,
                                std::unique_ptr<IFrameFormat> pFormat, std::function<void()> check)
-    : m_File(sPath, pStandardOutput), m_Times(times), m_pFormat(std::move(pFormat)), m_Check(std::move(check)),
+    : m_File(sPath, pStandardOutput),
+      m_Times(times),
+      m_pFormat(std::move(pFormat)),
+      m_Check(std::move(check)),
       m_sPosition(GetPosition())
 {
 }

@@ -43,8 +43,7 @@ std::array<COLORREF, 2> CCalmWindow::GetColours() const
     GetWindowRect(m_user.GetButton(), &rcButton);
     const CScreenPicture button(rcButton);
     const CScreenPicture list(m_panel.GetControlRectangle(EnumPanelRow::ColourMode));
-    return {button.GetPixel(button.GetWidth() / 4, button.GetHeight() / 2),
-            list.GetPixel(list.GetWidth() * 3 / 5, 0)};
+    return {button.GetPixel(button.GetWidth() / 4, button.GetHeight() / 2), list.GetPixel(list.GetWidth() * 3 / 5, 0)};
 }
 
 void CCalmWindow::RestMouse() const

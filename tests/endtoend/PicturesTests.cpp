@@ -13,9 +13,9 @@
 #include <string>
 #include <vector>
 
-// Compares the pictures of the documents with those that scripts/make-pictures.sh has just taken of this build. Both show
-// the same fonts and controls, though the Wines may differ. Worlds look different in each run, so their pixels are only
-// counted.
+// Compares the pictures of the documents with those that scripts/make-pictures.sh has just taken of this build. Both
+// show the same fonts and controls, though the Wines may differ. Worlds look different in each run, so their pixels are
+// only counted.
 
 namespace
 {
@@ -25,8 +25,8 @@ const std::filesystem::path c_taken = KINETARIUM_TAKEN_PICTURES;
 // The title bars of Wine 8 are 18 pixels high, those of Wine 10 are 25. What lies below them is lower by that.
 constexpr int c_iTitleBars = 7;
 
-// A colour that is missing in the palette of a picture moves by fewer levels (of 255), and so does the backdrop behind a
-// text that has another distance from the title bar. The strokes of a text differ from both by more.
+// A colour that is missing in the palette of a picture moves by fewer levels (of 255), and so does the backdrop behind
+// a text that has another distance from the title bar. The strokes of a text differ from both by more.
 constexpr int c_iOtherColour = 48;
 
 // The shadow around the title of a message differs in 8 pixels between the two Wines. A changed digit differs in more.
@@ -117,7 +117,8 @@ CPart Panel(const CPngPicture& picture)
     constexpr int c_iLow = 500;
     const int iRight = picture.GetWidth();
     const int iBottom = picture.GetHeight();
-    // The low window shows the last rows, and how much of the panel depends on the title bar. Its scroll bar shows it too.
+    // The low window shows the last rows, and how much of the panel depends on the title bar. Its scroll bar shows it
+    // too.
     return iBottom < c_iLow ? CPart{iRight - 250, iBottom - 280, iRight - 36, iBottom - 72}
                             : CPart{iRight - 250, 32, iRight - 10, iBottom - 60};
 }

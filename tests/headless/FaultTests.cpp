@@ -26,8 +26,8 @@ struct COutput
     std::string sName;
 };
 
-const std::array<COutput, 7> c_Outputs = {COutput{"--save-state", "state.csv"}, COutput{"--stats", "stats.csv"},
-                                          COutput{"--histogram", "speeds.csv"}, COutput{"--trajectory", "run.xyz"},
+const std::array<COutput, 7> c_Outputs = {COutput{"--save-state", "state.csv"},  COutput{"--stats", "stats.csv"},
+                                          COutput{"--histogram", "speeds.csv"},  COutput{"--trajectory", "run.xyz"},
                                           COutput{"--trajectory", "run.xyz.gz"}, COutput{"--picture", "gas.png"},
                                           COutput{"--checkpoint", "run.ckpt"}};
 

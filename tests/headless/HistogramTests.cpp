@@ -57,7 +57,8 @@ TEST(Histogram, HasTheLastIterationAndFiftyBinsUnlessToldOtherwise)
 TEST(Histogram, TheBinsReachFourTimesTheMeanSpeedOfTheStart)
 {
     const CTemporaryFolder folder;
-    const std::string sState = folder.WriteFile("a.csv", "x,y,vx,vy,radius\n50,20,0.5,0,1\n50,50,0,1,1\n50,80,0,-1.5,1\n");
+    const std::string sState =
+        folder.WriteFile("a.csv", "x,y,vx,vy,radius\n50,20,0.5,0,1\n50,50,0,1,1\n50,80,0,-1.5,1\n");
     const CArguments run = {"--load-state", sState, "--width", "100", "--height", "100", "--iterations", "0"};
 
     EXPECT_EQ(GetHistograms(Join(run, {"--histogram-bins", "4"})),

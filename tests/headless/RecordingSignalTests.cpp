@@ -28,7 +28,8 @@ CArguments Join(CArguments first, const CArguments& second)
 // Ends the run by a signal before the write with this number and returns what it says.
 std::string EndAtWrite(const CArguments& arguments, const std::string& sFile, int write)
 {
-    CHeadlessProcess process({Join(c_ManyAtoms, arguments), "write:" + sFile + ":" + std::to_string(write) + ":signal=19"});
+    CHeadlessProcess process(
+        {Join(c_ManyAtoms, arguments), "write:" + sFile + ":" + std::to_string(write) + ":signal=19"});
     if (!process.WaitForStop())
     {
         return "there were fewer writes: " + process.WaitForEnd().err;
@@ -47,8 +48,9 @@ TEST(RecordingSignal, EndsAFrameAndLeavesItsBeginning)
     for (const std::string sName : {"run.xyz", "run.xyz.gz"})
     {
         const CTemporaryFolder folder;
-        EXPECT_EQ(EndAtWrite({"--iterations", c_sForEver, "--every", "1", "--trajectory", folder.GetPath(sName)}, sName, 3),
-                  "error: interrupted after 0 of " + c_sForEver + " iterations\n");
+        EXPECT_EQ(
+            EndAtWrite({"--iterations", c_sForEver, "--every", "1", "--trajectory", folder.GetPath(sName)}, sName, 3),
+            "error: interrupted after 0 of " + c_sForEver + " iterations\n");
         EXPECT_EQ(folder.GetNames(), CNames{sName + ".partial"});
         EXPECT_NE(ReadFile(folder.GetPath(sName + ".partial")), "");
     }
@@ -59,8 +61,8 @@ TEST(RecordingSignal, InAFrameLosesNothingOfARunWithACheckpoint)
     const CTemporaryFolder folder;
     const std::string sWhole = folder.GetPath("whole.xyz.gz");
     RunHeadless({Join(c_ManyAtoms, {"--iterations", "5", "--every", "2", "--trajectory", sWhole})});
-    const CArguments outputs = {"--checkpoint", folder.GetPath("run.ckpt"), "--every", "2", "--trajectory",
-                                folder.GetPath("run.xyz.gz")};
+    const CArguments outputs = {"--checkpoint", folder.GetPath("run.ckpt"),  "--every", "2",
+                                "--trajectory", folder.GetPath("run.xyz.gz")};
     // In the frames of the start, of iteration 2 and of the end.
     for (const int write : {2, 11, 26})
     {

@@ -1,6 +1,6 @@
-#include "headless/observed/CHistogramWriter.h"
 #include "headless/console/HeadlessError.h"
 #include "headless/files/CTextSink.h"
+#include "headless/observed/CHistogramWriter.h"
 #include "settings/CSettings.h"
 #include "tests/headless/HeadlessTesting.h"
 

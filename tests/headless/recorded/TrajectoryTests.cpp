@@ -97,8 +97,9 @@ TEST_F(Trajectory, OfOneAtomIsThisText)
     RunWell({"--load-state", sState, "--width", "100", "--height", "200", "--seed", "18446744073709551615",
              "--iterations", "1", "--trajectory", sPath});
 
-    const std::string sComment = "1\nLattice=\"100.0 0.0 0.0 0.0 200.0 0.0 0.0 0.0 1.0\" Properties=species:S:1:pos:R:3:"
-                                 "velo:R:3:radius:R:1 pbc=\"F F F\" iteration=";
+    const std::string sComment =
+        "1\nLattice=\"100.0 0.0 0.0 0.0 200.0 0.0 0.0 0.0 1.0\" Properties=species:S:1:pos:R:3:"
+        "velo:R:3:radius:R:1 pbc=\"F F F\" iteration=";
     EXPECT_EQ(ReadFile(sPath), sComment + "0 seed=18446744073709551615\nX 40.5 50 0 0.1 -1e-05 0 5\n" + sComment +
                                    "1 seed=18446744073709551615\nX 40.6 49.99999 0 0.1 -1e-05 0 5\n");
 }
@@ -107,7 +108,8 @@ TEST_F(Trajectory, HasTheNumbersOfTheStateInItsOrder)
 {
     const std::string sState = folder.GetPath("state.csv");
     // Longer than a piece of the file.
-    const std::string sTrajectory = Record({"--width", "2000", "--height", "2000", "--iterations", "9", "--every", "5", "--save-state", sState}, "5000");
+    const std::string sTrajectory = Record(
+        {"--width", "2000", "--height", "2000", "--iterations", "9", "--every", "5", "--save-state", sState}, "5000");
 
     EXPECT_TRUE(GetStateOfLastFrame(sTrajectory) == ReadFile(sState));
     EXPECT_THAT(sTrajectory, StartsWith("5000\n"));
