@@ -158,6 +158,9 @@ void CKinetarium::StartSimulation_Begin(const CSettings& settings)
     m_pWorldView->InitializeSettings(m_WorldSize, m_bFullscreen, settings.eMode, settings.colours[0], factors[0],
                                      settings.colours[1], factors[1], settings.colours[2], factors[2]);
     m_StartButton.SetText(GetText(L"Stop"));
+    // Once the worker sends frames, there is time for one repaint between two of them: where a frame takes long, the
+    // button would read "Start" for seconds.
+    RedrawWindow(m_hWnd, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     m_bWorkerFinished = false;
     m_bSimulationRunning = true;
     m_pSimulationThread = std::make_unique<std::thread>([this] { RunSimulation(); });

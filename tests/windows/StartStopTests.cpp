@@ -38,6 +38,25 @@ TEST(StartStop, TheButtonStartsAndStopsTheSimulation)
     EXPECT_EQ(application.GetButtonText(), L"Start");
 }
 
+// Where a frame takes long, the worker leaves the window time for one repaint between two frames.
+TEST(StartStop, AStartLeavesNothingToBePaintedBetweenTheFrames)
+{
+    CRunningApplication application;
+    SetSmallWorld(application);
+    application.Do([](CKinetarium& inside) {
+        const HWND hMain = GetAncestor(CKinetariumProbe::GetStartButton(inside), GA_ROOT);
+        InvalidateRect(hMain, nullptr, FALSE);
+        InvalidateRect(CKinetariumProbe::GetStatusBar(inside), nullptr, FALSE);
+        CKinetariumProbe::Start(inside);
+        for (const HWND hWindow : {hMain, CKinetariumProbe::GetStartButton(inside),
+                                   CKinetariumProbe::GetStatusBar(inside), CKinetariumProbe::GetPanel(inside)})
+        {
+            EXPECT_FALSE(GetUpdateRect(hWindow, nullptr, FALSE)) << GetText(hWindow);
+        }
+        CKinetariumProbe::Stop(inside);
+    });
+}
+
 TEST(StartStop, TheStatisticsLineReachesTheStatusBar)
 {
     CRunningApplication application;
