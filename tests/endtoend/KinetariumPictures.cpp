@@ -25,7 +25,6 @@ namespace
 using Row = EnumPanelRow;
 
 constexpr auto c_endPatience = std::chrono::milliseconds(20000);
-constexpr DWORD c_uPaintMilliseconds = 300; // gives the program time to draw its changes
 
 class CPhotographer
 {
@@ -58,6 +57,21 @@ private:
     void Take_Million();
     void ChooseFixedMode() const;
     void Take_RunNamed(const char* sName) const;
+    // Lets the program paint what waits to be painted, and waits until a part of the screen no longer changes.
+    void WaitUntilPainted(const RECT& rc) const
+    {
+        RedrawWindow(m_user.GetMainWindow(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        constexpr int c_iEnough = 10;
+        int iEqual = 0;
+        CScreenPicture before(rc);
+        WaitUntil("the changes to be painted", c_endPatience, [&] {
+            CScreenPicture now(rc);
+            iEqual = now == before ? iEqual + 1 : 0;
+            before = std::move(now);
+            return iEqual >= c_iEnough;
+        });
+    }
+
     // Waits until a part of the screen has changed several times: a slow painter needs a while for its first frames.
     static void WaitForFrames(const RECT& rc)
     {
@@ -116,10 +130,12 @@ void CPhotographer::Take_Panel()
     m_panel.Enter(Row::TotalAtoms, L"1000");
     m_calm.FocusButton();
     m_calm.RestMouse();
+    WaitUntilPainted(GetPanelRectangle());
     Save(GetPanelRectangle(), "panel-speed");
     ChooseFixedMode();
     m_calm.FocusButton();
     m_calm.RestMouse();
+    WaitUntilPainted(GetPanelRectangle());
     Save(GetPanelRectangle(), "panel-fixed");
 }
 
@@ -139,9 +155,9 @@ void CPhotographer::Take_Messages()
     m_panel.ClickStart();
     const CSeenMessage message = m_panel.WaitForMessage();
     m_user.RestMouse();
-    Sleep(c_uPaintMilliseconds);
     RECT rc{};
     GetWindowRect(message.hWindow, &rc);
+    WaitUntilPainted(rc);
     Save(rc, "message");
     PressKey(VK_RETURN);
     m_panel.WaitUntilClosed(message.hWindow);
@@ -161,9 +177,15 @@ void CPhotographer::Take_Million()
 
 void CPhotographer::Take_RunNamed(const char* sName) const
 {
+    RECT rcButton{};
+    GetWindowRect(m_user.GetButton(), &rcButton);
+    WaitUntilPainted(rcButton);
+    const CScreenPicture start(rcButton);
     m_user.PressStart();
     m_calm.RestMouse();
     m_calm.WaitForStatisticsOnScreen();
+    WaitUntilPainted(GetPanelRectangle());
+    WaitUntil("the button to show its new text", c_endPatience, [&] { return CScreenPicture(rcButton) != start; });
     Save(m_user.GetWindowRectangle(), sName);
     m_user.PressStop();
 }
@@ -204,6 +226,7 @@ void CPhotographer::Take_Lowered()
     m_panel.Enter(Row::Factor3, L"1.25");
     m_calm.FocusButton();
     m_calm.RestMouse();
+    WaitUntilPainted(m_user.GetWindowRectangle());
     Save(m_user.GetWindowRectangle(), "lowered");
     SetWindowPos(m_user.GetMainWindow(), nullptr, 0, 0, rcBefore.right - rcBefore.left, rcBefore.bottom - rcBefore.top,
                  SWP_NOMOVE | SWP_NOZORDER);
