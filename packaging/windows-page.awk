@@ -35,7 +35,7 @@ function rest_of_command(from, n, words,    i, text) {
             text = text " | Select-Object " (words[i + 1] == "head" ? "-First " : "-Last ") substr(words[n], 2)
             break
         } else if (words[i] ~ /^>[^>&]/ && i == n) {
-            text = text " | Set-Content -Encoding utf8 " argument(substr(words[i], 2))
+            text = text " | Set-Content -Encoding ascii " argument(substr(words[i], 2))
         } else {
             text = text " " argument(words[i])
         }
