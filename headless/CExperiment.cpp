@@ -5,6 +5,7 @@
 #include "headless/files/COutputFile.h"
 #include "headless/files/Interruption.h"
 #include "headless/HistogramsOfRun.h"
+#include "headless/observed/CCurveObserver.h"
 #include "headless/observed/CStatsWriter.h"
 #include "headless/options/StartText.h"
 #include "headless/OutputPlaces.h"
@@ -68,8 +69,9 @@ CExperiment::CExperiment(const COptions& options, const CConsole& console)
 void CExperiment::CheckOutputs() const
 {
     CheckOutputPlaces(m_Options, m_uLastIteration);
-    for (const std::optional<std::string>& sPath : {m_Options.saveState, m_Options.stats, m_Options.histogram,
-                                                    m_Options.trajectory, m_Options.picture, m_Options.checkpoint})
+    for (const std::optional<std::string>& sPath :
+         {m_Options.saveState, m_Options.stats, m_Options.histogram, m_Options.trajectory, m_Options.picture,
+          m_Options.report, m_Options.checkpoint})
     {
         if (sPath && *sPath != c_sStandardOutput)
         {
@@ -92,10 +94,12 @@ void CExperiment::Run()
     Iterate();
     SaveResults();
     CompleteResults();
+    const std::vector<CSummaryValue> values =
+        MakeSummaryValues(m_Settings, m_Results, MakeRepeatCommand(m_Settings, m_Results, c_eShell));
+    Try([this, &values] { SaveReport(values); });
     CheckInterruption();
     std::ostream& summary = IsStandardOutputTaken() ? m_Console.err : m_Console.out;
-    const std::string sCommand = MakeRepeatCommand(m_Settings, m_Results, c_eShell);
-    summary << FormatSummary(MakeSummaryValues(m_Settings, m_Results, sCommand), m_Options.summary) << std::flush;
+    summary << FormatSummary(values, m_Options.summary) << std::flush;
     if (!summary)
     {
         throw CHeadlessError("the summary cannot be written");
@@ -143,12 +147,16 @@ void CExperiment::Continue()
 
 void CExperiment::AddObservers(CRunObservers& observers)
 {
-    // The first: it must see each moment before an observer that can be interrupted.
+    // The statistics and the curve must see each moment before an observer that can be interrupted.
     if (m_Options.stats)
     {
         const CStatsTable table = {m_Options.statsEvery.value_or(1), m_Options.observables, m_Settings.world};
         IByteSink* const pDirect = *m_Options.stats == c_sStandardOutput ? &m_StandardOutput : nullptr;
         observers.Add("--stats", std::make_unique<CStatsWriter>(*m_Options.stats, pDirect, table));
+    }
+    if (m_Options.report)
+    {
+        observers.Add("--report", std::make_unique<CCurveObserver>(m_Curve));
     }
     AddHistograms(observers, m_Options, m_Results.startSpeedSum / m_Atoms.GetCount(), m_StandardOutput);
     AddRecorders(observers);

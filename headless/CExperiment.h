@@ -5,9 +5,11 @@
 #include "headless/CRunObservers.h"
 #include "headless/files/CStreamSink.h"
 #include "headless/files/IByteSink.h"
+#include "headless/observed/CRunCurve.h"
 #include "headless/options/COptions.h"
 #include "headless/options/RunSettings.h"
 #include "headless/report/RunResults.h"
+#include "headless/report/SummaryValues.h"
 #include "headless/states/Checkpoint.h"
 #include "simulation/CAtoms.h"
 #include "simulation/CCollisionGrid.h"
@@ -19,6 +21,7 @@
 #include <memory>
 #include <ostream>
 #include <string>
+#include <vector>
 
 // The longest time for counting overlaps at the end of a run that took so long: as long again, or two seconds if that
 // is more.
@@ -50,6 +53,7 @@ private:
     void SaveCheckpoint();
     bool TrySaveCheckpoint();
     void SaveResults();
+    void SaveReport(const std::vector<CSummaryValue>& values) const;
     void SaveStateAtEnd(const std::string& sPath) const;
 
     // Results that cannot be written are an error only after the others and the summary are written.
@@ -78,6 +82,7 @@ private:
     std::uint64_t m_uLastIteration;    // of the whole run, with those before the checkpoint
     std::uint32_t m_uLastCollisions{}; // of the iteration before
     CRunProgress m_Progress;           // of the observers at the last checkpoint
+    CRunCurve m_Curve;                 // for the report
     CStreamSink m_StandardOutput;
     std::string m_sWriteErrors; // empty if everything could be written
 };

@@ -67,6 +67,7 @@ std::vector<CPlace> GetPlaces(const COptions& options)
     Add(places, "--histogram", options.histogram, true);
     Add(places, "--trajectory", options.trajectory, true);
     Add(places, "--picture", options.picture, true);
+    Add(places, "--report", options.report, true);
     Add(places, "--checkpoint", options.checkpoint, true);
     // A run may continue its own checkpoint and replace it.
     if (!options.checkpoint || !options.resume || !AreSameFile(*options.resume, *options.checkpoint))

@@ -6,7 +6,7 @@
 #   PROGRAM <tab> PACKAGE <tab> PART
 #
 # A part is a library or an object of which the link map says that it was linked, or a folder of headers of which a linked
-# object has included one. PACKAGE is the Debian package that it comes from, or "fmt", which comes from a later suite.
+# object has included one, or a script that is compiled into the program as its bytes. PACKAGE is the Debian package that it comes from, or "fmt", which comes from a later suite.
 set -euo pipefail
 [ $# -eq 1 ] || { echo "usage: linked-parts.sh PROGRAMS" >&2; exit 2; }
 programs=$(cd -P "$1" && pwd)
@@ -59,6 +59,12 @@ included_folders() {
         }' | sort
 }
 
+# Prints the scripts of the system that the program $1 is made from. The compiler does not see them: CMake turns them into
+# sources.
+embedded_files() {
+    ninja -C "$tree" -t inputs "bin/$1" | { grep '^/usr/share/javascript/' || true; } | sort -u
+}
+
 # The package of a file of the system.
 package_of() {
     dpkg-query -S "$(cd "$tree" && realpath "$1")" | sed -E -e 's/:.*//' | head -n 1
@@ -68,6 +74,9 @@ for name in Kinetarium kinetarium-headless; do
     map="$programs/$name.map"
     [ -s "$map" ] || { echo "error: there is no link map $map" >&2; exit 1; }
     linked_files "$map" | while IFS= read -r file; do
+        printf '%s.exe\t%s\t%s\n' "$name" "$(package_of "$file")" "$(basename "$file")"
+    done
+    embedded_files "$name.exe" | while IFS= read -r file; do
         printf '%s.exe\t%s\t%s\n' "$name" "$(package_of "$file")" "$(basename "$file")"
     done
     included_folders "$map" | while IFS=$'\t' read -r folder header; do

@@ -146,6 +146,7 @@ void AddOutputOptions(CLI::App& app, COptions& options)
     AddFile(app, "--checkpoint", options.checkpoint,
             "Write everything that --resume needs, after the last iteration and when the run is interrupted");
     AddCount(app, "--checkpoint-every", options.checkpointEvery, 1, "With --checkpoint: also after every N iterations");
+    AddFile(app, "--report", options.report, "Write a page of HTML about the run: its picture, curves and numbers");
     AddOption(app, "--summary", options.summary, ParseSummaryOption, "json|csv|text",
               "The form of the summary (text); JSON and CSV take one line, CSV with a header");
     app.add_flag("--no-overlaps", options.noOverlaps,
@@ -170,6 +171,10 @@ void CheckCombinations(const COptions& options)
     if (options.picture == c_sStandardOutput)
     {
         throw CUsageError("--picture: standard output is not allowed; allowed is the name of a file");
+    }
+    if (options.report == c_sStandardOutput)
+    {
+        throw CUsageError("--report: standard output is not allowed; allowed is the name of a file");
     }
     if (options.pictureEvery && !options.picture)
     {

@@ -37,6 +37,7 @@ struct COptions
     std::optional<std::uint64_t> trajectoryEvery;
     std::optional<std::string> picture;
     std::optional<std::uint64_t> pictureEvery;
+    std::optional<std::string> report;
     std::optional<EnumAtomColourMode> colourMode;
     std::optional<CClassColours> colours;
     std::optional<CFactors> factors;

@@ -4,6 +4,7 @@
 #include "classes/core/CSize.h"
 
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 class CAtoms;
@@ -15,6 +16,9 @@ class CWorldImage
 public:
     // A picture of one colour. Throws std::bad_alloc.
     CWorldImage(const CSize<int>& size, ColourRef background);
+
+    // A picture of these pixels, see GetPixels.
+    CWorldImage(const CSize<int>& size, std::vector<std::uint8_t> pixels) : m_Size(size), m_Pixels(std::move(pixels)) {}
 
     // Draws a filled circle with anti-aliased edges: the coverage of a pixel is the part of its width inside the
     // circle, measured along the line to the centre. The circle is clipped to the picture. The centre must be finite

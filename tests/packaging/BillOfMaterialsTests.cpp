@@ -120,12 +120,14 @@ TEST_F(BillOfMaterials, NamesNoLibraryThatWasNotLinked)
 
 TEST_F(BillOfMaterials, NamesTheLibrariesWithoutObjectsOfTheProgramsThatIncludeThem)
 {
-    for (const char* const sFolder : {"fmt", "boost", "CLI", "nlohmann"})
+    for (const char* const sFolder : {"fmt", "boost", "CLI", "nlohmann", "chart.min.js"})
     {
         EXPECT_FALSE(LineWithPart(sFolder).empty()) << sFolder;
     }
     EXPECT_EQ(DependenciesOf("Kinetarium.exe").find("\"cli11\""), std::string::npos);
     EXPECT_NE(DependenciesOf("kinetarium-headless.exe").find("\"cli11\""), std::string::npos);
+    EXPECT_EQ(DependenciesOf("Kinetarium.exe").find("\"chart.js\""), std::string::npos);
+    EXPECT_NE(DependenciesOf("kinetarium-headless.exe").find("\"chart.js\""), std::string::npos);
 }
 
 TEST_F(BillOfMaterials, HasNameVersionLicenceAndTextOfEachLibraryAndNoTextIsLeft)

@@ -157,4 +157,6 @@ TEST(Summary, NamesOfFilesAreEscapedAsEachFormNeedsIt)
     EXPECT_THAT(Format(results, EnumSummaryForm::Text), HasSubstr("start: a\\x01\"\\xFF.csv\n"));
     EXPECT_THAT(Format(results, EnumSummaryForm::Json), HasSubstr("\"start\":\"a\\u0001\\\"\xEF\xBF\xBD.csv\""));
     EXPECT_THAT(Format(results, EnumSummaryForm::Csv), HasSubstr(",\"a\x01\"\"\xEF\xBF\xBD.csv\","));
+    results.start = "1,2.csv";
+    EXPECT_THAT(Format(results, EnumSummaryForm::Csv), HasSubstr(",\"1,2.csv\","));
 }

@@ -1,0 +1,42 @@
+#include "headless/observed/CCurveObserver.h"
+
+#include "headless/files/CByteReader.h"
+#include "headless/files/CByteWriter.h"
+#include "headless/files/CTextSink.h"
+
+void CCurveObserver::Prepare(const CAtoms& /*atoms*/) {}
+
+void CCurveObserver::Observe(const CRunMoment& moment)
+{
+    m_Curve.Observe(moment);
+}
+
+void CCurveObserver::Keep() {}
+
+std::string CCurveObserver::GetProgress() const
+{
+    CTextSink sink;
+    CByteWriter writer(sink);
+    m_Curve.Save(writer);
+    writer.Flush();
+    return sink.GetText();
+}
+
+void CCurveObserver::Continue(std::string_view sProgress)
+{
+    CByteReader reader(sProgress);
+    m_Curve.Continue(reader);
+}
+
+// It cannot be interrupted, so it has observed a moment or not.
+bool CCurveObserver::MayObserveAgain() const
+{
+    return true;
+}
+
+bool CCurveObserver::IsDirect() const
+{
+    return false;
+}
+
+void CCurveObserver::Commit() {}
