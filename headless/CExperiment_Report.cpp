@@ -49,8 +49,7 @@ void CExperiment::SaveReport(const std::vector<CSummaryValue>& values) const
     {
         CReport report;
         report.values = values;
-        report.curve =
-            m_Curve.GetPoints({m_Results.iterations, m_uLastCollisions, true, m_Atoms, m_Settings});
+        report.curve = m_Curve.GetPoints({m_Results.iterations, m_uLastCollisions, true, m_Atoms, m_Settings});
         report.speeds = ComputeSpeedDistribution(m_Atoms);
         AddPicture(m_Atoms, m_Settings, report);
         const std::string sPage = MakeReportPage(report);

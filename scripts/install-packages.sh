@@ -7,7 +7,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-[ $# -gt 0 ] || set -- packages.txt packages-wine.txt
+[ $# -gt 0 ] || set -- packages.txt packages-wine.txt packages-browser.txt
 wanted=$(for name in "$@"; do
     if [ -f "$name" ]; then sed 's/#.*//' "$name"; else echo "$name"; fi
 done | awk 'NF > 0 { print $1 }')

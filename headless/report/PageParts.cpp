@@ -11,8 +11,8 @@ std::string MakeRow(const std::vector<std::string>& cells)
     for (std::size_t u = 0; u < cells.size(); ++u)
     {
         // The first cell names the row.
-        sRow += u == 0 ? "<th scope=\"row\">" + EscapeHtml(cells[u]) + "</th>"
-                       : "<td>" + EscapeHtml(cells[u]) + "</td>";
+        sRow +=
+            u == 0 ? "<th scope=\"row\">" + EscapeHtml(cells[u]) + "</th>" : "<td>" + EscapeHtml(cells[u]) + "</td>";
     }
     return sRow + "</tr>\n";
 }

@@ -13,6 +13,6 @@ std::string EscapeHtml(std::string_view sText);
 // RFC 4648, with padding.
 std::string EncodeBase64(std::string_view sBytes);
 
-// Replaces each {{NAME}} by the text of that name. The texts themselves are not looked through. Throws std::out_of_range
-// for a name that is not there.
+// Replaces each {{NAME}} by the text of that name. The texts themselves are not looked through. Throws
+// std::out_of_range for a name that is not there.
 std::string FillTemplate(std::string_view sTemplate, const std::map<std::string, std::string>& texts);

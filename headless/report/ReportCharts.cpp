@@ -128,10 +128,9 @@ CPageTable MakeSpeedTable(const CSpeedDistribution& speeds)
     {
         const double low = histogram.GetEdge(u);
         const double high = histogram.GetEdge(u + 1);
-        const double rayleigh = ComputeRayleighDistribution(high, speeds.meanSquare) -
-                                ComputeRayleighDistribution(low, speeds.meanSquare);
-        const double gamma =
-            ComputeGammaDistribution(high, speeds.mean) - ComputeGammaDistribution(low, speeds.mean);
+        const double rayleigh =
+            ComputeRayleighDistribution(high, speeds.meanSquare) - ComputeRayleighDistribution(low, speeds.meanSquare);
+        const double gamma = ComputeGammaDistribution(high, speeds.mean) - ComputeGammaDistribution(low, speeds.mean);
         table.rows.push_back({TextOfFixed(low, c_iSpeedDecimals), TextOfFixed(high, c_iSpeedDecimals),
                               std::to_string(histogram.GetCount(u)), TextOfFixed(total * rayleigh, 1),
                               TextOfFixed(total * gamma, 1)});
@@ -201,11 +200,12 @@ std::string MakeSpeedSection(const CReport& report)
     chart.shows = "Histogram of the speeds of " + std::to_string(speeds.histogram.GetTotal()) +
                   " atoms beside two laws. Distance to the Rayleigh law " + sRayleigh + ", to the Gamma law " + sGamma +
                   ".";
-    chart.caption = "Beside the atoms: the Rayleigh law (that of Maxwell and Boltzmann in two dimensions) with the same "
-                    "mean square speed, " +
-                    TextOfFixed(speeds.meanSquare, c_iDistanceDecimals) +
-                    ", and the Gamma law of shape 4 with the same mean speed, " +
-                    TextOfFixed(speeds.mean, c_iDistanceDecimals) + ".";
+    chart.caption =
+        "Beside the atoms: the Rayleigh law (that of Maxwell and Boltzmann in two dimensions) with the same "
+        "mean square speed, " +
+        TextOfFixed(speeds.meanSquare, c_iDistanceDecimals) +
+        ", and the Gamma law of shape 4 with the same mean speed, " + TextOfFixed(speeds.mean, c_iDistanceDecimals) +
+        ".";
     chart.table = MakeSpeedTable(speeds);
     return MakeChart(chart) + "<h3>Distance to the laws</h3>\n" +
            MakeValueTable({{"rayleigh_distance", "Rayleigh law", sRayleigh, ""},

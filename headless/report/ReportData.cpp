@@ -23,8 +23,8 @@ CJson Rounded(double value)
         return nullptr;
     }
     std::array<char, 32> buffer{};
-    const std::to_chars_result text = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                                    std::chars_format::general, c_iDigits);
+    const std::to_chars_result text =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, c_iDigits);
     double rounded = 0;
     std::from_chars(buffer.data(), text.ptr, rounded);
     return rounded;

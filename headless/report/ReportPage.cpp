@@ -64,11 +64,12 @@ std::string MakeKeyFiguresOf(const CReport& report)
     const auto value = [&report](const char* sKey, const char* sName) {
         return CPageValue{sKey, sName, GetShown(report, sKey), ""};
     };
-    return MakeKeyFigures({value("atoms", "Atoms"), value("iterations", "Iterations"),
-                           value("average_speed", "Average speed"),
-                           {"energy", "Kinetic energy per atom",
-                            TextOfFixed(report.curve.back().energy, c_iEnergyDecimals), ""},
-                           value("collisions_per_iteration_percent", "Collisions per iteration (%)")});
+    return MakeKeyFigures(
+        {value("atoms", "Atoms"),
+         value("iterations", "Iterations"),
+         value("average_speed", "Average speed"),
+         {"energy", "Kinetic energy per atom", TextOfFixed(report.curve.back().energy, c_iEnergyDecimals), ""},
+         value("collisions_per_iteration_percent", "Collisions per iteration (%)")});
 }
 
 // The digits of a SHA-256 as a Content-Security-Policy has them.
@@ -88,11 +89,10 @@ std::string MakePolicyHash(std::string_view sHexadecimal)
 void AddPicture(const CReport& report, std::map<std::string, std::string>& texts)
 {
     const std::string sWorld = GetShown(report, "width") + " x " + GetShown(report, "height") + " units";
-    const std::string sPixel =
-        report.unitsOfPixel == 1
-            ? "One pixel is one square unit."
-            : "One pixel is the mean of " + std::to_string(report.unitsOfPixel) + " x " +
-                  std::to_string(report.unitsOfPixel) + " square units.";
+    const std::string sPixel = report.unitsOfPixel == 1
+                                   ? "One pixel is one square unit."
+                                   : "One pixel is the mean of " + std::to_string(report.unitsOfPixel) + " x " +
+                                         std::to_string(report.unitsOfPixel) + " square units.";
     texts["PICTURE"] = EncodeBase64(report.picture);
     texts["PICTURE_WIDTH"] = std::to_string(report.pictureSize.cx);
     texts["PICTURE_HEIGHT"] = std::to_string(report.pictureSize.cy);
@@ -127,10 +127,10 @@ std::string MakeReportPage(const CReport& report)
     Split(report, settings, results);
     AddFiles(texts);
     AddPicture(report, texts);
-    texts["TITLE"] = EscapeHtml(GetShown(report, "atoms") + (GetShown(report, "atoms") == "1" ? " atom, " : " atoms, ") +
-                                GetShown(report, "iterations") +
-                                (GetShown(report, "iterations") == "1" ? " iteration" : " iterations") + ", seed " +
-                                GetShown(report, "seed"));
+    texts["TITLE"] = EscapeHtml(
+        GetShown(report, "atoms") + (GetShown(report, "atoms") == "1" ? " atom, " : " atoms, ") +
+        GetShown(report, "iterations") + (GetShown(report, "iterations") == "1" ? " iteration" : " iterations") +
+        ", seed " + GetShown(report, "seed"));
     texts["HASH"] = EscapeHtml(GetShown(report, "state_hash"));
     texts["VERSION"] = EscapeHtml(GetData(report, "version"));
     texts["COMMAND"] = MakeCommand(GetData(report, "command"));

@@ -4,7 +4,8 @@
 #include <vector>
 
 // Two laws for the speeds of a gas in a plane, each with one parameter. Speeds are not negative; the parameters are
-// finite and above 0. A density is a probability per unit of speed, a distribution the probability of at most this speed.
+// finite and above 0. A density is a probability per unit of speed, a distribution the probability of at most this
+// speed.
 
 // The Rayleigh law, which is that of Maxwell and Boltzmann in two dimensions, with this mean square speed m:
 // density 2 v / m * exp(-v^2 / m).
@@ -15,6 +16,6 @@ double ComputeRayleighDistribution(double speed, double meanSquare);
 double ComputeGammaDensity(double speed, double mean);
 double ComputeGammaDistribution(double speed, double mean);
 
-// The distance of Kolmogorov and Smirnov: the largest difference between the distribution and the share of the sample at
-// or below a value. From 0 to 1; 0 for an empty sample. The sample is sorted.
+// The distance of Kolmogorov and Smirnov: the largest difference between the distribution and the share of the sample
+// at or below a value. From 0 to 1; 0 for an empty sample. The sample is sorted.
 double ComputeKolmogorovDistance(const std::vector<double>& sorted, const std::function<double(double)>& distribution);

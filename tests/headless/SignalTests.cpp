@@ -158,6 +158,11 @@ TEST_P(Signal, EndsTheLastPicture)
     ExpectEnd({{"--iterations", "1", "--picture", folder.GetPath("gas.png")}, "open:gas.png:2:signal=19"}, {});
 }
 
+TEST_P(Signal, EndsTheReport)
+{
+    ExpectEnd({{"--iterations", "1", "--report", folder.GetPath("gas.html")}, "open:gas.html:2:signal=19"}, {});
+}
+
 // Counting the overlaps of that many atoms on one spot takes seconds; the signal comes soon after they have begun.
 TEST_P(Signal, EndsTheCountOfOverlaps)
 {

@@ -1,6 +1,6 @@
-#include "headless/observed/CRunCurve.h"
 #include "headless/console/HeadlessError.h"
 #include "headless/observed/CCurveObserver.h"
+#include "headless/observed/CRunCurve.h"
 #include "settings/CSettings.h"
 #include "tests/headless/HeadlessTesting.h"
 

@@ -1,5 +1,5 @@
-#include "headless/report/PageText.h"
 #include "headless/report/PageParts.h"
+#include "headless/report/PageText.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -49,7 +49,6 @@ TEST(PageParts, EveryTextIsEscaped)
 
 TEST(PageParts, ACommandKeepsItsText)
 {
-    EXPECT_EQ(MakeCommand("run --a 1 --b '<'"),
-              "<span>run</span> <span>--a 1</span> <span>--b &#39;&lt;&#39;</span>");
+    EXPECT_EQ(MakeCommand("run --a 1 --b '<'"), "<span>run</span> <span>--a 1</span> <span>--b &#39;&lt;&#39;</span>");
     EXPECT_EQ(MakeCommand("run"), "<span>run</span>");
 }

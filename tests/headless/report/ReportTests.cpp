@@ -118,3 +118,15 @@ TEST_F(Report, HasAnyName)
     EXPECT_EQ(RunProgram({"--iterations", "2", "--report", sName}).exitCode, 0);
     EXPECT_THAT(ReadFile(sName), testing::StartsWith("<!DOCTYPE html>"));
 }
+
+#ifndef _WIN32
+TEST_F(Report, ADiskThatIsFullCostsOnlyTheReport)
+{
+    const CProgramResult result =
+        RunProgram({"--iterations", "2", "--report", "/dev/full", "--save-state", folder.GetPath("a.csv")});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.err, testing::StartsWith("error: /dev/full: "));
+    EXPECT_EQ(GetSummaryValue(result.out, "iterations"), "2");
+    EXPECT_EQ(folder.GetNames(), CNames{"a.csv"});
+}
+#endif

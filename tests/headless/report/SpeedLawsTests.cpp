@@ -1,5 +1,5 @@
-#include "headless/report/SpeedLaws.h"
 #include "headless/report/SpeedDistribution.h"
+#include "headless/report/SpeedLaws.h"
 #include "tests/headless/HeadlessTesting.h"
 
 #include <gtest/gtest.h>
