@@ -7,6 +7,7 @@
 #include "headless/HistogramsOfRun.h"
 #include "headless/observed/CCurveObserver.h"
 #include "headless/observed/CStatsWriter.h"
+#include "headless/options/Outputs.h"
 #include "headless/options/StartText.h"
 #include "headless/OutputPlaces.h"
 #include "headless/pictures/CNumberedPictures.h"
@@ -69,13 +70,11 @@ CExperiment::CExperiment(const COptions& options, const CConsole& console)
 void CExperiment::CheckOutputs() const
 {
     CheckOutputPlaces(m_Options, m_uLastIteration);
-    for (const std::optional<std::string>& sPath :
-         {m_Options.saveState, m_Options.stats, m_Options.histogram, m_Options.trajectory, m_Options.picture,
-          m_Options.report, m_Options.checkpoint})
+    for (const COutput& output : GetOutputs(m_Options))
     {
-        if (sPath && *sPath != c_sStandardOutput)
+        if (output.path != c_sStandardOutput)
         {
-            COutputFile::Check(*sPath);
+            COutputFile::Check(output.path);
         }
     }
     CheckHistogramIterations(m_Options, m_Results.iterations, m_uLastIteration, m_Progress);

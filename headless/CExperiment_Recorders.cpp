@@ -1,6 +1,7 @@
 #include "headless/CExperiment.h"
 #include "headless/recorded/CFrameRecorder.h"
 #include "headless/recorded/TrajectoryFormat.h"
+#include "headless/recorded/VideoFormat.h"
 
 #include <memory>
 #include <utility>
@@ -20,5 +21,9 @@ void CExperiment::AddRecorders(CRunObservers& observers)
         const bool bGzip = m_Options.trajectory->ends_with(".gz");
         add("--trajectory", *m_Options.trajectory, {m_Options.trajectoryEvery, true},
             MakeTrajectoryFormat(m_Results.seed, bGzip));
+    }
+    if (m_Options.video)
+    {
+        add("--video", *m_Options.video, {m_Options.videoEvery.value_or(1), false}, MakeVideoFormat(m_Settings.world));
     }
 }

@@ -6,6 +6,7 @@
 #include "headless/files/COutputFile.h"
 #include "headless/files/CStreamSink.h"
 #include "headless/observed/OverlapStatistics.h"
+#include "headless/options/Outputs.h"
 #include "headless/pictures/CNumberedPictures.h"
 #include "headless/pictures/CWorldImage.h"
 #include "headless/pictures/PngFile.h"
@@ -146,6 +147,7 @@ std::unique_ptr<IByteSink> CExperiment::OpenOutput(const std::string& sPath) con
 
 bool CExperiment::IsStandardOutputTaken() const
 {
-    return m_Options.saveState == c_sStandardOutput || m_Options.stats == c_sStandardOutput ||
-           m_Options.histogram == c_sStandardOutput || m_Options.trajectory == c_sStandardOutput;
+    const std::vector<COutput> outputs = GetOutputs(m_Options);
+    return std::any_of(outputs.begin(), outputs.end(),
+                       [](const COutput& output) { return output.path == c_sStandardOutput; });
 }

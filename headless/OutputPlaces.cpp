@@ -6,6 +6,7 @@
 #include "headless/files/FilePlace.h"
 #include "headless/files/SystemFile.h"
 #include "headless/options/COptions.h"
+#include "headless/options/Outputs.h"
 #include "headless/pictures/CNumberedPictures.h"
 
 #include <filesystem>
@@ -31,19 +32,21 @@ struct CPlace
     bool bOutput{};
 };
 
-void Add(std::vector<CPlace>& places, const char* sOption, const std::optional<std::string>& path, bool bOutput)
+void AddInput(std::vector<CPlace>& places, const char* sOption, const std::optional<std::string>& path)
 {
     if (path)
     {
-        places.push_back({sOption, *path, bOutput});
+        places.push_back({sOption, *path, false});
     }
 }
 
-void AddGrowing(std::vector<CPlace>& places, const std::string& sOption, const std::optional<std::string>& path)
+void AddOutput(std::vector<CPlace>& places, const COutput& output)
 {
-    if (path && *path != c_sStandardOutput)
+    places.push_back({output.sOption, output.path, true});
+    if (output.bGrows && output.path != c_sStandardOutput)
     {
-        places.push_back({"the growing file of " + sOption, Utf8FromPath(COutputFile::GetPartialPath(*path)), true});
+        places.push_back({std::string("the growing file of ") + output.sOption,
+                          Utf8FromPath(COutputFile::GetPartialPath(output.path)), true});
     }
 }
 
@@ -60,23 +63,17 @@ void AddRedirected(std::vector<CPlace>& places, const char* sName, const char* s
 std::vector<CPlace> GetPlaces(const COptions& options)
 {
     std::vector<CPlace> places;
-    Add(places, "--load-state", options.loadState, false);
-    Add(places, "--settings", options.settings, false);
-    Add(places, "--save-state", options.saveState, true);
-    Add(places, "--stats", options.stats, true);
-    Add(places, "--histogram", options.histogram, true);
-    Add(places, "--trajectory", options.trajectory, true);
-    Add(places, "--picture", options.picture, true);
-    Add(places, "--report", options.report, true);
-    Add(places, "--checkpoint", options.checkpoint, true);
+    AddInput(places, "--load-state", options.loadState);
+    AddInput(places, "--settings", options.settings);
+    for (const COutput& output : GetOutputs(options))
+    {
+        AddOutput(places, output);
+    }
     // A run may continue its own checkpoint and replace it.
     if (!options.checkpoint || !options.resume || !AreSameFile(*options.resume, *options.checkpoint))
     {
-        Add(places, "--resume", options.resume, false);
+        AddInput(places, "--resume", options.resume);
     }
-    AddGrowing(places, "--stats", options.stats);
-    AddGrowing(places, "--histogram", options.histogram);
-    AddGrowing(places, "--trajectory", options.trajectory);
     AddRedirected(places, "standard output", c_sStandardOutputFile, true);
     if (options.loadState == c_sStandardInput)
     {

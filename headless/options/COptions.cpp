@@ -133,6 +133,9 @@ void AddOutputOptions(CLI::App& app, COptions& options)
         "Write the atoms at the start and at the end as frames of extended XYZ, compressed if the name ends in .gz; - "
         "is standard output");
     AddCount(app, "--every", options.trajectoryEvery, 1, "With --trajectory: also after every N iterations");
+    AddFile(app, "--video", options.video,
+            "Write pictures of the world as YUV4MPEG2, 60 in a second, for players and encoders; - is standard output");
+    AddCount(app, "--video-every", options.videoEvery, 1, "With --video: a picture every N iterations (1)");
     AddFile(app, "--picture", options.picture, "Write a PNG of the world after the last iteration");
     AddCount(app, "--picture-every", options.pictureEvery, 1,
              "With --picture: one after every N iterations too, numbered before the extension");
@@ -183,6 +186,10 @@ void CheckCombinations(const COptions& options)
     if (options.trajectoryEvery && !options.trajectory)
     {
         throw CUsageError("--every: needs --trajectory, which names the file");
+    }
+    if (options.videoEvery && !options.video)
+    {
+        throw CUsageError("--video-every: needs --video, which names the file");
     }
 }
 

@@ -35,6 +35,8 @@ struct COptions
     std::optional<double> histogramRange;
     std::optional<std::string> trajectory; // "-" is standard output
     std::optional<std::uint64_t> trajectoryEvery;
+    std::optional<std::string> video; // "-" is standard output
+    std::optional<std::uint64_t> videoEvery;
     std::optional<std::string> picture;
     std::optional<std::uint64_t> pictureEvery;
     std::optional<std::string> report;

@@ -26,10 +26,10 @@ struct COutput
     std::string sName;
 };
 
-const std::array<COutput, 7> c_Outputs = {COutput{"--save-state", "state.csv"},  COutput{"--stats", "stats.csv"},
-                                          COutput{"--histogram", "speeds.csv"},  COutput{"--trajectory", "run.xyz"},
-                                          COutput{"--trajectory", "run.xyz.gz"}, COutput{"--picture", "gas.png"},
-                                          COutput{"--checkpoint", "run.ckpt"}};
+const std::array<COutput, 8> c_Outputs = {COutput{"--save-state", "state.csv"}, COutput{"--stats", "stats.csv"},
+                                          COutput{"--histogram", "speeds.csv"}, COutput{"--trajectory", "run.xyz"},
+                                          COutput{"--video", "run.y4m"},        COutput{"--trajectory", "run.xyz.gz"},
+                                          COutput{"--picture", "gas.png"},      COutput{"--checkpoint", "run.ckpt"}};
 
 // A run whose file cannot be written says so and changes nothing.
 void ExpectError(const COutput& output, CLaunch launch, const std::string& sReason)
@@ -47,7 +47,7 @@ void ExpectError(const COutput& output, CLaunch launch, const std::string& sReas
     {
         // Growing files are kept as far as they came.
         const bool bGrowing =
-            output.sOption == "--stats" || output.sOption == "--histogram" || output.sOption == "--trajectory";
+            output.sOption != "--save-state" && output.sOption != "--picture" && output.sOption != "--checkpoint";
         EXPECT_TRUE(sName == output.sName || (bGrowing && sName == output.sName + ".partial")) << sName;
     }
 }
@@ -173,6 +173,7 @@ TEST(StandardOutput, ThatIsFullIsAnError)
     ExpectOutputError(open(), {"--iterations", "1", "--histogram", "-"}, "standard output: cannot be written");
     ExpectOutputError(open(), {"--iterations", "1", "--save-state", "-"}, "standard output: cannot be written");
     ExpectOutputError(open(), {"--iterations", "1", "--trajectory", "-"}, "standard output: cannot be written");
+    ExpectOutputError(open(), {"--iterations", "1", "--video", "-"}, "standard output: cannot be written");
     ExpectOutputError(open(), {"--iterations", "1"}, "the summary cannot be written");
 }
 
@@ -187,5 +188,6 @@ TEST(StandardOutput, ThatIsAClosedPipeIsAnError)
                       "standard output: cannot be written");
     ExpectOutputError(OpenClosedPipe(), {"--iterations", "1", "--trajectory", "-"},
                       "standard output: cannot be written");
+    ExpectOutputError(OpenClosedPipe(), {"--iterations", "1", "--video", "-"}, "standard output: cannot be written");
     ExpectOutputError(OpenClosedPipe(), {"--iterations", "1"}, "the summary cannot be written");
 }

@@ -56,7 +56,7 @@ TEST_F(OutputPlaces, AnOutputDoesNotReplaceAnInput)
     const std::string sFile = m_Folder.WriteFile("a.csv", "x");
     for (const char* const sInput : {"--load-state", "--settings"})
     {
-        for (const char* const sOutput : {"--save-state", "--stats", "--trajectory", "--picture"})
+        for (const char* const sOutput : {"--save-state", "--stats", "--trajectory", "--video", "--picture"})
         {
             EXPECT_THAT(GetError({sInput, sFile, sOutput, sFile}), StartsWith(std::string(sOutput) + ": '"));
             EXPECT_THAT(GetError({sInput, sFile, sOutput, sFile}),

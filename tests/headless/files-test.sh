@@ -31,7 +31,7 @@ refused() {
 
 cp "$program" program && chmod 755 program
 mkdir closed && touch closed/old.csv && chmod 666 closed/old.csv && chmod 555 closed
-for option in --save-state --stats --histogram --trajectory --picture; do
+for option in --save-state --stats --histogram --trajectory --video --picture; do
     for name in closed/new.csv closed/old.csv; do
         expect "$option in a folder that cannot be written" "$(refused "${plain_user[@]}" ./program "$option" "$name")" \
             "error: $name: cannot be written: Permission denied"
@@ -65,6 +65,10 @@ kinetarium-headless --help shows all options."
 expect "a state through a pipe" \
     "$(./program --load-state - --width 512 --height 512 --iterations 0 --save-state - <right.csv 2>errors | cmp - right.csv && echo same)" same
 expect "where that state came from" "$(grep '^start: ' errors)" "start: standard input"
+timeout 60 ./program --iterations 1000000000000 --video - --quiet 2>errors | head -c 1000 >beginning
+expect "exit code of a video whose reader goes away" "${PIPESTATUS[0]}" 1
+expect "message of a video whose reader goes away" "$(cat errors)" "error: standard output: cannot be written"
+expect "beginning of a video" "$(head -n 1 beginning)" "YUV4MPEG2 W512 H512 F60:1 Ip A1:1 C444 XCOLORRANGE=LIMITED"
 ./program --help >/dev/full 2>errors
 expect "exit code of help that cannot be written" $? 1
 expect "message of help that cannot be written" "$(cat errors)" "error: standard output: cannot be written"

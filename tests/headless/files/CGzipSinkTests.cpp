@@ -58,10 +58,13 @@ private:
 
 TEST(GzipSink, TheBytesReadBack)
 {
-    for (const std::size_t uBytes : {0U, 1U, 1000U, 65'536U, 300'000U})
+    EXPECT_EQ(Gunzip(Compress("")), "");
+    EXPECT_EQ(Gunzip(Compress("x")), "x");
+    // The end of some of them does not fit into the piece that was begun.
+    for (std::size_t uBytes = 1000; uBytes < 400'000; uBytes += 9973)
     {
         const std::string sText = MakeText(uBytes);
-        EXPECT_EQ(Gunzip(Compress(sText)), sText) << uBytes;
+        EXPECT_TRUE(Gunzip(Compress(sText)) == sText) << uBytes;
     }
 }
 

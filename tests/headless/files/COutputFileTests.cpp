@@ -177,7 +177,7 @@ TEST(OutputFile, TheProgramChecksItsFilesBeforeItComputes)
 
     // A run that has begun ends at once with another error.
     const std::atomic<int> exitCode{130};
-    for (const char* const sOption : {"--save-state", "--stats", "--trajectory", "--picture"})
+    for (const char* const sOption : {"--save-state", "--stats", "--trajectory", "--video", "--picture"})
     {
         const CProgramResult result = RunProgram({"--iterations", "1", sOption, sPath}, false, &exitCode);
         EXPECT_EQ(result.exitCode, 1) << sOption;

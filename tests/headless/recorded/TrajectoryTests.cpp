@@ -203,7 +203,7 @@ TEST_F(Trajectory, OptionsAreCheckedBeforeTheRun)
     EXPECT_THAT(GetUsageError({"--trajectory", sPath, "--stats", sPath}), HasSubstr("is the same file as"));
     EXPECT_THAT(GetUsageError({"--trajectory", "-", "--stats", "-"}), HasSubstr("is the same file as"));
     EXPECT_THAT(GetUsageError({"--trajectory", sPath, "--checkpoint", sPath + ".partial"}),
-                StartsWith("error: the growing file of --trajectory: "));
+                HasSubstr(" is the same file as the growing file of --trajectory: "));
     const std::string sNowhere = folder.GetPath("none/run.xyz");
     const CProgramResult result = RunProgram({"--trajectory", sNowhere, "--iterations", "1000000000000"});
     EXPECT_EQ(result.exitCode, 1);
