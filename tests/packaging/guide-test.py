@@ -101,7 +101,11 @@ class Package:
                 compared += 1
                 if without_times(block) != without_times(output):
                     fail(f"the page shows another output than its command gives: {output}")
-            commands = read_commands(block) if language == "powershell" else []
+            try:
+                commands = read_commands(block) if language == "powershell" else []
+            except NoPowerShell as reason:
+                fail(f"this is no PowerShell: {reason}")
+                commands = []
             for arguments in commands:
                 done = self.run(arguments)
                 count += 1
