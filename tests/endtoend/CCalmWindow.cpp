@@ -1,26 +1,26 @@
 #include "tests/endtoend/CCalmWindow.h"
 
-#include "tests/endtoend/CScreenPicture.h"
 #include "tests/endtoend/Keyboard.h"
 #include "tests/endtoend/UserInput.h"
 #include "tests/endtoend/WaitUntil.h"
 #include "tests/endtoend/WindowSearch.h"
 
 #include <chrono>
+#include <optional>
 
 namespace
 {
 constexpr auto c_patience = std::chrono::milliseconds(60000);
 constexpr DWORD c_uPaintMilliseconds = 300; // gives the program time to draw its changes
 
-bool HasDarkText(const CScreenPicture& picture)
+bool HasDarkText(const CScreenPicture& picture, const RECT& rcText)
 {
     constexpr int c_iDark = 100;
     constexpr int c_iEnough = 100; // pixels
     int iDark = 0;
-    for (int iY = 0; iY < picture.GetHeight(); ++iY)
+    for (int iY = rcText.top; iY < rcText.bottom; ++iY)
     {
-        for (int iX = 0; iX < picture.GetWidth(); ++iX)
+        for (int iX = rcText.left; iX < rcText.right; ++iX)
         {
             iDark += GetGValue(picture.GetPixel(iX, iY)) < c_iDark ? 1 : 0;
         }
@@ -80,12 +80,20 @@ void CCalmWindow::FocusButton() const
     }
 }
 
-void CCalmWindow::WaitForStatisticsOnScreen() const
+CScreenPicture CCalmWindow::TakeWithStatistics() const
 {
     constexpr int c_iTextWidth = 300; // pixels; a statistics line is longer
+    constexpr int c_iFrame = 4;       // pixels
     m_user.WaitForStatistics(m_user.WaitForStatistics(0).iterations);
+    const RECT rcWindow = m_user.GetWindowRectangle();
     RECT rcText{};
     GetWindowRect(m_user.GetStatusBar(), &rcText);
+    OffsetRect(&rcText, -rcWindow.left, -rcWindow.top);
     rcText.right = rcText.left + c_iTextWidth;
-    WaitUntil("the statistics line on the screen", c_patience, [&] { return HasDarkText(CScreenPicture(rcText)); });
+    InflateRect(&rcText, -c_iFrame, -c_iFrame);
+    const auto picture = WaitUntil("a statistics line on the screen", c_patience, [&] {
+        std::optional<CScreenPicture> taken(rcWindow);
+        return HasDarkText(*taken, rcText) ? taken : std::nullopt;
+    });
+    return *picture;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/endtoend/CPanelUser.h"
+#include "tests/endtoend/CScreenPicture.h"
 
 #include <windows.h>
 
@@ -19,8 +20,9 @@ public:
     void RestMouse() const;
     // Gives the focus to the Start button: the caret of an entry blinks.
     void FocusButton() const;
-    // Waits until a statistics line has been there for a while and is on the screen: the program draws the world first.
-    void WaitForStatisticsOnScreen() const;
+    // Takes a picture of the window that has a statistics line. The status bar may get its line long before it shows
+    // it, because the program draws the world first.
+    CScreenPicture TakeWithStatistics() const;
 
 private:
     // The colours of the button and of the list beside their texts. Under the mouse they are lighter.

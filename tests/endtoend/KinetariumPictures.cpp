@@ -85,9 +85,10 @@ private:
         });
     }
 
-    void Save(const RECT& rc, const char* sName) const
+    void Save(const RECT& rc, const char* sName) const { Save(CScreenPicture(rc), sName); }
+    void Save(const CScreenPicture& picture, const char* sName) const
     {
-        CScreenPicture(rc).SavePng(m_folder / (std::string(sName) + ".png"));
+        picture.SavePng(m_folder / (std::string(sName) + ".png"));
         std::cout << "Saved " << sName << std::endl;
     }
 
@@ -183,10 +184,9 @@ void CPhotographer::Take_RunNamed(const char* sName) const
     const CScreenPicture start(rcButton);
     m_user.PressStart();
     m_calm.RestMouse();
-    m_calm.WaitForStatisticsOnScreen();
     WaitUntilPainted(GetPanelRectangle());
     WaitUntil("the button to show its new text", c_endPatience, [&] { return CScreenPicture(rcButton) != start; });
-    Save(m_user.GetWindowRectangle(), sName);
+    Save(m_calm.TakeWithStatistics(), sName);
     m_user.PressStop();
 }
 
