@@ -103,8 +103,7 @@ Function RemoveFromEarlierPlace
   ${If} ${FileExists} "$Place\${RECORD}"
     Call RemoveRecorded
     ${If} $Failed == ""
-      Delete "$Place\${RECORD}"
-      Delete "$Place\Uninstall.exe"
+      Call RemoveRecord
     ${Else}
       !insertmacro Say "" "The earlier version's file $Failed is in use and stays."
     ${EndIf}
@@ -233,8 +232,7 @@ Section "Uninstall"
   ${If} $EarlierPlace == $INSTDIR
     DeleteRegKey HKCU "${UNINSTALL_KEY}"
   ${EndIf}
-  Delete "$INSTDIR\${RECORD}"
-  Delete "$INSTDIR\Uninstall.exe"
+  Call un.RemoveRecord
   SetOutPath "$TEMP"
   RMDir "$INSTDIR"
 SectionEnd

@@ -134,4 +134,14 @@ Function ${UN}RemoveRecorded
   !insertmacro EndForEach
 FunctionEnd
 
+; Deletes what remains after RemoveRecorded, the record last: a folder in which the uninstaller lies without it would be
+; foreign to the next installer.
+Function ${UN}RemoveRecord
+  ClearErrors
+  Delete "$Place\Uninstall.exe"
+  ${IfNot} ${Errors}
+    Delete "$Place\${RECORD}"
+  ${EndIf}
+FunctionEnd
+
 !macroend

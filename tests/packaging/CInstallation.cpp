@@ -225,6 +225,6 @@ void UninstallAsListed()
     const std::size_t uQuote = sCommand->find(L'"', 1);
     RunToEnd(sCommand->substr(1, uQuote - 1), sCommand->substr(uQuote + 1));
     WaitUntil("the uninstaller", c_uninstallPatience, [&] {
-        return !IsListed() && !std::filesystem::exists(std::filesystem::path(*sPlace) / "Uninstall.exe");
+        return !IsListed() && !std::filesystem::exists(std::filesystem::path(*sPlace) / "installed-files.ini");
     });
 }
