@@ -1,6 +1,8 @@
 #include "tests/endtoend/CDrivenProgram.h"
 #include "tests/endtoend/CKinetariumUser.h"
 #include "tests/packaging/CInstallation.h"
+#include "tests/packaging/CInstallerTest.h"
+#include "tests/packaging/CPlantedFolder.h"
 #include "tests/packaging/CProgramFile.h"
 #include "tests/packaging/FolderContents.h"
 #include "tests/packaging/HandedOut.h"
@@ -14,11 +16,31 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace
 {
 // Windows keeps these in memory and looks for them nowhere else. Wine would load a planted one.
 const std::set<std::string> c_alwaysTheSystems{"kernel32.dll", "msvcrt.dll"};
+
+// The libraries of the setup program that Windows keeps in memory. Its linker, that of NSIS, delays none. A manifest
+// binds comctl32.dll to the folder of the system's versions.
+const std::set<std::string> c_alwaysTheSystemsForSetup{"advapi32.dll", "comctl32.dll", "gdi32.dll", "kernel32.dll",
+                                                       "ole32.dll",    "shell32.dll",  "user32.dll"};
+
+// What the setup program loads at run time, what these libraries load in turn, and other names that are known to be
+// looked for beside a program. Not version.dll: Wine's user32.dll imports it, so that it is loaded before the setup
+// program begins.
+const std::set<std::string> c_loadedBySetup{
+    "apphelp.dll",  "bcrypt.dll",  "clbcatq.dll",  "comctl32.dll", "crypt32.dll", "cryptbase.dll",
+    "dwmapi.dll",   "msimg32.dll", "ntmarta.dll",  "oleacc.dll",   "profapi.dll", "propsys.dll",
+    "riched20.dll", "secur32.dll", "setupapi.dll", "shfolder.dll", "userenv.dll", "wintrust.dll"};
+
+std::set<std::string> ImportsOf(const std::filesystem::path& program)
+{
+    const std::vector<std::string> libraries = CProgramFile(program).GetImportedLibraries();
+    return {libraries.begin(), libraries.end()};
+}
 
 std::set<std::string> DelayedLibraries()
 {
@@ -31,59 +53,24 @@ std::set<std::string> DelayedLibraries()
     return libraries;
 }
 
-// A folder with a program and a planted library for each that it needs, as a user may have downloaded them. Wine
-// prefers its own libraries; here it is told to look for others first, as Windows does.
 class PlantedLibrary : public testing::TestWithParam<const wchar_t*>
 {
 protected:
     PlantedLibrary()
     {
-        const std::filesystem::path original = HandedOutFolder() / GetParam();
-        m_program = m_folder / (L"planted-" + std::wstring(GetParam()));
-        m_sKey = L"Software\\Wine\\AppDefaults\\" + m_program.filename().wstring() + L"\\DllOverrides";
-        std::filesystem::create_directories(m_folder);
-        std::filesystem::copy_file(original, m_program);
-        m_libraries = DelayedLibraries();
-        for (const std::string& sLibrary : CProgramFile(original).GetImportedLibraries())
+        std::set<std::string> libraries = DelayedLibraries();
+        libraries.merge(ImportsOf(m_planted.GetProgram()));
+        for (const std::string& sLibrary : libraries)
         {
-            m_libraries.insert(sLibrary);
+            if (!c_alwaysTheSystems.contains(sLibrary))
+            {
+                m_planted.Plant(sLibrary);
+            }
         }
-        for (const std::string& sLibrary : c_alwaysTheSystems)
-        {
-            m_libraries.erase(sLibrary);
-        }
-        for (const std::string& sLibrary : m_libraries)
-        {
-            std::filesystem::copy_file(BuildTree() / "tests-bin" / "kinetarium-planted.dll", m_folder / sLibrary);
-            Override(std::filesystem::path(sLibrary).stem().wstring(), L"native,builtin");
-        }
-        Override(L"d2d1", L""); // as for every program whose picture is looked at
-    }
-    ~PlantedLibrary() override
-    {
-        RegDeleteTreeW(HKEY_CURRENT_USER, m_sKey.c_str());
-        std::error_code ignored;
-        std::filesystem::remove_all(m_folder, ignored);
+        m_planted.Override(L"d2d1", L""); // as for every program whose picture is looked at
     }
 
-    void Override(const std::wstring& sLibrary, const std::wstring& sOrder) const
-    {
-        RegSetKeyValueW(HKEY_CURRENT_USER, m_sKey.c_str(), sLibrary.c_str(), REG_SZ, sOrder.c_str(),
-                        static_cast<DWORD>((sOrder.size() + 1) * sizeof(wchar_t)));
-    }
-    void ExpectNoneWasLoaded() const
-    {
-        for (const std::string& sFile : FilesIn(m_folder))
-        {
-            EXPECT_FALSE(sFile.ends_with(".loaded")) << sFile;
-        }
-    }
-
-    const std::filesystem::path m_folder =
-        std::filesystem::temp_directory_path() / ("kinetarium planted " + std::to_string(GetCurrentProcessId()));
-    std::filesystem::path m_program;
-    std::wstring m_sKey;
-    std::set<std::string> m_libraries;
+    CPlantedFolder m_planted{HandedOutFolder() / GetParam()};
 };
 
 class PlantedLibraryWithWindow : public PlantedLibrary
@@ -103,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(HandedOut, PlantedLibraryWithoutWindow, testing::Values
 
 TEST_P(PlantedLibrary, TheLoaderItselfIsAskedOnlyForLibrariesThatTheSystemKeepsInMemory)
 {
-    for (const std::string& sLibrary : CProgramFile(m_program).GetImportedLibraries())
+    for (const std::string& sLibrary : ImportsOf(m_planted.GetProgram()))
     {
         EXPECT_TRUE(c_alwaysTheSystems.contains(sLibrary)) << sLibrary;
     }
@@ -111,35 +98,66 @@ TEST_P(PlantedLibrary, TheLoaderItselfIsAskedOnlyForLibrariesThatTheSystemKeepsI
 
 TEST_P(PlantedLibrary, TheTestCanSeeAPlantedLibraryThatIsLoaded)
 {
-    const std::filesystem::path planted = m_folder / "other.dll";
-    std::filesystem::copy_file(BuildTree() / "tests-bin" / "kinetarium-planted.dll", planted);
+    const std::filesystem::path planted = m_planted.GetFolder() / "other.dll";
+    std::filesystem::copy_file(PlantedFile(), planted);
     const HMODULE hLibrary = LoadLibraryW(planted.c_str());
     ASSERT_NE(hLibrary, nullptr);
     FreeLibrary(hLibrary);
-    EXPECT_TRUE(FilesIn(m_folder).contains("other.dll.loaded"));
+    EXPECT_TRUE(FilesIn(m_planted.GetFolder()).contains("other.dll.loaded"));
 }
 
 TEST_P(PlantedLibraryWithWindow, NoLibraryBesideTheProgramIsLoaded)
 {
     constexpr auto c_patience = std::chrono::milliseconds(20000);
-    const CDrivenProgram program(m_program);
+    const CDrivenProgram program(m_planted.GetProgram());
     const CKinetariumUser user(program);
     user.PressStart();
     user.WaitForStatistics(0);
     user.PressStop();
-    for (const std::string& sLibrary : m_libraries)
+    for (const std::string& sLibrary : m_planted.GetLibraries())
     {
-        EXPECT_FALSE(
-            program.HasModuleFrom(std::wstring(sLibrary.begin(), sLibrary.end()), m_folder.filename().wstring()))
+        EXPECT_FALSE(program.HasModuleFrom(std::wstring(sLibrary.begin(), sLibrary.end()),
+                                           m_planted.GetFolder().filename().wstring()))
             << sLibrary;
     }
     user.Close();
     EXPECT_EQ(program.WaitForExit(c_patience), 0U);
-    ExpectNoneWasLoaded();
+    m_planted.ExpectNoneWasLoaded();
 }
 
 TEST_P(PlantedLibraryWithoutWindow, NoLibraryBesideTheProgramIsLoaded)
 {
-    EXPECT_EQ(RunToEnd(m_program, L"--iterations 1"), 0U);
-    ExpectNoneWasLoaded();
+    EXPECT_EQ(RunToEnd(m_planted.GetProgram(), L"--iterations 1"), 0U);
+    m_planted.ExpectNoneWasLoaded();
+}
+
+// As in the folder of the downloads, where every site may have put something.
+class PlantedLibraryBesideSetup : public CInstallerTest
+{
+};
+
+TEST_F(PlantedLibraryBesideSetup, NoneIsLoaded)
+{
+    CPlantedFolder planted(BuiltInstaller());
+    const CClaimedWindows windows(planted.GetProgram(), L"win10");
+    for (const std::string& sLibrary : c_loadedBySetup)
+    {
+        planted.Plant(sLibrary);
+    }
+    EXPECT_EQ(RunToEnd(planted.GetProgram(), L"/S /D=" + m_place.wstring()), c_uDone);
+    planted.ExpectNoneWasLoaded();
+}
+
+// Before the setup program can say where libraries are looked for, the loader has loaded these.
+TEST_F(PlantedLibraryBesideSetup, TheLoaderItselfIsAskedOnlyForLibrariesOfTheSystem)
+{
+    const CProgramFile setup(BuiltInstaller());
+    for (const std::string& sLibrary : setup.GetImportedLibraries())
+    {
+        EXPECT_TRUE(c_alwaysTheSystemsForSetup.contains(sLibrary)) << sLibrary;
+    }
+    EXPECT_TRUE(setup.Contains("Microsoft.Windows.Common-Controls"));
+    EXPECT_TRUE(setup.Contains("SetDefaultDllDirectories"));
+    ASSERT_EQ(Install(BuiltInstaller()), c_uDone);
+    EXPECT_EQ(ImportsOf(m_place / "Uninstall.exe"), ImportsOf(BuiltInstaller()));
 }
