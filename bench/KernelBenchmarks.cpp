@@ -1,6 +1,7 @@
 #include "bench/BenchmarkScene.h"
 #include "bench/CBenchmarkWorld.h"
 #include "classes/core/CCpuCapabilities.h"
+#include "simulation/IterationSteps.h"
 #include "simulation/SimulationKernels.h"
 
 #include <cstddef>
@@ -40,21 +41,15 @@ void IterationBySet(benchmark::State& state)
     ShowTimePer(state, "per_atom", scene.atoms);
 }
 
-// Whole groups only: the rest, less than one group, is negligible.
 void MoveAndEnter(benchmark::State& state)
 {
     const CScene& scene = GetScene(state);
     const CSimulationKernels& kernels = GetKernelSet(state, scene);
     CBenchmarkWorld world(scene);
-    const auto count = world.atoms.GetCount();
     for ([[maybe_unused]] auto _ : state)
     {
-        world.grid.Clear();
-        std::uint32_t* const pPlaces = world.grid.InsertMany(world.atoms.GetAtoms(), static_cast<std::size_t>(count));
-        const int moved =
-            kernels.pMoveAtomGroups(world.atoms.GetAtoms(), count, world.size, world.grid.GetGeometry(), pPlaces);
-        benchmark::DoNotOptimize(moved);
-        benchmark::DoNotOptimize(world.grid.GetCellAtoms(0).data()); // the first read fills the lists
+        MoveAndEnter(StartIteration(world.atoms, world.grid, world.size, kernels, 1));
+        benchmark::DoNotOptimize(world.grid.GetCellAtoms(0).data());
     }
     CountAtoms(state, scene);
     ShowTimePer(state, "per_atom", scene.atoms);

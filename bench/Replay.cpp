@@ -35,14 +35,8 @@ CParts MeasureOnce(CBenchmarkWorld& world, CCellScratch& scratch)
     CParts parts{};
     const CSimulationKernels& kernels = GetSimulationKernels();
     CDrawAtOnce turn(world.random);
-    parts.enter = MeasureMilliseconds(1, [&] {
-        const CIterationWork work = StartIteration(world.atoms, world.grid, world.size, kernels, 1);
-        const CChunk all = CChunk::Get(0, 1, static_cast<std::size_t>(world.atoms.GetCount()));
-        MoveChunk(work, all);
-        world.grid.GetLists().MakeRoom();
-        FillChunk(work, all);
-        world.grid.MarkFilled();
-    });
+    parts.enter =
+        MeasureMilliseconds(1, [&] { MoveAndEnter(StartIteration(world.atoms, world.grid, world.size, kernels, 1)); });
     for (int cell = 0; cell < world.grid.GetCellCount(); ++cell)
     {
         const auto collide = [&] {

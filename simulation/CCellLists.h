@@ -20,6 +20,9 @@ struct CAtomRun
 //
 // Several threads can count and fill, each a chunk of the atoms. Every chunk has its own counts, and in each list its
 // own part, in the order of the chunks. So a list keeps the order of the atoms whichever thread is first.
+//
+// Counting also notes the cell of each entry. About one atom of seven has more than one; a branch on that is often
+// mispredicted, and the notes spare filling that branch.
 class CCellLists
 {
 public:
@@ -31,13 +34,13 @@ public:
 
     void Start(std::size_t uChunks);
 
-    // Adds places (see CGridGeometry::Locate) of atoms to the counts of a chunk.
+    // Counts the entries of atoms that have these places (see CGridGeometry::Locate). Throws std::bad_alloc.
     void Count(std::size_t uChunk, std::span<const std::uint32_t> places, const CGridGeometry& geometry);
 
     void MakeRoom();
 
-    // Enters the atoms that have these places, in order. Per chunk, all places that were counted must come in order.
-    void Fill(std::size_t uChunk, std::span<const std::uint32_t> places, CAtom* pFirst, const CGridGeometry& geometry);
+    // Enters the atoms of the chunk that were counted first and are not entered yet. They are contiguous in memory.
+    void Fill(std::size_t uChunk, const CAtomRun& atoms);
 
     // The atoms of a cell in order.
     std::span<CAtom* const> Get(std::size_t uCell) const
@@ -46,6 +49,18 @@ public:
     }
 
 private:
+    // Of a chunk: the cell of each entry in the order of the atoms, times two, plus one for the first entry of an atom.
+    struct CNotes
+    {
+        std::vector<std::uint32_t> cells; // only grows
+        std::size_t uCounted = 0;         // of these in use
+        std::size_t uFilled = 0;
+        std::size_t uAtomsLeft = 0; // counted, but not filled
+
+        std::uint32_t* MakeRoom(std::size_t uAtoms);
+        std::span<const std::uint32_t> Take(std::size_t uAtoms);
+    };
+
     std::uint32_t* GetCursors(std::size_t uChunk);
 
     std::size_t m_uCells = 0;
@@ -56,4 +71,5 @@ private:
     // same for the last chunk: when that is full, the list ends there.
     std::vector<std::uint32_t> m_Cursors;
     std::vector<CAtom*> m_Entries; // only grows
+    std::vector<CNotes> m_Notes;   // of each chunk; only grows
 };

@@ -38,10 +38,6 @@ public:
     int GetCellHeight() const { return m_Geometry.cellHeight; }
     int GetCellCount() const { return m_Geometry.rows * m_Geometry.columns; }
 
-    // Enters uCount atoms that are contiguous in memory, in order. The caller must write the place of each (see
-    // CGridGeometry::Locate) to the returned array before any other call.
-    std::uint32_t* InsertMany(CAtom* pAtoms, std::size_t uCount);
-
     const CGridGeometry& GetGeometry() const { return m_Geometry; }
 
     // The atoms of a cell in the order of their insertion; cell is row * columns + column. Fills the lists if an atom
@@ -64,8 +60,8 @@ public:
     // The same for lists that are filled already; several threads may read at the same time.
     std::span<CAtom* const> GetFilledCell(int cell) const { return m_Lists.Get(static_cast<std::size_t>(cell)); }
 
-    // The counting sort by itself, for several threads: see CCellLists. The places of all inserted atoms must be
-    // counted and filled; MarkFilled then ends it.
+    // The counting sort by itself, for an iteration, which enters all atoms anew: see CCellLists. No atom may be
+    // inserted; MarkFilled ends the sort.
     CCellLists& GetLists() { return m_Lists; }
     void MarkFilled() { m_bFilled = true; }
 
@@ -74,8 +70,7 @@ private:
 
     CGridGeometry m_Geometry;
     std::vector<CAtomRun> m_Runs;        // the inserted atoms, in order: nearly always a single run
-    std::vector<std::uint32_t> m_Places; // where each atom goes, in order; only grows
-    std::size_t m_uInserted = 0;         // the number of places in use
+    std::vector<std::uint32_t> m_Places; // where each of them goes, in order
     CCellLists m_Lists;
     bool m_bFilled = true;
 };

@@ -28,12 +28,7 @@ std::uint32_t AdvanceOneIteration(CAtoms& atoms, CCollisionGrid& grid, const CSi
 std::uint32_t AdvanceOneIteration(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRandom& random,
                                   const CSimulationKernels& kernels)
 {
-    const CIterationWork work = StartIteration(atoms, grid, world, kernels, 1);
-    const CChunk all = CChunk::Get(0, 1, static_cast<std::size_t>(atoms.GetCount()));
-    MoveChunk(work, all);
-    grid.GetLists().MakeRoom();
-    FillChunk(work, all);
-    grid.MarkFilled();
+    MoveAndEnter(StartIteration(atoms, grid, world, kernels, 1));
     const std::uint32_t uCollisions = CollideCells(grid, atoms.GetCount(), random, kernels);
     ComputeVelocityStatistics(atoms, kernels);
     return uCollisions;

@@ -6,6 +6,7 @@
 #include "simulation/CSimulationKernels.h"
 
 #include <algorithm>
+#include <array>
 #include <span>
 
 namespace
@@ -69,17 +70,16 @@ CIterationWork StartIteration(CAtoms& atoms, CCollisionGrid& grid, const CSize<i
 {
     grid.Clear();
     grid.GetLists().Start(uChunks);
-    // The last step that may throw: until the atoms are moved, the grid must not have their places.
-    std::uint32_t* const pPlaces = grid.InsertMany(atoms.GetAtoms(), static_cast<std::size_t>(atoms.GetCount()));
-    return {atoms, grid, world, kernels, pPlaces};
+    return {atoms, grid, world, kernels};
 }
 
 void MoveChunk(const CIterationWork& work, const CChunk& chunk)
 {
+    std::array<std::uint32_t, c_uMoveBlock> block;
     for (std::size_t uDone = 0; uDone < chunk.uCount; uDone += c_uMoveBlock)
     {
         const std::size_t uFirst = chunk.uFirst + uDone;
-        const std::span places(work.pPlaces + uFirst, std::min(c_uMoveBlock, chunk.uCount - uDone));
+        const std::span places = std::span(block).first(std::min(c_uMoveBlock, chunk.uCount - uDone));
         MoveAtoms(work.atoms.GetAtoms() + uFirst, places, work);
         work.grid.GetLists().Count(chunk.uNumber, places, work.grid.GetGeometry());
     }
@@ -87,6 +87,14 @@ void MoveChunk(const CIterationWork& work, const CChunk& chunk)
 
 void FillChunk(const CIterationWork& work, const CChunk& chunk)
 {
-    work.grid.GetLists().Fill(chunk.uNumber, {work.pPlaces + chunk.uFirst, chunk.uCount},
-                              work.atoms.GetAtoms() + chunk.uFirst, work.grid.GetGeometry());
+    work.grid.GetLists().Fill(chunk.uNumber, {work.atoms.GetAtoms() + chunk.uFirst, chunk.uCount});
+}
+
+void MoveAndEnter(const CIterationWork& work)
+{
+    const CChunk all = CChunk::Get(0, 1, static_cast<std::size_t>(work.atoms.GetCount()));
+    MoveChunk(work, all);
+    work.grid.GetLists().MakeRoom();
+    FillChunk(work, all);
+    work.grid.MarkFilled();
 }

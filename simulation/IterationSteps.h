@@ -28,16 +28,18 @@ struct CIterationWork
     CCollisionGrid& grid;
     CSize<int> world;
     const CSimulationKernels& kernels;
-    std::uint32_t* pPlaces; // of all atoms in the grid, see CCollisionGrid::InsertMany
 };
 
-// Clears the grid, inserts all atoms and prepares the sort of their entries for that many chunks. Throws
-// std::bad_alloc.
+// Clears the grid and prepares the sort of the entries of all atoms for that many chunks. Throws std::bad_alloc.
 CIterationWork StartIteration(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world,
                               const CSimulationKernels& kernels, std::size_t uChunks);
 
-// Moves the atoms, reflects them at the walls, finds their places and counts the entries of the cells.
+// Moves the atoms, reflects them at the walls, finds their places and counts the entries of the cells. Throws
+// std::bad_alloc.
 void MoveChunk(const CIterationWork& work, const CChunk& chunk);
 
 // Enters the atoms into the lists of the cells.
 void FillChunk(const CIterationWork& work, const CChunk& chunk);
+
+// These steps for all atoms on one thread. The work must be for one chunk.
+void MoveAndEnter(const CIterationWork& work);

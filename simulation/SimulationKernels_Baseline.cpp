@@ -100,10 +100,9 @@ struct CLanesBaseline
             uMask &= uMask - 1;
         }
         for (; uMask != 0; uMask &= uMask - 1)
-            [[unlikely]]
-            {
-                pEnd[count++] = getLowest();
-            }
+        {
+            pEnd[count++] = getLowest();
+        }
         return count;
     }
 
