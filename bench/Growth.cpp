@@ -24,8 +24,10 @@ namespace
 
 constexpr std::array c_Counts = {1'000, 3'000, 10'000, 30'000, 100'000, 300'000, 1'000'000};
 constexpr double c_dAreaPerAtom = 100; // square units; atoms of radius 3 to 5 fill half of it
-constexpr int c_iTurns = 9;
-constexpr double c_dMillisecondsPerTurn = 100;
+constexpr int c_iFirstIterations = 30; // remove the overlaps of the start and find the fastest way
+constexpr int c_iIterationsPerTurn = 30;
+constexpr int c_iFewestTurns = 5;
+constexpr std::int32_t c_iAtomsOfAllTurns = 500'000; // so that small worlds are measured for long enough
 constexpr double c_dNanosecondsPerMillisecond = 1e6;
 constexpr double c_dMicrosecondsPerMillisecond = 1e3;
 
@@ -40,47 +42,56 @@ std::size_t GetAllocatedBytes()
 #endif
 }
 
-// Milliseconds per iteration: the median of several turns.
-double MeasureIteration(CBenchmarkWorld& world)
+struct CMeasured
 {
-    const auto advance = [&world] { world.Advance(); };
-    world.Settle();
-    const double first = MeasureMilliseconds(1, advance);
-    const int iterations = std::max(1, static_cast<int>(c_dMillisecondsPerTurn / first));
-    std::vector<double> times(c_iTurns);
-    for (double& milliseconds : times)
+    double milliseconds;     // per iteration
+    double collisionPercent; // collisions per iteration in percent of the atoms
+    double bytes;            // of the world
+};
+
+// Measures some iterations of a new world, and the same ones for any number of atoms: in its first thousand iterations
+// a world becomes faster, because fewer and fewer atoms are pushed far.
+CMeasured MeasureTurn(const CScene& scene, int threads)
+{
+    const std::size_t uBefore = GetAllocatedBytes();
+    CBenchmarkWorld world(scene, threads);
+    for (int iteration = 0; iteration < c_iFirstIterations; ++iteration)
     {
-        milliseconds = MeasureMilliseconds(iterations, advance);
+        world.Advance();
     }
-    return GetMedian(times);
+    std::uint64_t uCollisions = 0;
+    const double milliseconds = MeasureMilliseconds(c_iIterationsPerTurn, [&] { uCollisions += world.Advance(); });
+    const auto collisions = static_cast<double>(uCollisions);
+    return {milliseconds, c_dPercent * collisions / c_iIterationsPerTurn / scene.atoms,
+            static_cast<double>(GetAllocatedBytes() - uBefore)};
 }
 
-// Collisions per iteration in percent of the atoms, averaged over some iterations.
-double MeasureCollisionPercent(CBenchmarkWorld& world)
+// The median of several turns.
+CMeasured Measure(const CScene& scene, int threads)
 {
-    constexpr int c_iIterations = 10;
-    double collisions = 0;
-    for (int iteration = 0; iteration < c_iIterations; ++iteration)
+    std::vector<double> times;
+    CMeasured measured{};
+    const int turns = std::max(c_iFewestTurns, c_iAtomsOfAllTurns / scene.atoms);
+    for (int turn = 0; turn < turns; ++turn)
     {
-        collisions += world.Advance();
+        measured = MeasureTurn(scene, threads);
+        times.push_back(measured.milliseconds);
     }
-    return c_dPercent * collisions / c_iIterations / world.atoms.GetCount();
+    measured.milliseconds = GetMedian(times);
+    return measured;
 }
 
 void PrintRow(std::int32_t count, int length)
 {
     const CScene scene = {"", {length, length}, count, 3, 5, 1, std::nullopt};
-    const std::size_t uBefore = GetAllocatedBytes();
-    CBenchmarkWorld world(scene);
-    const double milliseconds = MeasureIteration(world);
-    const auto bytes = static_cast<double>(GetAllocatedBytes() - uBefore);
-    CBenchmarkWorld shared(scene, GetThreadCount());
-    const double allMilliseconds = MeasureIteration(shared);
+    const CMeasured one = Measure(scene, 1);
+    const CMeasured all = Measure(scene, GetThreadCount());
+    const double cells = static_cast<double>(CGridGeometry::ForWorld(scene.world).GetCellCount());
     const std::string sWorld = std::to_string(length) + " x " + std::to_string(length);
-    std::printf("%9d  %-13s %11.2f %11.2f %12.1f %12.1f %12.1f %11.1f %11.2f\n", count, sWorld.c_str(),
-                static_cast<double>(count) / world.grid.GetCellCount(), MeasureCollisionPercent(world),
-                milliseconds * c_dMicrosecondsPerMillisecond, milliseconds * c_dNanosecondsPerMillisecond / count,
-                allMilliseconds * c_dNanosecondsPerMillisecond / count, bytes / count, bytes / (1 << 20));
+    std::printf("%9d  %-13s %11.2f %11.2f %12.1f %12.1f %12.1f %11.1f %11.2f\n", count, sWorld.c_str(), count / cells,
+                one.collisionPercent, one.milliseconds * c_dMicrosecondsPerMillisecond,
+                one.milliseconds * c_dNanosecondsPerMillisecond / count,
+                all.milliseconds * c_dNanosecondsPerMillisecond / count, one.bytes / count, one.bytes / (1 << 20));
     static_cast<void>(std::fflush(stdout));
 }
 

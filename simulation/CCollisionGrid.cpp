@@ -11,7 +11,7 @@ void CCollisionGrid::Resize(const CSize<int>& world)
 void CCollisionGrid::Clear()
 {
     m_Runs.clear();
-    m_Places = {}; // frees the memory: the iterations do not need it
+    m_Places = std::vector<std::uint32_t>(); // frees the memory (= {} would keep it): iterations do not need it
     m_bFilled = false;
 }
 
