@@ -4,7 +4,7 @@
 #include <utility>
 
 CAtoms::CAtoms(CAtoms&& other) noexcept
-    : m_pAtoms(std::move(other.m_pAtoms)),
+    : m_Atoms(std::move(other.m_Atoms)),
       m_iCount(std::exchange(other.m_iCount, 0)),
       m_Velocities(std::exchange(other.m_Velocities, {}))
 {
@@ -12,7 +12,7 @@ CAtoms::CAtoms(CAtoms&& other) noexcept
 
 CAtoms& CAtoms::operator=(CAtoms&& other) noexcept
 {
-    m_pAtoms = std::move(other.m_pAtoms);
+    m_Atoms = std::move(other.m_Atoms);
     m_iCount = std::exchange(other.m_iCount, 0);
     m_Velocities = std::exchange(other.m_Velocities, {});
     return *this;
@@ -21,7 +21,7 @@ CAtoms& CAtoms::operator=(CAtoms&& other) noexcept
 void CAtoms::Allocate(std::int32_t count)
 {
     // Free the old array first: two arrays at a time would double the memory of a large world.
-    m_pAtoms.reset();
+    m_Atoms = CLargeVector<CAtom>();
     m_iCount = 0;
     m_Velocities = {};
     if (count < 0)
@@ -31,7 +31,7 @@ void CAtoms::Allocate(std::int32_t count)
     // An empty set needs no memory, so making one cannot fail.
     if (count > 0)
     {
-        m_pAtoms = std::make_unique<CAtom[]>(static_cast<std::size_t>(count));
+        m_Atoms = CLargeVector<CAtom>(static_cast<std::size_t>(count));
         m_iCount = count;
     }
 }

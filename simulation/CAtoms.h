@@ -1,9 +1,9 @@
 #pragma once
 
+#include "classes/core/CLargePageAllocator.h"
 #include "simulation/CAtom.h"
 
 #include <cstdint>
-#include <memory>
 
 // The speeds of all atoms at the end of an iteration, in world units per iteration.
 struct CVelocityStatistics
@@ -32,13 +32,13 @@ public:
     // or std::bad_alloc; the set is then empty: no atoms, statistics zero.
     void Allocate(std::int32_t count);
 
-    CAtom* GetAtoms() { return m_pAtoms.get(); }
-    const CAtom* GetAtoms() const { return m_pAtoms.get(); }
+    CAtom* GetAtoms() { return m_Atoms.data(); }
+    const CAtom* GetAtoms() const { return m_Atoms.data(); }
     std::int32_t GetCount() const { return m_iCount; }
 
     // index is 0..count - 1.
-    CAtom& operator[](std::int32_t index) { return m_pAtoms[static_cast<std::size_t>(index)]; }
-    const CAtom& operator[](std::int32_t index) const { return m_pAtoms[static_cast<std::size_t>(index)]; }
+    CAtom& operator[](std::int32_t index) { return m_Atoms[static_cast<std::size_t>(index)]; }
+    const CAtom& operator[](std::int32_t index) const { return m_Atoms[static_cast<std::size_t>(index)]; }
 
     float GetMinVelocity() const { return m_Velocities.min; }
     float GetMaxVelocity() const { return m_Velocities.max; }
@@ -48,7 +48,7 @@ public:
     void SetVelocities(const CVelocityStatistics& velocities) { m_Velocities = velocities; }
 
 private:
-    std::unique_ptr<CAtom[]> m_pAtoms;
+    CLargeVector<CAtom> m_Atoms;
     std::int32_t m_iCount = 0;
     CVelocityStatistics m_Velocities;
 };

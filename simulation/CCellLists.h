@@ -1,5 +1,6 @@
 #pragma once
 
+#include "classes/core/CLargePageAllocator.h"
 #include "simulation/CAtom.h"
 #include "simulation/GridGeometry.h"
 
@@ -52,8 +53,8 @@ private:
     // Of a chunk: the cell of each entry in the order of the atoms, times two, plus one for the first entry of an atom.
     struct CNotes
     {
-        std::vector<std::uint32_t> cells; // only grows
-        std::size_t uCounted = 0;         // of these in use
+        CLargeVector<std::uint32_t> cells; // only grows
+        std::size_t uCounted = 0;          // of these in use
         std::size_t uFilled = 0;
         std::size_t uAtomsLeft = 0; // counted, but not filled
 
@@ -70,6 +71,6 @@ private:
     // For each chunk but the last, counts of its entries per cell; then where its next entry goes. m_Ends[c + 1] is the
     // same for the last chunk: when that is full, the list ends there.
     std::vector<std::uint32_t> m_Cursors;
-    std::vector<CAtom*> m_Entries; // only grows
-    std::vector<CNotes> m_Notes;   // of each chunk; only grows
+    CLargeVector<CAtom*> m_Entries; // only grows
+    std::vector<CNotes> m_Notes;    // of each chunk; only grows
 };
