@@ -49,8 +49,7 @@ TEST(LargePages, AreAskedForWhereTheSystemKnowsThem)
 {
     const CLargeVector<std::byte> bytes(c_uLarge);
     const std::string sFlags = GetMappingFlags(reinterpret_cast<std::uintptr_t>(bytes.data()) + c_uLarge / 2);
-    EXPECT_EQ(sFlags.find(" hg ") != std::string::npos,
-              std::filesystem::exists("/sys/kernel/mm/transparent_hugepage"))
+    EXPECT_EQ(sFlags.find(" hg ") != std::string::npos, std::filesystem::exists("/sys/kernel/mm/transparent_hugepage"))
         << sFlags;
 }
 
