@@ -15,7 +15,8 @@ std::filesystem::path PlantedFile()
 }
 
 CPlantedFolder::CPlantedFolder(const std::filesystem::path& program)
-    : m_folder(std::filesystem::temp_directory_path() / ("kinetarium planted " + std::to_string(GetCurrentProcessId()))),
+    : m_folder(std::filesystem::temp_directory_path() /
+               ("kinetarium planted " + std::to_string(GetCurrentProcessId()))),
       m_program(m_folder / (L"planted-" + program.filename().wstring())),
       m_sKey(L"Software\\Wine\\AppDefaults\\" + m_program.filename().wstring() + L"\\DllOverrides")
 {

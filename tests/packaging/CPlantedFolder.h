@@ -4,9 +4,9 @@
 #include <set>
 #include <string>
 
-// A folder with a copy of a program and planted libraries beside it, as a user may have downloaded them. A planted library
-// leaves a file when it is loaded. Wine prefers its own libraries; here it is told to look for others first, as Windows
-// does. The destructor deletes the folder.
+// A folder with a copy of a program and planted libraries beside it, as a user may have downloaded them. A planted
+// library leaves a file when it is loaded. Wine prefers its own libraries; here it is told to look for others first, as
+// Windows does. The destructor deletes the folder.
 class CPlantedFolder
 {
 public:
