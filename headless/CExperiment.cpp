@@ -232,7 +232,8 @@ void CExperiment::Observe(CRunObservers& observers)
 void CExperiment::KeepAndSaveCheckpoint(CRunObservers& observers)
 {
     // First the files: they may hold more than a checkpoint knows, which is left out, but not less.
-    observers.Keep();
+    // Without a checkpoint nothing relies on the disk, which may need seconds for the rest of a large file.
+    observers.Keep(m_Options.checkpoint.has_value());
     m_Progress = observers.GetProgress();
     SaveCheckpoint();
 }

@@ -54,11 +54,11 @@ void CRunObservers::Observe(const CRunMoment& moment)
     }
 }
 
-void CRunObservers::Keep()
+void CRunObservers::Keep(bool bOnDisk)
 {
     for (const CEntry& entry : m_entries)
     {
-        entry.pObserver->Keep();
+        entry.pObserver->Keep(bOnDisk);
     }
 }
 

@@ -25,8 +25,8 @@ public:
     // Shows the moment to all that have not observed it yet.
     void Observe(const CRunMoment& moment);
 
-    // Puts everything so far on the disk.
-    void Keep();
+    // Writes everything so far to its file; bOnDisk: and waits until it is on the disk.
+    void Keep(bool bOnDisk);
 
     // True where a write may wait for ever for its reader.
     bool IsDirect() const;

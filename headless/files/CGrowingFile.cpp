@@ -71,7 +71,7 @@ void CGrowingFile::Write(std::string_view sBytes)
     m_uBytes += sBytes.size();
 }
 
-void CGrowingFile::Keep()
+void CGrowingFile::Keep(bool bOnDisk)
 {
     if (m_pFile == nullptr)
     {
@@ -79,7 +79,7 @@ void CGrowingFile::Keep()
     }
     else if (m_uBytes > 0)
     {
-        m_pFile->Keep(true);
+        m_pFile->Keep(bOnDisk);
     }
 }
 

@@ -33,8 +33,8 @@ public:
 
     void Write(std::string_view sBytes) override;
 
-    // Puts all bytes so far on the disk.
-    void Keep();
+    // Writes all bytes so far to the file; bOnDisk: and waits until they are on the disk.
+    void Keep(bool bOnDisk);
 
     // Hands the bytes so far to the system now and then: so a program that is killed loses at most half a second.
     void KeepNowAndThen();

@@ -46,9 +46,9 @@ void CHistogramWriter::Observe(const CRunMoment& moment)
     m_File.KeepNowAndThen();
 }
 
-void CHistogramWriter::Keep()
+void CHistogramWriter::Keep(bool bOnDisk)
 {
-    m_File.Keep();
+    m_File.Keep(bOnDisk);
 }
 
 std::string CHistogramWriter::GetProgress() const

@@ -53,9 +53,9 @@ void CStatsWriter::Observe(const CRunMoment& moment)
     m_File.KeepNowAndThen();
 }
 
-void CStatsWriter::Keep()
+void CStatsWriter::Keep(bool bOnDisk)
 {
-    m_File.Keep();
+    m_File.Keep(bOnDisk);
 }
 
 std::string CStatsWriter::GetProgress() const

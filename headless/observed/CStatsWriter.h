@@ -28,7 +28,7 @@ public:
 
     void Prepare(const CAtoms& atoms) override;
     void Observe(const CRunMoment& moment) override;
-    void Keep() override;
+    void Keep(bool bOnDisk) override;
     std::string GetProgress() const override;
 
     // Throws CUsageError if the run had another table.

@@ -28,8 +28,9 @@ struct IRunObserver
 
     virtual void Observe(const CRunMoment& moment) = 0;
 
-    // Puts everything so far on the disk. Comes before a checkpoint that says it is there.
-    virtual void Keep() = 0;
+    // Writes everything so far to its file; bOnDisk: and waits until it is on the disk, before a checkpoint that says
+    // so.
+    virtual void Keep(bool bOnDisk) = 0;
 
     // Everything that Continue needs, after the last moment that was observed whole.
     virtual std::string GetProgress() const = 0;

@@ -62,9 +62,9 @@ void CFrameRecorder::Observe(const CRunMoment& moment)
     (bRegular ? m_sPosition : m_sEnd) = GetPosition();
 }
 
-void CFrameRecorder::Keep()
+void CFrameRecorder::Keep(bool bOnDisk)
 {
-    m_File.Keep();
+    m_File.Keep(bOnDisk);
 }
 
 std::string CFrameRecorder::GetProgress() const

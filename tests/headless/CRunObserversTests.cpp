@@ -32,7 +32,7 @@ public:
 
     void Prepare(const CAtoms& /*atoms*/) override { Call("prepare"); }
     void Observe(const CRunMoment& moment) override { Call("observe " + std::to_string(moment.iteration)); }
-    void Keep() override { Call("keep"); }
+    void Keep(bool bOnDisk) override { Call(bOnDisk ? "keep on disk" : "keep"); }
     std::string GetProgress() const override { return "bytes of " + m_Fake.name; }
     void Continue(std::string_view sProgress) override { Call("continue " + std::string(sProgress)); }
     bool MayObserveAgain() const override { return m_Fake.bAgain; }
@@ -110,9 +110,10 @@ TEST_F(RunObservers, EveryObserverIsPreparedAndKept)
     Add(observers, {"a"});
     Add(observers, {"b"});
     observers.Prepare(atoms);
-    observers.Keep();
+    observers.Keep(false);
+    observers.Keep(true);
 
-    EXPECT_EQ(calls, (CCalls{"a: prepare", "b: prepare", "a: keep", "b: keep"}));
+    EXPECT_EQ(calls, (CCalls{"a: prepare", "b: prepare", "a: keep", "b: keep", "a: keep on disk", "b: keep on disk"}));
 }
 
 TEST_F(RunObservers, TheProgressTellsTheNextIterationAndTheBytesOfEach)

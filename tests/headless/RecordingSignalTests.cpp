@@ -26,10 +26,11 @@ CArguments Join(CArguments first, const CArguments& second)
 }
 
 // Ends the run by a signal before the write with this number and returns what it says.
-std::string EndAtWrite(const CArguments& arguments, const std::string& sFile, int write)
+std::string EndAtWrite(const CArguments& arguments, const std::string& sFile, int write,
+                       const std::string& sOtherFault = "")
 {
-    CHeadlessProcess process(
-        {Join(c_ManyAtoms, arguments), "write:" + sFile + ":" + std::to_string(write) + ":signal=19"});
+    const std::string sStop = "write:" + sFile + ":" + std::to_string(write) + ":signal=19";
+    CHeadlessProcess process({Join(c_ManyAtoms, arguments), sStop + sOtherFault});
     if (!process.WaitForStop())
     {
         return "there were fewer writes: " + process.WaitForEnd().err;
@@ -57,6 +58,15 @@ TEST(RecordingSignal, EndsAFrameAndLeavesNoTemporaryFile)
             EXPECT_EQ(sLeft, sName + ".partial");
         }
     }
+}
+
+// The disk may need seconds for a large file, and nothing relies on it. A wait for it would be an error here.
+TEST(RecordingSignal, WithoutACheckpointDoesNotWaitForTheDisk)
+{
+    const CTemporaryFolder folder;
+    EXPECT_THAT(EndAtWrite({"--iterations", c_sForEver, "--trajectory", folder.GetPath("run.xyz")}, "run.xyz", 3,
+                           ";fsync:run.xyz:1:error=5"),
+                StartsWith("error: interrupted"));
 }
 
 TEST(RecordingSignal, InAFrameLosesNothingOfARunWithACheckpoint)

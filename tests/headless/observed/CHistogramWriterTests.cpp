@@ -76,7 +76,7 @@ TEST(HistogramWriter, ContinuesWhereverTheRunWasInterruptedOrEnded)
             const CTemporaryFolder folder;
             CHistogramWriter first(folder.GetPath("a.csv"), nullptr, table);
             Show(first, 0, uCut, bEnded ? uCut : 12);
-            first.Keep();
+            first.Keep(true);
             const std::string sProgress = first.GetProgress();
             first.Commit();
             CHistogramWriter second(folder.GetPath("a.csv"), nullptr, table);

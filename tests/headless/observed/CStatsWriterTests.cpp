@@ -101,7 +101,7 @@ TEST(StatsWriter, ContinuesWhereverTheRunWasInterrupted)
             {
                 CStatsWriter first(folder.GetPath("a.csv"), nullptr, table);
                 Show(first, atoms, 0, uCut, 30);
-                first.Keep();
+                first.Keep(true);
                 sProgress = first.GetProgress();
                 CAtoms lost = MakeStart();
                 first.Prepare(lost); // of an iteration that nobody sees

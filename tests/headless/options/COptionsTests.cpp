@@ -161,10 +161,11 @@ TEST(Options, HelpAndVersionGoToStandardOutputAndSucceed)
 {
     const CProgramResult help = RunProgram({"--help"});
     EXPECT_EQ(help.exitCode, 0);
-    for (const char* const sOption : {"--width",   "--height",     "--atoms",         "--min-radius",  "--max-radius",
-                                      "--seed",    "--start-at",   "--iterations",    "--load-state",  "--save-state",
-                                      "--stats",   "--picture",    "--picture-every", "--colour-mode", "--colours",
-                                      "--factors", "--background", "--settings",      "--no-overlaps", "--quiet"})
+    for (const char* const sOption :
+         {"--width",         "--height",      "--atoms",      "--min-radius",  "--max-radius",  "--seed",
+          "--start-at",      "--iterations",  "--load-state", "--save-state",  "--stats",       "--picture",
+          "--picture-every", "--colour-mode", "--colours",    "--factors",     "--background",  "--settings",
+          "--trajectory",    "--every",       "--video",      "--video-every", "--no-overlaps", "--quiet"})
     {
         EXPECT_THAT(help.out, HasSubstr(sOption));
     }

@@ -145,7 +145,7 @@ TEST_F(FrameRecorder, AnInterruptedFrameIsWrittenAgainFromItsBeginning)
         piecesUntilSignal = pieces;
         std::unique_ptr<CFrameRecorder> pRecorder = Make(c_EveryThirdAndEnds);
         EXPECT_THROW(Observe(*pRecorder, 0, c_uLast, c_uLast), CInterruptedError) << pieces;
-        pRecorder->Keep();
+        pRecorder->Keep(true);
         const std::string sProgress = pRecorder->GetProgress();
         pRecorder.reset();
         piecesUntilSignal = -1;
