@@ -48,7 +48,7 @@ std::array<COLORREF, 2> CCalmWindow::GetColours() const
 
 void CCalmWindow::RestMouse() const
 {
-    constexpr int c_iPolls = 10;
+    constexpr int c_iPolls = 4;
     const HWND hRest = m_user.GetStatusBar();
     MoveMouse(MiddleOf(hRest));
     int iPolls = 0;
@@ -59,12 +59,15 @@ void CCalmWindow::RestMouse() const
         {
             return true;
         }
-        // Wine 8 sometimes misses that the mouse has left. Then it comes and goes once more.
+        // Wine never reports that the mouse has left a window if it left before the program saw it come. Then it comes
+        // and goes once more, slowly.
         if (++iPolls % c_iPolls == 0)
         {
-            MoveMouse(MiddleOf(m_user.GetButton()));
-            MoveMouse(MiddleOf(m_panel.GetControl(EnumPanelRow::ColourMode)));
-            MoveMouse(MiddleOf(hRest));
+            for (const HWND hWindow : {m_user.GetButton(), m_panel.GetControl(EnumPanelRow::ColourMode), hRest})
+            {
+                MoveMouse(MiddleOf(hWindow));
+                Sleep(c_uPaintMilliseconds);
+            }
         }
         return false;
     });
