@@ -11,7 +11,7 @@ void CCurveObserver::Observe(const CRunMoment& moment)
     m_Curve.Observe(moment);
 }
 
-void CCurveObserver::Keep() {}
+void CCurveObserver::Keep(bool /*bOnDisk*/) {}
 
 std::string CCurveObserver::GetProgress() const
 {

@@ -14,7 +14,7 @@ public:
 
     void Prepare(const CAtoms& atoms) override;
     void Observe(const CRunMoment& moment) override;
-    void Keep() override;
+    void Keep(bool bOnDisk) override;
     std::string GetProgress() const override;
     void Continue(std::string_view sProgress) override;
     bool MayObserveAgain() const override;

@@ -140,13 +140,18 @@ CPageTable MakeSpeedTable(const CSpeedDistribution& speeds)
 
 std::string DescribeDistances(const CSpeedDistribution& speeds)
 {
+    constexpr std::uint64_t c_uFewest = 20;
+    const std::uint64_t uTotal = speeds.histogram.GetTotal();
+    if (uTotal < c_uFewest)
+    {
+        return "With less than " + std::to_string(c_uFewest) + " atoms, such a distance tells nothing.";
+    }
     // 95 of 100 samples are nearer to their law than this: Kolmogorov's limit law, for large samples.
     constexpr double c_dLimit = 1.358;
-    const double chance = std::min(c_dLimit / std::sqrt(static_cast<double>(speeds.histogram.GetTotal())), 1.0);
+    const double chance = c_dLimit / std::sqrt(static_cast<double>(uTotal));
     return "The distance of Kolmogorov and Smirnov is the largest difference between the share of atoms up to a speed "
            "and the share that the law gives; 0 is a perfect fit. Of samples of " +
-           std::to_string(speeds.histogram.GetTotal()) +
-           " atoms that follow a law exactly, 95 of 100 have a distance below " +
+           std::to_string(uTotal) + " atoms that follow a law exactly, 95 of 100 have a distance below " +
            TextOfFixed(chance, c_iDistanceDecimals) + ".";
 }
 

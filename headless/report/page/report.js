@@ -52,7 +52,7 @@
             }
             for (const scale of Object.values(chart.options.scales)) {
                 scale.grid = { color: colour("line"), borderColor: colour("muted") };
-                scale.ticks = { color: colour("muted"), maxRotation: 0 };
+                scale.ticks = { color: colour("muted"), maxRotation: 0, ...(scale.whole ? { precision: 0 } : {}) };
                 scale.title.color = colour("text");
             }
             chart.options.plugins.legend.labels.color = colour("text");
@@ -62,7 +62,7 @@
 
     const { curve, speeds } = data;
     if (curve) {
-        const x = () => axis("Iteration", { min: curve.iteration[0], max: curve.iteration[curve.iteration.length - 1] });
+        const x = () => axis("Iteration", { whole: true, min: curve.iteration[0], max: curve.iteration[curve.iteration.length - 1] });
         // A change of some percent shall be seen, and rounding shall not look like one.
         const known = curve.energy.filter(value => value !== null);
         draw("energy", [line("Kinetic energy per atom", curve.iteration, curve.energy, "first", [])], x(),

@@ -77,6 +77,7 @@ TEST_F(Report, NamesOfFilesAreTexts)
     EXPECT_THAT(sPage, HasSubstr("a&amp;&#39;b.csv</td>"));
     EXPECT_THAT(sPage, Not(HasSubstr("a&'b")));
     EXPECT_THAT(sPage, HasSubstr("<title>1 atom, 3 iterations, seed "));
+    EXPECT_THAT(sPage, HasSubstr("With less than 20 atoms, such a distance tells nothing."));
 }
 
 TEST_F(Report, AtomsAtRestAndNoIterationGiveAPageInWords)
