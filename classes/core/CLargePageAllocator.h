@@ -22,7 +22,7 @@ public:
     T* allocate(std::size_t uCount)
     {
         T* const pMemory = std::allocator<T>().allocate(uCount);
-        PreferLargePages(pMemory, uCount * sizeof(T));
+        PreferLargePages(pMemory, pMemory + uCount);
         return pMemory;
     }
 

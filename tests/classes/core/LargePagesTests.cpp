@@ -70,8 +70,8 @@ TEST(LargePages, AVectorInThemKeepsItsElementsWhileItGrows)
 TEST(LargePages, AdviceForLittleMemoryHasNoEffect)
 {
     int number = 1;
-    PreferLargePages(&number, sizeof number);
-    PreferLargePages(nullptr, 0);
+    PreferLargePages(&number, &number + 1);
+    PreferLargePages(nullptr, nullptr);
     EXPECT_EQ(number, 1);
 }
 
