@@ -44,7 +44,7 @@ page() {
     title=$(sed -n 's/^# //p' "$1" | head -n 1)
     {
         sed "s/@TITLE@/$title/" packaging/page-head.html
-        cmark-gfm --extension table --extension strikethrough "$work/page.md" |
+        cmark-gfm --extension table --extension strikethrough "$work/page.md" | awk -f packaging/heading-ids.awk |
             sed -E -e 's/href="(user-guide|experiments)\.md/href="\1.html/g' -e 's/href="\.\.\/CHANGELOG\.md/href="changelog.html/g' \
                 -e 's/href="docs\/(user-guide|experiments)\.md/href="\1.html/g' -e 's/<a href="[^":]*\.md[^"]*">([^<]*)<\/a>/\1/g'
         printf '</body>\n</html>\n'
