@@ -62,9 +62,9 @@ for prefix in wine wine-second; do
 done
 
 [ $# -gt 0 ] || set -- scripts/later-wine-checks.sh "$tree"
-# binutils: a test reads the symbols of the Windows build. Not exec: the first process of a namespace gets no signal that
-# it does not handle, and must wait for orphans.
+# binutils: a test reads the symbols of the Windows build. Python: another one reads the packaged pages. Not exec: the
+# first process of a namespace gets no signal that it does not handle, and must wait for orphans.
 # shellcheck disable=SC2016
 env -u DISPLAY -u WAYLAND_DISPLAY -u WINEPREFIX PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C.UTF-8 \
     chroot "$root" /bin/bash -c 'cd "$1" && shift &&
-        scripts/install-packages.sh packages-wine.txt cmake binutils-mingw-w64-x86-64 && exec "$@"' - "$here" "$@"
+        scripts/install-packages.sh packages-wine.txt cmake binutils-mingw-w64-x86-64 python3 && exec "$@"' - "$here" "$@"
