@@ -139,8 +139,11 @@ TEST_F(SettingsByHand, AColourChosenInTheDialogShowsOnTheButtonAndIsSaved)
     GetWindowRect(GetDlgItem(dialog.hWindow, c_iColourOfTheDialog), &rc);
     constexpr LONG c_iIntoFirstField = 8; // pixels
     const POINT firstField = {rc.left + c_iIntoFirstField, rc.top + c_iIntoFirstField};
-    const COLORREF crChosen =
-        CScreenPicture({firstField.x, firstField.y, firstField.x + 1, firstField.y + 1}).GetPixel(0, 0);
+    COLORREF crChosen{};
+    WaitUntil("the dialog to paint its fields", c_patience, [&] {
+        crChosen = CScreenPicture({firstField.x, firstField.y, firstField.x + 1, firstField.y + 1}).GetPixel(0, 0);
+        return GetRValue(crChosen) != GetGValue(crChosen); // the dialog itself is grey
+    });
     ClickLeft(firstField);
     PressKey(VK_RETURN);
     m_panel.WaitUntilClosed(dialog.hWindow);

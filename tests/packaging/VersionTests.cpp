@@ -82,12 +82,13 @@ TEST(Version, IsAmongThePropertiesOfTheProgramsAndTheInstaller)
 TEST(Version, IsThatOfTheNewestReleaseInTheListOfChanges)
 {
     std::string sChanges = ReadFile(HandedOutFolder() / "guide" / "changelog.html");
-    const std::string sUnreleased = "<h2>Unreleased</h2>";
-    if (const std::size_t uFound = sChanges.find(sUnreleased); uFound != std::string::npos)
+    const std::string sHeading = "<h2 id=\"";
+    if (WordBetween(sChanges, sHeading, "\"") == "unreleased")
     {
-        sChanges.erase(uFound, sUnreleased.size());
+        sChanges.erase(0, sChanges.find(sHeading) + sHeading.size());
     }
-    EXPECT_EQ(WordBetween(sChanges, "<h2>", "</h2>"), c_sVersion);
+    sChanges.erase(0, sChanges.find(sHeading));
+    EXPECT_EQ(WordBetween(sChanges, ">", "</h2>"), c_sVersion);
 }
 
 TEST(Version, IsTheOneThatTheDocumentsName)
