@@ -20,11 +20,9 @@ constexpr std::size_t c_uLongestText = std::size_t{512} * 1024; // bytes; more t
 } // namespace
 
 CHistogramWriter::CHistogramWriter(const std::string& sPath, IByteSink* pStandardOutput, CHistogramTable table)
-    : m_File(sPath, pStandardOutput), m_Table(std::move(table))
+    : CFileObserver(sPath, pStandardOutput, GetHistogramHeader()), m_Table(std::move(table))
 {
 }
-
-void CHistogramWriter::Prepare(const CAtoms& /*atoms*/) {}
 
 void CHistogramWriter::Observe(const CRunMoment& moment)
 {
@@ -44,11 +42,6 @@ void CHistogramWriter::Observe(const CRunMoment& moment)
         m_uLast = moment.iteration;
     }
     m_File.KeepNowAndThen();
-}
-
-void CHistogramWriter::Keep(bool bOnDisk)
-{
-    m_File.Keep(bOnDisk);
 }
 
 std::string CHistogramWriter::GetProgress() const
@@ -84,11 +77,6 @@ bool CHistogramWriter::MayObserveAgain() const
     return true;
 }
 
-bool CHistogramWriter::IsDirect() const
-{
-    return m_File.IsDirect();
-}
-
 void CHistogramWriter::Commit()
 {
     WriteHeaderOnce();
@@ -106,15 +94,6 @@ std::string CHistogramWriter::Count(const CRunMoment& moment) const
     CSpeedHistogram histogram(m_Table.bins, m_Table.range);
     histogram.Add(moment.atoms);
     return FormatHistogram(moment.iteration, histogram);
-}
-
-void CHistogramWriter::WriteHeaderOnce()
-{
-    if (!m_bHeaderWritten)
-    {
-        WriteHistogramHeader(m_File);
-        m_bHeaderWritten = true;
-    }
 }
 
 void CHistogramWriter::CheckTable(CByteReader& reader) const

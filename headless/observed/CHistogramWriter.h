@@ -1,7 +1,6 @@
 #pragma once
 
-#include "headless/files/CGrowingFile.h"
-#include "headless/observed/IRunObserver.h"
+#include "headless/observed/CFileObserver.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -20,37 +19,30 @@ struct CHistogramTable
 };
 
 // The speeds at chosen iterations as CSV.
-class CHistogramWriter : public IRunObserver
+class CHistogramWriter : public CFileObserver
 {
 public:
     // See CGrowingFile.
     CHistogramWriter(const std::string& sPath, IByteSink* pStandardOutput, CHistogramTable table);
 
-    void Prepare(const CAtoms& atoms) override;
     void Observe(const CRunMoment& moment) override;
-    void Keep(bool bOnDisk) override;
     std::string GetProgress() const override;
 
     // Throws CUsageError if the run had other bins. It may have had other iterations.
     void Continue(std::string_view sProgress) override;
 
     bool MayObserveAgain() const override;
-    bool IsDirect() const override;
     void Commit() override;
 
 private:
     bool IsChosen(std::uint64_t uIteration) const;
     std::string Count(const CRunMoment& moment) const;
-    void WriteHeaderOnce();
     void CheckTable(CByteReader& reader) const;
 
-    CGrowingFile m_File;
     const CHistogramTable m_Table;
 
     // The histogram of the last iteration where that is not chosen by its number. It is written only when the run
     // commits: if the run is continued, another iteration is the last.
     std::string m_sLast;
     std::uint64_t m_uLast = 0;
-
-    bool m_bHeaderWritten = false;
 };

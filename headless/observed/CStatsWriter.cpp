@@ -17,7 +17,7 @@ constexpr std::size_t c_uLongestRow = 4096; // bytes; far more than any has
 } // namespace
 
 CStatsWriter::CStatsWriter(const std::string& sPath, IByteSink* pStandardOutput, const CStatsTable& table)
-    : m_File(sPath, pStandardOutput), m_Table(table)
+    : CFileObserver(sPath, pStandardOutput, GetStatsHeader(table.bObservables)), m_Table(table)
 {
 }
 
@@ -53,11 +53,6 @@ void CStatsWriter::Observe(const CRunMoment& moment)
     m_File.KeepNowAndThen();
 }
 
-void CStatsWriter::Keep(bool bOnDisk)
-{
-    m_File.Keep(bOnDisk);
-}
-
 std::string CStatsWriter::GetProgress() const
 {
     CTextSink sink;
@@ -91,25 +86,11 @@ bool CStatsWriter::MayObserveAgain() const
     return false;
 }
 
-bool CStatsWriter::IsDirect() const
-{
-    return m_File.IsDirect();
-}
-
 void CStatsWriter::Commit()
 {
     WriteHeaderOnce();
     m_File.Write(m_sLastRow);
     m_File.Commit();
-}
-
-void CStatsWriter::WriteHeaderOnce()
-{
-    if (!m_bHeaderWritten)
-    {
-        WriteStatsHeader(m_File, m_Table.bObservables);
-        m_bHeaderWritten = true;
-    }
 }
 
 std::string CStatsWriter::FormatRow(const CRunMoment& moment) const

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "classes/core/CSize.h"
-#include "headless/files/CGrowingFile.h"
-#include "headless/observed/IRunObserver.h"
+#include "headless/observed/CFileObserver.h"
 #include "headless/observed/StatsFile.h"
 #include "headless/observed/WallBounces.h"
 
@@ -20,7 +19,7 @@ struct CStatsTable
 };
 
 // The statistics of a run as CSV, a row every so many iterations and one for the last.
-class CStatsWriter : public IRunObserver
+class CStatsWriter : public CFileObserver
 {
 public:
     // See CGrowingFile.
@@ -28,14 +27,12 @@ public:
 
     void Prepare(const CAtoms& atoms) override;
     void Observe(const CRunMoment& moment) override;
-    void Keep(bool bOnDisk) override;
     std::string GetProgress() const override;
 
     // Throws CUsageError if the run had another table.
     void Continue(std::string_view sProgress) override;
 
     bool MayObserveAgain() const override;
-    bool IsDirect() const override;
     void Commit() override;
 
 private:
@@ -46,12 +43,10 @@ private:
         CBouncesOfWalls bounces{};
     };
 
-    void WriteHeaderOnce();
     std::string FormatRow(const CRunMoment& moment) const;
     void CheckTable(CByteReader& reader) const;
     void ReadSums(CByteReader& reader);
 
-    CGrowingFile m_File;
     const CStatsTable m_Table;
     CSums m_Sums;
     CBouncesOfWalls m_NextBounces{}; // those of m_Sums and of the iteration that Prepare has seen
@@ -59,6 +54,4 @@ private:
     // The row of the last iteration where no row is due. It is written only when the run commits: if the run is
     // continued, it has no such row.
     std::string m_sLastRow;
-
-    bool m_bHeaderWritten = false;
 };

@@ -1,7 +1,6 @@
 #include "headless/observed/HistogramFile.h"
 
 #include "headless/console/NumberText.h"
-#include "headless/files/IByteSink.h"
 #include "headless/observed/CSpeedHistogram.h"
 
 #include <limits>
@@ -22,9 +21,9 @@ void AddRow(std::string& sText, std::uint64_t uIteration, double low, double hig
 
 } // namespace
 
-void WriteHistogramHeader(IByteSink& sink)
+std::string GetHistogramHeader()
 {
-    sink.Write("iteration,from_speed,to_speed,atoms,density\n");
+    return "iteration,from_speed,to_speed,atoms,density\n";
 }
 
 std::string FormatHistogram(std::uint64_t uIteration, const CSpeedHistogram& histogram)

@@ -4,10 +4,9 @@
 #include <string>
 
 class CSpeedHistogram;
-struct IByteSink;
 
 // Histograms of speeds as CSV, a row for each bin: iteration, the two edges, the number of atoms, the density (see
 // CSpeedHistogram::GetDensity). The last row counts the faster atoms; its upper edge is "inf", its density 0. Edges and
 // densities are in the shortest form that reads back to the same double.
-void WriteHistogramHeader(IByteSink& sink);
+std::string GetHistogramHeader();
 std::string FormatHistogram(std::uint64_t uIteration, const CSpeedHistogram& histogram);

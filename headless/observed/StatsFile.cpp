@@ -1,7 +1,6 @@
 #include "headless/observed/StatsFile.h"
 
 #include "headless/console/NumberText.h"
-#include "headless/files/IByteSink.h"
 
 namespace
 {
@@ -30,15 +29,15 @@ void AddObservables(std::string& sRow, const CObservables& observables)
 
 } // namespace
 
-void WriteStatsHeader(IByteSink& sink, bool bObservables)
+std::string GetStatsHeader(bool bObservables)
 {
-    sink.Write("iteration,collisions,min_velocity,max_velocity,tot_velocity,avg_velocity");
+    std::string sHeader = "iteration,collisions,min_velocity,max_velocity,tot_velocity,avg_velocity";
     if (bObservables)
     {
-        sink.Write(",kinetic_energy,momentum_x,momentum_y,left_bounces,right_bounces,top_bounces,bottom_bounces,"
-                   "left_impulse,right_impulse,top_impulse,bottom_impulse,pressure");
+        sHeader += ",kinetic_energy,momentum_x,momentum_y,left_bounces,right_bounces,top_bounces,bottom_bounces,"
+                   "left_impulse,right_impulse,top_impulse,bottom_impulse,pressure";
     }
-    sink.Write("\n");
+    return sHeader + '\n';
 }
 
 std::string FormatStatsRow(const CStatsRow& row)

@@ -8,8 +8,6 @@
 #include <optional>
 #include <string>
 
-struct IByteSink;
-
 // More columns of a row.
 struct CObservables
 {
@@ -30,5 +28,5 @@ struct CStatsRow
 
 // The statistics as CSV. Numbers with a fraction are in the shortest form that reads back to the same bits: the
 // velocities to those of a float, the others to those of a double.
-void WriteStatsHeader(IByteSink& sink, bool bObservables);
+std::string GetStatsHeader(bool bObservables);
 std::string FormatStatsRow(const CStatsRow& row);

@@ -36,15 +36,13 @@ private:
 
 CFrameRecorder::CFrameRecorder(const std::string& sPath, IByteSink* pStandardOutput, const CFrameTimes& times,
                                std::unique_ptr<IFrameFormat> pFormat, std::function<void()> check)
-    : m_File(sPath, pStandardOutput),
+    : CFileObserver(sPath, pStandardOutput, pFormat->GetHeader()),
       m_Times(times),
       m_pFormat(std::move(pFormat)),
       m_Check(std::move(check)),
       m_sPosition(GetPosition())
 {
 }
-
-void CFrameRecorder::Prepare(const CAtoms& /*atoms*/) {}
 
 void CFrameRecorder::Observe(const CRunMoment& moment)
 {
@@ -60,11 +58,6 @@ void CFrameRecorder::Observe(const CRunMoment& moment)
     m_bBegun = true;
     m_bEndMissing = false;
     (bRegular ? m_sPosition : m_sEnd) = GetPosition();
-}
-
-void CFrameRecorder::Keep(bool bOnDisk)
-{
-    m_File.Keep(bOnDisk);
 }
 
 std::string CFrameRecorder::GetProgress() const
@@ -94,11 +87,6 @@ bool CFrameRecorder::MayObserveAgain() const
     return true;
 }
 
-bool CFrameRecorder::IsDirect() const
-{
-    return m_File.IsDirect();
-}
-
 void CFrameRecorder::Commit()
 {
     // A run that was continued for no iteration has the same end as before.
@@ -113,15 +101,6 @@ void CFrameRecorder::Commit()
 bool CFrameRecorder::IsRegular(std::uint64_t uIteration) const
 {
     return (m_Times.every && uIteration % *m_Times.every == 0) || (m_Times.bStartAndEnd && !m_bBegun);
-}
-
-void CFrameRecorder::WriteHeaderOnce()
-{
-    if (!m_bHeaderWritten)
-    {
-        m_File.Write(m_pFormat->GetHeader());
-        m_bHeaderWritten = true;
-    }
 }
 
 std::string CFrameRecorder::GetPosition() const
