@@ -1,5 +1,7 @@
 #include "headless/files/CByteWriter.h"
 
+#include "headless/files/CTextSink.h"
+
 namespace
 {
 
@@ -48,4 +50,13 @@ void CByteWriter::Flush()
     AddBytes(m_Hash, m_sBuffer);
     m_Sink.Write(m_sBuffer);
     m_sBuffer.clear();
+}
+
+std::string MakeBytes(const std::function<void(CByteWriter&)>& write)
+{
+    CTextSink sink;
+    CByteWriter writer(sink);
+    write(writer);
+    writer.Flush();
+    return sink.GetText();
 }

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -55,3 +56,6 @@ private:
     CFnvHash m_Hash;
     std::string m_sBuffer;
 };
+
+// Calls write with a writer, and returns the bytes that it wrote. No hash is among them.
+std::string MakeBytes(const std::function<void(CByteWriter&)>& write);

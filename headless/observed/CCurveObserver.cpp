@@ -2,7 +2,6 @@
 
 #include "headless/files/CByteReader.h"
 #include "headless/files/CByteWriter.h"
-#include "headless/files/CTextSink.h"
 
 void CCurveObserver::Prepare(const CAtoms& /*atoms*/) {}
 
@@ -15,11 +14,7 @@ void CCurveObserver::Keep(bool /*bOnDisk*/) {}
 
 std::string CCurveObserver::GetProgress() const
 {
-    CTextSink sink;
-    CByteWriter writer(sink);
-    m_Curve.Save(writer);
-    writer.Flush();
-    return sink.GetText();
+    return MakeBytes([this](CByteWriter& writer) { m_Curve.Save(writer); });
 }
 
 void CCurveObserver::Continue(std::string_view sProgress)

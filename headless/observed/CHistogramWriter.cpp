@@ -4,7 +4,6 @@
 #include "headless/console/NumberText.h"
 #include "headless/files/CByteReader.h"
 #include "headless/files/CByteWriter.h"
-#include "headless/files/CTextSink.h"
 #include "headless/observed/CSpeedHistogram.h"
 #include "headless/observed/HistogramFile.h"
 
@@ -46,15 +45,13 @@ void CHistogramWriter::Observe(const CRunMoment& moment)
 
 std::string CHistogramWriter::GetProgress() const
 {
-    CTextSink sink;
-    CByteWriter writer(sink);
-    writer.Write64(m_Table.bins);
-    writer.Write64(std::bit_cast<std::uint64_t>(m_Table.range));
-    m_File.SavePosition(writer);
-    writer.Write64(m_uLast);
-    writer.WriteText(m_sLast);
-    writer.Flush();
-    return sink.GetText();
+    return MakeBytes([this](CByteWriter& writer) {
+        writer.Write64(m_Table.bins);
+        writer.Write64(std::bit_cast<std::uint64_t>(m_Table.range));
+        m_File.SavePosition(writer);
+        writer.Write64(m_uLast);
+        writer.WriteText(m_sLast);
+    });
 }
 
 void CHistogramWriter::Continue(std::string_view sProgress)

@@ -3,7 +3,6 @@
 #include "headless/console/HeadlessError.h"
 #include "headless/files/CByteReader.h"
 #include "headless/files/CByteWriter.h"
-#include "headless/files/CTextSink.h"
 #include "headless/observed/KineticSums.h"
 #include "simulation/CAtoms.h"
 
@@ -55,21 +54,19 @@ void CStatsWriter::Observe(const CRunMoment& moment)
 
 std::string CStatsWriter::GetProgress() const
 {
-    CTextSink sink;
-    CByteWriter writer(sink);
-    writer.Write64(m_Table.every);
-    writer.Write8(m_Table.bObservables ? 1 : 0);
-    m_File.SavePosition(writer);
-    writer.Write64(m_Sums.iterations);
-    writer.Write64(m_Sums.collisions);
-    for (const CWallBounces& wall : m_Sums.bounces)
-    {
-        writer.Write64(wall.count);
-        writer.Write64(std::bit_cast<std::uint64_t>(wall.impulse));
-    }
-    writer.WriteText(m_sLastRow);
-    writer.Flush();
-    return sink.GetText();
+    return MakeBytes([this](CByteWriter& writer) {
+        writer.Write64(m_Table.every);
+        writer.Write8(m_Table.bObservables ? 1 : 0);
+        m_File.SavePosition(writer);
+        writer.Write64(m_Sums.iterations);
+        writer.Write64(m_Sums.collisions);
+        for (const CWallBounces& wall : m_Sums.bounces)
+        {
+            writer.Write64(wall.count);
+            writer.Write64(std::bit_cast<std::uint64_t>(wall.impulse));
+        }
+        writer.WriteText(m_sLastRow);
+    });
 }
 
 void CStatsWriter::Continue(std::string_view sProgress)

@@ -2,7 +2,6 @@
 
 #include "headless/files/CByteReader.h"
 #include "headless/files/CByteWriter.h"
-#include "headless/files/CTextSink.h"
 
 #include <utility>
 
@@ -62,12 +61,10 @@ void CFrameRecorder::Observe(const CRunMoment& moment)
 
 std::string CFrameRecorder::GetProgress() const
 {
-    CTextSink sink;
-    CByteWriter writer(sink);
-    writer.WriteText(m_sPosition);
-    writer.WriteText(m_sEnd);
-    writer.Flush();
-    return sink.GetText();
+    return MakeBytes([this](CByteWriter& writer) {
+        writer.WriteText(m_sPosition);
+        writer.WriteText(m_sEnd);
+    });
 }
 
 void CFrameRecorder::Continue(std::string_view sProgress)
@@ -105,11 +102,7 @@ bool CFrameRecorder::IsRegular(std::uint64_t uIteration) const
 
 std::string CFrameRecorder::GetPosition() const
 {
-    CTextSink sink;
-    CByteWriter writer(sink);
-    m_File.SavePosition(writer);
-    writer.Flush();
-    return sink.GetText();
+    return MakeBytes([this](CByteWriter& writer) { m_File.SavePosition(writer); });
 }
 
 void CFrameRecorder::ContinueAt(std::string_view sPosition)
