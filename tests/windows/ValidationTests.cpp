@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 namespace
 {
 constexpr const wchar_t* c_sInvalid = L"Colour factor %i has an invalid value.\n\nYou can use an absolute value, e.g., "
@@ -44,17 +47,11 @@ void SetFactors(const CRunningApplication& application, const wchar_t* s1, const
 constexpr int c_iFixed = 0;
 constexpr int c_iSpeed = 1;
 
-// Presses Start, expects the message, and closes it with its button.
-void ExpectMessage(const CRunningApplication& application, const std::wstring& sText, const std::wstring& sTitle)
+struct CExpectedMessage
 {
-    const CShownMessage message = WaitForMessageBox(application.GetMain());
-    ASSERT_NE(message.hWnd, nullptr) << "no message appeared";
-    EXPECT_EQ(message.sText, sText);
-    EXPECT_EQ(message.sTitle, sTitle);
-    EXPECT_EQ(message.sButton, L"Ok");
-    EXPECT_FALSE(IsWindowEnabled(application.GetMain()));
-    CloseMessageBox(message);
-}
+    std::wstring sText;
+    std::wstring sTitle;
+};
 
 void ExpectIdle(const CRunningApplication& application)
 {
@@ -64,6 +61,23 @@ void ExpectIdle(const CRunningApplication& application)
         EXPECT_TRUE(IsWindowEnabled(CKinetariumProbe::GetStartButton(inside)));
         EXPECT_FALSE(CKinetariumProbe::HasWorker(inside));
     });
+}
+
+// Presses Start, expects these messages one after the other, closes each with its button, and expects no run.
+void ExpectRefusal(const CRunningApplication& application, const std::vector<CExpectedMessage>& messages)
+{
+    application.PressButton();
+    for (const CExpectedMessage& expected : messages)
+    {
+        const CShownMessage message = WaitForMessageBox(application.GetMain());
+        ASSERT_NE(message.hWnd, nullptr) << "no message appeared";
+        EXPECT_EQ(message.sText, expected.sText);
+        EXPECT_EQ(message.sTitle, expected.sTitle);
+        EXPECT_EQ(message.sButton, L"Ok");
+        EXPECT_FALSE(IsWindowEnabled(application.GetMain()));
+        CloseMessageBox(message);
+    }
+    ExpectIdle(application);
 }
 
 void StartAndStop(const CRunningApplication& application)
@@ -164,9 +178,7 @@ TEST(Validation, ThreeFactorsAreOneTooMany)
     const CRunningApplication application;
     ChooseMode(application, c_iFixed);
     SetFactors(application, L"10", L"20", L"30");
-    application.PressButton();
-    ExpectMessage(application, c_sNeedTwo, L"Error");
-    ExpectIdle(application);
+    ExpectRefusal(application, {{c_sNeedTwo, L"Error"}});
 }
 
 TEST(Validation, NoFactorsAreTooFew)
@@ -174,9 +186,7 @@ TEST(Validation, NoFactorsAreTooFew)
     const CRunningApplication application;
     ChooseMode(application, c_iFixed);
     SetFactors(application, L"", L"", L"");
-    application.PressButton();
-    ExpectMessage(application, c_sNeedTwo, L"Error");
-    ExpectIdle(application);
+    ExpectRefusal(application, {{c_sNeedTwo, L"Error"}});
 }
 
 TEST(Validation, EveryInvalidFactorHasItsOwnMessage)
@@ -184,10 +194,8 @@ TEST(Validation, EveryInvalidFactorHasItsOwnMessage)
     const CRunningApplication application;
     ChooseMode(application, c_iFixed);
     SetFactors(application, L"-1", L"abc", L"0");
-    application.PressButton();
-    ExpectMessage(application, TextFor(c_sInvalid, 1), L"Colour 1 factor");
-    ExpectMessage(application, TextFor(c_sInvalid, 2), L"Colour 2 factor");
-    ExpectIdle(application);
+    ExpectRefusal(application,
+                  {{TextFor(c_sInvalid, 1), L"Colour 1 factor"}, {TextFor(c_sInvalid, 2), L"Colour 2 factor"}});
 }
 
 // The title always names the first factor, even if another one is invalid.
@@ -195,22 +203,17 @@ TEST(Validation, SpeedModeRefusesPercentages)
 {
     const CRunningApplication application;
     SetFactors(application, L"x", L"", L"50%");
-    application.PressButton();
-    ExpectMessage(application, TextFor(c_sInvalid, 1), L"Colour 1 factor");
-    ExpectMessage(application, TextFor(c_sInvalidForSpeed, 3), L"Colour 1 factor");
-    ExpectIdle(application);
+    ExpectRefusal(application,
+                  {{TextFor(c_sInvalid, 1), L"Colour 1 factor"}, {TextFor(c_sInvalidForSpeed, 3), L"Colour 1 factor"}});
 }
 
 TEST(Validation, ABlankBehindThePercentSignIsRefusedInEachMode)
 {
     const CRunningApplication application;
     application.SetControlText(L"Colour_1_factor", L"50% ");
-    application.PressButton();
-    ExpectMessage(application, TextFor(c_sInvalid, 1), L"Colour 1 factor");
+    ExpectRefusal(application, {{TextFor(c_sInvalid, 1), L"Colour 1 factor"}});
     ChooseMode(application, c_iFixed);
-    application.PressButton();
-    ExpectMessage(application, TextFor(c_sInvalid, 1), L"Colour 1 factor");
-    ExpectIdle(application);
+    ExpectRefusal(application, {{TextFor(c_sInvalid, 1), L"Colour 1 factor"}});
 }
 
 TEST(Validation, AFailedStartLeavesThePanelAndTheFileUnchanged)
@@ -219,9 +222,7 @@ TEST(Validation, AFailedStartLeavesThePanelAndTheFileUnchanged)
     application.SetControlText(L"Width", L"5");
     application.SetControlText(L"Tot_atoms", L"0");
     SetFactors(application, L"50%", L"", L"1.25");
-    application.PressButton();
-    ExpectMessage(application, TextFor(c_sInvalidForSpeed, 1), L"Colour 1 factor");
-    ExpectIdle(application);
+    ExpectRefusal(application, {{TextFor(c_sInvalidForSpeed, 1), L"Colour 1 factor"}});
     EXPECT_EQ(application.GetControlText(L"Width"), L"5");
     EXPECT_EQ(application.GetControlText(L"Tot_atoms"), L"0");
     EXPECT_EQ(CRunningApplication::ReadSetting(L"World_width"), L"<missing>");
@@ -234,9 +235,7 @@ TEST(Validation, AFailedStartKeepsTheRadiiLimitedAndUnswapped)
     application.SetControlText(L"Min_radius", L"40");
     application.SetControlText(L"Max_radius", L"0");
     SetFactors(application, L"50%", L"", L"1.25");
-    application.PressButton();
-    ExpectMessage(application, TextFor(c_sInvalidForSpeed, 1), L"Colour 1 factor");
-    ExpectIdle(application);
+    ExpectRefusal(application, {{TextFor(c_sInvalidForSpeed, 1), L"Colour 1 factor"}});
     application.Do([](CKinetarium& inside) {
         EXPECT_EQ(CKinetariumProbe::GetMinRadius(inside), 32);
         EXPECT_EQ(CKinetariumProbe::GetMaxRadius(inside), 1);
