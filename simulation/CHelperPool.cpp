@@ -1,5 +1,8 @@
 #include "simulation/CHelperPool.h"
 
+#include "classes/core/CountProcessors.h"
+#include "simulation/CHelperPlace.h"
+
 #include <system_error>
 #include <utility>
 
@@ -29,11 +32,12 @@ std::uint64_t GetHelpersAtWork(std::uint64_t uState)
 CHelperPool::CHelperPool(int helpers)
 {
     m_Helpers.reserve(static_cast<std::size_t>(helpers));
+    const bool bEnoughProcessors = helpers < CountUsableProcessors();
     try
     {
         for (int helper = 0; helper < helpers; ++helper)
         {
-            m_Helpers.emplace_back([this] { Help(); });
+            m_Helpers.emplace_back([this, bEnoughProcessors] { Help(bEnoughProcessors); });
         }
     }
     catch (const std::system_error&)
@@ -79,8 +83,9 @@ void CHelperPool::Call() noexcept
 }
 
 // The body of a helper.
-void CHelperPool::Help() noexcept
+void CHelperPool::Help(bool bEnoughProcessors) noexcept
 {
+    CHelperPlace place(bEnoughProcessors);
     std::uint64_t uSeen = 0;
     for (;;)
     {
@@ -94,6 +99,10 @@ void CHelperPool::Help() noexcept
         }
         if (Join(uSeen))
         {
+            if (place.MustChange(m_Task.processor, GetProcessorOfThread()))
+            {
+                LeaveProcessor(m_Task.processor);
+            }
             Call();
             Leave();
         }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "classes/core/ProcessorOfThread.h"
 #include "simulation/CWaitPoint.h"
 
 #include <atomic>
@@ -30,7 +31,7 @@ public:
     template<class Task>
     void Run(const Task& task)
     {
-        RunTask({[](const void* pTask) { (*static_cast<const Task*>(pTask))(); }, &task});
+        RunTask({[](const void* pTask) { (*static_cast<const Task*>(pTask))(); }, &task, GetProcessorOfThread()});
     }
 
 private:
@@ -38,11 +39,12 @@ private:
     {
         void (*pCall)(const void* pTask) = nullptr;
         const void* pTask = nullptr;
+        int processor = 0; // of the caller
     };
 
     void RunTask(const CTask& task);
     void Call() noexcept;
-    void Help() noexcept;
+    void Help(bool bEnoughProcessors) noexcept;
     bool Join(std::uint64_t& uSeen) noexcept;
     void Leave() noexcept;
 

@@ -6,12 +6,26 @@
 #include "simulation/SpeedStatistics.h"
 #include "simulation/SpeedSum.h"
 
+#include <algorithm>
 #include <atomic>
 #include <mutex>
 #include <span>
 
 namespace
 {
+
+// More chunks than threads let a fast thread do more of them. But each has counts of its own for every cell, so the
+// atoms must be many more than the cells.
+constexpr std::size_t c_uChunksPerThread = 4;
+constexpr std::size_t c_uFewestAtomsPerChunk = 16'384;
+constexpr std::size_t c_uFewestAtomsPerCell = 8; // of a chunk
+
+std::size_t CountChunks(std::size_t uThreads, std::size_t uAtoms, std::size_t uCells)
+{
+    const std::size_t uMany = uThreads * c_uChunksPerThread;
+    const bool bLarge = uAtoms >= uMany * std::max(c_uFewestAtomsPerChunk, uCells * c_uFewestAtomsPerCell);
+    return bLarge ? uMany : uThreads;
+}
 
 // Calls action(chunk) for all chunks of the atoms; each thread takes the next one when it has done its own.
 template<class Action>
@@ -32,7 +46,9 @@ void ForEachChunk(CHelperPool& helpers, std::size_t uChunks, std::size_t uAtoms,
 std::uint32_t CParallelIteration::Advance(CAtoms& atoms, CCollisionGrid& grid, const CSize<int>& world, CRandom& random,
                                           const CSimulationKernels& kernels)
 {
-    const std::size_t uChunks = static_cast<std::size_t>(GetThreadCount());
+    const std::size_t uChunks =
+        CountChunks(static_cast<std::size_t>(GetThreadCount()), static_cast<std::size_t>(atoms.GetCount()),
+                    static_cast<std::size_t>(grid.GetCellCount()));
     const CIterationWork work = StartIteration(atoms, grid, world, kernels, uChunks);
     EnterAtoms(work, uChunks);
     const std::uint32_t uCollisions = Collide(work, random);

@@ -1,5 +1,6 @@
 #include "simulation/CWavefront.h"
 
+#include <algorithm>
 #include <utility>
 
 void CWavefront::Restart(const CWavefrontRule& rule)
@@ -14,26 +15,29 @@ void CWavefront::Restart(const CWavefrontRule& rule)
     {
         GetRow(row).done.store(0, std::memory_order_relaxed);
         GetRow(row).wanted.store(rule.columns, std::memory_order_relaxed);
+        GetRow(row).bTaken.store(false, std::memory_order_relaxed);
     }
     m_pError = nullptr;
     m_bAborted = false;
-    m_iNextRow = 0;
+    m_iFirstRow = 0;
 }
 
-int CWavefront::TakeRow()
+bool CWavefront::TakeCells(CCellRun& run)
 {
     ThrowIfAborted();
-    return m_iNextRow++;
-}
-
-int CWavefront::AwaitCell(int row, int column)
-{
-    if (row == 0)
+    if (GoOnInRow(run))
     {
-        return m_Rule.columns;
+        return true;
     }
-    AwaitDone(row - 1, m_Rule.GetNeeded(column));
-    return m_Rule.GetRunnable(GetRow(row - 1).done);
+    LeaveRow(run);
+    run = {};
+    const auto canGoOn = [&] { return TryTakeRow(run) || m_iFirstRow == m_Rule.rows || m_bAborted; };
+    while (!CWaitPoint::Spin(canGoOn))
+    {
+        SleepUntilARowIsFree();
+    }
+    ThrowIfAborted();
+    return run.end > 0;
 }
 
 void CWavefront::FinishCell(int row, int column)
@@ -47,6 +51,7 @@ void CWavefront::FinishCell(int row, int column)
         taken.done.store(done, std::memory_order_release);
         return;
     }
+    taken.wanted = m_Rule.columns; // sleepers that are not content will say again what they want
     taken.done = done;
     m_Waiting.Announce();
 }
@@ -55,7 +60,12 @@ void CWavefront::AwaitDraw(int row)
 {
     if (row > 0)
     {
-        AwaitDone(row - 1, m_Rule.GetNeededToDraw());
+        const int needed = m_Rule.GetNeededToDraw();
+        if (!CWaitPoint::Spin([&] { return GetRow(row - 1).done >= needed || m_bAborted; }))
+        {
+            Sleep(row - 1, needed);
+        }
+        ThrowIfAborted();
     }
 }
 
@@ -72,17 +82,96 @@ void CWavefront::Abort(std::exception_ptr pError) noexcept
     m_Waiting.Announce();
 }
 
-void CWavefront::AwaitDone(int row, int count)
+// The number of cells of a row that may be handled.
+int CWavefront::GetRunnable(int row)
+{
+    return row == 0 ? m_Rule.columns : m_Rule.GetRunnable(GetRow(row - 1).done);
+}
+
+// Takes the next cells of the row that this thread has taken.
+bool CWavefront::GoOnInRow(CCellRun& run)
+{
+    const CCellRun next{run.row, run.end, GetRunnable(run.row)};
+    if (run.end == 0 || next.first >= next.end)
+    {
+        return false;
+    }
+    run = next;
+    return true;
+}
+
+void CWavefront::LeaveRow(const CCellRun& run)
+{
+    // A complete row stays taken.
+    if (run.end > 0 && run.end < m_Rule.columns)
+    {
+        GetRow(run.row).bTaken = false;
+    }
+}
+
+// Takes the uppermost row that is free and has cells that may be handled.
+bool CWavefront::TryTakeRow(CCellRun& run)
+{
+    for (int row = SkipCompleteRows(); row < m_Rule.rows; ++row)
+    {
+        CRow& candidate = GetRow(row);
+        if (candidate.done < GetRunnable(row) && !candidate.bTaken && !candidate.bTaken.exchange(true))
+        {
+            const CCellRun found{row, candidate.done, GetRunnable(row)};
+            if (found.first < found.end)
+            {
+                run = found;
+                return true;
+            }
+            // Another thread has handled these cells since the look at them.
+            LeaveRow(found);
+        }
+        if (candidate.done < m_Rule.GetNeeded(0))
+        {
+            return false; // none of the rows below may begin
+        }
+    }
+    return false;
+}
+
+// Returns the first row that is not complete; the number of rows if all are.
+int CWavefront::SkipCompleteRows()
+{
+    int first = m_iFirstRow;
+    int row = first;
+    while (row < m_Rule.rows && GetRow(row).done == m_Rule.columns)
+    {
+        ++row;
+    }
+    while (first < row && !m_iFirstRow.compare_exchange_weak(first, row))
+    {
+    }
+    return row;
+}
+
+void CWavefront::SleepUntilARowIsFree()
+{
+    // The first row that no thread has taken waits for the one above. If all are taken, the last one must end.
+    int row = std::max(1, SkipCompleteRows());
+    while (row < m_Rule.rows && GetRow(row).bTaken)
+    {
+        ++row;
+    }
+    const int count = row < m_Rule.rows ? m_Rule.GetNeeded(GetRow(row).done) : m_Rule.columns;
+    Sleep(row - 1, count);
+}
+
+// Sleeps until so many cells of a row are done.
+void CWavefront::Sleep(int row, int count)
 {
     CRow& awaited = GetRow(row);
-    const auto isDone = [&] { return awaited.done >= count || m_bAborted; };
-    if (!CWaitPoint::Spin(isDone))
-    {
-        awaited.wanted = count;
-        m_Waiting.Sleep(isDone);
-        awaited.wanted = m_Rule.columns;
-    }
-    ThrowIfAborted();
+    m_Waiting.Sleep([&] {
+        int wanted = awaited.wanted;
+        while (count < wanted && !awaited.wanted.compare_exchange_weak(wanted, count))
+        {
+        }
+        return awaited.done >= count || m_bAborted;
+    });
 }
 
 void CWavefront::ThrowIfAborted()

@@ -29,23 +29,18 @@ private:
     CRandom& m_Random;
 };
 
-std::uint32_t CollideRow(const CCollisionGrid& grid, int row, IWavefront& wavefront, IDrawTurn& turn,
+std::uint32_t CollideRun(const CCollisionGrid& grid, const CCellRun& run, IWavefront& wavefront, IDrawTurn& turn,
                          CCellScratch& scratch, const CSimulationKernels& kernels)
 {
-    const int columns = grid.GetColumns();
+    const int firstOfRow = run.row * grid.GetColumns();
     std::uint32_t uCollisions = 0;
-    CCellList next = GetTestedAtoms(grid, row * columns);
-    int runnable = 0;
-    for (int column = 0; column < columns; ++column)
+    CCellList next = GetTestedAtoms(grid, firstOfRow + run.first);
+    for (int column = run.first; column < run.end; ++column)
     {
-        if (column >= runnable)
-        {
-            runnable = wavefront.AwaitCell(row, column);
-        }
         const CCellList atoms = next;
-        next = GetTestedAtoms(grid, row * columns + column + 1);
+        next = GetTestedAtoms(grid, firstOfRow + column + 1);
         uCollisions += kernels.pCollideCell(atoms, next, scratch, turn);
-        wavefront.FinishCell(row, column);
+        wavefront.FinishCell(run.row, column);
     }
     return uCollisions;
 }
@@ -59,10 +54,11 @@ std::uint32_t CollideRows(const CCollisionGrid& grid, IWavefront& wavefront, CRa
     {
         CCellScratch scratch;
         std::uint32_t uCollisions = 0;
-        for (int row = wavefront.TakeRow(); row < grid.GetRows(); row = wavefront.TakeRow())
+        CCellRun run;
+        while (wavefront.TakeCells(run))
         {
-            CDrawInRow turn(wavefront, row, random);
-            uCollisions += CollideRow(grid, row, wavefront, turn, scratch, kernels);
+            CDrawInRow turn(wavefront, run.row, random);
+            uCollisions += CollideRun(grid, run, wavefront, turn, scratch, kernels);
         }
         return uCollisions;
     }

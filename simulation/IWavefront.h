@@ -2,18 +2,28 @@
 
 #include <exception>
 
+// Cells of one row of a grid that follow each other, from first to end - 1.
+struct CCellRun
+{
+    int row{};
+    int first{};
+    int end{};
+
+    bool operator==(const CCellRun&) const = default;
+};
+
 // Tells each thread which cells of a grid it may handle, so that the result is that of handling them one by one. See
 // WavefrontRule.h.
 struct IWavefront
 {
     virtual ~IWavefront() = default;
 
-    // The next row that no thread has taken, from the first on; the number of rows or more if none is left.
-    virtual int TakeRow() = 0;
+    // Waits until this thread may handle some cells, and sets run to them; they are for this thread alone, from the
+    // left to the right. False if none are left. Before, run holds the cells that the thread took last and has handled;
+    // none if it took none.
+    virtual bool TakeCells(CCellRun& run) = 0;
 
-    // Waits until a cell of a taken row may be handled. Returns the end of the cells of the row that may be.
-    virtual int AwaitCell(int row, int column) = 0;
-
+    // Call it after each cell of a run.
     virtual void FinishCell(int row, int column) = 0;
 
     // Waits until the cell at work in that row may draw random numbers.

@@ -1,3 +1,4 @@
+#include "simulation/CHelperPlace.h"
 #include "simulation/CHelperPool.h"
 
 #include <gtest/gtest.h>
@@ -118,6 +119,33 @@ TEST(HelperPool, APoolWithoutHelpersCallsTheTaskItself)
     const auto count = [&] { ++calls; };
     pool.Run(count);
     EXPECT_EQ(calls, 1);
+}
+
+TEST(HelperPlace, AHelperChangesOnlyIfItIsOnTheProcessorOfTheCaller)
+{
+    CHelperPlace place(true);
+    EXPECT_FALSE(place.MustChange(0, 1));
+    EXPECT_TRUE(place.MustChange(1, 1));
+}
+
+TEST(HelperPlace, AHelperDoesNotChangeAgainAtOnce)
+{
+    CHelperPlace place(true);
+    EXPECT_TRUE(place.MustChange(0, 0));
+    int pause = 1;
+    while (!place.MustChange(0, 0))
+    {
+        ++pause;
+        ASSERT_LE(pause, 1000);
+    }
+    EXPECT_GT(pause, 4);
+    EXPECT_FALSE(place.MustChange(0, 0));
+}
+
+TEST(HelperPlace, WithMoreThreadsThanProcessorsNoHelperChanges)
+{
+    CHelperPlace place(false);
+    EXPECT_FALSE(place.MustChange(0, 0));
 }
 
 } // namespace

@@ -25,16 +25,21 @@ void CScriptedWavefront::RunAll()
     }
 }
 
-int CScriptedWavefront::TakeRow()
+// One cell at a time. A thread stays in its row, the first that no thread had taken.
+bool CScriptedWavefront::TakeCells(CCellRun& run)
 {
-    const std::lock_guard lock(m_Mutex);
-    return m_iTaken++;
-}
-
-int CScriptedWavefront::AwaitCell(int row, int column)
-{
-    Wait(row, row == 0 ? 0 : m_Rule.GetNeeded(column));
-    return column + 1;
+    if (run.end == m_Rule.columns)
+    {
+        return false;
+    }
+    if (run.end == 0)
+    {
+        const std::lock_guard lock(m_Mutex);
+        run.row = m_iTaken++;
+    }
+    Wait(run.row, run.row == 0 ? 0 : m_Rule.GetNeeded(run.end));
+    run = {run.row, run.end, run.end + 1};
+    return true;
 }
 
 void CScriptedWavefront::FinishCell(int row, int)

@@ -24,8 +24,7 @@ public:
     // How many rows could have gone on in each step.
     const std::vector<std::size_t>& GetOptions() const { return m_Options; }
 
-    int TakeRow() override;
-    int AwaitCell(int row, int column) override;
+    bool TakeCells(CCellRun& run) override;
     void FinishCell(int row, int column) override;
     void AwaitDraw(int row) override;
     void Abort(std::exception_ptr pError) noexcept override;
