@@ -1,3 +1,4 @@
+#include "bench/Contention.h"
 #include "bench/FrameCapRun.h"
 #ifdef _WIN32
 #include "bench/GdiFrames.h"
@@ -21,12 +22,15 @@ namespace
 
 constexpr int c_iExitUsage = 2;
 constexpr double c_dDefaultFrameCapSeconds = 5;
+constexpr double c_dDefaultContentionSeconds = 20; // for each scene
 
 int PrintUsage()
 {
     std::puts("kinetarium-bench --ratios               plain form compared with the program's, five scenes;\n"
               "                                        fails if one bit of the results differs\n"
               "kinetarium-bench --growth               time and memory per atom, from 1,000 atoms to 1,000,000\n"
+              "kinetarium-bench --contention [SECONDS] one thread and several while another program uses every\n"
+              "                                        processor, three scenes\n"
               "kinetarium-bench --replay [FILE.svg]    gain by more threads, from measured times of each cell\n"
               "kinetarium-bench --frame-cap [SECONDS]  iterations per second of the run loop without drawing");
 #ifdef _WIN32
@@ -83,6 +87,11 @@ int main(int argc, char** argv)
     if (sOption == "--replay" && argc <= 3)
     {
         return PrintReplay(argv[2]) ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+    if (sOption == "--contention" && argc <= 3)
+    {
+        const double seconds = argc > 2 ? std::strtod(argv[2], nullptr) : c_dDefaultContentionSeconds;
+        return seconds > 0 ? PrintContention(seconds) : PrintUsage();
     }
     if (sOption == "--frame-cap")
     {

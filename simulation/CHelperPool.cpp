@@ -1,6 +1,7 @@
 #include "simulation/CHelperPool.h"
 
 #include "classes/core/CountProcessors.h"
+#include "classes/core/ProcessorOfThread.h"
 #include "simulation/CHelperPlace.h"
 
 #include <system_error>
@@ -55,6 +56,7 @@ CHelperPool::~CHelperPool()
 void CHelperPool::RunTask(const CTask& task)
 {
     m_Task = task;
+    m_iCallersProcessor.store(GetProcessorOfThread(), std::memory_order_relaxed);
     m_uState = (GetTaskNumber(m_uState) + 1) * c_uOneTask | c_uOpen;
     m_Waiting.Announce();
     Call();
@@ -97,15 +99,23 @@ void CHelperPool::Help(bool bEnoughProcessors) noexcept
         {
             return;
         }
+        LeaveProcessorOfCaller(place);
         if (Join(uSeen))
         {
-            if (place.MustChange(m_Task.processor, GetProcessorOfThread()))
-            {
-                LeaveProcessor(m_Task.processor);
-            }
             Call();
             Leave();
         }
+    }
+}
+
+// Before this helper is counted in: on the other processor it may have to wait for another program, and the caller need
+// not wait for a helper that has not begun.
+void CHelperPool::LeaveProcessorOfCaller(CHelperPlace& place) noexcept
+{
+    const int processor = m_iCallersProcessor.load(std::memory_order_relaxed);
+    if (place.MustChange(processor, GetProcessorOfThread()))
+    {
+        LeaveProcessor(processor);
     }
 }
 

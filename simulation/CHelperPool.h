@@ -1,6 +1,5 @@
 #pragma once
 
-#include "classes/core/ProcessorOfThread.h"
 #include "simulation/CWaitPoint.h"
 
 #include <atomic>
@@ -9,6 +8,8 @@
 #include <mutex>
 #include <thread>
 #include <vector>
+
+class CHelperPlace;
 
 // Threads that help the caller with a task and sleep otherwise. They hold no lock while a task runs.
 class CHelperPool
@@ -31,7 +32,7 @@ public:
     template<class Task>
     void Run(const Task& task)
     {
-        RunTask({[](const void* pTask) { (*static_cast<const Task*>(pTask))(); }, &task, GetProcessorOfThread()});
+        RunTask({[](const void* pTask) { (*static_cast<const Task*>(pTask))(); }, &task});
     }
 
 private:
@@ -39,16 +40,17 @@ private:
     {
         void (*pCall)(const void* pTask) = nullptr;
         const void* pTask = nullptr;
-        int processor = 0; // of the caller
     };
 
     void RunTask(const CTask& task);
     void Call() noexcept;
     void Help(bool bEnoughProcessors) noexcept;
+    void LeaveProcessorOfCaller(CHelperPlace& place) noexcept;
     bool Join(std::uint64_t& uSeen) noexcept;
     void Leave() noexcept;
 
     CTask m_Task;
+    std::atomic<int> m_iCallersProcessor{-1};
     // The number of the task in the upper half; the lower half counts the helpers at work and has a bit for a task that
     // helpers may join.
     std::atomic<std::uint64_t> m_uState{0};
