@@ -1,6 +1,7 @@
 #include "bench/Replay.h"
 
 #include "bench/CBenchmarkWorld.h"
+#include "bench/CReplay.h"
 #include "bench/Measurement.h"
 #include "bench/ReplayPicture.h"
 #include "simulation/CDrawAtOnce.h"
@@ -14,12 +15,14 @@
 #include <cstddef>
 #include <cstdio>
 #include <memory>
+#include <numeric>
 #include <vector>
 
 namespace
 {
 
 constexpr std::array c_ThreadCounts = {1, 2, 4, 8, 16};
+constexpr double c_dSlow = 0.6;  // of the speed of a fast thread
 constexpr int c_iIterations = 5; // of which the median counts, for each cell
 
 // Milliseconds of the parts of an iteration on one thread.
@@ -75,23 +78,20 @@ CParts MeasureParts(CBenchmarkWorld& world)
     return medians;
 }
 
-// When the last cell is done if that many threads take the rows in order and each cell waits as the rule says.
-double ReplayCells(const std::vector<double>& times, const CWavefrontRule& rule, int threads)
+// Milliseconds of an iteration.
+struct CReplayed
 {
-    std::vector<double> free(static_cast<std::size_t>(threads), 0); // when each thread is
-    std::vector<double> ends(times.size(), 0);
-    for (int row = 0; row < rule.rows; ++row)
-    {
-        const auto thread = std::min_element(free.begin(), free.end());
-        for (int column = 0; column < rule.columns; ++column)
-        {
-            const auto uCell = static_cast<std::size_t>(row * rule.columns + column);
-            const auto uAwaited = static_cast<std::size_t>((row - 1) * rule.columns + rule.GetNeeded(column) - 1);
-            const double ready = row == 0 ? 0 : ends[uAwaited];
-            *thread = ends[uCell] = std::max(*thread, ready) + times[uCell];
-        }
-    }
-    return *std::max_element(free.begin(), free.end());
+    double collisions;
+    double other;
+
+    double Get() const { return collisions + other; }
+};
+
+// The other steps are divided among the threads by their speeds.
+CReplayed ReplayIteration(const CParts& parts, const CWavefrontRule& rule, const std::vector<double>& speeds)
+{
+    return {CReplay(parts.cells, rule, speeds).Run(),
+            (parts.enter + parts.statistics) / std::accumulate(speeds.begin(), speeds.end(), 0.0)};
 }
 
 } // namespace
@@ -101,16 +101,21 @@ bool PrintReplay(const char* sPicture)
     CBenchmarkWorld world(c_SceneLargest);
     const CParts parts = MeasureParts(world);
     const CWavefrontRule rule = CWavefrontRule::Get(world.grid.GetGeometry(), c_SceneLargest.maxRadius);
-    std::printf("%s, %s, measured on one thread and replayed\n", c_SceneLargest.name, GetSimulationKernels().name);
-    std::printf("%8s %12s %12s %12s %8s\n", "threads", "collide, ms", "other, ms", "together", "gain");
+    std::printf("%s, %s, measured on one thread and replayed; at the right the second half of the threads slower\n",
+                c_SceneLargest.name, GetSimulationKernels().name);
+    std::printf("%8s %12s %12s %12s %8s %14s %8s\n", "threads", "collide, ms", "other, ms", "together", "gain",
+                "half at 0.6", "gain");
     std::vector<CReplayRow> rows;
     for (const int threads : c_ThreadCounts)
     {
-        const double cells = ReplayCells(parts.cells, rule, threads);
-        const double other = (parts.enter + parts.statistics) / threads;
-        rows.push_back({threads, cells + other});
-        std::printf("%8d %12.2f %12.2f %12.2f %8.2f\n", threads, cells, other, cells + other,
-                    rows.front().milliseconds / rows.back().milliseconds);
+        std::vector<double> speeds(static_cast<std::size_t>(threads), 1.0);
+        const CReplayed equal = ReplayIteration(parts, rule, speeds);
+        std::fill_n(speeds.rbegin(), threads / 2, c_dSlow);
+        const CReplayed unequal = ReplayIteration(parts, rule, speeds);
+        rows.push_back({threads, equal.Get()});
+        const double one = rows.front().milliseconds;
+        std::printf("%8d %12.2f %12.2f %12.2f %8.2f %14.2f %8.2f\n", threads, equal.collisions, equal.other,
+                    equal.Get(), one / equal.Get(), unequal.Get(), one / unequal.Get());
     }
     return sPicture == nullptr || WriteReplayPicture(rows, sPicture);
 }
