@@ -102,8 +102,7 @@ bool CWavefront::GoOnInRow(CCellRun& run)
 
 void CWavefront::LeaveRow(const CCellRun& run)
 {
-    // A complete row stays taken.
-    if (run.end > 0 && run.end < m_Rule.columns)
+    if (run.end > 0)
     {
         GetRow(run.row).bTaken = false;
     }

@@ -32,7 +32,7 @@ private:
     {
         std::atomic<int> done{};    // cells
         std::atomic<int> wanted{};  // the least that a sleeper waits for
-        std::atomic<bool> bTaken{}; // a thread handles cells of it, or it is complete
+        std::atomic<bool> bTaken{}; // a thread handles cells of it
     };
 
     CRow& GetRow(int row) { return m_pRows[static_cast<std::size_t>(row)]; }

@@ -128,18 +128,43 @@ TEST(HelperPlace, AHelperChangesOnlyIfItIsOnTheProcessorOfTheCaller)
     EXPECT_TRUE(place.MustChange(1, 1));
 }
 
-TEST(HelperPlace, AHelperDoesNotChangeAgainAtOnce)
+// The number of tasks until the next change, if helper and caller are on one processor all the time.
+int CountTasksToChange(CHelperPlace& place)
 {
-    CHelperPlace place(true);
-    EXPECT_TRUE(place.MustChange(0, 0));
-    int pause = 1;
+    int tasks = 1;
     while (!place.MustChange(0, 0))
     {
-        ++pause;
-        ASSERT_LE(pause, 1000);
+        ++tasks;
     }
-    EXPECT_GT(pause, 4);
-    EXPECT_FALSE(place.MustChange(0, 0));
+    return tasks;
+}
+
+TEST(HelperPlace, EachChangeDoublesThePauseBeforeTheNext)
+{
+    CHelperPlace place(true);
+    EXPECT_EQ(CountTasksToChange(place), 1);
+    const int first = CountTasksToChange(place);
+    EXPECT_GT(first, 4);
+    EXPECT_EQ(CountTasksToChange(place), 2 * first);
+    EXPECT_EQ(CountTasksToChange(place), 4 * first);
+    for (int change = 0; change < 20; ++change)
+    {
+        EXPECT_LT(CountTasksToChange(place), 100'000);
+    }
+}
+
+TEST(HelperPlace, AHelperThatStayedApartForLongMayChangeSoonAgain)
+{
+    CHelperPlace place(true);
+    CountTasksToChange(place);
+    const int first = CountTasksToChange(place);
+    CountTasksToChange(place);
+    for (int task = 0; task < 100'000; ++task)
+    {
+        EXPECT_FALSE(place.MustChange(0, 1));
+    }
+    EXPECT_EQ(CountTasksToChange(place), 1);
+    EXPECT_EQ(CountTasksToChange(place), first);
 }
 
 TEST(HelperPlace, WithMoreThreadsThanProcessorsNoHelperChanges)

@@ -214,6 +214,13 @@ public:
         --inRow;
     }
 
+    // The cell at work in that row draws.
+    void Draw(int row)
+    {
+        const bool bAllowed = row == 0 || m_Done[static_cast<std::size_t>(row) - 1] == m_Rule.columns;
+        m_iWrong += bAllowed ? 0 : 1;
+    }
+
     int GetWrong() const { return m_iWrong; }
 
     bool IsComplete() const
@@ -228,7 +235,7 @@ private:
     std::atomic<int> m_iWrong{0};
 };
 
-// Threads of very different speeds, which change with every cell, and some that wait to draw.
+// Handles cells at a speed that changes with every cell; some of the cells draw.
 void HandleCells(CWavefront& wavefront, CHandledCells& cells, unsigned uSeed)
 {
     std::minstd_rand draw(uSeed);
@@ -244,6 +251,7 @@ void HandleCells(CWavefront& wavefront, CHandledCells& cells, unsigned uSeed)
             if (draw() % 256 == 0)
             {
                 wavefront.AwaitDraw(run.row);
+                cells.Draw(run.row);
             }
             cells.Handle(run.row, column);
             wavefront.FinishCell(run.row, column);
