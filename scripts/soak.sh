@@ -4,8 +4,9 @@
 #
 #   soak.sh [--short] [--seed N] [--only NAME] [--tree FOLDER] [--prefix FOLDER]
 #
-# The long form takes about half an hour: 2,100 rounds of start and stop, 540 clicks in the world, 300 full-screen
-# toggles, 60 s of random input, 10 minutes with 100,000 atoms. test.sh runs the short one.
+# The long form takes about half an hour: twice 2,100 rounds of start and stop, the second time of a world with helpers, 540
+# clicks in the world, 300 full-screen toggles, 60 s of random input, 10 minutes with 100,000 atoms. test.sh runs the short
+# one.
 #
 #   --short          the form of test.sh
 #   --seed N         the seed of the random choices; by default a random one, which is printed
@@ -38,7 +39,8 @@ fi
 
 # One process per soak, so that its lines appear when it ends and each has a time limit of its own.
 limit=1800
-soaks=(RoundsOfStartAndStop ClicksInTheWorld FullScreenToggles AStormOfRandomInput ALongRunOfAHundredThousandAtoms)
+soaks=(RoundsOfStartAndStop RoundsOfALargeWorld ClicksInTheWorld FullScreenToggles AStormOfRandomInput
+    ALongRunOfAHundredThousandAtoms)
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
 run=0

@@ -1,9 +1,11 @@
+#include "classes/core/CountProcessors.h"
 #include "tests/endtoend/CChance.h"
 #include "tests/endtoend/CEndToEndTest.h"
 #include "tests/endtoend/CLeakWatch.h"
 #include "tests/endtoend/CPanelUser.h"
 #include "tests/endtoend/CSoakPlan.h"
 #include "tests/endtoend/CStorm.h"
+#include "tests/endtoend/ProcessCounts.h"
 #include "tests/endtoend/UserInput.h"
 #include "tests/endtoend/WaitUntil.h"
 
@@ -59,6 +61,26 @@ protected:
         m_leaks.ExpectALegWithoutGrowth();
     }
 
+    // Starts and stops the run as often as the plan says.
+    void PlayRounds(const std::string& sWhat)
+    {
+        const auto playRound = [&] {
+            m_user.PressStart();
+            Sleep(static_cast<DWORD>(m_chance.Choose(0, m_plan.longestPauseMilliseconds)));
+            m_user.PressStop();
+        };
+        for (int iRound = 0; iRound < c_iWarmUpRounds; ++iRound)
+        {
+            playRound();
+        }
+        ExpectNoLeak(std::to_string(m_plan.startStopRounds) + " " + sWhat, [&] {
+            for (int iRound = 0; iRound < m_plan.startStopRounds / c_iLegs; ++iRound)
+            {
+                playRound();
+            }
+        });
+    }
+
     void ToggleFullScreen()
     {
         const bool bBefore = IsFullScreen();
@@ -91,21 +113,21 @@ protected:
 // Every start creates a worker, drawing resources and a world; every stop releases them.
 TEST_F(Soak, RoundsOfStartAndStopLeakNothing)
 {
-    const auto playRound = [&] {
-        m_user.PressStart();
-        Sleep(static_cast<DWORD>(m_chance.Choose(0, m_plan.longestPauseMilliseconds)));
-        m_user.PressStop();
-    };
-    for (int iRound = 0; iRound < c_iWarmUpRounds; ++iRound)
-    {
-        playRound();
-    }
-    ExpectNoLeak(std::to_string(m_plan.startStopRounds) + " rounds of start and stop", [&] {
-        for (int iRound = 0; iRound < m_plan.startStopRounds / c_iLegs; ++iRound)
-        {
-            playRound();
-        }
-    });
+    PlayRounds("rounds of start and stop");
+    ExpectCleanClose();
+}
+
+// Here every start creates helpers too, and every stop ends them.
+TEST_F(Soak, RoundsOfALargeWorldLeakNothing)
+{
+    CPanelUser(m_user).Enter(EnumPanelRow::TotalAtoms, L"3000");
+    const int threads = CountThreads(m_program.GetProcessId());
+    m_user.PressStart();
+    const int newThreads = CountUsableProcessors() > 1 ? 2 : 1; // at least: a worker and a helper
+    WaitUntil("the helpers", c_patience,
+              [&] { return CountThreads(m_program.GetProcessId()) >= threads + newThreads; });
+    m_user.PressStop();
+    PlayRounds("rounds of start and stop with 3,000 atoms");
     ExpectCleanClose();
 }
 
