@@ -4,6 +4,7 @@
 #include "classes/core/ProcessorOfThread.h"
 #include "simulation/CHelperPlace.h"
 
+#include <chrono>
 #include <system_error>
 #include <utility>
 
@@ -115,7 +116,9 @@ void CHelperPool::LeaveProcessorOfCaller(CHelperPlace& place) noexcept
     const int processor = m_iCallersProcessor.load(std::memory_order_relaxed);
     if (place.MustChange(processor, GetProcessorOfThread()))
     {
+        const auto start = std::chrono::steady_clock::now();
         LeaveProcessor(processor);
+        place.NoteChange(std::chrono::steady_clock::now() - start);
     }
 }
 

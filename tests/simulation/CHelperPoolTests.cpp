@@ -5,6 +5,7 @@
 
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <mutex>
 #include <numeric>
 #include <set>
@@ -121,6 +122,20 @@ TEST(HelperPool, APoolWithoutHelpersCallsTheTaskItself)
     EXPECT_EQ(calls, 1);
 }
 
+constexpr std::chrono::microseconds c_Short{10};
+constexpr std::chrono::milliseconds c_Long{3};
+
+// The number of tasks until the next change, if helper and caller are on one processor all the time; at most many.
+int CountTasksToChange(CHelperPlace& place)
+{
+    int tasks = 1;
+    while (tasks < 100'000 && !place.MustChange(0, 0))
+    {
+        ++tasks;
+    }
+    return tasks;
+}
+
 TEST(HelperPlace, AHelperChangesOnlyIfItIsOnTheProcessorOfTheCaller)
 {
     CHelperPlace place(true);
@@ -128,43 +143,32 @@ TEST(HelperPlace, AHelperChangesOnlyIfItIsOnTheProcessorOfTheCaller)
     EXPECT_TRUE(place.MustChange(1, 1));
 }
 
-// The number of tasks until the next change, if helper and caller are on one processor all the time.
-int CountTasksToChange(CHelperPlace& place)
-{
-    int tasks = 1;
-    while (!place.MustChange(0, 0))
-    {
-        ++tasks;
-    }
-    return tasks;
-}
-
-TEST(HelperPlace, EachChangeDoublesThePauseBeforeTheNext)
+TEST(HelperPlace, AChangeToAnIdleProcessorIsSoonFollowedByAnotherIfNeeded)
 {
     CHelperPlace place(true);
-    EXPECT_EQ(CountTasksToChange(place), 1);
+    for (int change = 0; change < 10; ++change)
+    {
+        EXPECT_LE(CountTasksToChange(place), 4);
+        place.NoteChange(c_Short);
+    }
+}
+
+TEST(HelperPlace, EachChangeToABusyProcessorDoublesThePause)
+{
+    CHelperPlace place(true);
+    place.NoteChange(c_Long);
     const int first = CountTasksToChange(place);
-    EXPECT_GT(first, 4);
+    place.NoteChange(c_Long);
     EXPECT_EQ(CountTasksToChange(place), 2 * first);
+    place.NoteChange(c_Long);
     EXPECT_EQ(CountTasksToChange(place), 4 * first);
     for (int change = 0; change < 20; ++change)
     {
-        EXPECT_LT(CountTasksToChange(place), 100'000);
+        place.NoteChange(c_Long);
+        EXPECT_LT(CountTasksToChange(place), 20'000);
     }
-}
-
-TEST(HelperPlace, AHelperThatStayedApartForLongMayChangeSoonAgain)
-{
-    CHelperPlace place(true);
-    CountTasksToChange(place);
-    const int first = CountTasksToChange(place);
-    CountTasksToChange(place);
-    for (int task = 0; task < 100'000; ++task)
-    {
-        EXPECT_FALSE(place.MustChange(0, 1));
-    }
-    EXPECT_EQ(CountTasksToChange(place), 1);
-    EXPECT_EQ(CountTasksToChange(place), first);
+    place.NoteChange(c_Short);
+    EXPECT_LE(CountTasksToChange(place), 4);
 }
 
 TEST(HelperPlace, WithMoreThreadsThanProcessorsNoHelperChanges)

@@ -3,35 +3,48 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 namespace
 {
 
-// The system may move a thread at any time, so one success in many turns counts.
-bool CanLeaveItsProcessor()
+// What a thread sees before and after it has left its processor. Each test has a thread of its own, so that what one
+// changes does not hide what the next one does.
+struct CLeaving
 {
-    for (int turn = 0; turn < 1000; ++turn)
-    {
-        const int before = GetProcessorOfThread();
-        LeaveProcessor(before);
-        if (GetProcessorOfThread() != before)
+    int usableBefore = 0;
+    bool bHasLeft = false;
+    int usableAfter = 0;
+};
+
+// The system may move a thread at any time, so one success in many turns counts.
+CLeaving LeaveProcessorInThread()
+{
+    CLeaving leaving;
+    std::thread([&leaving] {
+        leaving.usableBefore = CountUsableProcessors();
+        for (int turn = 0; turn < 1000 && !leaving.bHasLeft; ++turn)
         {
-            return true;
+            const int before = GetProcessorOfThread();
+            LeaveProcessor(before);
+            leaving.bHasLeft = GetProcessorOfThread() != before;
         }
-    }
-    return false;
+        leaving.usableAfter = CountUsableProcessors();
+    }).join();
+    return leaving;
 }
 
 TEST(ProcessorOfThread, AThreadLeavesItsProcessorIfThereIsAnother)
 {
     EXPECT_GE(GetProcessorOfThread(), 0);
-    EXPECT_EQ(CanLeaveItsProcessor(), CountUsableProcessors() > 1);
+    const CLeaving leaving = LeaveProcessorInThread();
+    EXPECT_EQ(leaving.bHasLeft, leaving.usableBefore > 1);
 }
 
 TEST(ProcessorOfThread, AfterwardsTheThreadMayUseTheSameProcessorsAsBefore)
 {
-    const int before = CountUsableProcessors();
-    LeaveProcessor(GetProcessorOfThread());
-    EXPECT_EQ(CountUsableProcessors(), before);
+    const CLeaving leaving = LeaveProcessorInThread();
+    EXPECT_EQ(leaving.usableAfter, leaving.usableBefore);
 }
 
 TEST(ProcessorOfThread, AProcessorThatDoesNotExistChangesNothing)
