@@ -49,6 +49,9 @@ public:
         return {m_Entries.data() + m_Ends[uCell], m_Ends[uCell + 1] - m_Ends[uCell]};
     }
 
+    // The number of entries in all lists.
+    std::size_t GetEntryCount() const { return m_Ends[m_uCells]; }
+
 private:
     // Of a chunk: the cell of each entry in the order of the atoms, times two, plus one for the first entry of an atom.
     struct CNotes

@@ -60,6 +60,9 @@ public:
     // The same for lists that are filled already; several threads may read at the same time.
     std::span<CAtom* const> GetFilledCell(int cell) const { return m_Lists.Get(static_cast<std::size_t>(cell)); }
 
+    // The number of atoms in all filled lists; an atom counts in each list that has it.
+    std::size_t GetEntryCount() const { return m_Lists.GetEntryCount(); }
+
     // The counting sort by itself, for an iteration, which enters all atoms anew: see CCellLists. No atom may be
     // inserted; MarkFilled ends the sort.
     CCellLists& GetLists() { return m_Lists; }

@@ -6,6 +6,9 @@
 #include "simulation/Iteration.h"
 #include "simulation/IWavefront.h"
 
+#include <algorithm>
+#include <cstddef>
+
 namespace
 {
 
@@ -29,17 +32,27 @@ private:
     CRandom& m_Random;
 };
 
-std::uint32_t CollideRun(const CCollisionGrid& grid, const CCellRun& run, IWavefront& wavefront, IDrawTurn& turn,
-                         CCellScratch& scratch, const CSimulationKernels& kernels)
+// How many cells before their turn the atoms of a cell are prefetched. Many come from the cache of another processor,
+// which takes longer than from memory of one's own, and longer than a cell of few atoms is at work.
+int CountCellsAhead(const CCollisionGrid& grid)
+{
+    constexpr std::size_t c_uAtomsAhead = 20;
+    constexpr std::size_t c_uMostCells = 8;
+    const std::size_t uEntries = std::max<std::size_t>(grid.GetEntryCount(), 1);
+    const std::size_t uCells = static_cast<std::size_t>(grid.GetCellCount()) * c_uAtomsAhead / uEntries + 1;
+    return static_cast<int>(std::min(uCells, c_uMostCells));
+}
+
+std::uint32_t CollideRun(const CCollisionGrid& grid, const CCellRun& run, int cellsAhead, IWavefront& wavefront,
+                         IDrawTurn& turn, CCellScratch& scratch, const CSimulationKernels& kernels)
 {
     const int firstOfRow = run.row * grid.GetColumns();
     std::uint32_t uCollisions = 0;
-    CCellList next = GetTestedAtoms(grid, firstOfRow + run.first);
     for (int column = run.first; column < run.end; ++column)
     {
-        const CCellList atoms = next;
-        next = GetTestedAtoms(grid, firstOfRow + column + 1);
-        uCollisions += kernels.pCollideCell(atoms, next, scratch, turn);
+        const int cell = firstOfRow + column;
+        const CCellList ahead = GetTestedAtoms(grid, std::min(cell + cellsAhead, grid.GetCellCount()));
+        uCollisions += kernels.pCollideCell(GetTestedAtoms(grid, cell), ahead, scratch, turn);
         wavefront.FinishCell(run.row, column);
     }
     return uCollisions;
@@ -54,11 +67,12 @@ std::uint32_t CollideRows(const CCollisionGrid& grid, IWavefront& wavefront, CRa
     {
         CCellScratch scratch;
         std::uint32_t uCollisions = 0;
+        const int cellsAhead = CountCellsAhead(grid);
         CCellRun run;
         while (wavefront.TakeCells(run))
         {
             CDrawInRow turn(wavefront, run.row, random);
-            uCollisions += CollideRun(grid, run, wavefront, turn, scratch, kernels);
+            uCollisions += CollideRun(grid, run, cellsAhead, wavefront, turn, scratch, kernels);
         }
         return uCollisions;
     }
