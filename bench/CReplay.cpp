@@ -1,6 +1,7 @@
 #include "bench/CReplay.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace
@@ -92,5 +93,6 @@ void CReplay::Wait(CThread& thread)
     {
         next = other.time > thread.time ? std::min(next, other.time) : next;
     }
-    thread.time = next;
+    // If all others have the same time, one of them can go on.
+    thread.time = next < c_dNever ? next : std::nextafter(thread.time, c_dNever);
 }

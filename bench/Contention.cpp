@@ -7,7 +7,6 @@
 #include "simulation/WavefrontRule.h"
 
 #include <array>
-#include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <cstdio>
@@ -22,13 +21,13 @@ namespace
 constexpr std::array c_Scenes = {c_SceneFilled, c_SceneSparse, c_SceneLargest};
 constexpr std::chrono::duration<double> c_Turn{0.1}; // many times as long as a thread may keep a processor
 
-// Threads that compute until the object is destroyed, one for each processor.
+// Threads that compute until the object is destroyed.
 class CBusyProcessors
 {
 public:
-    explicit CBusyProcessors(int processors)
+    explicit CBusyProcessors(int threads)
     {
-        for (int processor = 0; processor < processors; ++processor)
+        for (int thread = 0; thread < threads; ++thread)
         {
             m_Threads.emplace_back([](const std::stop_token& stop) {
                 while (!stop.stop_requested())

@@ -29,8 +29,8 @@ int PrintUsage()
     std::puts("kinetarium-bench --ratios               plain form compared with the program's, five scenes;\n"
               "                                        fails if one bit of the results differs\n"
               "kinetarium-bench --growth               time and memory per atom, from 1,000 atoms to 1,000,000\n"
-              "kinetarium-bench --contention [SECONDS] one thread and several while another program uses every\n"
-              "                                        processor, three scenes\n"
+              "kinetarium-bench --contention [SECONDS] one thread and several while as many others compute,\n"
+              "                                        three scenes\n"
               "kinetarium-bench --replay [FILE.svg]    gain by more threads, from measured times of each cell\n"
               "kinetarium-bench --frame-cap [SECONDS]  iterations per second of the run loop without drawing");
 #ifdef _WIN32

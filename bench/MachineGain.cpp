@@ -15,18 +15,19 @@ using Floats = float __attribute__((vector_size(16)));
 
 std::atomic<float> g_fResult; // keeps the compiler from leaving the sums out
 
-// Eight chains of products and sums keep the arithmetic of a core busy.
+// Eight chains of products and sums keep the arithmetic of a core busy. They begin with different numbers, or the
+// compiler would compute one of them for all.
 void AddUp()
 {
     const Floats factor = {0.5F, 0.5F, 0.5F, 0.5F};
     Floats a{};
-    Floats b{};
-    Floats c{};
-    Floats d{};
-    Floats e{};
-    Floats f{};
-    Floats g{};
-    Floats h{};
+    Floats b = a + factor;
+    Floats c = b + factor;
+    Floats d = c + factor;
+    Floats e = d + factor;
+    Floats f = e + factor;
+    Floats g = f + factor;
+    Floats h = g + factor;
     for (int turn = 0; turn < c_iSums; ++turn)
     {
         a = a * factor + factor;

@@ -122,8 +122,10 @@ bool CWavefront::TryTakeRow(CCellRun& run)
                 run = found;
                 return true;
             }
-            // Another thread has handled these cells since the look at them.
+            // Another thread has handled these cells since the look at them. Now the row above may be complete, and the
+            // thread that completed it may have passed this row because it was taken. So look again from the top.
             LeaveRow(found);
+            return false;
         }
         if (candidate.done < m_Rule.GetNeeded(0))
         {

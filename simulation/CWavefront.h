@@ -13,8 +13,9 @@
 //
 // A thread that would have to wait for the row above leaves its row and goes on in another one. So a thread that is
 // slower than the others, because its processor is or because other programs use it, holds them up little: the rows
-// below it come as near as the rule allows, and whoever is free takes what is next. The uppermost row that is not
-// complete never waits, and a thread that is free takes it first; so there is always a thread that can go on.
+// below it come as near as the rule allows, and whoever is free takes what is next. This cannot
+// hang: the first row that is not complete waits for nothing. The thread that completed the row above looks at it
+// afterwards; if another thread has it then, that one handles it or looks again after leaving it.
 class CWavefront final : public IWavefront
 {
 public:

@@ -2,22 +2,9 @@
 
 #ifdef _WIN32
 #include <windows.h>
-
-#include <climits>
 #else
 #include <sched.h>
 #endif
-
-namespace
-{
-
-#ifdef _WIN32
-constexpr int c_iMostProcessors = sizeof(DWORD_PTR) * CHAR_BIT; // of a group
-#else
-constexpr int c_iMostProcessors = CPU_SETSIZE;
-#endif
-
-} // namespace
 
 int GetProcessorOfThread()
 {
@@ -30,15 +17,12 @@ int GetProcessorOfThread()
 
 void LeaveProcessor(int processor)
 {
-    if (processor < 0 || processor >= c_iMostProcessors)
-    {
-        return;
-    }
 #ifdef _WIN32
-    // Both masks are those of the group of this thread. A mask without a processor is refused.
+    // A mask is that of a group of at most 64 processors. Where there are several groups, it would tie the thread to
+    // one of them. A mask without a processor is refused.
     DWORD_PTR uProcess = 0;
     DWORD_PTR uSystem = 0;
-    if (GetProcessAffinityMask(GetCurrentProcess(), &uProcess, &uSystem) == 0)
+    if (GetActiveProcessorGroupCount() > 1 || GetProcessAffinityMask(GetCurrentProcess(), &uProcess, &uSystem) == 0)
     {
         return;
     }

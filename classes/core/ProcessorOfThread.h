@@ -5,5 +5,6 @@
 int GetProcessorOfThread();
 
 // Lets this thread go on on another processor than that one, if it may use others. Afterwards it may use the same
-// processors as before, so the system can move it back. Takes some microseconds.
+// processors as before, so the system can move it back. Takes some ten microseconds, or until the other processor has
+// time for it. Does nothing on a Windows machine with several processor groups.
 void LeaveProcessor(int processor);
