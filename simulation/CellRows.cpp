@@ -32,8 +32,8 @@ private:
     CRandom& m_Random;
 };
 
-// How many cells before their turn the atoms of a cell are prefetched. Many come from the cache of another processor,
-// which takes longer than from memory of one's own, and longer than a cell of few atoms is at work.
+// How many cells before their turn the atoms of a cell are prefetched. Another processor may have written them last;
+// then they can take longer to come than a cell of few atoms is at work.
 int CountCellsAhead(const CCollisionGrid& grid)
 {
     constexpr std::size_t c_uAtomsAhead = 20;
